@@ -1,0 +1,16 @@
+# Cross-builds for 64-bit Windows with MinGW-w64. On Windows itself the compiler of the shell that runs CMake is
+# used as it is (Visual Studio's developer prompt or MSYS2).
+if(NOT CMAKE_HOST_WIN32)
+  set(CMAKE_SYSTEM_NAME Windows)
+  set(CMAKE_SYSTEM_PROCESSOR x86_64)
+  set(prefix x86_64-w64-mingw32)
+  # The plain names lack std::thread on Debian; the -posix ones have it.
+  set(CMAKE_C_COMPILER ${prefix}-gcc-posix)
+  set(CMAKE_CXX_COMPILER ${prefix}-g++-posix)
+  set(CMAKE_RC_COMPILER ${prefix}-windres)
+  set(CMAKE_FIND_ROOT_PATH /usr/${prefix})
+  set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+  set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+  set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+  set(CMAKE_CROSSCOMPILING_EMULATOR wine)
+endif()

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+
+namespace quillon {
+
+/// The player's published states; the user sees them as texts in the status bar.
+enum PlayState : int {
+    Undefined = 0,
+    Stopped = 1,
+    Paused = 2,
+    Playing = 3,
+    ScanForward = 4,
+    ScanReverse = 5,
+    Buffering = 6, ///< connected, sound not ready yet
+    Waiting = 7,
+    MediaEnded = 8,
+    Transitioning = 9, ///< connecting
+    Ready = 10,        ///< nothing could be played: no answer, not audio, no sound device
+    Reconnecting = 11,
+};
+
+/// Plays one source at a time. No call waits for the network or the sound device, and none lets window events in.
+class MediaPlayer {
+  public:
+    virtual ~MediaPlayer() = default;
+
+    /// Starts playing a stream's address or a file's path in place of what was there; an empty text only ends that.
+    virtual void SetUrl(const std::string& url) = 0;
+
+    virtual PlayState State() = 0;
+
+    /// Goes on after a pause, and starts anew after a stop or a failure; does nothing while it plays or connects, and
+    /// with an empty address.
+    virtual void Play() = 0;
+
+    /// Silence at once; a file keeps its place, a live stream goes on at its present moment.
+    virtual void Pause() = 0;
+
+    /// Silence at once; the address is kept.
+    virtual void Stop() = 0;
+
+    /// Loudness of this program's own sound, 0 to 100; values outside count as the nearer end.
+    virtual void SetVolume(int volume) = 0;
+};
+
+} // namespace quillon

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace quillon {
+
+/// A window, mapping or other system handle; 0 is none.
+using NativeHandle = std::uintptr_t;
+
+/// Window messages to the simulator's side of the link. Called on the user-interface thread only.
+class MessageLink {
+  public:
+    virtual ~MessageLink() = default;
+
+    /// The top-level window of that class, 0 if there is none.
+    virtual NativeHandle FindPeerWindow(const std::string& window_class) = 0;
+
+    /// The system-wide number of a named message, 0 on failure.
+    virtual std::uint32_t RegisterMessage(const std::string& name) = 0;
+
+    struct Sent {
+        bool delivered;          ///< the peer answered before the time ran out
+        std::uint32_t reply;     ///< what it answered
+        std::uint32_t last_error; ///< the system's error number when it did not, 0 for a time-out
+    };
+
+    /// Sends the message and waits for the answer, at most `timeout_ms`. Blocks; lets no window events in.
+    virtual Sent Send(NativeHandle window, std::uint32_t message, std::uint32_t wparam, std::uint32_t timeout_ms) = 0;
+
+    virtual std::uint32_t ProcessId() = 0;
+};
+
+/// The named memory that both sides of the link see.
+class SharedMemory {
+  public:
+    virtual ~SharedMemory() = default;
+
+    /// Adds a name to the global atom table; 0 on failure.
+    virtual std::uint32_t AddAtom(const std::string& name) = 0;
+    virtual void DeleteAtom(std::uint32_t atom) = 0;
+
+    struct Mapping {
+        NativeHandle handle;  ///< 0 when it could not be made
+        bool already_existed; ///< somebody else had made one of that name
+    };
+
+    /// Makes (or opens) page-file-backed read/write memory of that name.
+    virtual Mapping CreateMapping(const std::string& name, std::size_t size) = 0;
+    virtual void CloseMapping(NativeHandle mapping) = 0;
+
+    /// Start of a writable view of the whole mapping, null on failure.
+    virtual std::uint8_t* MapView(NativeHandle mapping) = 0;
+    virtual void UnmapView(std::uint8_t* view) = 0;
+};
+
+} // namespace quillon

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "runtime/ErrorTrap.h"
+
+#include <string>
+
+namespace quillon {
+
+/// Modal windows that ask or tell. While one is up, the program's other handlers do not run.
+class Prompts {
+  public:
+    virtual ~Prompts() = default;
+
+    /// Tells the user something; returns when the user has closed the box. A carriage return ends a line.
+    virtual void Message(const std::string& title, const std::string& text, Icon icon) = 0;
+};
+
+} // namespace quillon

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quillon {
+
+/// The classic run-time error numbers; the user sees them in error reports.
+enum ErrorNumber : std::int32_t {
+    InvalidCall = 5,
+    Overflow = 6,
+    OutOfMemory = 7,
+    SubscriptOutOfRange = 9,
+    DivisionByZero = 11,
+    TypeMismatch = 13,
+    FileNotFound = 53,
+    DeviceIoError = 57,
+    DiskFull = 61,
+    InputPastEnd = 62,
+    PermissionDenied = 70,
+    PathFileAccessError = 75,
+    PathNotFound = 76,
+};
+
+/// An error that ends the running handler and is shown by its error trap.
+struct RuntimeError {
+    std::int32_t Number;
+    std::string Description;
+};
+
+/// Throws the error of that number with its fixed description ("Overflow", "File not found", ...).
+[[noreturn]] void Raise(ErrorNumber number);
+
+} // namespace quillon

@@ -1,0 +1,105 @@
+#include "runtime/Text.h"
+
+#include "runtime/RuntimeError.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace quillon {
+
+namespace {
+
+bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+/// Byte offset of the character at 1-based `position`; the text's size when it lies behind the end.
+std::size_t OffsetOf(std::string_view text, std::ptrdiff_t position) {
+    std::size_t offset = 0;
+    while (offset < text.size() && position > 1) {
+        ++offset;
+        while (offset < text.size() && IsContinuation(text[offset])) ++offset;
+        --position;
+    }
+    return offset;
+}
+
+/// Length of the well-formed sequence at the front of `bytes`, 0 if it is none.
+std::size_t SequenceLength(std::string_view bytes) {
+    const auto lead = static_cast<unsigned char>(bytes[0]);
+    if (lead < 0x80) return 1;
+    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    if (lead < 0xC2 || lead > 0xF4 || bytes.size() < length) return 0;
+    const auto second = static_cast<unsigned char>(bytes[1]);
+    if ((lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) || (lead == 0xF0 && second < 0x90) ||
+        (lead == 0xF4 && second > 0x8F))
+        return 0;
+    return std::all_of(bytes.begin() + 1, bytes.begin() + static_cast<std::ptrdiff_t>(length), IsContinuation)
+               ? length
+               : 0;
+}
+
+/// Lower case of a two-byte character: Latin-1, Latin Extended-A, Greek and Cyrillic.
+std::uint32_t LowerCodePoint(std::uint32_t c) {
+    if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9) || (c >= 0x410 && c <= 0x42F))
+        return c + 32;
+    if (c >= 0x400 && c <= 0x40F) return c + 80;
+    if ((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E)) return c + c % 2; // upper case is odd there
+    if (c == 0x178) return 0xFF;
+    if (c >= 0x100 && c <= 0x177 && c != 0x130 && c != 0x138) return c | 1U; // upper case is even
+    return c;
+}
+
+} // namespace
+
+std::size_t Len(std::string_view text) {
+    return text.size() - static_cast<std::size_t>(std::count_if(text.begin(), text.end(), IsContinuation));
+}
+
+std::ptrdiff_t InStr(std::ptrdiff_t start, std::string_view text, std::string_view find) {
+    if (start < 1) Raise(InvalidCall);
+    const std::size_t at = text.find(find, OffsetOf(text, start));
+    return at == std::string_view::npos ? 0 : static_cast<std::ptrdiff_t>(Len(text.substr(0, at))) + 1;
+}
+
+std::string Mid(std::string_view text, std::ptrdiff_t start, std::ptrdiff_t length) {
+    if (start < 1 || length < 0) Raise(InvalidCall);
+    const std::string_view rest = text.substr(OffsetOf(text, start));
+    return std::string(rest.substr(0, OffsetOf(rest, length + 1)));
+}
+
+std::string Mid(std::string_view text, std::ptrdiff_t start) {
+    return Mid(text, start, static_cast<std::ptrdiff_t>(text.size()));
+}
+
+std::string Left(std::string_view text, std::ptrdiff_t length) { return Mid(text, 1, length); }
+
+std::string Right(std::string_view text, std::ptrdiff_t length) {
+    if (length < 0) Raise(InvalidCall);
+    return Mid(text, std::max<std::ptrdiff_t>(1, static_cast<std::ptrdiff_t>(Len(text)) - length + 1));
+}
+
+std::string LCase(std::string_view text) {
+    std::string lower(text);
+    for (std::size_t i = 0; i < lower.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(lower[i]);
+        if (byte >= 'A' && byte <= 'Z') {
+            lower[i] = static_cast<char>(byte + 32);
+        } else if (byte >= 0xC3 && byte <= 0xD1 && i + 1 < lower.size() && IsContinuation(lower[i + 1])) {
+            const std::uint32_t c =
+                LowerCodePoint((byte & 0x1FU) << 6U | (static_cast<unsigned char>(lower[i + 1]) & 0x3FU));
+            lower[i] = static_cast<char>(0xC0U | c >> 6U);
+            lower[++i] = static_cast<char>(0x80U | (c & 0x3FU));
+        }
+    }
+    return lower;
+}
+
+bool IsUtf8(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const std::size_t length = SequenceLength(bytes);
+        if (length == 0) return false;
+        bytes.remove_prefix(length);
+    }
+    return true;
+}
+
+} // namespace quillon

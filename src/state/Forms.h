@@ -1,0 +1,86 @@
+#pragma once
+
+#include "state/ListView.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace quillon {
+
+// The forms as data. What draws them compares these with what is on screen and updates what differs.
+
+struct Label {
+    std::string Caption;
+    std::string ToolTipText;
+
+    bool operator==(const Label&) const = default;
+};
+
+struct Panel {
+    std::string Text;
+    std::string ToolTipText;
+    int WidthTwips = 0;
+
+    bool operator==(const Panel&) const = default;
+};
+
+struct FormTimer {
+    bool Enabled = false;
+    int Interval = 1000; ///< ms
+};
+
+struct ComboBox {
+    std::string Text;
+    std::vector<std::string> Items;
+};
+
+/// Option buttons of one group, numbered from 1; at most one is on, 0 is none.
+struct OptionGroup {
+    int Value = 0;
+};
+
+enum class SelectionMode { Automatic, Manual };
+
+struct frmATC {
+    bool Visible = false;
+    std::string Caption = "Quillon";
+
+    ListView lvwDB;
+    bool lvwDBFocus = false; ///< a handler wants the keyboard in the list; cleared when that has been done
+    std::array<Panel, 4> StatusBar1;
+
+    SelectionMode Mode = SelectionMode::Automatic; ///< which of `optAuto` and `optManual` is on
+    bool optManual() const { return Mode == SelectionMode::Manual; }
+
+    OptionGroup optCom; ///< 1 `optCom1`, 2 `optCom1Stby`, 3 `optCom2`, 4 `optCom2Stby`
+
+    Label Label2; ///< distance to the feed's airport, or what plays instead
+    bool picATCNetVisible = false;
+
+    ComboBox cboMin{"20", {}};
+    ComboBox cboMax{"30", {}};
+
+    std::string mnuRangeCaption = "Set &Range";
+    bool mnuAddATCEnabled = false;
+    bool mnuPrintEnabled = false;
+    bool mnuBackupEnabled = false;
+    bool mnuSearchMenuEnabled = false;
+    bool mnuRestoreEnabled = false;
+
+    std::array<FormTimer, 5> Timers{{{true, 1000}, {false, 1000}, {false, 1000}, {false, 1000}, {true, 100}}};
+    FormTimer& Timer(int id) { return Timers.at(static_cast<std::size_t>(id) - 1); }
+    const FormTimer& Timer(int id) const { return Timers.at(static_cast<std::size_t>(id) - 1); }
+
+    Panel& PanelAt(int number) { return StatusBar1.at(static_cast<std::size_t>(number) - 1); }
+};
+
+struct frmSplash {
+    bool Visible = false;
+};
+
+struct frmMuteKey {
+    OptionGroup Option; ///< 1 "Tab", 2 "Home", 3 "Shift", 4 "End"
+};
+
+} // namespace quillon

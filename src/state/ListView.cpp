@@ -1,0 +1,84 @@
+#include "state/ListView.h"
+
+#include "runtime/Text.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace quillon {
+
+const std::string& TextOf(const FeedRecord& record, Column column) {
+    switch (column) {
+    case Column::ICAO: return record.ICAO;
+    case Column::City: return record.City;
+    case Column::Freq: return record.Freq;
+    case Column::URL: break;
+    }
+    return record.URL;
+}
+
+void ListView::Clear() {
+    items_.clear();
+    selected_.reset();
+    ++revision_;
+}
+
+bool ListView::Before(const FeedRecord& left, const FeedRecord& right) const {
+    const std::string a = LCase(TextOf(left, sort_key_));
+    const std::string b = LCase(TextOf(right, sort_key_));
+    return order_ == SortOrder::Ascending ? a < b : b < a;
+}
+
+void ListView::Add(FeedRecord record) {
+    ++revision_;
+    if (!sorted_) {
+        items_.push_back(std::move(record));
+        return;
+    }
+    const auto before = [this](const FeedRecord& a, const FeedRecord& b) { return Before(a, b); };
+    const auto place = std::upper_bound(items_.begin(), items_.end(), record, before);
+    const auto row = static_cast<std::size_t>(place - items_.begin());
+    items_.insert(place, std::move(record));
+    if (selected_ && *selected_ >= row) ++*selected_;
+}
+
+void ListView::Select(std::optional<std::size_t> row) {
+    if (!row || *row < items_.size()) selected_ = row;
+}
+
+void ListView::SetSortKey(Column column) {
+    sort_key_ = column;
+    if (sorted_) Sort();
+}
+
+void ListView::SetSortOrder(SortOrder order) {
+    order_ = order;
+    if (sorted_) Sort();
+}
+
+void ListView::SetSorted(bool sorted) {
+    sorted_ = sorted;
+    if (sorted_) Sort();
+}
+
+void ListView::Sort() {
+    ++revision_;
+    std::vector<std::string> keys(items_.size());
+    std::transform(items_.begin(), items_.end(), keys.begin(),
+                   [this](const FeedRecord& item) { return LCase(TextOf(item, sort_key_)); });
+    std::vector<std::size_t> rows(items_.size());
+    std::iota(rows.begin(), rows.end(), std::size_t{0});
+    std::stable_sort(rows.begin(), rows.end(), [&](std::size_t a, std::size_t b) {
+        return order_ == SortOrder::Ascending ? keys[a] < keys[b] : keys[b] < keys[a];
+    });
+
+    std::vector<FeedRecord> sorted;
+    sorted.reserve(items_.size());
+    for (const std::size_t row : rows) sorted.push_back(std::move(items_[row]));
+    items_ = std::move(sorted);
+    if (selected_)
+        selected_ = static_cast<std::size_t>(std::find(rows.begin(), rows.end(), *selected_) - rows.begin());
+}
+
+} // namespace quillon

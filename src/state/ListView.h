@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillon {
+
+/// One source of radio sound: a line of the catalogue and a row of the list.
+struct FeedRecord {
+    std::string ICAO; ///< airport code, looked up in the airport file
+    std::string City; ///< free description
+    std::string Freq; ///< six characters "###.##", MHz
+    std::string URL;  ///< stream address, playlist, or folder of recordings
+    bool Bold = false; ///< marked as a search's hit
+};
+
+enum class Column { ICAO = 0, City = 1, Freq = 2, URL = 3 };
+enum class SortOrder { Ascending, Descending };
+
+/// The text of one of the record's columns.
+const std::string& TextOf(const FeedRecord& record, Column column);
+
+/// A list view as data: rows, selection and sorting. Rows are numbered from 0.
+class ListView {
+  public:
+    struct ColumnHeader {
+        std::string Text;
+        int WidthTwips;
+    };
+
+    std::vector<ColumnHeader> ColumnHeaders;
+    std::string ToolTipText;
+
+    const std::vector<FeedRecord>& Items() const { return items_; }
+    std::optional<std::size_t> Selected() const { return selected_; }
+    bool Sorted() const { return sorted_; }
+    Column SortKey() const { return sort_key_; }
+    SortOrder Order() const { return order_; }
+
+    /// Changes whenever the rows do; what draws the list compares it with the number it drew last.
+    std::uint64_t Revision() const { return revision_; }
+
+    /// Changes whenever a handler wants a row brought into view.
+    std::uint64_t VisibleRequest() const { return visible_request_; }
+
+    void Clear();
+
+    /// Adds a row: at its sorted place (behind its equals) while sorting is on, else at the end.
+    void Add(FeedRecord record);
+
+    /// Selects one row, or none. Rows that do not exist are ignored.
+    void Select(std::optional<std::size_t> row);
+
+    /// Asks for the selected row to be scrolled into view.
+    void EnsureSelectedVisible() { ++visible_request_; }
+
+    /// Sorting ignores case and keeps the order of equals; the selection moves with its row.
+    void SetSortKey(Column column);
+    void SetSortOrder(SortOrder order);
+    void SetSorted(bool sorted);
+
+  private:
+    bool Before(const FeedRecord& left, const FeedRecord& right) const;
+    void Sort();
+
+    std::vector<FeedRecord> items_;
+    std::optional<std::size_t> selected_;
+    bool sorted_ = false;
+    Column sort_key_ = Column::ICAO;
+    SortOrder order_ = SortOrder::Ascending;
+    std::uint64_t revision_ = 0;
+    std::uint64_t visible_request_ = 0;
+};
+
+} // namespace quillon

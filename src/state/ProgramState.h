@@ -1,0 +1,99 @@
+#pragma once
+
+#include "state/Forms.h"
+
+#include <array>
+#include <cstdint>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace quillon {
+
+// Frequencies that no radio holds and no feed has; they only steer the test whether the frequency has changed.
+inline constexpr const char* ForcedFrequency = "999.99";   ///< start of PreviousFrequency, and a forced retune
+inline constexpr const char* UnreadFrequency = "999.98";   ///< start of MasterFrequency
+inline constexpr const char* HandPickedFrequency = "999.00"; ///< PreviousFrequency after a pick by hand
+
+/// Folders, each ending in a backslash.
+struct Folders {
+    std::string AppPath;
+    std::string DataPath;
+    std::string WavePath;
+};
+
+/// The simulator link and what was last read over it.
+struct RadioState {
+    std::string PreviousFrequency = ForcedFrequency;
+    std::string MasterFrequency = UnreadFrequency;
+    std::int16_t SelectedComm = 0; ///< 1 COM1, 2 COM1 standby, 3 COM2, 4 COM2 standby
+    std::uint32_t CommOffset = 0;  ///< where the followed radio stands in the simulator's memory; 0 is nowhere yet
+    std::int16_t SimPauseState = 0; ///< 1 while the simulator is paused
+    bool NoConnection = false;
+    bool SimConnected = false;
+    std::string FsuipcVersionText; ///< "3.456" or "3.456a"
+    double AircraftLatitude = 0;   ///< degrees, north positive
+    double AircraftLongitude = 0;  ///< degrees, east positive
+    std::string AircraftLatitudeText;
+    std::string AircraftLongitudeText;
+};
+
+/// The current feed and how it is played.
+struct FeedState {
+    std::string FeedIcao;
+    std::string FeedCity;
+    std::string FeedFrequency;
+    std::string FeedUrl;
+    std::string FeedUrlMarker = "0"; ///< "0": the address names a folder of recordings
+    std::int16_t WplMarker = 0;       ///< above 0: a playlist
+    std::int16_t RadioFeedMarker = 0; ///< above 0: an internet radio station, not bound to a range
+    bool ForceRetune = false;
+    std::int16_t ActiveTimerId = 1; ///< which of the timers 1 to 4 is in charge
+    std::string CaptionBase = "Quillon";
+};
+
+struct RangeState {
+    std::int16_t ReceptionRange = 50; ///< nautical miles; 0 switches the range check off
+    bool InRange = false;
+    std::int32_t AirportSearchStart = 0;
+};
+
+/// Recorded chatter: the folder being played and the files of it not yet played in this round.
+struct ChatterState {
+    std::int16_t ChatterMinSeconds = 15;
+    std::int16_t ChatterMaxSeconds = 25;
+    std::string File1Path;
+    std::vector<std::string> List3; ///< not yet played
+    std::vector<std::string> List4; ///< played
+};
+
+struct MuteState {
+    std::int32_t MuteKeyCode = 9;
+    bool Muted = false;
+    std::string SavedCaption;
+    std::string SavedStatusText;
+};
+
+/// Everything the program knows and shows.
+struct ProgramState {
+    frmATC form;
+    frmSplash splash;
+    frmMuteKey muteKeyDialog;
+
+    Folders folders;
+    RadioState radio;
+    FeedState feed;
+    RangeState range;
+    ChatterState chatter;
+    MuteState mute;
+
+    std::set<std::string> List1;     ///< free frequencies, lowest first
+    std::vector<std::string> lstUFreq; ///< frequencies that the catalogue states, sorted
+    std::vector<std::string> Airports; ///< lines of the airport file
+
+    std::string StartupStep;
+    std::string MessageText;
+    bool Ended = false; ///< the shut-down has run; the window closes
+};
+
+} // namespace quillon
