@@ -6,8 +6,8 @@ namespace {
 
 constexpr std::chrono::milliseconds Slice{20};
 
-/// Serves events until `done` says so. The start also moves back with a clock that is set back, which would otherwise
-/// stretch the wait by as much.
+/// Serves events until `done` says so. The start also moves back with a clock that is set back, which would
+/// otherwise stretch the wait by as much.
 template <typename Done>
 void ServeUntil(Clock& clock, Done done) {
     TimePoint start = clock.Now();
@@ -20,7 +20,8 @@ void ServeUntil(Clock& clock, Done done) {
 } // namespace
 
 void Pause(Clock& clock, std::int16_t seconds) {
-    ServeUntil(clock, [&](TimePoint start, TimePoint now) { return now - start >= std::chrono::seconds(seconds); });
+    ServeUntil(clock,
+               [&](TimePoint start, TimePoint now) { return now - start >= std::chrono::seconds(seconds); });
 }
 
 void WaiT(Clock& clock, std::int16_t seconds) {

@@ -18,16 +18,16 @@ class Clock {
     /// Blocks. No window event gets in.
     virtual void Sleep(std::chrono::milliseconds time) = 0;
 
-    /// Serves window events (other handlers of the program may run inside) for about that long. This is the only
-    /// port that lets events in. Returns false once the program is ending: the caller then stops waiting.
+    /// Serves window events (other handlers of the program may run inside) for about that long. This is the
+    /// only port that lets events in. Returns false once the program is ending: the caller then stops waiting.
     virtual bool ServeEvents(std::chrono::milliseconds time) = 0;
 };
 
 /// Waits that many seconds while serving window events; ends early when the program is ending.
 void Pause(Clock& clock, std::int16_t seconds);
 
-/// Waits until the whole-second difference between the call and now reaches `seconds` (so up to a second less than
-/// that passes), serving window events; ends early when the program is ending.
+/// Waits until the whole-second difference between the call and now reaches `seconds` (so up to a second less
+/// than that passes), serving window events; ends early when the program is ending.
 void WaiT(Clock& clock, std::int16_t seconds);
 
 /// Difference in whole seconds as clocks show it: the seconds' boundaries that lie between two times.

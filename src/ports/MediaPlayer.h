@@ -20,18 +20,20 @@ enum PlayState : int {
     Reconnecting = 11,
 };
 
-/// Plays one source at a time. No call waits for the network or the sound device, and none lets window events in.
+/// Plays one source at a time. No call waits for the network or the sound device, and none lets window events
+/// in.
 class MediaPlayer {
   public:
     virtual ~MediaPlayer() = default;
 
-    /// Starts playing a stream's address or a file's path in place of what was there; an empty text only ends that.
+    /// Starts playing a stream's address or a file's path in place of what was there; an empty text only ends
+    /// that.
     virtual void SetUrl(const std::string& url) = 0;
 
     virtual PlayState State() = 0;
 
-    /// Goes on after a pause, and starts anew after a stop or a failure; does nothing while it plays or connects, and
-    /// with an empty address.
+    /// Goes on after a pause, and starts anew after a stop or a failure; does nothing while it plays or
+    /// connects, and with an empty address.
     virtual void Play() = 0;
 
     /// Silence at once; a file keeps its place, a live stream goes on at its present moment.

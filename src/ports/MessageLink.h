@@ -21,13 +21,14 @@ class MessageLink {
     virtual std::uint32_t RegisterMessage(const std::string& name) = 0;
 
     struct Sent {
-        bool delivered;          ///< the peer answered before the time ran out
-        std::uint32_t reply;     ///< what it answered
+        bool delivered;           ///< the peer answered before the time ran out
+        std::uint32_t reply;      ///< what it answered
         std::uint32_t last_error; ///< the system's error number when it did not, 0 for a time-out
     };
 
     /// Sends the message and waits for the answer, at most `timeout_ms`. Blocks; lets no window events in.
-    virtual Sent Send(NativeHandle window, std::uint32_t message, std::uint32_t wparam, std::uint32_t timeout_ms) = 0;
+    virtual Sent Send(NativeHandle window, std::uint32_t message, std::uint32_t wparam,
+                      std::uint32_t timeout_ms) = 0;
 
     virtual std::uint32_t ProcessId() = 0;
 };
@@ -38,7 +39,7 @@ class SharedMemory {
     virtual ~SharedMemory() = default;
 
     /// Adds a name to the global atom table; 0 on failure.
-    virtual std::uint32_t AddAtom(const std::string& name) = 0;
+    virtual std::uint32_t AddNameAtom(const std::string& name) = 0;
     virtual void DeleteAtom(std::uint32_t atom) = 0;
 
     struct Mapping {

@@ -10,16 +10,16 @@ namespace quillon {
 
 enum class Icon { None, Information, Exclamation, Critical };
 
-/// The program's one error trap: runs a procedure and turns an error that escapes from it into the report the user
-/// sees. A report word for word equal to the procedure's last one is not shown again until the procedure has once
-/// ended without error, so that a fault which comes back every second means one message.
+/// The program's one error trap: runs a procedure and turns an error that escapes from it into the report the
+/// user sees. A report word for word equal to the procedure's last one is not shown again until the procedure
+/// has once ended without error, so that a fault which comes back every second means one message.
 class ErrorTrap {
   public:
     /// Shows a report: its title, text and icon. Modal.
     using Report = std::function<void(const std::string& title, const std::string& text, Icon icon)>;
 
-    /// `startup_step` is the step text that the procedures keep up to date; `message_text` receives each report's
-    /// text: the step, a carriage return, "Error ", the number, a blank and the description.
+    /// `startup_step` is the step text that the procedures keep up to date; `message_text` receives each
+    /// report's text: the step, a carriage return, "Error ", the number, a blank and the description.
     ErrorTrap(std::string& startup_step, std::string& message_text, Report report)
         : startup_step_(startup_step), message_text_(message_text), report_(std::move(report)) {}
 

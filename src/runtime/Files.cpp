@@ -19,7 +19,8 @@ namespace {
     std::error_code ignored;
     if (fs::is_directory(path, ignored)) Raise(PathFileAccessError);
     if (cause == std::errc::no_such_file_or_directory || cause == std::errc::not_a_directory)
-        Raise(path.has_parent_path() && !fs::is_directory(path.parent_path(), ignored) ? PathNotFound : FileNotFound);
+        Raise(path.has_parent_path() && !fs::is_directory(path.parent_path(), ignored) ? PathNotFound
+                                                                                       : FileNotFound);
     if (cause == std::errc::permission_denied || cause == std::errc::device_or_resource_busy ||
         cause == std::errc::operation_not_permitted || cause == std::errc::read_only_file_system)
         Raise(PermissionDenied);
@@ -27,7 +28,9 @@ namespace {
     Raise(DeviceIoError);
 }
 
-std::error_code LastError() { return {errno, std::generic_category()}; }
+std::error_code LastError() {
+    return {errno, std::generic_category()};
+}
 
 void WriteTo(const fs::path& path, std::ios::openmode mode, std::string_view content) {
     errno = 0;
@@ -100,7 +103,9 @@ void ReplaceFile(std::string_view path, std::string_view content) {
     }
 }
 
-void AppendFile(std::string_view path, std::string_view content) { WriteTo(PathOf(path), std::ios::app, content); }
+void AppendFile(std::string_view path, std::string_view content) {
+    WriteTo(PathOf(path), std::ios::app, content);
+}
 
 void DeleteFileAt(std::string_view path) {
     std::error_code failure;

@@ -8,8 +8,8 @@
 
 namespace quillon {
 
-// Paths are UTF-8 texts in Windows' form. All failures are RuntimeErrors: 53 no such file, 61 disk full, 70 permission
-// denied, 75 a folder in a file's place, 76 no such folder, 57 anything else.
+// Paths are UTF-8 texts in Windows' form. All failures are RuntimeErrors: 53 no such file, 61 disk full, 70
+// permission denied, 75 a folder in a file's place, 76 no such folder, 57 anything else.
 
 /// The path as the standard library wants it on this system.
 std::filesystem::path PathOf(std::string_view text);
@@ -26,8 +26,8 @@ std::optional<std::uintmax_t> FileLength(std::string_view path);
 /// The whole content of a file.
 std::string ReadFile(std::string_view path);
 
-/// Replaces the file's content, or creates it. The content is written whole beside the old file and then put in its
-/// place, so that no failure on the way leaves a half-written file.
+/// Replaces the file's content, or creates it. The content is written whole beside the old file and then put in
+/// its place, so that no failure on the way leaves a half-written file.
 void ReplaceFile(std::string_view path, std::string_view content);
 
 /// Adds bytes at the end of the file, which is created if needed.

@@ -11,8 +11,12 @@ namespace quillon {
 
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 std::size_t SkipDigits(std::string_view text, std::size_t at) {
     while (at < text.size() && IsDigit(text[at])) ++at;
@@ -43,7 +47,8 @@ std::size_t DecimalLength(std::string_view text) {
 
 double ParseDecimal(std::string digits) {
     if (!digits.empty() && digits[0] == '+') digits.erase(0, 1);
-    std::replace_if(digits.begin(), digits.end(), [](char c) { return c == 'D' || c == 'd'; }, 'E');
+    std::replace_if(
+        digits.begin(), digits.end(), [](char c) { return c == 'D' || c == 'd'; }, 'E');
     double value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     // from_chars reports too large and too small alike; only the first is an error here.
@@ -77,7 +82,9 @@ bool IsNumeric(std::string_view text) {
     return !text.empty() && DecimalLength(text) == text.size();
 }
 
-std::string Str(std::int32_t number) { return (number < 0 ? "" : " ") + std::to_string(number); }
+std::string Str(std::int32_t number) {
+    return (number < 0 ? "" : " ") + std::to_string(number);
+}
 
 std::string Hex(std::uint32_t number) {
     char digits[8];
@@ -107,9 +114,15 @@ std::string Format(double number, std::string_view pattern) {
     return (number < 0 && scaled > 0 ? "-" : "") + whole;
 }
 
-double Int(double number) { return std::floor(number); }
-double Fix(double number) { return std::trunc(number); }
-std::int16_t Sgn(double number) { return static_cast<std::int16_t>((number > 0) - (number < 0)); }
+double Int(double number) {
+    return std::floor(number);
+}
+double Fix(double number) {
+    return std::trunc(number);
+}
+std::int16_t Sgn(double number) {
+    return static_cast<std::int16_t>((number > 0) - (number < 0));
+}
 
 namespace {
 
@@ -126,7 +139,11 @@ Whole RoundTo(double number) {
 
 } // namespace
 
-std::int32_t CLng(double number) { return RoundTo<std::int32_t>(number); }
-std::int16_t CInt(double number) { return RoundTo<std::int16_t>(number); }
+std::int32_t CLng(double number) {
+    return RoundTo<std::int32_t>(number);
+}
+std::int16_t CInt(double number) {
+    return RoundTo<std::int16_t>(number);
+}
 
 } // namespace quillon

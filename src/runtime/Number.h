@@ -20,8 +20,8 @@ std::string Str(std::int32_t number);
 /// Upper-case hexadecimal digits without leading zeros; "0" for 0.
 std::string Hex(std::uint32_t number);
 
-/// The number in the form of a pattern made of "0", "#", "," and ".": halves round away from zero, "0" pads, "," groups
-/// by thousands, and a whole part of 0 without a "0" in the pattern is left out.
+/// The number in the form of a pattern made of "0", "#", "," and ".": halves round away from zero, "0" pads,
+/// "," groups by thousands, and a whole part of 0 without a "0" in the pattern is left out.
 std::string Format(double number, std::string_view pattern);
 
 /// Rounded toward minus infinity, and toward zero.

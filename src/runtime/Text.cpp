@@ -9,7 +9,9 @@ namespace quillon {
 
 namespace {
 
-bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+bool IsContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
 
 /// Byte offset of the character at 1-based `position`; the text's size when it lies behind the end.
 std::size_t OffsetOf(std::string_view text, std::ptrdiff_t position) {
@@ -70,7 +72,9 @@ std::string Mid(std::string_view text, std::ptrdiff_t start) {
     return Mid(text, start, static_cast<std::ptrdiff_t>(text.size()));
 }
 
-std::string Left(std::string_view text, std::ptrdiff_t length) { return Mid(text, 1, length); }
+std::string Left(std::string_view text, std::ptrdiff_t length) {
+    return Mid(text, 1, length);
+}
 
 std::string Right(std::string_view text, std::ptrdiff_t length) {
     if (length < 0) Raise(InvalidCall);

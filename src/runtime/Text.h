@@ -6,17 +6,20 @@
 
 namespace quillon {
 
-// Text is UTF-8. Positions and lengths count characters (code points) from 1; a stray byte counts as one character.
+// Text is UTF-8. Positions and lengths count characters (code points) from 1; a stray byte counts as one
+// character.
 
 /// Number of characters.
 std::size_t Len(std::string_view text);
 
 /// Position of `find` in `text` at or after `start`, 0 if there is none. Raises error 5 for a start below 1.
 std::ptrdiff_t InStr(std::ptrdiff_t start, std::string_view text, std::string_view find);
-inline std::ptrdiff_t InStr(std::string_view text, std::string_view find) { return InStr(1, text, find); }
+inline std::ptrdiff_t InStr(std::string_view text, std::string_view find) {
+    return InStr(1, text, find);
+}
 
-/// `length` characters from `start`, fewer at the end of the text. Raises error 5 for a start below 1 or a negative
-/// length.
+/// `length` characters from `start`, fewer at the end of the text. Raises error 5 for a start below 1 or a
+/// negative length.
 std::string Mid(std::string_view text, std::ptrdiff_t start, std::ptrdiff_t length);
 std::string Mid(std::string_view text, std::ptrdiff_t start);
 

@@ -57,6 +57,7 @@ struct frmATC {
 
     Label Label2; ///< distance to the feed's airport, or what plays instead
     bool picATCNetVisible = false;
+    int Volume = 100; ///< of the player strip, 0 to 100
 
     ComboBox cboMin{"20", {}};
     ComboBox cboMax{"30", {}};

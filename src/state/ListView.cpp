@@ -10,10 +10,14 @@ namespace quillon {
 
 const std::string& TextOf(const FeedRecord& record, Column column) {
     switch (column) {
-    case Column::ICAO: return record.ICAO;
-    case Column::City: return record.City;
-    case Column::Freq: return record.Freq;
-    case Column::URL: break;
+    case Column::ICAO:
+        return record.ICAO;
+    case Column::City:
+        return record.City;
+    case Column::Freq:
+        return record.Freq;
+    case Column::URL:
+        break;
     }
     return record.URL;
 }

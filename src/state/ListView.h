@@ -9,10 +9,10 @@ namespace quillon {
 
 /// One source of radio sound: a line of the catalogue and a row of the list.
 struct FeedRecord {
-    std::string ICAO; ///< airport code, looked up in the airport file
-    std::string City; ///< free description
-    std::string Freq; ///< six characters "###.##", MHz
-    std::string URL;  ///< stream address, playlist, or folder of recordings
+    std::string ICAO;  ///< airport code, looked up in the airport file
+    std::string City;  ///< free description
+    std::string Freq;  ///< six characters "###.##", MHz
+    std::string URL;   ///< stream address, playlist, or folder of recordings
     bool Bold = false; ///< marked as a search's hit
 };
 

@@ -11,9 +11,13 @@
 namespace quillon {
 
 // Frequencies that no radio holds and no feed has; they only steer the test whether the frequency has changed.
-inline constexpr const char* ForcedFrequency = "999.99";   ///< start of PreviousFrequency, and a forced retune
-inline constexpr const char* UnreadFrequency = "999.98";   ///< start of MasterFrequency
+inline constexpr const char* ForcedFrequency = "999.99"; ///< start of PreviousFrequency, and a forced retune
+inline constexpr const char* UnreadFrequency = "999.98"; ///< start of MasterFrequency
 inline constexpr const char* HandPickedFrequency = "999.00"; ///< PreviousFrequency after a pick by hand
+
+inline bool IsSentinel(const std::string& frequency) {
+    return frequency == ForcedFrequency || frequency == UnreadFrequency || frequency == HandPickedFrequency;
+}
 
 /// Folders, each ending in a backslash.
 struct Folders {
@@ -27,13 +31,15 @@ struct RadioState {
     std::string PreviousFrequency = ForcedFrequency;
     std::string MasterFrequency = UnreadFrequency;
     std::int16_t SelectedComm = 0; ///< 1 COM1, 2 COM1 standby, 3 COM2, 4 COM2 standby
-    std::uint32_t CommOffset = 0;  ///< where the followed radio stands in the simulator's memory; 0 is nowhere yet
+    std::uint32_t CommOffset =
+        0; ///< where the followed radio stands in the simulator's memory; 0 is nowhere yet
     std::int16_t SimPauseState = 0; ///< 1 while the simulator is paused
     bool NoConnection = false;
     bool SimConnected = false;
-    std::string FsuipcVersionText; ///< "3.456" or "3.456a"
-    double AircraftLatitude = 0;   ///< degrees, north positive
-    double AircraftLongitude = 0;  ///< degrees, east positive
+    std::uint32_t FsuipcResult = 0; ///< of the last link call
+    std::string FsuipcVersionText;  ///< "3.456" or "3.456a"
+    double AircraftLatitude = 0;    ///< degrees, north positive
+    double AircraftLongitude = 0;   ///< degrees, east positive
     std::string AircraftLatitudeText;
     std::string AircraftLongitudeText;
 };
@@ -44,9 +50,9 @@ struct FeedState {
     std::string FeedCity;
     std::string FeedFrequency;
     std::string FeedUrl;
-    std::string FeedUrlMarker = "0"; ///< "0": the address names a folder of recordings
-    std::int16_t WplMarker = 0;       ///< above 0: a playlist
-    std::int16_t RadioFeedMarker = 0; ///< above 0: an internet radio station, not bound to a range
+    std::string FeedUrlMarker = "0";  ///< "0": the address names a folder of recordings
+    std::int32_t WplMarker = 0;       ///< above 0: a playlist
+    std::int32_t RadioFeedMarker = 0; ///< above 0: an internet radio station, not bound to a range
     bool ForceRetune = false;
     std::int16_t ActiveTimerId = 1; ///< which of the timers 1 to 4 is in charge
     std::string CaptionBase = "Quillon";
@@ -87,7 +93,7 @@ struct ProgramState {
     ChatterState chatter;
     MuteState mute;
 
-    std::set<std::string> List1;     ///< free frequencies, lowest first
+    std::set<std::string> List1;       ///< free frequencies, lowest first
     std::vector<std::string> lstUFreq; ///< frequencies that the catalogue states, sorted
     std::vector<std::string> Airports; ///< lines of the airport file
 

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ports/Shell.h"
+#include "runtime/Files.h"
+#include "state/ProgramState.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace quillon {
+
+/// Where the program may be installed, in the order of looking.
+using InstallationFolders = std::array<std::string_view, 2>;
+inline constexpr InstallationFolders DefaultInstallationFolders{"C:\\Program Files\\Quillon\\",
+                                                                "C:\\Program Files (x86)\\Quillon\\"};
+
+/// Finds `AppPath`, the first installation folder that exists, else the current directory; `DataPath`, the
+/// folder "Quillon" in the user's application data, else that folder itself; and `WavePath`, the folder "ATC"
+/// in `DataPath`. Returns whether the program's own data folder exists.
+bool FindFolders(Folders& folders, std::string& startup_step, Shell& shell,
+                 const InstallationFolders& installations = DefaultInstallationFolders);
+
+/// Whether there is a file (not a folder) of that path.
+inline bool FExists(std::string_view path) {
+    return FileExists(path);
+}
+
+} // namespace quillon

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "runtime/ErrorTrap.h"
+#include "state/ProgramState.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quillon {
+
+/// What the settings file holds, in its order.
+struct SettingsValues {
+    std::int16_t ReceptionRange = 50;   ///< nautical miles, 0 is off
+    std::string RadioName = "Com2Stby"; ///< "Com1", "Com1Stby", "Com2" or "Com2Stby"; empty: no line
+    std::int16_t ChatterMinSeconds = 15;
+    std::int16_t ChatterMaxSeconds = 25;
+    std::int32_t MuteKeyCode = 9;
+
+    bool operator==(const SettingsValues&) const = default;
+};
+
+/// Values of a settings file's bytes. Defaults stand in for what is missing, is no number, or does not fit its
+/// type; exactly three numbers after the range mean that the radio's line was left out.
+SettingsValues ParseSettings(std::string_view bytes);
+
+/// The lines of a settings file.
+std::string SettingsText(const SettingsValues& values);
+
+/// The range menu's caption: the range, or that it is disabled when it is 0.
+std::string RangeCaption(std::int16_t reception_range);
+
+/// The settings file "Quillon.ini" in the data folder.
+class Settings {
+  public:
+    Settings(ProgramState& state, ErrorTrap& trap) : state_(state), trap_(trap) {}
+
+    /// Reads the file, which is created with the defaults when it does not exist, and puts its values in force.
+    /// When an existing file cannot be read this is reported, the defaults are in force, and WriteIni will not
+    /// touch the file. Raises the errors of ReplaceFile when the file cannot be created.
+    void ReadIni();
+
+    /// Writes the values in force, but only if this run has read the file. Reports a failure; the old file then
+    /// stays.
+    void WriteIni();
+
+  private:
+    std::string Path() const { return state_.folders.DataPath + "Quillon.ini"; }
+    void CreateIfMissing(const std::string& path);
+    void Apply(const SettingsValues& values);
+    void SelectRadio(const std::string& name);
+    SettingsValues InForce() const;
+
+    ProgramState& state_;
+    ErrorTrap& trap_;
+    bool read_ = false;
+};
+
+} // namespace quillon

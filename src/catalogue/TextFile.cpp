@@ -1,0 +1,73 @@
+#include "catalogue/TextFile.h"
+
+#include "runtime/Files.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
+
+namespace quillon {
+
+namespace {
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+
+std::string ReadIfThere(std::string_view path) {
+    try {
+        return ReadFile(path);
+    } catch (const RuntimeError& error) {
+        if (error.Number == FileNotFound) return {};
+        throw;
+    }
+}
+
+/// What ends the open last line of a text, if it has one.
+std::string_view MissingLineEnd(std::string_view text) {
+    if (text.empty() || text.back() == '\n') return "";
+    return text.back() == '\r' ? "\n" : "\r\n";
+}
+
+std::string Joined(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) text += line + "\r\n";
+    return text;
+}
+
+} // namespace
+
+std::string_view SkipByteOrderMark(std::string_view bytes) {
+    return bytes.substr(bytes.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0);
+}
+
+std::string ReadText(std::string_view path, AnsiCodePage& page) {
+    std::string bytes = ReadFile(path);
+    const std::string_view body = SkipByteOrderMark(bytes);
+    if (!IsUtf8(body)) return page.Decode(body);
+    bytes.erase(0, bytes.size() - body.size());
+    return bytes;
+}
+
+std::optional<std::string_view> TakeLine(std::string_view& text) {
+    if (text.empty()) return std::nullopt;
+    const std::size_t end = text.find('\n');
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    return line;
+}
+
+void AppendLines(std::string_view path, const std::vector<std::string>& lines, AnsiCodePage& page) {
+    std::string bytes = ReadIfThere(path);
+    const std::string_view body = SkipByteOrderMark(bytes);
+    std::optional<std::string> added = Joined(lines);
+    if (!IsUtf8(body)) {
+        const std::string text = *added;
+        added = page.Encode(text);
+        if (!added) {
+            bytes = page.Decode(body);
+            added = text;
+        }
+    }
+    bytes += MissingLineEnd(SkipByteOrderMark(bytes));
+    ReplaceFile(path, bytes + *added);
+}
+
+} // namespace quillon

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "state/ProgramState.h"
+
+#include <string>
+#include <string_view>
+
+namespace quillon {
+
+/// The developers' log "Trace.log" in the data folder. It is never held open. File failures are the errors of
+/// runtime/Files.h.
+class TraceLog {
+  public:
+    explicit TraceLog(const Folders& folders) : folders_(folders) {}
+
+    /// Adds the text as one line, as it is.
+    void WriteLog(std::string_view text);
+
+    /// At start-up: deletes a log longer than 10 bytes, creates a missing one.
+    void Clear();
+
+  private:
+    std::string Path() const { return folders_.DataPath + "Trace.log"; }
+
+    const Folders& folders_;
+};
+
+} // namespace quillon

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "geo/Utilities.h"
+#include "runtime/ErrorTrap.h"
+#include "state/ProgramState.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillon {
+
+/// The airport file "Airport.dat" of the data folder: one airport per line, such as
+/// "KJFK,N40*38.00,W073*46.00".
+class Airports {
+  public:
+    Airports(ProgramState& state, ErrorTrap& trap) : state_(state), trap_(trap) {}
+
+    /// Fills the list of airports with the file's lines. A file that cannot be read is reported and leaves it
+    /// empty.
+    void LoadAirports();
+
+  private:
+    ProgramState& state_;
+    ErrorTrap& trap_;
+};
+
+/// The lines of a text, without their LF or CR LF ends and without a byte-order mark.
+std::vector<std::string> LinesOf(std::string_view text);
+
+/// Index of the first line at or after `start` whose text before its first comma is `icao`, letter case
+/// included.
+std::optional<std::size_t> FindAirport(const std::vector<std::string>& lines, const std::string& icao,
+                                       std::size_t start);
+
+struct AirportPosition {
+    DmsRecord latitude;
+    DmsRecord longitude;
+};
+
+/// Position in an airport's line. An "S" anywhere behind the ICAO code makes the latitude southern. The sign is
+/// that of the whole degrees, so that with 0 degrees the angle is 0. Raises error 5 when a separator is missing
+/// or out of place, 13 when southern or western degrees are no number.
+AirportPosition ParseAirport(std::string_view line);
+
+} // namespace quillon

@@ -1,0 +1,138 @@
+#include "simlink/FsuipcClient.h"
+
+#include "runtime/Number.h"
+
+#include <string>
+
+namespace quillon {
+
+namespace {
+
+constexpr const char* LinkName = "FSASMLIB:IPC";
+constexpr std::chrono::milliseconds RetryPause{100};
+constexpr int MaxRetries = 10;
+constexpr int MaxVersionPasses = 5;
+constexpr std::uint32_t SendTimeoutMs = 2000;
+constexpr std::uint32_t Accepted = 1; // the peer's answer to a round it has served
+constexpr std::int32_t LowestVersion = 0x19980005;
+constexpr std::uint32_t ValidMark = 0xFADE; // high half of the simulator's code
+
+bool Fail(std::uint32_t& result, LinkResult reason) {
+    result = reason;
+    return false;
+}
+
+bool Report(bool queued, std::uint32_t& result) {
+    result = queued ? LinkConnected : LinkQueueFull;
+    return queued;
+}
+
+} // namespace
+
+bool FsuipcClient::FsuipcOpen(std::uint32_t requested, std::uint32_t& result) {
+    version_ = 0;
+    sim_version_ = 0;
+    if (IsOpen()) return Fail(result, LinkAlreadyOpen);
+    if (FindPeer(result) && ShareArea(result) && AskVersions(result) && CheckVersions(requested, result))
+        return true;
+    FsuipcClose();
+    return false;
+}
+
+bool FsuipcClient::FindPeer(std::uint32_t& result) {
+    window_ = messages_.FindPeerWindow("UIPCMAIN");
+    wide_client_ = window_ == 0;
+    if (wide_client_) window_ = messages_.FindPeerWindow("FS98MAIN");
+    if (window_ == 0) return Fail(result, LinkNoWindow);
+    message_ = messages_.RegisterMessage(LinkName);
+    return message_ != 0 || Fail(result, LinkNoMessage);
+}
+
+bool FsuipcClient::ShareArea(std::uint32_t& result) {
+    const std::string name = std::string(LinkName) + ":" + Hex(messages_.ProcessId()) + ":1";
+    atom_ = memory_.AddNameAtom(name);
+    if (atom_ == 0) return Fail(result, LinkNoAtom);
+    const SharedMemory::Mapping mapping = memory_.CreateMapping(name, RequestArea::Length);
+    mapping_ = mapping.handle;
+    if (mapping.already_existed) return Fail(result, LinkMappingTaken);
+    view_ = mapping_ ? memory_.MapView(mapping_) : nullptr;
+    if (!view_) return Fail(result, LinkNoView);
+    area_.Attach(view_);
+    return true;
+}
+
+/// A simulator that is still starting answers with zeros; it is asked again a few times.
+bool FsuipcClient::AskVersions(std::uint32_t& result) {
+    for (int pass = 0; pass < MaxVersionPasses && (version_ == 0 || sim_version_ == 0); ++pass) {
+        const bool answered = FsuipcRead(0x3304, 4, &version_, result) &&
+                              FsuipcRead(0x3308, 4, &sim_version_, result) &&
+                              FsuipcRead(0x330A, 4, &lib_word_, result) && FsuipcProcess(result);
+        if (!answered) return false;
+        clock_.Sleep(RetryPause);
+    }
+    return true;
+}
+
+bool FsuipcClient::CheckVersions(std::uint32_t requested, std::uint32_t& result) {
+    if (version_ < LowestVersion || sim_version_ >> 16 != ValidMark)
+        return Fail(result, wide_client_ ? LinkWideClientAlone : LinkWrongVersion);
+    sim_version_ &= 0xFFFF;
+    if (requested != 0 && requested != sim_version_) return Fail(result, LinkOtherSimulator);
+    result = LinkConnected;
+    return true;
+}
+
+bool FsuipcClient::FsuipcRead(std::uint32_t offset, std::uint32_t size, void* destination,
+                              std::uint32_t& result) {
+    if (!IsOpen()) return Fail(result, LinkNotOpen);
+    return Report(area_.QueueRead(offset, size, destination), result);
+}
+
+bool FsuipcClient::FsuipcWrite(std::uint32_t offset, std::uint32_t size, const void* source,
+                               std::uint32_t& result) {
+    if (!IsOpen()) return Fail(result, LinkNotOpen);
+    return Report(area_.QueueWrite(offset, size, source), result);
+}
+
+bool FsuipcClient::FsuipcProcess(std::uint32_t& result) {
+    if (!IsOpen()) return Fail(result, LinkNotOpen);
+    if (area_.Empty()) return Fail(result, LinkNothingQueued);
+    const Round round = area_.Seal();
+    std::uint32_t reply = 0;
+    if (!SendRound(reply, result)) return false;
+    if (reply != Accepted) return Fail(result, LinkBadData);
+    // The other process can change the area at any moment, so it is looked at in a copy of our own.
+    const std::vector<std::uint8_t> replies(view_, view_ + round.length);
+    if (!DeliverReplies(round, replies)) return false;
+    result = LinkConnected;
+    return true;
+}
+
+/// A round that gets through only with the last retry counts as failed.
+bool FsuipcClient::SendRound(std::uint32_t& reply, std::uint32_t& result) {
+    std::uint32_t last_error = 0;
+    for (int retries = 0;; ++retries) {
+        const MessageLink::Sent sent = messages_.Send(window_, message_, atom_, SendTimeoutMs);
+        if (!sent.delivered) last_error = sent.last_error;
+        reply = sent.reply;
+        if (sent.delivered && retries < MaxRetries) return true;
+        if (retries == MaxRetries) return Fail(result, last_error != 0 ? LinkSendFailed : LinkTimedOut);
+        clock_.Sleep(RetryPause);
+    }
+}
+
+void FsuipcClient::FsuipcClose() {
+    window_ = 0;
+    message_ = 0;
+    version_ = 0;
+    sim_version_ = 0;
+    area_.Attach(nullptr);
+    if (atom_) memory_.DeleteAtom(atom_);
+    if (view_) memory_.UnmapView(view_);
+    if (mapping_) memory_.CloseMapping(mapping_);
+    atom_ = 0;
+    view_ = nullptr;
+    mapping_ = 0;
+}
+
+} // namespace quillon

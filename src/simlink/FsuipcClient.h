@@ -1,0 +1,80 @@
+#pragma once
+
+#include "ports/Clock.h"
+#include "ports/MessageLink.h"
+#include "simlink/LinkTexts.h"
+#include "simlink/RequestArea.h"
+
+#include <cstdint>
+
+namespace quillon {
+
+/// The link to the FSUIPC module inside the simulator, which shows the simulator's state as numbered offsets.
+/// Reads and writes are queued and then handed over in one round trip. Calls return true on success and set
+/// `result` to a LinkResult; a call that fails sets it to the reason. They block for as long as they take and
+/// let no window events in.
+class FsuipcClient {
+  public:
+    FsuipcClient(MessageLink& messages, SharedMemory& memory, Clock& clock)
+        : messages_(messages), memory_(memory), clock_(clock) {}
+    ~FsuipcClient() { FsuipcClose(); }
+    FsuipcClient(const FsuipcClient&) = delete;
+    FsuipcClient& operator=(const FsuipcClient&) = delete;
+
+    /// Makes ready for an open: a link that is still open is closed, so that none of its handles is lost.
+    void FsuipcReset() { FsuipcClose(); }
+
+    /// Opens the link to the simulator of that code, 0 for any. Takes a tenth of a second at least. An open
+    /// link is left alone (LinkAlreadyOpen), but the two versions are forgotten; after any other failure the
+    /// link is closed.
+    bool FsuipcOpen(std::uint32_t requested, std::uint32_t& result);
+
+    /// Queues a read. The bytes arrive in `destination` when FsuipcProcess succeeds; it must stay valid until
+    /// then.
+    bool FsuipcRead(std::uint32_t offset, std::uint32_t size, void* destination, std::uint32_t& result);
+
+    /// Queues a write. The bytes are copied at once.
+    bool FsuipcWrite(std::uint32_t offset, std::uint32_t size, const void* source, std::uint32_t& result);
+
+    /// Hands the queue over, copies what was read to its destinations and leaves the queue empty, also when it
+    /// fails. A reply that is not the answer to what was queued fails without touching `result`; destinations
+    /// of the records before the damaged one are filled by then. A simulator that hangs is waited for 23
+    /// seconds at most.
+    bool FsuipcProcess(std::uint32_t& result);
+
+    /// Releases everything; does nothing to a closed link.
+    void FsuipcClose();
+
+    bool IsOpen() const { return view_ != nullptr; }
+
+    /// FSUIPC's version as four binary-coded digits in the high half, 0 while the link is closed.
+    std::int32_t FsuipcVersion() const { return version_; }
+
+    /// The simulator's code (see SimName), 0 while the link is closed.
+    std::uint32_t SimVersion() const { return sim_version_; }
+
+  private:
+    bool FindPeer(std::uint32_t& result);
+    bool ShareArea(std::uint32_t& result);
+    bool AskVersions(std::uint32_t& result);
+    bool CheckVersions(std::uint32_t requested, std::uint32_t& result);
+    bool SendRound(std::uint32_t& reply, std::uint32_t& result);
+
+    MessageLink& messages_;
+    SharedMemory& memory_;
+    Clock& clock_;
+
+    NativeHandle window_ = 0;
+    bool wide_client_ = false; ///< found under the class that the network client uses
+    std::uint32_t message_ = 0;
+    std::uint32_t atom_ = 0;
+    NativeHandle mapping_ = 0;
+    std::uint8_t* view_ = nullptr;
+    RequestArea area_;
+
+    std::int32_t version_ = 0;
+    std::uint32_t sim_version_ = 0;
+    std::uint32_t lib_word_ = 0;
+};
+
+} // namespace quillon

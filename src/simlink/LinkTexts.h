@@ -1,0 +1,39 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace quillon {
+
+/// Result codes of the link's calls; the user sees the numbers and their ResultTexts.
+enum LinkResult : std::uint32_t {
+    LinkConnected = 0,
+    LinkAlreadyOpen = 1,
+    LinkNoWindow = 2,
+    LinkNoMessage = 3,
+    LinkNoAtom = 4,
+    LinkMappingTaken = 5,
+    LinkNoView = 6,
+    LinkWrongVersion = 7,
+    LinkOtherSimulator = 8,
+    LinkNotOpen = 9,
+    LinkNothingQueued = 10,
+    LinkTimedOut = 11,
+    LinkSendFailed = 12,
+    LinkBadData = 13,
+    LinkWideClientAlone = 14,
+    LinkQueueFull = 15,
+};
+
+/// One text per result code.
+extern const std::array<const char*, 16> ResultTexts;
+
+/// Names of the simulator codes 0 to 8.
+extern const std::array<const char*, 9> SimNames;
+
+/// Name of any simulator code: newer simulators than SimNames knows have one too, an unknown code is shown as a
+/// number.
+std::string SimName(std::uint32_t code);
+
+} // namespace quillon

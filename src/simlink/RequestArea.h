@@ -1,0 +1,61 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace quillon {
+
+/// A record as it was queued. What the other side hands back is compared with it and never used in its place.
+struct Request {
+    std::array<std::uint32_t, 4>
+        header;                ///< identifier, offset, size and, of a read only, the destination's token
+    std::uint32_t header_size; ///< bytes of it that stand in the area
+    void* destination;         ///< of a read; may be null
+
+    std::uint32_t Size() const { return header[2]; }
+};
+
+/// The records of one round trip.
+struct Round {
+    std::vector<Request> requests;
+    std::size_t length = 0; ///< bytes of the area that they and their terminator take
+};
+
+/// Copies the replies of a round to their destinations, record by record, from the bytes the other side left. A
+/// zero identifier ends the walk wherever it stands. Returns false at the first record that is not the one
+/// queued there (unknown identifier, other offset, size or destination) or runs past the bytes; nothing is
+/// copied from it on.
+bool DeliverReplies(const Round& round, std::span<const std::uint8_t> reply);
+
+/// The memory shared with the simulator, into which requests are written back to back, all numbers
+/// little-endian. Does not own it.
+class RequestArea {
+  public:
+    static constexpr std::size_t Length = 0x8000;
+    static constexpr std::size_t Usable = 0x7F00; ///< records and terminator
+
+    /// Starts an empty queue in memory of `Length` bytes.
+    void Attach(std::uint8_t* start);
+
+    /// Return false, and queue nothing, when the area has no room left.
+    bool QueueRead(std::uint32_t offset, std::uint32_t size, void* destination);
+    bool QueueWrite(std::uint32_t offset, std::uint32_t size, const void* source);
+
+    bool Empty() const { return queued_.empty(); }
+
+    /// Ends the queued records with the terminator and empties the queue.
+    Round Seal();
+
+  private:
+    bool Fits(std::size_t header_size, std::uint32_t size) const;
+    void Append(const Request& request, const void* data);
+
+    std::uint8_t* start_ = nullptr;
+    std::size_t used_ = 0;
+    std::vector<Request> queued_;
+};
+
+} // namespace quillon

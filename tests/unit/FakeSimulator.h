@@ -1,0 +1,76 @@
+#pragma once
+
+#include "ports/MessageLink.h"
+
+#include <array>
+#include <cstring>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace quillon {
+
+/// A simulator that flies well: a memory of offsets behind the link's ports.
+class FakeSimulator : public MessageLink, public SharedMemory {
+  public:
+    bool running = true;
+
+    FakeSimulator() {
+        Put(0x3304, 0x49990000);
+        Put(0x3308, 0xFADE0008);
+    }
+
+    void Put(std::uint32_t offset, std::uint32_t word) { std::memcpy(&memory_[offset], &word, sizeof word); }
+
+    /// "118.70" to the radio at that offset.
+    void Tune(std::uint32_t offset, const std::string& frequency) {
+        const auto bcd = std::stoul(frequency.substr(1, 2) + frequency.substr(4, 2), nullptr, 16);
+        Put(offset, static_cast<std::uint32_t>(bcd));
+    }
+
+    /// To whole degrees, which the link's numbers hold without a fraction.
+    void FlyTo(double latitude, double longitude) {
+        Put(0x0560, 0);
+        Put(0x0564, static_cast<std::uint32_t>(static_cast<std::int32_t>(latitude * 10001750.0 / 90)));
+        Put(0x0568, 0);
+        Put(0x056C, static_cast<std::uint32_t>(static_cast<std::int32_t>(longitude * 4294967296.0 / 360)));
+    }
+
+    NativeHandle FindPeerWindow(const std::string& name) override {
+        return running && name == "UIPCMAIN" ? 7 : 0;
+    }
+    std::uint32_t RegisterMessage(const std::string&) override { return 0xC123; }
+    std::uint32_t ProcessId() override { return 1; }
+    Sent Send(NativeHandle, std::uint32_t, std::uint32_t, std::uint32_t) override {
+        if (!running) return {false, 0, 1400};
+        for (std::uint8_t* at = area_.data(); Word(at) != 0;) {
+            std::uint8_t* data = at + (Word(at) == 1 ? 16 : 12);
+            const std::uint32_t size = Word(at + 8);
+            if (Word(at) == 1)
+                std::memcpy(data, &memory_[Word(at + 4)], size);
+            else
+                std::memcpy(&memory_[Word(at + 4)], data, size);
+            at = data + size;
+        }
+        return {true, 1, 0};
+    }
+
+    std::uint32_t AddNameAtom(const std::string&) override { return 0xC456; }
+    void DeleteAtom(std::uint32_t) override {}
+    Mapping CreateMapping(const std::string&, std::size_t) override { return {9, false}; }
+    void CloseMapping(NativeHandle) override {}
+    std::uint8_t* MapView(NativeHandle) override { return area_.data(); }
+    void UnmapView(std::uint8_t*) override {}
+
+  private:
+    static std::uint32_t Word(const std::uint8_t* at) {
+        std::uint32_t word = 0;
+        std::memcpy(&word, at, sizeof word);
+        return word;
+    }
+
+    std::array<std::uint8_t, 0x10000> memory_{};
+    std::vector<std::uint8_t> area_ = std::vector<std::uint8_t>(0x8000);
+};
+
+} // namespace quillon

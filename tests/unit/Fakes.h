@@ -1,0 +1,147 @@
+#pragma once
+
+#include "ports/AnsiCodePage.h"
+#include "ports/Clock.h"
+#include "ports/Display.h"
+#include "ports/MediaPlayer.h"
+#include "ports/Prompts.h"
+#include "ports/RegionalSettings.h"
+#include "ports/Shell.h"
+
+#include <array>
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace quillon {
+
+/// Keeps what the user was told.
+class FakePrompts : public Prompts {
+  public:
+    struct Shown {
+        std::string title;
+        std::string text;
+        Icon icon;
+
+        bool operator==(const Shown&) const = default;
+        friend std::ostream& operator<<(std::ostream& out, const Shown& shown) {
+            return out << shown.title << ": " << shown.text << " (icon " << static_cast<int>(shown.icon) << ")";
+        }
+    };
+
+    void Message(const std::string& title, const std::string& text, Icon icon) override {
+        messages.push_back({title, text, icon});
+        if (meanwhile) meanwhile();
+    }
+    ErrorTrap::Report AsReport() {
+        return [this](const auto& title, const auto& text, Icon icon) { Message(title, text, icon); };
+    }
+
+    std::vector<Shown> messages;
+    std::function<void()> meanwhile; ///< what happens while a box is up
+};
+
+/// Time that passes only where the program waits.
+class FakeClock : public Clock {
+  public:
+    TimePoint Now() override { return now; }
+    void Sleep(std::chrono::milliseconds time) override { now += time; }
+    bool ServeEvents(std::chrono::milliseconds time) override {
+        now += time;
+        return !events || events();
+    }
+
+    TimePoint now{std::chrono::hours(1)};
+    std::function<bool()> events; ///< what happens in each slice of a wait; false: the program is ending
+};
+
+/// Plays at once whatever it is given, as the real players' states would tell.
+class FakePlayer : public MediaPlayer {
+  public:
+    void SetUrl(const std::string& new_url) override {
+        url = new_url;
+        urls.push_back(url);
+        state = url.empty() ? Stopped : Playing;
+    }
+    PlayState State() override { return state; }
+    void Play() override {
+        if (!url.empty()) state = Playing;
+    }
+    void Pause() override {
+        if (state == Playing) state = Paused;
+    }
+    void Stop() override { state = Stopped; }
+    void SetVolume(int new_volume) override { volume = new_volume; }
+
+    std::string url;
+    std::vector<std::string> urls; ///< all it was given
+    PlayState state = Undefined;
+    int volume = -1;
+};
+
+class FakeDisplay : public Display {
+  public:
+    void Repaint() override {}
+};
+
+class FakeRegionalSettings : public RegionalSettings {
+  public:
+    std::string Read(Separator separator) override {
+        return separator == Separator::Decimal ? decimal : thousand;
+    }
+    void Write(Separator separator, const std::string& text) override {
+        (separator == Separator::Decimal ? decimal : thousand) = text;
+        ++writes;
+    }
+
+    std::string decimal = ".";
+    std::string thousand = ",";
+    int writes = 0;
+};
+
+class FakeShell : public Shell {
+  public:
+    std::string ApplicationDataFolder() override { return application_data; }
+    void OpenAddress(const std::string& address) override { opened.push_back(address); }
+
+    std::string application_data;
+    std::vector<std::string> opened;
+};
+
+/// Windows-1252.
+class FakeCodePage : public AnsiCodePage {
+  public:
+    std::string Decode(std::string_view bytes) override {
+        std::string text;
+        for (const char byte : bytes) text += Character(static_cast<unsigned char>(byte));
+        return text;
+    }
+
+    std::optional<std::string> Encode(std::string_view text) override {
+        std::string bytes;
+        while (!text.empty()) {
+            unsigned byte = 0;
+            while (byte < 256 && !text.starts_with(Character(byte))) ++byte;
+            if (byte == 256 || text.starts_with("\xEF\xBF\xBD")) return std::nullopt;
+            bytes += static_cast<char>(byte);
+            text.remove_prefix(Character(byte).size());
+        }
+        return bytes;
+    }
+
+  private:
+    static std::string Character(unsigned byte) {
+        constexpr std::array<char16_t, 32> From80{
+            0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+            0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD, 0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+            0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
+        const unsigned code = byte >= 0x80 && byte < 0xA0 ? From80.at(byte - 0x80) : byte;
+        if (code < 0x80) return {static_cast<char>(code)};
+        const char last = static_cast<char>(0x80U | (code & 0x3FU));
+        if (code < 0x800) return {static_cast<char>(0xC0U | code >> 6U), last};
+        return {static_cast<char>(0xE0U | code >> 12U), static_cast<char>(0x80U | (code >> 6U & 0x3FU)), last};
+    }
+};
+
+} // namespace quillon

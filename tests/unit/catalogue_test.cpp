@@ -1,0 +1,228 @@
+// The catalogue: its file and encodings, its loading into the list, the folders it lies in, and the trace log.
+#include "Fakes.h"
+#include "TempFolder.h"
+#include "catalogue/DefaultFeeds.h"
+#include "catalogue/FeedFile.h"
+#include "catalogue/FeedLoader.h"
+#include "catalogue/Folders.h"
+#include "catalogue/FrequencyPool.h"
+#include "catalogue/TextFile.h"
+#include "catalogue/TraceLog.h"
+
+using namespace quillon;
+using namespace std::string_literals;
+
+namespace {
+
+using Messages = std::vector<FakePrompts::Shown>;
+const std::string Mark = "\xEF\xBB\xBF";
+
+class Catalogue : public TempFolder {
+  protected:
+    Catalogue() { state.folders = {"", folder + "\\", folder + "\\ATC\\"}; }
+
+    /// Loads a catalogue of that content; returns the list's rows as "ICAO/City/Freq/URL;".
+    std::string Load(std::string_view content) {
+        Write(CatalogueName, content);
+        return Load();
+    }
+
+    std::string Load() {
+        loader.LoadList();
+        std::string rows;
+        for (const FeedRecord& r : state.form.lvwDB.Items())
+            rows += r.ICAO + "/" + r.City + "/" + r.Freq + "/" + r.URL + ";";
+        return rows;
+    }
+
+    /// The boxes when both passes over the file fail.
+    static Messages BothReport(const std::string& first, const std::string& second, const std::string& error) {
+        return {{"Load User Frequency Error", first + "\r" + error, Icon::Critical},
+                {"LoadList Error", second + "\r" + error, Icon::Critical}};
+    }
+
+    ProgramState state;
+    FakePrompts prompts;
+    FakeShell shell;
+    FakeCodePage page;
+    ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
+    FeedLoader loader{state, prompts, page, trap};
+    ListView& list = state.form.lvwDB;
+};
+
+TEST(FrequencyPool, HoldsTheRasterFrom118To13695) {
+    std::set<std::string> pool;
+    LoadFrequencies(pool);
+    EXPECT_EQ(pool.size(), 759U);
+    for (const char* some : {"118.00", "118.02", "118.05", "118.07", "118.10", "136.92", "136.95"})
+        EXPECT_TRUE(pool.contains(some)) << some;
+}
+
+TEST_F(Catalogue, LinesBecomeRowsAndMissingFrequenciesTheLowestFreeOnes) {
+    struct Row {
+        const char* rule;
+        std::string content, rows;
+    };
+    const Row rows[] = {
+        {"comments and lines without a bar", "//\r\n// a|b|c|d\r\n\r\nx\r\nA|b|u|121.70\r\n", "A/b/121.70/u;"},
+        {"stated before given", "A|a|u|\r\nB|b|u|\r\nC|c|u|118.00\r\n",
+         "A/a/118.02/u;B/b/118.05/u;C/c/118.00/u;"},
+        {"six characters only", "A|a|u|118.7\r\nB|b|u|118.700\r\nC|c|u|118.0 ",
+         "A/a/118.00/u;B/b/118.02/u;C/c/118.0 /u;"},
+        {"characters, not bytes", "A|a|u|118.7\xC3\xBC", "A/a/118.7\xC3\xBC/u;"},
+        {"a fourth bar belongs to the frequency", "A|a|u|118.0|", "A/a/118.0|/u;"},
+        {"blanks are kept", " A | b |u |118.00", " A / b /118.00/u ;"},
+        {"LF ends, and none at the end", "A|a|u|118.00\nB|b|u|118.02", "A/a/118.00/u;B/b/118.02/u;"},
+        {"byte-order mark", Mark + "A|a|u|118.00\r\n", "A/a/118.00/u;"},
+        {"the code page's bytes", "A|M\xFCn \x80|u|118.00\r\n", "A/M\xC3\xBCn \xE2\x82\xAC/118.00/u;"},
+        {"NUL bytes", "A|a\0b|u|118.00\r\n\0\r\n"s, "A/a\0b/118.00/u;"s},
+        {"a long line", std::string(1 << 20, 'x') + "\r\nA|a|u|118.00", "A/a/118.00/u;"},
+        {"empty file", "", ""},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(Load(row.content), row.rows) << row.rule;
+        EXPECT_EQ(prompts.messages, Messages{}) << row.rule;
+        EXPECT_EQ(state.StartupStep + state.MessageText, "") << row.rule;
+    }
+}
+
+TEST_F(Catalogue, RunsOutOfFrequenciesWithoutAnError) {
+    std::string content;
+    for (int i = 0; i < 760; ++i) content += "A|a|u|\r\n";
+    EXPECT_TRUE(Load(content).ends_with("A/a/136.95/u;A/a//u;"));
+    EXPECT_EQ(prompts.messages, Messages{});
+}
+
+TEST_F(Catalogue, EachEqualNeighbourIsOneDuplicateBox) {
+    Load("A|a|u|121.70\r\nB|b|u|118.00\r\nC|c|u|121.70\r\nD|d|u|121.70\r\n");
+    EXPECT_EQ(list.Items().size(), 4U);
+    EXPECT_EQ(state.lstUFreq, (std::vector<std::string>{"118.00", "121.70", "121.70", "121.70"}));
+    const FakePrompts::Shown box{"Duplicate Frequency", "Frequency 121.70 is duplicated!\r", Icon::Information};
+    EXPECT_EQ(prompts.messages, (Messages{box, box}));
+    EXPECT_EQ(state.MessageText, "");
+}
+
+TEST_F(Catalogue, TooFewBarsAreReportedTwiceAndKeepTheRowsBefore) {
+    for (const std::string line : {"x|y", "x|y|z"}) {
+        prompts.messages.clear();
+        state.feed = {"i", "c", "f", "u"};
+        EXPECT_EQ(Load("A|a|u|118.00\r\n" + line + "\r\nB|b|u|118.02\r\n"), "A/a/118.00/u;");
+        EXPECT_EQ(prompts.messages, BothReport("Data: " + line, "Getting Data: " + line,
+                                               "Error 5 Invalid procedure call or argument"));
+        const FeedState& feed = state.feed;
+        EXPECT_EQ(feed.FeedIcao + feed.FeedCity + feed.FeedFrequency + feed.FeedUrl, "");
+    }
+}
+
+TEST_F(Catalogue, MissingFileOrFolderInItsPlaceEmptiesTheList) {
+    const std::string step = "Opening " + At(CatalogueName);
+    Load("A|a|u|118.00\r\n");
+    DeleteFileAt(At(CatalogueName));
+    EXPECT_EQ(Load(), "");
+    EXPECT_EQ(prompts.messages, BothReport(step, step, "Error 53 File not found"));
+    prompts.messages.clear();
+    MakeFolder(CatalogueName);
+    EXPECT_EQ(Load(), "");
+    EXPECT_EQ(prompts.messages, BothReport(step, step, "Error 75 Path/File access error"));
+}
+
+TEST_F(Catalogue, KeepsTheUsersSortingOverAReload) {
+    list.SetSortKey(Column::City);
+    list.SetSorted(true);
+    EXPECT_EQ(Load("A|z|u|118.00\r\nB|y|u|118.02\r\n"), "B/y/118.02/u;A/z/118.00/u;");
+    EXPECT_TRUE(list.Sorted());
+}
+
+TEST_F(Catalogue, FirstLoadCanSortByFrequencyAndPickEdmonton) {
+    loader.FirstListLoad = true;
+    Load("CYEE|a|u|136.95\r\nA|b|u|118.02\r\nCYEE2|c|u|121.70\r\n");
+    EXPECT_FALSE(loader.FirstListLoad);
+    EXPECT_EQ(list.Selected(), 1U);
+    EXPECT_EQ(list.Items()[1].ICAO, "CYEE2");
+    EXPECT_TRUE(state.form.lvwDBFocus);
+}
+
+TEST_F(Catalogue, AppendingKeepsTheEncodingWhileItCan) {
+    const std::string u = "\xC3\xBC";        // in Windows-1252 "\xFC"
+    const std::string east = "\xE6\x9D\xB1"; // not in it
+    struct Row {
+        const char* rule;
+        std::string before, line, after;
+    };
+    const Row rows[] = {
+        {"UTF-8 stays", u + "\r\n", east, u + "\r\n" + east + "\r\n"},
+        {"the code page stays", "\xFC\r\n", u, "\xFC\r\n\xFC\r\n"},
+        {"the code page lacks a character", "\xFC\r\n", east, u + "\r\n" + east + "\r\n"},
+        {"an open last line is ended", "a\nb", "c", "a\nb\r\nc\r\n"},
+        {"a half line end is completed", "a\r", "c", "a\r\nc\r\n"},
+        {"empty", "", "c", "c\r\n"},
+        {"byte-order mark", Mark, u, Mark + u + "\r\n"},
+        {"NUL bytes", "a\0b\r\n"s, "c", "a\0b\r\nc\r\n"s},
+    };
+    for (const Row& row : rows) {
+        Write("f.txt", row.before);
+        AppendLines(At("f.txt"), {row.line}, page);
+        EXPECT_EQ(Read("f.txt"), row.after) << row.rule;
+    }
+    AppendLines(At("new.txt"), {"a", "b"}, page);
+    EXPECT_EQ(Read("new.txt"), "a\r\nb\r\n");
+}
+
+TEST_F(Catalogue, DefaultFeedsAreAddedOnceWhenTorontoIsMissing) {
+    const auto add = [this] { AddDefaultFeeds(state.folders, state.StartupStep, page); };
+    EXPECT_THROW(add(), RuntimeError) << "no catalogue";
+    const std::string waves = folder + "\\ATC\\";
+    const std::string toronto = "CYYZ|Wav - Toronto ON - Tower Pearson Intl|" + waves + "CYYZ_T|";
+    const std::string perth = "YPPH|Wav - Perth Australia - Approach|" + waves + "Kestrune - YPPH_A|\r\n";
+    const std::string los_angeles =
+        "KLAX|Wav - Los Angeles - Tower|" + waves + "Kestrune-Los Angeles-Tower|\r\n";
+    const std::string title = "//\r\n// Pre-Recorded Wave Files\r\n";
+    Write(CatalogueName, perth);
+    add();
+    EXPECT_EQ(Read(CatalogueName), perth + title + toronto + "\r\n" + perth + los_angeles);
+    EXPECT_EQ(state.StartupStep, "Adding Waves to " + At(CatalogueName));
+
+    for (const std::string& content : {"// x" + toronto + "118.00", "\xFC"s}) {
+        Write(CatalogueName, content);
+        add(); // in the second file, in the code page, among them the folder's name
+        const std::string before = Read(CatalogueName);
+        add();
+        EXPECT_EQ(Read(CatalogueName), before);
+        EXPECT_EQ(state.StartupStep, "Opening " + At(CatalogueName));
+    }
+}
+
+TEST_F(Catalogue, FoldersAreTheFirstThatExist) {
+    shell.application_data = folder;
+    Folders& found = state.folders;
+    const std::string first = At("one\\");
+    const std::string second = At("two\\");
+    const auto find = [&] { return FindFolders(found, state.StartupStep, shell, {first, second}); };
+    EXPECT_FALSE(find());
+    EXPECT_EQ(found.AppPath, TextOf(std::filesystem::current_path()) + "\\");
+    EXPECT_EQ(found.DataPath, folder + "\\");
+    MakeFolder("two");
+    MakeFolder("Quillon");
+    EXPECT_TRUE(find());
+    EXPECT_EQ(found.AppPath, second);
+    EXPECT_EQ(found.WavePath, At("Quillon\\ATC\\"));
+    MakeFolder("one");
+    find();
+    EXPECT_EQ(found.AppPath, first);
+}
+
+TEST_F(Catalogue, TraceLogGrowsByLinesAndStartsSmall) {
+    TraceLog log(state.folders);
+    log.Clear();
+    log.WriteLog("one");
+    log.WriteLog("two");
+    log.Clear();
+    EXPECT_EQ(Read("Trace.log"), "one\r\ntwo\r\n") << "10 bytes are kept";
+    log.WriteLog("");
+    log.Clear();
+    EXPECT_FALSE(FExists(At("Trace.log")));
+    log.Clear();
+    EXPECT_TRUE(FExists(At("Trace.log")));
+}
+
+} // namespace

@@ -1,0 +1,202 @@
+// Ellipsoids, angles and the distance between two points.
+#include "geo/Geodesy.h"
+#include "geo/Mapstuff.h"
+#include "geo/Utilities.h"
+#include "runtime/RuntimeError.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace quillon;
+
+namespace {
+
+constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+
+template <typename Call>
+std::int32_t ErrorOf(Call call) {
+    try {
+        call();
+    } catch (const RuntimeError& error) {
+        return error.Number;
+    }
+    return 0;
+}
+
+TEST(Geodesy, EllipsoidsAgreeWithTheirFlattening) {
+    EXPECT_EQ(Geodesy::Choices(), 22);
+    for (std::int16_t i = 1; i <= Geodesy::Choices(); ++i) {
+        const double a = Geodesy::eMajor(i);
+        EXPECT_NEAR(a / (a - Geodesy::eMinor(i)), Geodesy::eflat(i), 0.01) << Geodesy::ename(i);
+    }
+    EXPECT_EQ(Geodesy::eMajor(1), 6377563.396);
+    EXPECT_EQ(Geodesy::ename(5), "Clark 1866 - NAD27");
+    EXPECT_EQ(Geodesy::eMajor(22), 6378137.0);
+    EXPECT_EQ(Geodesy::eMinor(22), 6356752.314);
+    EXPECT_EQ(Geodesy::eflat(22), 298.257223563);
+    EXPECT_EQ(Geodesy::ename(22), "WGS-84");
+}
+
+TEST(Geodesy, DatumsNameTheirEllipsoid) {
+    struct Row {
+        std::int16_t index;
+        const char* name;
+        std::int16_t ellipsoid;
+    };
+    const Row rows[] = {{1, "Adindan", 6},
+                        {28, "European 1950", 16},
+                        {30, "*Finland Hayford", 16},
+                        {66, "NAD83", 13},
+                        {75, "Ord Survey G. Britian 1936", 1},
+                        {90, "South American 1969", 18},
+                        {102, "WGS 1984", 22},
+                        {103, "Zanderij", 16}};
+    for (const Row& row : rows) {
+        EXPECT_EQ(Geodesy::dName(row.index), row.name);
+        EXPECT_EQ(Geodesy::dNumber(row.index), row.ellipsoid) << row.name;
+    }
+    int starred = 0;
+    for (std::int16_t i = 1; i <= Geodesy::DChoices(); ++i) {
+        starred += Geodesy::dName(i).starts_with('*');
+        EXPECT_NO_THROW(Geodesy::ename(Geodesy::dNumber(i))) << i;
+    }
+    EXPECT_EQ(starred, 8);
+}
+
+TEST(Geodesy, IndexOutsideTheTableIsAnError) {
+    for (const std::int16_t index : std::initializer_list<std::int16_t>{-32768, -1, 0, 23, 32767})
+        EXPECT_EQ(ErrorOf([&] { Geodesy::eMajor(index); }), 9) << index;
+    for (const std::int16_t index : std::initializer_list<std::int16_t>{0, 104})
+        EXPECT_EQ(ErrorOf([&] { Geodesy::dName(index); }), 9) << index;
+}
+
+TEST(Dms, AlmostSixtyIsCarriedAndTheSignRules) {
+    struct Row {
+        DmsRecord angle;
+        double degrees;
+    };
+    const Row rows[] = {{{10, 30, 36, 1}, 10.51},    {{10, 30, 36, -1}, -10.51},
+                        {{-10, 30, 36, -1}, -10.51}, {{10, 30, 0, 0}, 0},
+                        {{10, 59.999995, 0, 1}, 11}, {{10, 59, 59.999995, 1}, 11},
+                        {{10, 60, 0, 1}, 11},        {{10, 0, 59.9999, 1}, 10.01666664}};
+    for (const Row& row : rows) EXPECT_NEAR(DmsToDegrees(row.angle), row.degrees, 1e-8) << row.degrees;
+}
+
+TEST(Dms, SplitsDegrees) {
+    struct Row {
+        double value;
+        DmsRecord angle;
+    };
+    const Row rows[] = {{10.51, {10, 30, 36, 1}},
+                        {-0.5, {0, 30, 0, -1}},
+                        {0, {0, 0, 0, 0}},
+                        {10.9999999999, {11, 0, 0, 1}},
+                        {-10.5166666666, {10, 31, 0, -1}}};
+    for (const Row& row : rows) {
+        DmsRecord angle;
+        EXPECT_EQ(DegreesToDms(row.value, angle), row.angle.sign) << row.value;
+        EXPECT_EQ(angle.degrees, row.angle.degrees) << row.value;
+        EXPECT_EQ(angle.minutes, row.angle.minutes) << row.value;
+        EXPECT_NEAR(angle.seconds, row.angle.seconds, 1e-5) << row.value;
+    }
+}
+
+TEST(Angles, BranchesMeetAtTheAxesAndBeyondOne) {
+    const double pi = std::acos(-1.0);
+    const int x[] = {1, 1, 0, -1, -1, -1, 0, 1};
+    const int y[] = {0, 1, 1, 1, 0, -1, -1, -1};
+    for (int i = 0; i < 8; ++i) EXPECT_NEAR(Atan2Positive(y[i], x[i]), i * pi / 4, 1e-14) << i;
+    EXPECT_EQ(Atan2Positive(0, 0), 0);
+
+    EXPECT_NEAR(ArcSin(-0.5), -pi / 6, 1e-15);
+    EXPECT_NEAR(ArcCos(-0.5), 2 * pi / 3, 1e-15);
+    EXPECT_EQ(ArcSin(1), pi / 2);
+    EXPECT_EQ(ArcCos(1), 0);
+    for (const double beyond : {-1.1, -1.0, 1.1}) {
+        EXPECT_EQ(ArcSin(beyond), 3 * pi / 2) << beyond;
+        EXPECT_EQ(ArcCos(beyond), pi) << beyond;
+    }
+    EXPECT_EQ(ModFloor(-1, 360), 359);
+    EXPECT_EQ(ModFloor(720, 360), 0);
+}
+
+TEST(ValidatePoint, TheLongitudeGoesFirst) {
+    double lat = 0;
+    double lon = 0;
+    EXPECT_EQ(ValidatePoint(90, -180, lat, lon), GeodesyCode::Success);
+    EXPECT_EQ(ValidatePoint(90.5, 0, lat, lon), GeodesyCode::LatitudeOutside);
+    EXPECT_EQ(ValidatePoint(91, 181, lat, lon), GeodesyCode::LongitudeOutside);
+}
+
+GeodesicProblem Between(double lat1, double lon1, double lat2, double lon2, std::int16_t ellipsoid = 22) {
+    return {lat1, lon1, lat2, lon2, -1, -1, -1, ellipsoid};
+}
+
+/// Expected values: GeodSolve of GeographicLib 2.1.2 on the same axes; its azimuth at point 2 points onward, so
+/// half a turn is added.
+TEST(InverseGeodesic, AgreesWithAnIndependentSolution) {
+    struct Row {
+        const char* road;
+        GeodesicProblem problem;
+        double distance, forward, back;
+    };
+    const Row rows[] = {
+        {"New York - London", Between(40.6398, -73.7789, 51.4706, -0.4619), 5554542.718396, 51.38163019597,
+         287.97660479909},
+        {"Sydney - Los Angeles", Between(-33.9461, 151.1772, 33.9425, -118.4081), 12050688.504756,
+         61.16815558415, 241.16377442099},
+        {"across the date line", Between(60, 179, 60, -179), 111595.753654, 89.13395257565, 270.86604742435},
+        {"Ushuaia - Keflavik", Between(-54.8433, -68.2958, 64.13, -21.9406), 13780201.113424, 22.51004811653,
+         210.33079318321},
+        {"pole to pole", Between(90, 0, -90, 0), 20003931.458241, 180, 0},
+        {"from the equator", Between(0, 0, 10, 90), 10018251.016016, 80.03272242569, 270.05160713560},
+        {"nearly opposite", Between(0.5, 0, -0.5, 179), 19926190.521422, 90.00173011652, 270.00173011652},
+        {"a few steps", Between(45, 0, 45.0001, 0.0001), 13.626109, 35.35524355935, 215.35531427009},
+        {"on Clarke's ellipsoid", Between(40.6398, -73.7789, 51.4706, -0.4619, 5), 5554699.826823,
+         51.38195451579, 287.97704648253}};
+    for (Row row : rows) {
+        EXPECT_EQ(InverseGeodesic(row.problem), GeodesyCode::Success) << row.road;
+        EXPECT_NEAR(row.problem.distance, row.distance, 1e-4) << row.road;
+        EXPECT_NEAR(row.problem.forward_azimuth, row.forward, 1e-7) << row.road;
+        EXPECT_NEAR(row.problem.back_azimuth, row.back, 1e-7) << row.road;
+    }
+}
+
+TEST(InverseGeodesic, CodesSayWhyThereIsNoDistance) {
+    struct Row {
+        const char* rule;
+        GeodesicProblem problem;
+        int code;
+        double results;
+    };
+    const Row rows[] = {{"latitude beyond the pole", Between(90.5, 0, 0, 0), 517, -1},
+                        {"longitude beyond 180", Between(0, 0, 1, -180.1), 517, -1},
+                        {"no number", Between(1, 0, 1, NaN), 517, -1},
+                        {"infinite", Between(-Infinity, 0, 1, 0), 517, -1},
+                        {"a tenth of a metre apart", Between(10, 20, 10 + 9e-7, 20 - 9e-7), 537, 0},
+                        {"coincidence is seen before the ellipsoid", Between(10, 20, 10, 20, 0), 537, 0},
+                        {"coincidence is seen on the equator", Between(0, 20, 0, 20), 537, 0},
+                        {"ellipsoid 0", Between(0, 0, 0, 1, 0), 520, -1},
+                        {"ellipsoid 23", Between(10, 0, 11, 1, 23), 520, -1},
+                        {"opposite points", Between(0.5, 0, -0.5, 179.7), 539, -1}};
+    for (Row row : rows) {
+        EXPECT_EQ(static_cast<int>(InverseGeodesic(row.problem)), row.code) << row.rule;
+        EXPECT_EQ(row.problem.distance, row.results) << row.rule;
+        EXPECT_EQ(row.problem.forward_azimuth, row.results) << row.rule;
+        EXPECT_EQ(row.problem.back_azimuth, row.results) << row.rule;
+    }
+}
+
+TEST(InverseGeodesic, TheEquatorHasNoSolution) {
+    for (const double longitude : {1.0, -90.0, 180.0}) {
+        GeodesicProblem problem = Between(0, 0, 0, longitude);
+        EXPECT_EQ(ErrorOf([&] { InverseGeodesic(problem); }), 11) << longitude;
+    }
+    GeodesicProblem beside = Between(1e-300, 0, 0, 5); // 5 degrees of the equator
+    EXPECT_EQ(InverseGeodesic(beside), GeodesyCode::Success);
+    EXPECT_NEAR(beside.distance, 556597.453966, 1e-4);
+}
+
+} // namespace

@@ -1,0 +1,248 @@
+// Airports, and whether the aircraft is in range of the feed's one.
+#include "Fakes.h"
+#include "TempFolder.h"
+#include "geo/Airports.h"
+#include "geo/ReceptionRange.h"
+
+using namespace quillon;
+
+namespace {
+
+using Shown = FakePrompts::Shown;
+
+class AirportFile : public TempFolder {
+  protected:
+    AirportFile() { state.folders.DataPath = At(""); }
+
+    ProgramState state;
+    FakePrompts prompts;
+    ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
+    Airports airports{state, trap};
+};
+
+TEST_F(AirportFile, KeepsTheTextOfEveryLine) {
+    using namespace std::string_literals;
+    Write("Airport.dat", "\xEF\xBB\xBFICAO,x\r\n KJFK,N \r\r\n\nEGLL\n\0,\xFF\r\nlast\r"s);
+    airports.LoadAirports();
+    EXPECT_EQ(state.Airports, (std::vector{"ICAO,x"s, " KJFK,N \r"s, ""s, "EGLL"s, "\0,\xFF"s, "last\r"s}));
+    EXPECT_EQ(state.StartupStep, "");
+    EXPECT_TRUE(prompts.messages.empty());
+}
+
+TEST_F(AirportFile, ThatCannotBeReadIsReported) {
+    const std::string step = "Opening " + At("Airport.dat") + "\rError ";
+    airports.LoadAirports();
+    MakeFolder("Airport.dat");
+    airports.LoadAirports();
+    EXPECT_EQ(
+        prompts.messages,
+        (std::vector<Shown>{{"LoadAirports Error", step + "53 File not found", Icon::Exclamation},
+                            {"LoadAirports Error", step + "75 Path/File access error", Icon::Exclamation}}));
+    EXPECT_TRUE(state.Airports.empty());
+}
+
+TEST(Convert2DMS, SecondsComeFromMinutesRoundedToATenth) {
+    struct Row {
+        std::string value, result, kept;
+    };
+    const Row rows[] = {{"-33.9461", "-33.56.48", "-33.946"},    {"45.0", "45.00.00", "45.0"},
+                        {"12.9999", "12.60.00", "12.9999"},      {"0.00002", "0.00.00", "0.00002"},
+                        {"-122.37554", "-122.22.12", "-122.37"}, {"-.5", "-.30.00", "-.5"}};
+    for (Row row : rows) {
+        std::string step;
+        EXPECT_EQ(Convert2DMS(row.value, step), row.result);
+        EXPECT_EQ(row.value, row.kept);
+        EXPECT_EQ(step, "Convert2DMS = " + row.result);
+    }
+}
+
+class CalcDistance : public testing::Test {
+  protected:
+    CalcDistance() {
+        state.Airports = {"KXYZ,N40*38.00,W073*46.00", "KXYZ,N40*38.00,W073*46.00", "KABC,N50*00.00,W073*46.00",
+                          "EGLL,N51*28.00,W000*27.00", "KABC2,N10*00.00,E010*00.00"};
+        state.feed.FeedIcao = "KXYZ";
+        Fly("41.6333", "-73.7667"); // 60 NM north of KXYZ
+    }
+
+    void Fly(const std::string& latitude, const std::string& longitude) {
+        state.radio.AircraftLatitudeText = latitude;
+        state.radio.AircraftLongitudeText = longitude;
+    }
+
+    ProgramState state;
+    Label& label = state.form.Label2;
+    FakePrompts prompts;
+    ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
+    ReceptionRange range{state, trap};
+};
+
+TEST_F(CalcDistance, ComparesTheMilesShownWithTheRange) {
+    const auto automatic = SelectionMode::Automatic;
+    const auto manual = SelectionMode::Manual;
+    struct Row {
+        const char* rule;
+        const char* latitude;
+        std::int16_t range;
+        SelectionMode mode;
+        const char* caption;
+        bool in_range;
+    };
+    const Row rows[] = {{"nearer", "41.6333", 61, manual, "60 NM", true},
+                        {"equal", "41.6333", 60, automatic, "60 NM", true},
+                        {"farther", "41.6333", 59, automatic, "60 NM (Out of Range)", false},
+                        {"farther, by hand", "41.6333", 59, manual, "60 NM (Manual Mode)", false},
+                        {"switched off", "41.6333", 0, manual, "60 NM", true},
+                        {"thousands", "-10.0", 4, automatic, "3,027 NM (Out of Range)", false},
+                        {"thousands, equal", "-10.0", 3027, automatic, "3,027 NM", true},
+                        {"below a mile", "40.6433", 1, automatic, "0 NM", true}};
+    for (const Row& row : rows) {
+        Fly(row.latitude, "-73.7667");
+        state.range = {row.range, !row.in_range, 0};
+        state.form.Mode = row.mode;
+        state.MessageText = "old";
+        range.CalcDistance();
+        const std::string set = " Range set at " + std::to_string(row.range) + " Nautical Miles ";
+        EXPECT_EQ(label, (Label{row.caption, row.range == 0 ? " Range Disabled " : set})) << row.rule;
+        EXPECT_EQ(state.range.InRange, row.in_range) << row.rule;
+        EXPECT_EQ(state.StartupStep + state.MessageText, "") << row.rule;
+    }
+}
+
+TEST_F(CalcDistance, LabelSaysWhyThereIsNoDistance) {
+    struct Row {
+        const char* rule;
+        const char* icao;
+        const char* latitude;
+        const char* city;
+        std::int16_t playlist;
+        const char* before;
+        const char* caption;
+    };
+    const Row rows[] = {
+        {"unknown airport", "ZZZZ", "41.6333", "Town", 0, "", "ICAO not found!"},
+        {"position not read yet", "KXYZ", "", "Town", 0, "", "ICAO not found!"},
+        {"playlist", "ZZZZ", "41.6333", "Town", 5, "", "Windows PlayList"},
+        {"radio before playlist", "ZZZZ", "41.6333", "Town RADIO", 5, "", "Net Radio"},
+        {"radio is not looked up", "KXYZ", "41.6333", "Radio", 0, "Net Radio", "Net Radio"},
+        {"label left from a radio", "KXYZ", "41.6333", "Town", 0, "Net Radio", "ICAO not found!"}};
+    for (const Row& row : rows)
+        for (const bool in_range : {false, true}) {
+            state.feed.FeedIcao = row.icao;
+            state.feed.FeedCity = row.city;
+            state.feed.WplMarker = row.playlist;
+            Fly(row.latitude, "-73.7667");
+            label = {row.before, "tip"};
+            state.range = {50, in_range, 1};
+            range.CalcDistance();
+            EXPECT_EQ(label, (Label{row.caption, "tip"})) << row.rule;
+            EXPECT_EQ(state.range.InRange, in_range) << row.rule;
+            EXPECT_EQ(state.StartupStep, "sLatitude = 0 or bFoundAirport = False") << row.rule;
+        }
+    EXPECT_TRUE(prompts.messages.empty());
+}
+
+TEST_F(CalcDistance, WithoutARangeEveryFeedIsInRange) {
+    state.range.ReceptionRange = 0;
+    state.feed.FeedIcao = "";
+    range.CalcDistance();
+    EXPECT_FALSE(state.range.InRange);
+    EXPECT_EQ(label, Label{});
+
+    state.feed.FeedIcao = "ZZZZ";
+    range.CalcDistance();
+    EXPECT_TRUE(state.range.InRange);
+    EXPECT_EQ(label, (Label{"ICAO not found!", " Range Disabled "}));
+}
+
+TEST_F(CalcDistance, SearchGoesOnlyForwardAndNeverToTheFirstLine) {
+    struct Row {
+        const char* rule;
+        const char* icao;
+        std::int32_t start, end;
+        bool found;
+    };
+    const Row rows[] = {{"the first line is a heading", "KXYZ", 0, 1, true},
+                        {"from the start on", "KABC", 1, 2, true},
+                        {"never back", "KABC", 3, 3, false},
+                        {"letter case", "egll", 0, 1, false},
+                        {"the whole code", "EGL", 1, 1, false},
+                        {"nothing but the code", "EGLL,N51*28.00", 1, 1, false},
+                        {"start behind the end", "EGLL", 99, 99, false}};
+    for (const Row& row : rows) {
+        state.feed.FeedIcao = row.icao;
+        state.range.AirportSearchStart = row.start;
+        range.CalcDistance();
+        EXPECT_EQ(state.range.AirportSearchStart, row.end) << row.rule;
+        EXPECT_EQ(label.Caption != "ICAO not found!", row.found) << row.rule;
+    }
+}
+
+TEST_F(CalcDistance, ReadsTheAirportsLine) {
+    struct Row {
+        const char* rule;
+        const char* line;
+        const char *latitude, *longitude;
+        const char* caption;
+    };
+    const Row rows[] = {
+        {"digits behind the point are seconds", "KXYZ,N10*00.50,E010*00.00", "11.0", "10.0", "58 NM"},
+        {"north east", "KXYZ,N10*00.00,E010*00.00", "10.5", "10.0", "30 NM"},
+        {"south west", "KXYZ,S10*00.00,W010*00.00", "-10.5", "-10.0", "30 NM"},
+        {"one digit of degrees", "KXYZ,N9*00.00,W9*00.00", "9.5", "-9.0", "30 NM"},
+        {"a later S means south", "KXYZ,N10*00.00,E010*00.00,USA", "-10.5", "10.0", "30 NM"},
+        {"letters of the code mean nothing", "SWSW,N10*00.00,E010*00.00", "10.5", "10.0", "30 NM"},
+        {"aircraft just south of 0 counts as 0", "KXYZ,N01*00.00,E010*00.00", "-0.5", "10.0", "59 NM"},
+        {"airport within a degree counts as 0", "KXYZ,N00*30.00,W000*30.00", "1.0", "0.5", "59 NM"},
+        {"aircraft's minutes may round up to 60", "KXYZ,N10*00.00,E010*00.00", "10.9999", "10.0", "59 NM"}};
+    for (const Row& row : rows) {
+        state.feed.FeedIcao = std::string(row.line, 4);
+        Fly(row.latitude, row.longitude);
+        state.Airports = {"", row.line};
+        state.range = {100, false, 1};
+        range.CalcDistance();
+        EXPECT_EQ(label.Caption, row.caption) << row.rule;
+    }
+    EXPECT_TRUE(prompts.messages.empty());
+}
+
+TEST_F(CalcDistance, BadLinesAreReportedOnceAndLeaveLabelAndRangeAlone) {
+    using namespace std::string_literals;
+    const std::string departure = "Calculating Departure lat and lon\rError ";
+    const std::string no_call = departure + "5 Invalid procedure call or argument";
+    const std::string no_number = departure + "13 Type mismatch";
+    struct Row {
+        std::string line, latitude, report;
+    };
+    const Row rows[] = {
+        {"KXYZ,", "41.6333", no_call},
+        {"KXYZ,N4038.00,W07346.00", "41.6333", no_call},
+        {"KXYZ,N40*3800,W073*4600", "41.6333", no_call},
+        {"KXYZ,N40*38.00,W073*4600", "41.6333", no_call},
+        {"KXYZ,\0\0\0\xFF\xFE"s, "41.6333", no_call},
+        {"KXYZ,Sxx*38.00,W073*46.00", "41.6333", no_number},
+        {"KXYZ,N40*38.00,W*46.00", "41.6333", no_number},
+        {"KXYZ,N95*00.00,E010*00.00", "41.6333", ""},
+        {"KXYZ,N40*38.00,W073*46.00", "40.6333", ""},
+        {"KXYZ,N40*38.00,W073*46.00", "41", "Calc Degree\rError 5 Invalid procedure call or argument"},
+        {"KXYZ,N00*30.00,W074*46.00", "-0.5", "Calculating flight distance\rError 11 Division by zero"}};
+    for (const Row& row : rows)
+        for (const bool in_range : {false, true}) {
+            state.Airports = {"", row.line};
+            state.range = {50, in_range, 1};
+            label = {"caption", "tip"};
+            prompts.messages.clear();
+            for (int tick = 0; tick < 2; ++tick) {
+                Fly(row.latitude, "-73.7667");
+                range.CalcDistance();
+            }
+            EXPECT_EQ(label, (Label{"caption", "tip"})) << row.line;
+            EXPECT_EQ(state.range.InRange, in_range) << row.line;
+            std::vector<Shown> reports;
+            if (!row.report.empty()) reports = {{"CalcDistance Error", row.report, Icon::Exclamation}};
+            EXPECT_EQ(prompts.messages, reports) << row.line;
+            trap.Run("CalcDistance Error", Icon::Exclamation, [] {});
+        }
+}
+
+} // namespace

@@ -1,0 +1,121 @@
+// What the simulator's bytes and the clock's times are turned into.
+#include "FakeSimulator.h"
+#include "Fakes.h"
+#include "simlink/RadioReadout.h"
+#include "simlink/SimConnection.h"
+
+#include <gtest/gtest.h>
+
+using namespace quillon;
+
+namespace {
+
+TEST(DecodeFrequency, PutsALostZeroBackWhereTheRasterLostIt) {
+    struct Row {
+        std::uint8_t high, low;
+        const char* text;
+        bool inserted;
+    };
+    const Row rows[] = {
+        {0x18, 0x30, "118.30", false}, {0x18, 0x05, "118.05", true},  {0x18, 0x07, "118.07", true},
+        {0x18, 0x02, "118.02", true},  {0x18, 0x00, "118.00", false}, {0x36, 0x97, "136.97", false},
+        {0x18, 0x01, "118.10", false},
+    };
+    for (const Row& row : rows) {
+        bool inserted = false;
+        EXPECT_EQ(DecodeFrequency(row.high, row.low, inserted), row.text);
+        EXPECT_EQ(inserted, row.inserted) << row.text;
+    }
+}
+
+TEST(DegreesText, IsFixedAndAlwaysHasAPoint) {
+    const std::pair<double, const char*> rows[] = {
+        {45, "45.0"},    {0.00002, "0.00002"}, {-33.9461, "-33.9461"},  {0, "0.0"},
+        {-1e-14, "0.0"}, {179.5, "179.5"},     {-19324.25, "-19324.25"}};
+    for (const auto& [degrees, text] : rows) EXPECT_EQ(DegreesText(degrees), text);
+}
+
+TEST(RadioReadout, ReadsRadioPauseAndPosition) {
+    ProgramState state;
+    FakeSimulator simulator;
+    FakeClock clock;
+    FsuipcClient link(simulator, simulator, clock);
+    RadioReadout readout(state, link);
+    ASSERT_TRUE(link.FsuipcOpen(0, state.radio.FsuipcResult));
+
+    EXPECT_EQ(readout.ReadMasterFrequency(), RadioReadout::Frequency::Unread); // no radio chosen yet
+    const std::uint32_t offsets[] = {0x034E, 0x311A, 0x3118, 0x311C};
+    for (std::int16_t comm = 1; comm <= 4; ++comm) {
+        const std::string frequency = "12" + std::to_string(comm) + ".50";
+        simulator.Tune(offsets[comm - 1], frequency);
+        state.radio.SelectedComm = comm;
+        EXPECT_EQ(readout.ReadMasterFrequency(), RadioReadout::Frequency::Read);
+        EXPECT_EQ(state.radio.MasterFrequency, frequency);
+    }
+
+    simulator.Put(0x0264, 1);
+    EXPECT_EQ(readout.ReadPauseState(), 1);
+    simulator.Put(0x0264, 0x0102);
+    EXPECT_EQ(readout.ReadPauseState(), 12);
+    simulator.Put(0x0264, 0xFFFF);
+    EXPECT_THROW(readout.ReadPauseState(), RuntimeError);
+
+    // The low part: a quarter of a unit is 0x40000000, and counts ten times that.
+    simulator.Put(0x0564, 1000175);
+    simulator.Put(0x0560, 0x40000000);
+    simulator.Put(0x056C, static_cast<std::uint32_t>(-0x40000000));
+    simulator.Put(0x0568, 0);
+    readout.ReadAircraftPosition();
+    EXPECT_NEAR(state.radio.AircraftLatitude, 9 + 2.5 * 90 / 10001750, 1e-9);
+    EXPECT_EQ(state.radio.AircraftLongitudeText, "-90.0");
+    simulator.Put(0x0564, static_cast<std::uint32_t>(-1000175));
+    readout.ReadAircraftPosition();
+    EXPECT_NEAR(state.radio.AircraftLatitude, -9 - 2.5 * 90 / 10001750, 1e-9);
+
+    simulator.running = false;
+    EXPECT_EQ(readout.ReadMasterFrequency(), RadioReadout::Frequency::Unread);
+    EXPECT_EQ(state.radio.MasterFrequency, "124.50");
+    EXPECT_FALSE(readout.ReadPauseState());
+}
+
+TEST(SimConnection, KnowsWhichModulesAreTooOld) {
+    EXPECT_EQ(VersionText(0x34560000), "3.456");
+    EXPECT_EQ(VersionText(0x34560001), "3.456a");
+    struct Row {
+        const char *simulator, *version, *needs;
+    };
+    const Row rows[] = {{"FSX", "3.999", "Quillon for FSX requires Version 4.0"},
+                        {"FSX", "4.000", ""},
+                        {"FS9", "2.840", ""},
+                        {"FS9", "2.839z", "Quillon requires Version 2.8.4.2"},
+                        {"Prepar3D", "3.000", ""}};
+    for (const Row& row : rows) {
+        const std::string text = TooOldText(row.simulator, row.version);
+        EXPECT_EQ(text.empty(), *row.needs == '\0') << row.version;
+        EXPECT_EQ(text.rfind(row.needs, 0), 0U) << text;
+    }
+}
+
+TEST(Waits, CountTimeOrSecondsOfTheClock) {
+    FakeClock clock;
+    clock.now = TimePoint(std::chrono::milliseconds(10'900));
+    WaiT(clock, 1); // the next second is near
+    EXPECT_LT(clock.now, TimePoint(std::chrono::milliseconds(11'050)));
+    const TimePoint start = clock.now;
+    Pause(clock, 2);
+    EXPECT_GE(clock.now - start, std::chrono::seconds(2));
+
+    int slices = 0;
+    clock.events = [&] {
+        if (++slices == 2) clock.now -= std::chrono::hours(1); // the user sets the clock back
+        return true;
+    };
+    Pause(clock, 2);
+    EXPECT_LT(slices, 300);
+    clock.events = [] { return false; };
+    const TimePoint before = clock.now;
+    Pause(clock, 100);
+    EXPECT_LT(clock.now - before, std::chrono::seconds(1));
+}
+
+} // namespace
