@@ -1,0 +1,27 @@
+#pragma once
+
+#include "ports/AnsiCodePage.h"
+#include "ports/Clock.h"
+#include "ports/Display.h"
+#include "ports/MediaPlayer.h"
+#include "ports/MessageLink.h"
+#include "ports/Prompts.h"
+#include "ports/RegionalSettings.h"
+#include "ports/Shell.h"
+
+namespace quillon {
+
+/// Everything outside the program that it reaches.
+struct Ports {
+    MessageLink& link;
+    SharedMemory& memory;
+    Clock& clock;
+    MediaPlayer& player;
+    Prompts& prompts;
+    Display& display;
+    Shell& shell;
+    RegionalSettings& regional;
+    AnsiCodePage& code_page;
+};
+
+} // namespace quillon

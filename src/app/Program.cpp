@@ -1,0 +1,163 @@
+#include "app/Program.h"
+
+#include "app/PlayerStrip.h"
+#include "app/ShutDown.h"
+#include "app/StartUp.h"
+#include "playback/AutomaticTuning.h"
+#include "playback/RecordedChatter.h"
+#include "playback/SelectionModes.h"
+#include "simlink/SimConnection.h"
+
+namespace quillon {
+
+namespace {
+
+/// Lets handlers in while a handler of the program's own waits, and only then.
+class GatedClock : public Clock {
+  public:
+    GatedClock(Clock& clock, bool& in_handler) : clock_(clock), in_handler_(in_handler) {}
+
+    TimePoint Now() override { return clock_.Now(); }
+    void Sleep(std::chrono::milliseconds time) override { clock_.Sleep(time); }
+    bool ServeEvents(std::chrono::milliseconds time) override {
+        in_handler_ = false;
+        const bool goes_on = clock_.ServeEvents(time);
+        in_handler_ = true;
+        return goes_on;
+    }
+
+  private:
+    Clock& clock_;
+    bool& in_handler_;
+};
+
+Ports WithClock(const Ports& ports, Clock& clock) {
+    return {ports.link,    ports.memory, clock,          ports.player,   ports.prompts,
+            ports.display, ports.shell,  ports.regional, ports.code_page};
+}
+
+} // namespace
+
+struct Program::Logic {
+    Logic(ProgramState& state, const Ports& outside, bool& in_handler, const std::string& command_line)
+        : clock(outside.clock, in_handler),
+          ports(WithClock(outside, clock)),
+          trap(state.StartupStep, state.MessageText,
+               [&prompts = outside.prompts](const std::string& title, const std::string& text, Icon icon) {
+                   prompts.Message(title, text, icon);
+               }),
+          link(ports.link, ports.memory, clock),
+          readout(state, link),
+          connection(state, link, clock),
+          regional(ports.regional),
+          settings(state, trap),
+          airports(state, trap),
+          loader(state, ports.prompts, ports.code_page, trap),
+          range(state, trap),
+          shut_down(state, settings, regional, link, ports.player),
+          start_up(state, ports, trap, {regional, settings, airports, loader}, command_line),
+          display(state, ports.player, ports.shell),
+          sim(state, link, readout, range, ports.player, [this] { shut_down.Run(); }),
+          tuning(state, sim, display, ports.player, trap),
+          chatter(state, sim, trap),
+          modes(state, ports.player),
+          mute(state, ports.player),
+          strip(state, ports.player, mute) {}
+
+    GatedClock clock;
+    Ports ports;
+    ErrorTrap trap;
+    FsuipcClient link;
+    RadioReadout readout;
+    SimConnection connection;
+    RegionalNumbers regional;
+    Settings settings;
+    Airports airports;
+    FeedLoader loader;
+    ReceptionRange range;
+    ShutDown shut_down;
+    StartUp start_up;
+    PlayerDisplay display;
+    SimWatch sim;
+    AutomaticTuning tuning;
+    RecordedChatter chatter;
+    SelectionModes modes;
+    Mute mute;
+    PlayerStrip strip;
+};
+
+Program::Program(const Ports& ports, const std::string& command_line)
+    : logic_(std::make_unique<Logic>(state_, ports, in_handler_, command_line)) {}
+
+Program::~Program() = default;
+
+template <typename Handler>
+void Program::Handle(Handler handler) {
+    if (in_handler_ || state_.Ended) return;
+    in_handler_ = true;
+    handler();
+    in_handler_ = false;
+    if (quit_requested_) logic_->shut_down.Run();
+}
+
+void Program::ConnectToSimulator() {
+    Handle([this] {
+        logic_->start_up.Form_Load();
+        if (state_.Ended || !logic_->connection.Connect()) return;
+        const std::string too_old = logic_->connection.CheckVersion();
+        if (too_old.empty()) return;
+        logic_->ports.prompts.Message("Quillon", too_old, Icon::Critical);
+        logic_->shut_down.RunUnsaved();
+    });
+}
+
+void Program::Timer_Timer(int id) {
+    if (!state_.form.Timer(id).Enabled) return;
+    Handle([this, id] {
+        if (id == 1) logic_->tuning.Timer1_Timer();
+        if (id == 3) logic_->chatter.Timer3_Timer();
+    });
+}
+
+void Program::optAuto_Click() {
+    Handle([this] { logic_->modes.optAuto_Click(); });
+}
+
+void Program::optManual_Click() {
+    Handle([this] { logic_->modes.optManual_Click(); });
+}
+
+void Program::picATCNet_Click() {
+    Handle([this] { logic_->display.picATCNet_Click(); });
+}
+
+void Program::lvwDB_Select(std::optional<std::size_t> row) {
+    Handle([this, row] { state_.form.lvwDB.Select(row); });
+}
+
+void Program::cmdPlay_Click() {
+    Handle([this] { logic_->strip.cmdPlay_Click(); });
+}
+
+void Program::cmdPause_Click() {
+    Handle([this] { logic_->strip.cmdPause_Click(); });
+}
+
+void Program::cmdStop_Click() {
+    Handle([this] { logic_->strip.cmdStop_Click(); });
+}
+
+void Program::sldVolume_Change(int volume) {
+    Handle([this, volume] { logic_->strip.sldVolume_Change(volume); });
+}
+
+void Program::mnuQuit_Click() {
+    quit_requested_ = in_handler_;
+    Handle([this] { logic_->shut_down.Run(); });
+}
+
+void Program::EndSession() {
+    logic_->shut_down.Run();
+}
+
+} // namespace quillon

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "app/Ports.h"
+#include "state/ProgramState.h"
+
+#include <memory>
+#include <string>
+
+namespace quillon {
+
+/// The whole program behind its windows: owns state and logic, is given the ports, and is all that the windows
+/// talk to. Every handler runs to its end before the next one starts; what comes meanwhile is dropped, except
+/// closing, which follows the running handler. Only the program's own waits let other handlers in.
+class Program {
+  public:
+    /// `command_line` is the text behind the program's name.
+    Program(const Ports& ports, const std::string& command_line);
+    ~Program();
+
+    const ProgramState& State() const { return state_; }
+
+    /// The program's entry: shows the main window and connects to the simulator. Returns when it is connected,
+    /// when the user chose Manual mode meanwhile, or when the program has ended.
+    void ConnectToSimulator();
+
+    /// A tick of the form timer of that number, 1 to 5.
+    void Timer_Timer(int id);
+
+    void optAuto_Click();
+    void optManual_Click();
+    void picATCNet_Click();
+
+    /// The user selected a row of the list, or none.
+    void lvwDB_Select(std::optional<std::size_t> row);
+
+    // The player strip. In Automatic mode, where the cycle would undo pause and stop within a second, they mute
+    // and play un-mutes.
+    void cmdPlay_Click();
+    void cmdPause_Click();
+    void cmdStop_Click();
+    void sldVolume_Change(int volume);
+
+    /// The list has taken the keyboard as a handler had asked.
+    void FocusTaken() { state_.form.lvwDBFocus = false; }
+
+    /// Closing the window and the Quit command.
+    void mnuQuit_Click();
+
+    /// The session ends: shuts down at once, whatever is running.
+    void EndSession();
+
+  private:
+    struct Logic;
+    template <typename Handler>
+    void Handle(Handler handler);
+
+    ProgramState state_;
+    bool in_handler_ = false;
+    bool quit_requested_ = false;
+    std::unique_ptr<Logic> logic_;
+};
+
+} // namespace quillon

@@ -1,0 +1,85 @@
+#include "app/StartUp.h"
+
+#include "catalogue/DefaultFeeds.h"
+#include "catalogue/Folders.h"
+#include "catalogue/TraceLog.h"
+#include "runtime/Number.h"
+
+namespace quillon {
+
+std::optional<int> StartVolume(const std::string& command_line) {
+    try {
+        const double volume = Val(command_line);
+        if (volume > 0 && volume < 101) return CInt(volume);
+    } catch (const RuntimeError&) {
+        // A number too large for any volume is ignored like the others.
+    }
+    return std::nullopt;
+}
+
+void StartUp::Form_Load() {
+    state_.splash.Visible = true;
+    ports_.display.Repaint();
+    SetUpForm();
+    const bool loaded = trap_.Run("ATC from load errors", Icon::Exclamation, [this] {
+        PrepareFiles();
+        LoadData();
+        ApplyStartVolume();
+        WaiT(ports_.clock, 4);
+        state_.MessageText.clear();
+        state_.StartupStep.clear();
+    });
+    if (!loaded) parts_.regional.Restore();
+    state_.splash.Visible = false;
+    state_.form.Visible = !state_.Ended;
+}
+
+void StartUp::SetUpForm() {
+    frmATC& form = state_.form;
+    form.lvwDB.ColumnHeaders = {{"ICAO", 700}, {"City", 3500}, {"Freq", 800}, {"URL", 2400}};
+    form.lvwDB.Clear();
+    form.lvwDB.ToolTipText = " Click on a column header to sort by column. Click again to change sort order "
+                             "(ascending or decending) ";
+    parts_.regional.ReadAndReplace();
+    state_.radio.PreviousFrequency = ForcedFrequency;
+    state_.radio.MasterFrequency = UnreadFrequency;
+    constexpr std::array<int, 4> PanelWidths{1200, 1200, 3500, 3000};
+    for (std::size_t i = 0; i < PanelWidths.size(); ++i) form.StatusBar1[i].WidthTwips = PanelWidths[i];
+    form.PanelAt(4).Text = "Selection Mode: Automatic";
+    FillGapCombos();
+}
+
+void StartUp::FillGapCombos() {
+    const auto fill = [](ComboBox& combo, std::int32_t first, std::int32_t last) {
+        for (std::int32_t seconds = first; seconds <= last; ++seconds) combo.Items.push_back(Str(seconds));
+    };
+    fill(state_.form.cboMin, 5, 240);
+    fill(state_.form.cboMax, 10, 300);
+}
+
+void StartUp::PrepareFiles() {
+    const bool own_folder = FindFolders(state_.folders, state_.StartupStep, ports_.shell);
+    if (own_folder) AddDefaultFeeds(state_.folders, state_.StartupStep, ports_.code_page);
+    EnableMenus();
+    parts_.settings.ReadIni();
+    TraceLog(state_.folders).Clear();
+    state_.StartupStep.clear();
+}
+
+void StartUp::EnableMenus() {
+    frmATC& form = state_.form;
+    form.mnuAddATCEnabled = form.mnuPrintEnabled = form.mnuBackupEnabled = form.mnuSearchMenuEnabled = true;
+    form.mnuRestoreEnabled = FExists(state_.folders.DataPath + "live_atc_feeds.bak");
+}
+
+void StartUp::LoadData() {
+    parts_.airports.LoadAirports();
+    parts_.loader.LoadList();
+}
+
+void StartUp::ApplyStartVolume() {
+    if (const auto volume = StartVolume(command_line_)) state_.form.Volume = *volume;
+    ports_.player.SetVolume(state_.form.Volume);
+}
+
+} // namespace quillon

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/Ports.h"
+#include "app/RegionalNumbers.h"
+#include "catalogue/FeedLoader.h"
+#include "catalogue/Settings.h"
+#include "geo/Airports.h"
+#include "runtime/ErrorTrap.h"
+#include "state/ProgramState.h"
+
+#include <optional>
+#include <string>
+
+namespace quillon {
+
+/// The start volume that a command line asks for, 0 to 101; nothing when it is no number above 0 and below 101.
+std::optional<int> StartVolume(const std::string& command_line);
+
+/// The main window's load sequence.
+class StartUp {
+  public:
+    struct Parts {
+        RegionalNumbers& regional;
+        Settings& settings;
+        Airports& airports;
+        FeedLoader& loader;
+    };
+
+    StartUp(ProgramState& state, const Ports& ports, ErrorTrap& trap, const Parts& parts,
+            std::string command_line)
+        : state_(state), ports_(ports), trap_(trap), parts_(parts), command_line_(std::move(command_line)) {}
+
+    /// Prepares the data, shows the splash meanwhile and then the main window, which is shown as far as it was
+    /// made when a step fails. Takes about four seconds, serving window events.
+    void Form_Load();
+
+  private:
+    void SetUpForm();
+    void FillGapCombos();
+    void PrepareFiles();
+    void EnableMenus();
+    void LoadData();
+    void ApplyStartVolume();
+
+    ProgramState& state_;
+    Ports ports_;
+    ErrorTrap& trap_;
+    Parts parts_;
+    std::string command_line_;
+};
+
+} // namespace quillon

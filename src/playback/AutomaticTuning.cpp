@@ -1,0 +1,92 @@
+#include "playback/AutomaticTuning.h"
+
+#include "playback/CurrentFeed.h"
+
+#include <algorithm>
+
+namespace quillon {
+
+namespace {
+
+/// First row of that frequency. The sentinels and the empty text match none.
+std::optional<std::size_t> FindFrequency(const ListView& list, const std::string& frequency) {
+    if (frequency.empty() || IsSentinel(frequency)) return std::nullopt;
+    const auto& items = list.Items();
+    const auto found = std::find_if(items.begin(), items.end(),
+                                    [&](const FeedRecord& item) { return item.Freq == frequency; });
+    if (found == items.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - items.begin());
+}
+
+} // namespace
+
+void AutomaticTuning::Timer1_Timer() {
+    trap_.Run("Timer1 errors", Icon::Information, [this] { Tick(); });
+}
+
+void AutomaticTuning::Tick() {
+    state_.feed.ActiveTimerId = 1;
+    if (!sim_.Relink()) return;
+    state_.feed.CaptionBase = "Quillon";
+    display_.GetWMPState();
+    state_.StartupStep = "Check pause state";
+    if (sim_.FollowPause()) return;
+    state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
+    state_.StartupStep = "Get master frequency";
+    sim_.FollowRadio(false);
+    state_.StartupStep = "Check range";
+    if (sim_.HushOutOfRange() && !state_.feed.FeedFrequency.empty()) player_.Play();
+    if (FrequencyChanged())
+        Retune();
+    else
+        sim_.UpdateRange();
+}
+
+bool AutomaticTuning::FrequencyChanged() {
+    RadioState& radio = state_.radio;
+    if (state_.feed.ForceRetune) {
+        state_.feed.ForceRetune = false;
+        radio.PreviousFrequency = ForcedFrequency;
+    }
+    state_.StartupStep = "Compare previous and master frequencies";
+    return radio.MasterFrequency != radio.PreviousFrequency || state_.form.PanelAt(1).Text == "No Connection";
+}
+
+void AutomaticTuning::Retune() {
+    player_.Stop();
+    const auto row = FindFrequency(state_.form.lvwDB, state_.radio.MasterFrequency);
+    if (!row) {
+        ShowNoFeed();
+        return;
+    }
+    MakeCurrent(state_, state_.form.lvwDB.Items()[*row]);
+    ShowFrequency(state_, state_.radio.MasterFrequency);
+    ShowFeed(state_);
+    display_.DisplayURL(state_.feed.FeedUrl);
+    if (state_.feed.FeedUrlMarker != "0")
+        StartStream(*row);
+    else
+        StartFolder();
+    sim_.UpdateRange();
+    sim_.HushOutOfRange();
+}
+
+void AutomaticTuning::ShowNoFeed() {
+    ClearCurrentFeed(state_);
+    ShowFrequency(state_, state_.radio.MasterFrequency);
+    state_.form.PanelAt(3).Text = "*";
+    state_.form.PanelAt(4).Text = "*";
+}
+
+void AutomaticTuning::StartStream(std::size_t row) {
+    player_.SetUrl(state_.feed.FeedUrl);
+    state_.form.lvwDB.Select(row);
+    state_.form.lvwDB.EnsureSelectedVisible();
+}
+
+void AutomaticTuning::StartFolder() {
+    FillShuffleBag(state_, state_.feed.FeedUrl);
+    PutInCharge(state_, 3);
+}
+
+} // namespace quillon

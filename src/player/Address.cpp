@@ -1,0 +1,136 @@
+#include "player/Address.h"
+
+#include "player/Trim.h"
+#include "runtime/Text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <vector>
+
+namespace quillon {
+
+namespace {
+
+constexpr std::string_view HttpScheme = "http://";
+
+bool IsPlain(char c) {
+    return c > ' ' && c < '\x7F';
+}
+
+/// Cuts `text` at the first of `marks` and returns what stood before it; the mark stays at the front of the
+/// rest.
+std::string_view CutAtFirstOf(std::string_view& text, std::string_view marks) {
+    const std::size_t at = std::min(text.find_first_of(marks), text.size());
+    const std::string_view front = text.substr(0, at);
+    text.remove_prefix(at);
+    return front;
+}
+
+/// A request line ends at a blank, so everything that is no visible ASCII character is written in hexadecimal.
+std::string Encoded(std::string_view target) {
+    static constexpr char digits[] = "0123456789ABCDEF";
+    std::string encoded;
+    for (const char c : target) {
+        if (IsPlain(c)) {
+            encoded += c;
+        } else {
+            const auto byte = static_cast<unsigned char>(c);
+            encoded += {'%', digits[byte >> 4U], digits[byte & 15U]};
+        }
+    }
+    return encoded;
+}
+
+std::optional<std::uint16_t> ParsePort(std::string_view text) {
+    std::uint16_t port = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
+    if (error != std::errc{} || end != text.data() + text.size() || port == 0) return {};
+    return port;
+}
+
+bool ParseAuthority(std::string_view authority, StreamAddress& address) {
+    authority.remove_prefix(authority.rfind('@') + 1); // npos + 1 is 0
+    const bool bracketed = authority.starts_with('[');
+    if (bracketed) authority.remove_prefix(1);
+    address.host = CutAtFirstOf(authority, bracketed ? "]" : ":");
+    if (bracketed) {
+        if (authority.empty()) return false;
+        authority.remove_prefix(1);
+    }
+    if (address.host.empty() || std::any_of(address.host.begin(), address.host.end(),
+                                            [](char c) { return static_cast<unsigned char>(c) <= ' '; }))
+        return false;
+    if (authority.empty() || authority == ":") return true;
+    const auto port = authority.starts_with(':') ? ParsePort(authority.substr(1)) : std::nullopt;
+    address.port = port.value_or(0);
+    return port.has_value();
+}
+
+/// Takes the "." and ".." parts out of an absolute path.
+std::string Normalised(std::string_view path) {
+    std::vector<std::string_view> parts;
+    bool is_folder = true;
+    while (!path.empty()) {
+        path.remove_prefix(1); // the slash
+        const std::string_view part = CutAtFirstOf(path, "/");
+        is_folder = part.empty() || part == "." || part == "..";
+        if (part == ".." && !parts.empty()) parts.pop_back();
+        if (part != "." && part != ".." && !(part.empty() && path.empty())) parts.push_back(part);
+    }
+    std::string result;
+    for (const std::string_view part : parts) result.append("/").append(part);
+    return is_folder ? result + "/" : result;
+}
+
+/// A scheme is letters before a colon that comes ahead of every slash.
+bool HasScheme(std::string_view text) {
+    const std::string_view front = CutAtFirstOf(text, ":/?#");
+    return text.starts_with(':') && !front.empty();
+}
+
+} // namespace
+
+bool IsStreamAddress(std::string_view text) {
+    return text.find("://") != std::string_view::npos;
+}
+
+std::optional<StreamAddress> ParseAddress(std::string_view text) {
+    text = Trimmed(text);
+    if (LCase(text.substr(0, HttpScheme.size())) != HttpScheme) return {};
+    text.remove_prefix(HttpScheme.size());
+    StreamAddress address;
+    if (!ParseAuthority(CutAtFirstOf(text, "/?#"), address)) return {};
+    address.target = Encoded(CutAtFirstOf(text, "#"));
+    if (!address.target.starts_with('/')) address.target.insert(0, "/");
+    return address;
+}
+
+std::optional<StreamAddress> ResolveLocation(const StreamAddress& from, std::string_view location) {
+    location = Trimmed(location);
+    if (HasScheme(location)) return ParseAddress(location);
+    if (location.starts_with("//")) return ParseAddress("http:" + std::string(location));
+    std::string_view base = from.target;
+    base = CutAtFirstOf(base, "?");
+    std::string_view query = location = CutAtFirstOf(location, "#");
+    const std::string_view path = CutAtFirstOf(query, "?");
+    StreamAddress address = from;
+    if (path.empty()) {
+        address.target = std::string(base);
+    } else {
+        const std::string_view folder = path.starts_with('/') ? "" : base.substr(0, base.rfind('/') + 1);
+        address.target = Normalised(std::string(folder).append(Encoded(path)));
+    }
+    address.target += Encoded(query);
+    return address;
+}
+
+std::string RequestText(const StreamAddress& address, std::string_view program_version) {
+    const bool literal = address.host.find(':') != std::string::npos;
+    std::string host = literal ? "[" + address.host + "]" : address.host;
+    if (address.port != 80) host += ":" + std::to_string(address.port);
+    return "GET " + address.target + " HTTP/1.0\r\nHost: " + host + "\r\nUser-Agent: Quillon/" +
+           std::string(program_version) +
+           "\r\nAccept: audio/mpeg, audio/*;q=0.9, */*;q=0.1\r\nConnection: close\r\n\r\n";
+}
+
+} // namespace quillon

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillon {
+
+/// Where a stream is to be had.
+struct StreamAddress {
+    std::string host; ///< a name, or a literal address without brackets
+    std::uint16_t port = 80;
+    std::string target = "/"; ///< path and query, fit for a request line
+
+    bool operator==(const StreamAddress&) const = default;
+};
+
+/// Whether the text names something on the network rather than a file.
+bool IsStreamAddress(std::string_view text);
+
+/// Reads "http://[user@]host[:port][/path]"; a host with colons stands in brackets. Nothing for another scheme,
+/// no host, or a port outside 1 to 65535.
+std::optional<StreamAddress> ParseAddress(std::string_view text);
+
+/// Where a reply from `from` sends its caller: the Location may be a whole address or any part of one. Nothing
+/// when it leads away from http.
+std::optional<StreamAddress> ResolveLocation(const StreamAddress& from, std::string_view location);
+
+/// The request for the stream. It asks for version 1.0 of the protocol, whose replies carry the body as it is.
+std::string RequestText(const StreamAddress& address, std::string_view program_version);
+
+} // namespace quillon

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "player/ByteSource.h"
+
+#include <fstream>
+#include <string>
+
+namespace quillon {
+
+/// The bytes of a file of this computer.
+class FileSource : public ByteSource {
+  public:
+    /// `path` is UTF-8 text. A file that cannot be opened fails when it is read.
+    explicit FileSource(const std::string& path);
+
+    Got Read(std::span<std::uint8_t> room) override;
+    bool IsLive() const override { return false; }
+
+  private:
+    std::ifstream file_;
+};
+
+} // namespace quillon

@@ -1,0 +1,366 @@
+// Whole flights through the program, on a fake simulator, player, clock and screen.
+#include "FakeSimulator.h"
+#include "Fakes.h"
+#include "TempFolder.h"
+#include "app/Program.h"
+#include "app/StartUp.h"
+
+#include <memory>
+
+using namespace quillon;
+
+namespace {
+
+constexpr std::uint32_t Com2 = 0x3118, Com2Standby = 0x311C, PauseFlag = 0x0264;
+
+constexpr const char* Catalogue =
+    "CYYZ|Toronto Tower|http://feeds.example/a|118.70\r\n"
+    "EGLL|London Director|https://feeds.example/london/heathrow/director|119.72\r\n"
+    "EGLL|London Radio|http://radio.example/b|119.00\r\n"
+    "EGLL|Playlist one|C:\\lists\\one.WPL|119.05\r\n"
+    "ZZZZ|Nowhere|http://feeds.example/z|119.10\r\n";
+constexpr const char* AirportLines = "ICAO,latitude,longitude\r\n"
+                                     "CYYZ,N43*00.00,W079*00.00\r\n"
+                                     "EGLL,N51*00.00,W001*00.00\r\n";
+
+class Flight : public TempFolder {
+  protected:
+    Flight() {
+        MakeFolder("Quillon");
+        MakeFolder("Quillon\\ATC\\CYYZ_T");
+        Write("Quillon\\live_atc_feeds.txt", Catalogue);
+        Write("Quillon\\Airport.dat", AirportLines);
+        Write("Quillon\\ATC\\CYYZ_T\\b.WAV", "");
+        Write("Quillon\\ATC\\CYYZ_T\\a.wav", "");
+        Write("Quillon\\ATC\\CYYZ_T\\notes.txt", "");
+        shell.application_data = folder;
+        simulator.FlyTo(43.01, -79.01);
+        clock.events = [this] { return !program || !program->State().Ended; };
+    }
+
+    void Start(const std::string& command_line = "") {
+        const Ports ports{simulator, simulator, clock, player, prompts, display, shell, regional, page};
+        program = std::make_unique<Program>(ports, command_line);
+        program->ConnectToSimulator();
+    }
+
+    /// One tick of whichever cycle timer is enabled; at most one may be.
+    void Tick() {
+        int enabled = 0;
+        for (int id = 1; id <= 4; ++id) enabled = state().form.Timer(id).Enabled ? enabled * 10 + id : enabled;
+        ASSERT_LT(enabled, 10) << "two cycle timers at once";
+        if (enabled != 0) program->Timer_Timer(enabled);
+    }
+
+    void TuneTo(const std::string& frequency) {
+        simulator.Tune(Com2Standby, frequency);
+        Tick();
+    }
+
+    const ProgramState& state() const { return program->State(); }
+    std::string panel(std::size_t number) const { return state().form.StatusBar1.at(number - 1).Text; }
+    std::string distance() const { return state().form.Label2.Caption; }
+
+    FakeSimulator simulator;
+    FakeClock clock;
+    FakePlayer player;
+    FakePrompts prompts;
+    FakeDisplay display;
+    FakeShell shell;
+    FakeRegionalSettings regional;
+    FakeCodePage page;
+    std::unique_ptr<Program> program;
+};
+
+TEST_F(Flight, StartsConnectsAndEnds) {
+    regional.decimal = ",";
+    regional.thousand = ".";
+    Start("30");
+    EXPECT_TRUE(prompts.messages.empty());
+    EXPECT_TRUE(state().form.Visible);
+    EXPECT_FALSE(state().splash.Visible);
+    EXPECT_TRUE(state().radio.SimConnected);
+    EXPECT_EQ(state().radio.FsuipcVersionText, "4.999");
+    EXPECT_EQ(state().form.lvwDB.Items().size(), 8U); // three folders of recordings have joined
+    EXPECT_EQ(player.volume, 30);
+    EXPECT_EQ(regional.decimal + regional.thousand, ".,");
+
+    ReplaceFile(At("Quillon\\Quillon.ini"), "spoilt");
+    program->mnuQuit_Click();
+    EXPECT_TRUE(state().Ended);
+    EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n");
+    EXPECT_EQ(regional.decimal + regional.thousand, ",.");
+    program->EndSession();
+    EXPECT_EQ(regional.writes, 4); // the way out is taken once
+}
+
+TEST_F(Flight, StartVolumeIsANumberFromOneToAHundred) {
+    const std::pair<const char*, int> rows[] = {{"100", 100}, {"1", 1},   {" 30 ", 30}, {"101", 0},  {"0", 0},
+                                                {"-5", 0},    {"abc", 0}, {"", 0},      {"1e999", 0}};
+    for (const auto& [text, volume] : rows) EXPECT_EQ(StartVolume(text).value_or(0), volume) << text;
+}
+
+TEST_F(Flight, TunesTheFeedOfEachFrequency) {
+    Start();
+    simulator.FlyTo(51.01, -1.01);
+    struct Row {
+        const char *frequency, *url, *feed, *address, *label;
+        PlayState state;
+    };
+    const Row rows[] = {
+        {"119.72", "https://feeds.example/london/heathrow/director", "EGLL - London Director",
+         "...ple/london/heathrow/director", "0 NM", Playing},
+        {"118.70", "http://feeds.example/a", "CYYZ - Toronto Tower", "http://feeds.example/a",
+         "3,087 NM (Out of Range)", Paused},
+        {"119.00", "http://radio.example/b", "EGLL - London Radio", "http://radio.example/b", "Net Radio",
+         Playing},
+        {"119.05", "C:\\lists\\one.WPL", "EGLL - Playlist one", "C:\\lists\\one.WPL", "0 NM", Playing},
+        {"119.10", "http://feeds.example/z", "ZZZZ - Nowhere", "http://feeds.example/z", "ICAO not found!",
+         Paused},
+        {"122.80", nullptr, "*", "*", "", Stopped},
+        {"119.72", "https://feeds.example/london/heathrow/director", "EGLL - London Director",
+         "...ple/london/heathrow/director", "0 NM", Playing},
+    };
+    for (const Row& row : rows) {
+        const std::size_t before = player.urls.size();
+        TuneTo(row.frequency);
+        EXPECT_EQ(panel(2), row.frequency);
+        EXPECT_EQ(panel(3), row.feed);
+        EXPECT_EQ(panel(4), row.address);
+        EXPECT_EQ(distance(), row.label);
+        EXPECT_EQ(player.state, row.state) << row.frequency;
+        EXPECT_EQ(player.urls.size() - before, row.url ? 1U : 0U) << row.frequency;
+        if (row.url) {
+            EXPECT_EQ(player.url, row.url);
+        }
+        TuneTo(row.frequency); // nothing has changed: nothing starts again
+        EXPECT_EQ(player.urls.size() - before, row.url ? 1U : 0U) << row.frequency;
+    }
+    EXPECT_EQ(state().form.lvwDB.Selected(), 1U);
+    EXPECT_TRUE(prompts.messages.empty());
+}
+
+TEST_F(Flight, FollowsRangePauseAndTheChosenRadio) {
+    Start();
+    TuneTo("118.70");
+    EXPECT_EQ(player.state, Playing);
+    EXPECT_EQ(state().form.Label2.ToolTipText, " Range set at 50 Nautical Miles ");
+    simulator.FlyTo(51, -1);
+    Tick();
+    Tick();
+    EXPECT_EQ(player.state, Paused);
+    Tick();
+    EXPECT_EQ(state().form.Caption, "Quillon -OR");
+    simulator.FlyTo(43, -79);
+    Tick();
+    Tick();
+    EXPECT_EQ(player.state, Playing);
+
+    simulator.Put(PauseFlag, 1);
+    simulator.Tune(Com2Standby, "119.72");
+    Tick();
+    EXPECT_EQ(player.state, Paused);
+    EXPECT_EQ(state().radio.MasterFrequency, "118.70"); // a paused simulator's radio is left alone
+    simulator.Put(PauseFlag, 0);
+    Tick();
+    EXPECT_EQ(state().radio.MasterFrequency, "119.72");
+
+    simulator.Put(PauseFlag, 0xFFFF);
+    Tick();
+    Tick();
+    ASSERT_EQ(prompts.messages.size(), 1U); // the same fault every second is one message
+    EXPECT_EQ(prompts.messages[0],
+              (FakePrompts::Shown{"Timer1 errors", "Check pause state\rError 6 Overflow", Icon::Information}));
+}
+
+TEST_F(Flight, AFolderOfRecordingsTakesOverAndHandsBack) {
+    Start();
+    TuneTo("118.00");
+    EXPECT_EQ(state().feed.ActiveTimerId, 3);
+    EXPECT_TRUE(state().form.Timer(3).Enabled);
+    const std::string recordings = state().folders.WavePath + "CYYZ_T\\";
+    EXPECT_EQ(state().chatter.List3, (std::vector<std::string>{recordings + "a.wav", recordings + "b.WAV"}));
+    Tick();
+    EXPECT_EQ(panel(2), "118.00");
+    EXPECT_EQ(state().form.StatusBar1[1].ToolTipText, " Comm 2 Standby ");
+    EXPECT_EQ(distance(), "0 NM");
+
+    TuneTo("118.70");
+    EXPECT_TRUE(state().form.Timer(1).Enabled);
+    EXPECT_TRUE(player.urls.empty());
+    Tick(); // the frequency is the same as a tick ago, and is searched all the same
+    EXPECT_EQ(player.url, "http://feeds.example/a");
+}
+
+TEST_F(Flight, ALostPlayerIsAReasonToSearchAgain) {
+    Start();
+    TuneTo("118.70");
+    player.state = Ready;
+    Tick();
+    EXPECT_EQ(player.urls.size(), 2U);
+    EXPECT_EQ(player.state, Playing);
+}
+
+TEST_F(Flight, PlayerStatesHaveTheirTexts) {
+    Start();
+    TuneTo("118.70");
+    struct Row {
+        PlayState state;
+        const char *panel, *caption;
+    };
+    const Row rows[] = {{Undefined, "Stopped", "Quillon -S"},
+                        {Stopped, "Stopped", "Quillon -S"},
+                        {Paused, "Paused", "Quillon -P"},
+                        {Playing, "Playing", "Quillon -OK"},
+                        {Buffering, "Buffering", "Quillon -B"},
+                        {MediaEnded, "Buffering", "Quillon -B"},
+                        {Transitioning, "Connecting", "Quillon -C"},
+                        {Waiting, "No Connection", "Quillon -NC"},
+                        {Ready, "No Connection", "Quillon -NC"}};
+    for (const Row& row : rows) {
+        player.state = row.state;
+        Tick();
+        EXPECT_EQ(panel(1), row.panel);
+        EXPECT_EQ(state().form.Caption, row.caption);
+    }
+    EXPECT_TRUE(state().form.picATCNetVisible);
+    TuneTo("119.00");
+    Tick();
+    EXPECT_EQ(state().form.Caption, "Quillon -Radio");
+    EXPECT_FALSE(state().form.picATCNetVisible);
+    program->picATCNet_Click();
+    EXPECT_EQ(shell.opened.size(), 1U);
+}
+
+TEST_F(Flight, ASimulatorThatGoesAwayEndsTheProgram) {
+    Start();
+    TuneTo("118.70");
+    ReplaceFile(At("Quillon\\Quillon.ini"), "");
+    simulator.running = false;
+    Tick();
+    EXPECT_TRUE(state().Ended);
+    EXPECT_EQ(player.state, Stopped);
+    EXPECT_NE(Read("Quillon\\Quillon.ini"), "");
+}
+
+TEST_F(Flight, WaitsForASimulatorAndLetsTicksIn) {
+    simulator.running = false;
+    int slices = 0;
+    clock.events = [&] {
+        if (state().form.Visible && ++slices % 50 == 0) program->Timer_Timer(1);
+        if (slices == 240) simulator.running = true;
+        return true;
+    };
+    Start();
+    EXPECT_GT(slices, 240);
+    EXPECT_TRUE(state().radio.SimConnected);
+    EXPECT_EQ(panel(3), "*"); // a tick had found it meanwhile, tuned to nothing
+}
+
+TEST_F(Flight, ManualModeEndsTheWaitingAndQuittingToo) {
+    for (const bool manual : {true, false}) {
+        simulator.running = false;
+        clock.events = [&] {
+            if (!state().form.Visible) return true;
+            EXPECT_EQ(panel(3), "Looking for the simulator ...");
+            manual ? program->optManual_Click() : program->mnuQuit_Click();
+            return !state().Ended;
+        };
+        Start();
+        EXPECT_FALSE(state().radio.SimConnected);
+        EXPECT_EQ(state().Ended, !manual);
+        if (manual) {
+            EXPECT_EQ(state().form.Caption, "Quillon - Manual");
+        }
+    }
+}
+
+TEST_F(Flight, ModesSwitchTheTimersAndForceANewSearch) {
+    Start();
+    TuneTo("118.70");
+    program->optManual_Click();
+    EXPECT_EQ(state().feed.ActiveTimerId, 2);
+    EXPECT_EQ(panel(4), "Selection Mode: Manual");
+    EXPECT_EQ(player.state, Playing); // what plays goes on
+    program->optAuto_Click();
+    EXPECT_EQ(player.url, "");
+    EXPECT_EQ(distance(), "Stopped");
+    EXPECT_EQ(panel(4), "Selection Mode: Automatic");
+    Tick();
+    EXPECT_EQ(player.url, "http://feeds.example/a");
+}
+
+TEST_F(Flight, TheStripMutesTheCycleInAutomaticMode) {
+    Start();
+    TuneTo("118.70");
+    Tick();
+    program->cmdPause_Click();
+    EXPECT_EQ(player.state, Paused);
+    EXPECT_FALSE(state().form.Timer(1).Enabled);
+    EXPECT_EQ(state().form.Caption, "Quillon -Mute");
+    EXPECT_EQ(panel(1), "Muted");
+    program->cmdStop_Click(); // muted is muted
+    program->cmdPlay_Click();
+    EXPECT_EQ(player.state, Playing);
+    EXPECT_TRUE(state().form.Timer(1).Enabled);
+    EXPECT_EQ(state().form.Caption, "Quillon");
+    EXPECT_EQ(panel(1), "Playing");
+
+    TuneTo("119.00");
+    program->cmdStop_Click();
+    EXPECT_EQ(player.state, Stopped); // an internet radio station is stopped rather than paused
+    program->cmdPlay_Click();
+
+    program->optManual_Click();
+    program->cmdStop_Click();
+    EXPECT_EQ(player.state, Stopped);
+    EXPECT_FALSE(state().mute.Muted);
+    program->cmdPlay_Click();
+    EXPECT_EQ(player.state, Playing);
+    program->sldVolume_Change(140);
+    EXPECT_EQ(player.volume, 100);
+}
+
+TEST_F(Flight, AFailedStartShowsTheWindowAndWritesNothing) {
+    DeleteFileAt(At("Quillon\\live_atc_feeds.txt"));
+    regional.decimal = ",";
+    Start();
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].title, "ATC from load errors");
+    EXPECT_EQ(prompts.messages[0].text,
+              "Opening " + state().folders.DataPath + "live_atc_feeds.txt\rError 53 File not found");
+    EXPECT_EQ(regional.decimal, ",");
+    EXPECT_TRUE(state().form.Visible);
+    EXPECT_FALSE(state().splash.Visible);
+    EXPECT_TRUE(state().radio.SimConnected); // it goes on connecting
+    program->mnuQuit_Click();
+    EXPECT_FALSE(FileExists(At("Quillon\\Quillon.ini")));
+}
+
+TEST_F(Flight, AModuleThatIsTooOldEndsTheProgramUnsaved) {
+    simulator.Put(0x3304, 0x28390000);
+    regional.thousand = "'";
+    prompts.meanwhile = [&] { ReplaceFile(At("Quillon\\Quillon.ini"), "untouched"); };
+    Start();
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_TRUE(state().Ended);
+    EXPECT_EQ(Read("Quillon\\Quillon.ini"), "untouched");
+    EXPECT_EQ(regional.thousand, "'");
+}
+
+TEST_F(Flight, NothingNestsInsideAMessageBox) {
+    Start();
+    prompts.meanwhile = [&] {
+        program->Timer_Timer(1);
+        program->optManual_Click();
+        program->mnuQuit_Click();
+        EXPECT_FALSE(state().form.optManual());
+        EXPECT_FALSE(state().Ended);
+    };
+    simulator.Put(PauseFlag, 0xFFFF);
+    Tick();
+    EXPECT_EQ(prompts.messages.size(), 1U);
+    EXPECT_TRUE(state().Ended); // closing follows the handler that was running
+}
+
+} // namespace

@@ -1,0 +1,193 @@
+// Sound found in bytes: MP3 frames, WAV files, and the queue of what they hold.
+#include "PlayerBytes.h"
+#include "player/Mp3Frames.h"
+#include "player/WavFile.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+using namespace quillon;
+
+namespace {
+
+ByteView View(std::string_view text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+TEST(Mp3Header, TellsTheFormat) {
+    struct Row {
+        const char* bytes;
+        std::optional<Mp3Format> format;
+    };
+    const Row rows[] = {
+        {"\xFF\xFB\x90\x40", Mp3Format{44100, 2, 128000, 1152, 417}},
+        {"\xFF\xFB\x92\x40", Mp3Format{44100, 2, 128000, 1152, 418}}, // padded
+        {"\xFF\xFA\xE4\xC0", Mp3Format{48000, 1, 320000, 1152, 960}},
+        {"\xFF\xFB\x18\x40", Mp3Format{32000, 2, 32000, 1152, 144}},
+        {"\xFF\xF3\x40\xC0", Mp3Format{22050, 1, 32000, 576, 104}},
+        {"\xFF\xF3\xE4\x40", Mp3Format{24000, 2, 160000, 576, 480}},
+        {"\xFF\xE3\x18\xC0", Mp3Format{8000, 1, 8000, 576, 72}}, // MPEG 2.5
+        {"\xFF\xE3\x20\x40", Mp3Format{11025, 2, 16000, 576, 104}},
+        {"\xFF\xFB\x00\x40", {}}, // free format
+        {"\xFF\xFB\xF0\x40", {}}, // no such bit rate
+        {"\xFF\xFB\x9C\x40", {}}, // no such sample rate
+        {"\xFF\xFD\x90\x40", {}}, // layer II
+        {"\xFF\xEB\x90\x40", {}}, // no such version
+        {"\xFF\xFB\x90\x42", {}}, // no such emphasis
+        {"\xFF\x7B\x90\x40", {}},
+        {"\x7F\xFB\x90\x40", {}},
+    };
+    for (const Row& row : rows) EXPECT_EQ(ParseMp3Header(View({row.bytes, 4})), row.format) << row.bytes;
+    EXPECT_FALSE(ParseMp3Header(View("\xFF\xFB\x90")));
+}
+
+/// The sample rates of the frames found, in kHz, when the bytes come in pieces of `step`.
+std::string Found(std::string_view bytes, std::size_t step) {
+    Mp3Frames frames;
+    std::string found;
+    for (; !bytes.empty(); bytes.remove_prefix(std::min(step, bytes.size()))) {
+        frames.Feed(View(bytes.substr(0, step)));
+        while (const auto frame = frames.Next()) {
+            EXPECT_EQ(ParseMp3Header(frame->bytes), frame->format);
+            EXPECT_EQ(frame->bytes.size(), frame->format.frame_bytes);
+            found += std::to_string(frame->format.sample_rate / 1000) + " ";
+        }
+    }
+    return found;
+}
+
+TEST(Mp3Frames, AreFoundBetweenOtherBytes) {
+    const std::string tag =
+        std::string("ID3\x04\x00\x00\x00\x00\x03\x74", 10) + Frames(1) + std::string(83, 'x');
+    const std::string lone_header("\xFF\xFB\x90\x40", 4);
+    const std::pair<std::string, std::string> rows[] = {
+        {Frames(3), "44 44 44 "},
+        {"", ""},
+        {Frames(3).substr(100), "44 44 "},                // joined in mid-frame
+        {Frames(2) + Frames(1).substr(0, 300), "44 44 "}, // cut in mid-frame
+        {tag + Frames(2), "44 44 "},                      // the frame inside the tag is none
+        {tag + tag + Frames(2), "44 44 "},
+        {Frames(2) + tag + Frames(2), "44 44 44 44 "},
+        {"ID3 is no tag here: \xFF\xFF" + Frames(2), "44 44 "},
+        {lone_header + std::string(700, 'x') + Frames(2), "44 44 "}, // announced nothing
+        {Frames(2) + "garbage" + lone_header + "more" + Frames(2), "44 44 44 44 "},
+        {Frames(2) + SlowFrames(2) + Frames(2), "44 44 22 22 44 44 "}, // change of format
+        {lone_header + std::string(413, 'x') + SlowFrames(2), "22 22 "},
+    };
+    for (const auto& [bytes, found] : rows)
+        for (const std::size_t step : {1U, 3U, 100U, 100000U}) EXPECT_EQ(Found(bytes, step), found) << step;
+}
+
+TEST(Mp3Frames, CountWhatTheyPassOverAndSurviveNoise) {
+    std::minstd_rand random(1);
+    std::string noise(300000, '\0');
+    for (char& byte : noise) byte = "\xFF\xFB\xF3\xE3\x90ID3\x02\x10\xC0"[random() % 12];
+    Found(noise, 4096);
+    Mp3Frames frames;
+    frames.Feed(View(std::string(70000, 'x')));
+    EXPECT_FALSE(frames.Next());
+    EXPECT_GT(frames.Skipped(), 69000U);
+    frames.Feed(View(Frames(2)));
+    EXPECT_TRUE(frames.Next());
+    EXPECT_EQ(frames.Skipped(), 0U);
+}
+
+struct Heard {
+    bool good = true;
+    PcmFormat format;
+    Samples samples;
+};
+
+Heard ReadWav(std::string_view bytes, std::size_t step) {
+    WavFile file;
+    Heard heard;
+    for (; !bytes.empty() && heard.good; bytes.remove_prefix(std::min(step, bytes.size())))
+        heard.good = file.Feed(View(bytes.substr(0, step)), heard.samples);
+    heard.format = file.Format();
+    return heard;
+}
+
+TEST(WavFile, GivesItsSamplesAs16Bits) {
+    const std::string extensible =
+        Chunk("fmt ", FormatChunk(0xFFFE, 1, 8000, 16).substr(8) + std::string(8, '\0') + LittleEndian(1, 2) +
+                          std::string(14, '\x7F'));
+    const std::string odd_chunk = Chunk("LIST", "odd");
+    const std::string mono16 = FormatChunk(1, 1, 22050, 16);
+    const std::string two = LittleEndian(0x8001FFFE, 4); // -2 and -32767
+    struct Row {
+        const char* name;
+        std::string bytes;
+        PcmFormat format;
+        Samples samples;
+    };
+    const Row rows[] = {
+        {"16 bits", Riff(mono16 + Chunk("data", two)), {22050, 1}, {-2, -32767}},
+        {"8 bits",
+         Riff(FormatChunk(1, 1, 8000, 8) + Chunk("data", {"\x00\x80\xFF", 3})),
+         {8000, 1},
+         {-32768, 0, 32512}},
+        {"24 bits",
+         Riff(FormatChunk(1, 2, 48000, 24) + Chunk("data", "\x99\x02\x01\x99\xFE\xFF")),
+         {48000, 2},
+         {258, -2}},
+        {"extensible", Riff(extensible + Chunk("data", two)), {8000, 1}, {-2, -32767}},
+        {"odd chunk first",
+         Riff(odd_chunk + mono16 + odd_chunk + Chunk("data", two)),
+         {22050, 1},
+         {-2, -32767}},
+        {"chunk behind", Riff(mono16 + Chunk("data", two) + odd_chunk + odd_chunk), {22050, 1}, {-2, -32767}},
+        {"data cut short",
+         Riff(mono16 + "data" + LittleEndian(0xFFFFFFFF, 4) + two + "x"),
+         {22050, 1},
+         {-2, -32767}},
+        {"half a sample", Riff(mono16 + Chunk("data", two + "x") + odd_chunk), {22050, 1}, {-2, -32767}},
+        {"no data", Riff(mono16), {22050, 1}, {}},
+        {"huge chunk",
+         Riff(mono16 + "junk" + LittleEndian(0xFFFFFFFF, 4) + Chunk("data", two)),
+         {22050, 1},
+         {}},
+    };
+    for (const Row& row : rows) {
+        for (const std::size_t step : {1U, 5U, 1000U}) {
+            const Heard heard = ReadWav(row.bytes, step);
+            EXPECT_TRUE(heard.good) << row.name;
+            EXPECT_EQ(heard.format, row.format) << row.name;
+            EXPECT_EQ(heard.samples, row.samples) << row.name << ", " << step;
+        }
+    }
+}
+
+TEST(WavFile, RefusesWhatItCannotPlay) {
+    const std::pair<const char*, std::string> rows[] = {
+        {"other form", "RIFF\x04\x01\x01\x01"
+                       "AVI " +
+                           FormatChunk(1, 1, 8000, 16)},
+        {"compressed", Riff(FormatChunk(2, 1, 8000, 16))},
+        {"three channels", Riff(FormatChunk(1, 3, 8000, 16))},
+        {"no channels", Riff(FormatChunk(1, 0, 8000, 16))},
+        {"12 bits", Riff(FormatChunk(1, 1, 8000, 12))},
+        {"rate 0", Riff(FormatChunk(1, 1, 0, 16))},
+        {"rate too high", Riff(FormatChunk(1, 1, 0xFFFFFFFF, 16))},
+        {"short format", Riff(Chunk("fmt ", "\x01"))},
+        {"data first", Riff(Chunk("data", "xx") + FormatChunk(1, 1, 8000, 16))},
+    };
+    for (const auto& [name, bytes] : rows) EXPECT_FALSE(ReadWav(bytes, 1000).good) << name;
+}
+
+TEST(PcmQueue, KeepsOrderFormatAndLength) {
+    using namespace std::chrono_literals;
+    PcmQueue queue;
+    queue.Push({1000, 1}, {1, 2, 3});
+    queue.Push({1000, 1}, {4, 5});
+    queue.Push({1000, 2}, {6, 7, 8, 9});
+    EXPECT_EQ(queue.Length(), 7ms);
+    EXPECT_EQ(queue.Take(4ms), (Samples{1, 2, 3, 4}));
+    EXPECT_EQ(queue.Take(4ms), (Samples{5})); // never two formats in one
+    EXPECT_EQ(queue.NextFormat(), (PcmFormat{1000, 2}));
+    queue.KeepLatest(1ms);
+    EXPECT_EQ(queue.Take(4ms), (Samples{8, 9}));
+    EXPECT_TRUE(queue.Empty());
+    EXPECT_EQ(queue.Length(), 0ms);
+}
+
+} // namespace
