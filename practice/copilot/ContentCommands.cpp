@@ -1,0 +1,113 @@
+#include "Commands.h"
+#include "Windows.h"
+#include "win32/Handle.h"
+#include "win32/Utf16.h"
+
+#include <commctrl.h>
+
+namespace practice {
+
+namespace {
+
+constexpr std::size_t MaxText = 4096; // characters
+
+/// Memory inside the program that owns a window: the system does not carry pointers to status bars and lists
+/// across.
+class RemoteMemory {
+  public:
+    RemoteMemory(HWND window, std::size_t size)
+        : process_(
+              OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, ProcessOf(window))),
+          start_(VirtualAllocEx(process_.Get(), nullptr, size, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE)) {
+        if (!start_) throw Failure("no access to the program");
+    }
+    ~RemoteMemory() { VirtualFreeEx(process_.Get(), start_, 0, MEM_RELEASE); }
+    RemoteMemory(const RemoteMemory&) = delete;
+    RemoteMemory& operator=(const RemoteMemory&) = delete;
+
+    char* Start() const { return static_cast<char*>(start_); }
+
+    void Put(const void* from, std::size_t size) {
+        if (!WriteProcessMemory(process_.Get(), start_, from, size, nullptr))
+            throw Failure("no access to the program");
+    }
+
+    /// The text that ends with a NUL at `offset`.
+    std::string Text(std::size_t offset) const {
+        std::wstring text(MaxText, L'\0');
+        if (!ReadProcessMemory(process_.Get(), Start() + offset, text.data(), MaxText * sizeof(wchar_t),
+                               nullptr))
+            throw Failure("no access to the program");
+        return quillon::Narrow(text.substr(0, text.find(L'\0')));
+    }
+
+  private:
+    quillon::Handle<HANDLE, CloseHandle> process_;
+    void* start_;
+};
+
+HWND TheControl(const wchar_t* window_class) {
+    return TheChild(
+        TheMainWindow(), [&](HWND child) { return ClassOf(child) == window_class; },
+        quillon::Narrow(window_class));
+}
+
+WPARAM PanelArgument(HWND bar, const std::string& text) {
+    const unsigned panel = NumberArgument(text);
+    const LRESULT panels = Ask(bar, SB_GETPARTS, 0, 0);
+    if (panel < 1 || panel > panels) throw Failure("no panel " + text);
+    return panel - 1;
+}
+
+std::string Panel(const Words& words) {
+    HWND bar = TheControl(STATUSCLASSNAMEW);
+    const WPARAM panel = PanelArgument(bar, words[0]);
+    if (LOWORD(Ask(bar, SB_GETTEXTLENGTHW, panel, 0)) >= MaxText) throw Failure("the text is too long");
+    RemoteMemory memory(bar, MaxText * sizeof(wchar_t));
+    Ask(bar, SB_GETTEXTW, panel, reinterpret_cast<LPARAM>(memory.Start()));
+    return memory.Text(0);
+}
+
+std::string PanelTip(const Words& words) {
+    HWND bar = TheControl(STATUSCLASSNAMEW);
+    const WPARAM panel = PanelArgument(bar, words[0]);
+    RemoteMemory memory(bar, MaxText * sizeof(wchar_t));
+    Ask(bar, SB_GETTIPTEXTW, MAKEWPARAM(panel, MaxText), reinterpret_cast<LPARAM>(memory.Start()));
+    return memory.Text(0);
+}
+
+std::string Rows(const Words&) {
+    return std::to_string(Ask(TheControl(WC_LISTVIEWW), LVM_GETITEMCOUNT, 0, 0));
+}
+
+std::string CellText(HWND list, WPARAM row, int column) {
+    RemoteMemory memory(list, sizeof(LVITEMW) + MaxText * sizeof(wchar_t));
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.cchTextMax = static_cast<int>(MaxText);
+    item.pszText = reinterpret_cast<wchar_t*>(memory.Start() + sizeof item);
+    memory.Put(&item, sizeof item);
+    Ask(list, LVM_GETITEMTEXTW, row, reinterpret_cast<LPARAM>(memory.Start()));
+    return memory.Text(sizeof item);
+}
+
+std::string Row(const Words& words) {
+    constexpr int Columns = 4;
+    HWND list = TheControl(WC_LISTVIEWW);
+    const unsigned row = NumberArgument(words[0]);
+    if (row < 1 || row > Ask(list, LVM_GETITEMCOUNT, 0, 0)) throw Failure("no row " + words[0]);
+    std::string texts = CellText(list, row - 1, 0);
+    for (int column = 1; column < Columns; ++column) texts += "|" + CellText(list, row - 1, column);
+    return texts;
+}
+
+} // namespace
+
+const std::vector<Command> ContentCommands = {
+    {"panel", 1, 1, Panel},
+    {"paneltip", 1, 1, PanelTip},
+    {"rows", 0, 0, Rows},
+    {"row", 1, 1, Row},
+};
+
+} // namespace practice

@@ -1,0 +1,163 @@
+#include "../Misdeeds.h"
+#include "../Offsets.h"
+#include "../Units.h"
+#include "Commands.h"
+#include "runtime/Number.h"
+#include "simlink/FsuipcClient.h"
+#include "win32/Handle.h"
+#include "win32/WinMessageLink.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace practice {
+
+namespace {
+
+using quillon::FsuipcClient;
+
+class SleepingClock : public quillon::Clock {
+  public:
+    quillon::TimePoint Now() override {
+        return std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
+    }
+    void Sleep(std::chrono::milliseconds time) override { ::Sleep(static_cast<DWORD>(time.count())); }
+    bool ServeEvents(std::chrono::milliseconds time) override { return Sleep(time), true; }
+};
+
+/// Opens the link, runs one round of what `queue` puts into it and closes it.
+template <typename Queue>
+void OverTheLink(Queue queue) {
+    quillon::WinMessageLink messages;
+    quillon::WinSharedMemory memory;
+    SleepingClock clock;
+    FsuipcClient client(messages, memory, clock);
+    std::uint32_t result = 0;
+    if (client.FsuipcOpen(0, result) && queue(client, result) && client.FsuipcProcess(result)) return;
+    throw Failure(result == 0 ? "0 The reply is damaged"
+                              : std::to_string(result) + " " + quillon::ResultTexts.at(result));
+}
+
+template <typename Value>
+void WriteValue(std::uint32_t offset, const Value& value) {
+    OverTheLink([&](FsuipcClient& client, std::uint32_t& result) {
+        return client.FsuipcWrite(offset, sizeof value, &value, result);
+    });
+}
+
+std::uint32_t HexArgument(const std::string& text) {
+    return NumberArgument("0x" + text);
+}
+
+double DegreesArgument(const std::string& text, double limit) {
+    const auto degrees = DecimalOf(text);
+    if (!degrees || std::abs(*degrees) > limit) throw Failure(text + " is no such angle");
+    return *degrees;
+}
+
+std::string Tune(const Words& words) {
+    constexpr std::pair<const char*, std::uint32_t> Radios[] = {{"com1", Com1Offset},
+                                                                {"com1stby", Com1StandbyOffset},
+                                                                {"com2", Com2Offset},
+                                                                {"com2stby", Com2StandbyOffset}};
+    const auto* radio = std::find_if(std::begin(Radios), std::end(Radios),
+                                     [&](const auto& known) { return words[0] == known.first; });
+    if (radio == std::end(Radios)) throw Failure(words[0] + " is no radio");
+    const auto word = RadioWord(words[1]);
+    if (!word) throw Failure(words[1] + " is no frequency");
+    WriteValue(radio->second, *word);
+    return "ok";
+}
+
+std::string Fly(const Words& words) {
+    const Angle latitude = AngleOf(DegreesArgument(words[0], 90), LatitudeUnits);
+    const Angle longitude = AngleOf(DegreesArgument(words[1], 180), LongitudeUnits);
+    OverTheLink([&](FsuipcClient& client, std::uint32_t& result) {
+        return client.FsuipcWrite(LatitudeOffset, sizeof latitude, &latitude, result) &&
+               client.FsuipcWrite(LongitudeOffset, sizeof longitude, &longitude, result);
+    });
+    return "ok";
+}
+
+std::string PauseSimulator(const Words& words) {
+    WriteValue(PauseOffset, static_cast<std::uint16_t>(NumberArgument(words[0])));
+    return "ok";
+}
+
+constexpr unsigned LargestValue = 4096;
+
+std::vector<std::uint8_t> BytesArgument(const std::string& size) {
+    const unsigned bytes = NumberArgument(size);
+    if (bytes == 0 || bytes > LargestValue) throw Failure(size + " is no size");
+    return std::vector<std::uint8_t>(bytes);
+}
+
+std::string Read(const Words& words) {
+    std::vector<std::uint8_t> bytes = BytesArgument(words[1]);
+    const std::uint32_t offset = HexArgument(words[0]);
+    OverTheLink([&](FsuipcClient& client, std::uint32_t& result) {
+        return client.FsuipcRead(offset, static_cast<std::uint32_t>(bytes.size()), bytes.data(), result);
+    });
+    std::string digits;
+    for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte)
+        digits += quillon::Hex(0x100U + *byte).substr(1);
+    return digits;
+}
+
+/// Digits beyond the size are an error, missing ones are zeros.
+std::string Write(const Words& words) {
+    std::vector<std::uint8_t> bytes = BytesArgument(words[1]);
+    const std::uint32_t offset = HexArgument(words[0]);
+    std::string digits = words[2];
+    if (digits.size() > 2 * bytes.size()) throw Failure(digits + " does not fit");
+    digits.insert(0, 2 * bytes.size() - digits.size(), '0');
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[bytes.size() - 1 - i] = static_cast<std::uint8_t>(HexArgument(digits.substr(2 * i, 2)));
+    OverTheLink([&](FsuipcClient& client, std::uint32_t& result) {
+        return client.FsuipcWrite(offset, static_cast<std::uint32_t>(bytes.size()), bytes.data(), result);
+    });
+    return "ok";
+}
+
+/// A simulator that misbehaves may not get through the link's checks, so this one round is sent without them
+/// and whatever comes back is taken.
+void WriteUnchecked(std::uint32_t offset, const Behaviour& behaviour) {
+    constexpr UINT PatienceMs = 10000;
+    quillon::WinMessageLink messages;
+    quillon::WinSharedMemory memory;
+    quillon::NativeHandle window = messages.FindPeerWindow("UIPCMAIN");
+    if (window == 0) window = messages.FindPeerWindow("FS98MAIN");
+    if (window == 0) throw Failure("no simulator");
+
+    const std::string name = "practice:" + std::to_string(messages.ProcessId());
+    const quillon::Handle<HANDLE, CloseHandle> mapping(
+        reinterpret_cast<HANDLE>(memory.CreateMapping(name, quillon::RequestArea::Length).handle));
+    const quillon::Handle<void*, UnmapViewOfFile> view(MapViewOfFile(mapping.Get(), FILE_MAP_WRITE, 0, 0, 0));
+    const quillon::Handle<ATOM, GlobalDeleteAtom> atom(GlobalAddAtomA(name.c_str()));
+    if (!view || !atom) throw Failure("no shared memory");
+    quillon::RequestArea area;
+    area.Attach(static_cast<std::uint8_t*>(view.Get()));
+    area.QueueWrite(offset, sizeof behaviour, &behaviour);
+    area.Seal();
+    if (!messages.Send(window, messages.RegisterMessage("FSASMLIB:IPC"), atom.Get(), PatienceMs).delivered)
+        throw Failure("the simulator does not answer");
+}
+
+std::string Misbehave(const Words& words) {
+    const auto behaviour = BehaviourOf(words[0]);
+    if (!behaviour) throw Failure(words[0] + " is no misdeed");
+    WriteUnchecked(MisdeedOffset, *behaviour);
+    return "ok";
+}
+
+} // namespace
+
+const std::vector<Command> LinkCommands = {
+    {"tune", 2, 2, Tune}, {"fly", 2, 2, Fly},     {"pause", 1, 1, PauseSimulator},
+    {"read", 2, 2, Read}, {"write", 3, 3, Write}, {"misbehave", 1, 1, Misbehave},
+};
+
+} // namespace practice

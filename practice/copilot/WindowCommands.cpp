@@ -1,0 +1,137 @@
+#include "Commands.h"
+#include "Windows.h"
+#include "win32/Utf16.h"
+
+namespace practice {
+
+namespace {
+
+using quillon::Narrow;
+using quillon::Wide;
+
+HWND ControlArgument(const std::string& id) {
+    const int wanted = static_cast<int>(NumberArgument(id));
+    return TheChild(
+        TheMainWindow(), [&](HWND child) { return GetDlgCtrlID(child) == wanted; }, id);
+}
+
+std::string Post(HWND window, UINT message, WPARAM wparam = 0) {
+    if (!PostMessageW(window, message, wparam, 0)) throw Failure("the window is gone");
+    return "ok";
+}
+
+std::string Ping(const Words&) {
+    return "pong";
+}
+
+std::string Title(const Words& words) {
+    HWND window = words.empty() ? TheMainWindow() : TheTopLevel(Wide(words[0]));
+    wchar_t text[1024];
+    return Narrow({text, static_cast<std::size_t>(GetWindowTextW(window, text, 1024))});
+}
+
+std::string Text(const Words& words) {
+    return TextOf(ControlArgument(words[0]));
+}
+
+std::string Checked(const Words& words) {
+    return Ask(ControlArgument(words[0]), BM_GETCHECK, 0, 0) == BST_CHECKED ? "1" : "0";
+}
+
+std::string Enabled(const Words& words) {
+    return IsWindowEnabled(ControlArgument(words[0])) ? "1" : "0";
+}
+
+std::string Visible(const Words& words) {
+    return IsWindowVisible(ControlArgument(words[0])) ? "1" : "0";
+}
+
+std::string Click(const Words& words) {
+    return Post(ControlArgument(words[0]), BM_CLICK);
+}
+
+std::string SendCommand(const Words& words) {
+    return Post(TheMainWindow(), WM_COMMAND, NumberArgument(words[0]));
+}
+
+void SendKey(unsigned key, DWORD flags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = static_cast<WORD>(key);
+    input.ki.dwFlags = flags;
+    if (SendInput(1, &input, sizeof input) != 1) throw Failure("the key was not taken");
+}
+
+std::string Key(const Words& words) {
+    constexpr unsigned UsualMs = 150; // longer than the pause between two looks at the keyboard
+    const unsigned key = NumberArgument(words[0]);
+    const unsigned held_ms = words.size() > 1 ? NumberArgument(words[1]) : UsualMs;
+    SendKey(key, 0);
+    Sleep(held_ms);
+    SendKey(key, KEYEVENTF_KEYUP);
+    return "ok";
+}
+
+std::string BoxText(HWND box) {
+    std::string texts;
+    for (HWND child : Descendants(box)) {
+        if (ClassOf(child) != L"Static") continue;
+        const std::string text = TextOf(child);
+        if (!text.empty()) texts += (texts.empty() ? "" : " ") + text;
+    }
+    return TextOf(box) + "|" + texts;
+}
+
+std::string ShowBoxes(const Words&) {
+    std::string texts;
+    for (HWND box : Boxes()) {
+        try {
+            texts += (texts.empty() ? "" : "|") + BoxText(box);
+        } catch (const Failure&) {
+            if (IsWindow(box)) throw; // one that closes while it is read is no longer there
+        }
+    }
+    return texts;
+}
+
+std::string Press(const Words& words) {
+    const std::vector<HWND> boxes = Boxes();
+    if (boxes.empty()) throw Failure("no box");
+    const int wanted = static_cast<int>(NumberArgument(words[0]));
+    const auto fits = [&](HWND child) { return GetDlgCtrlID(child) == wanted && ClassOf(child) == L"Button"; };
+    return Post(TheChild(boxes.front(), fits, words[0]), BM_CLICK);
+}
+
+std::string Wait(const Words& words) {
+    constexpr DWORD PollMs = 10;
+    const std::wstring window_class = Wide(words[0]);
+    const unsigned limit_ms = NumberArgument(words[1]);
+    const ULONGLONG start = GetTickCount64();
+    for (;;) {
+        HWND window = FindTopLevel(window_class);
+        const ULONGLONG waited_ms = GetTickCount64() - start;
+        if (window && IsWindowVisible(window)) return std::to_string(waited_ms);
+        if (waited_ms >= limit_ms) throw Failure("no visible window of class " + words[0]);
+        Sleep(PollMs);
+    }
+}
+
+std::string Pid(const Words& words) {
+    return std::to_string(ProcessOf(TheTopLevel(Wide(words[0]))));
+}
+
+std::string Close(const Words& words) {
+    return Post(TheTopLevel(Wide(words[0])), WM_CLOSE);
+}
+
+} // namespace
+
+const std::vector<Command> WindowCommands = {
+    {"ping", 0, 0, Ping},       {"title", 0, 1, Title},         {"text", 1, 1, Text},
+    {"checked", 1, 1, Checked}, {"enabled", 1, 1, Enabled},     {"visible", 1, 1, Visible},
+    {"click", 1, 1, Click},     {"command", 1, 1, SendCommand}, {"key", 1, 2, Key},
+    {"boxes", 0, 0, ShowBoxes}, {"press", 1, 1, Press},         {"wait", 2, 2, Wait},
+    {"pid", 1, 1, Pid},         {"close", 1, 1, Close},
+};
+
+} // namespace practice

@@ -1,0 +1,139 @@
+#include "Peer.h"
+
+#include "../Misdeeds.h"
+#include "../Offsets.h"
+#include "win32/Handle.h"
+
+#include <windows.h>
+
+namespace practice {
+
+namespace {
+
+/// Header of a record: identifier, offset, size and, of a read only, the destination.
+struct Header {
+    std::uint32_t field[4] = {};
+};
+
+constexpr std::uint32_t ReadRequest = 1;
+constexpr std::uint32_t WriteRequest = 2;
+
+/// What a misdeed does to the data and the records that go back.
+struct Damage {
+    std::uint32_t shown_offset = 0; ///< four bytes there read as `shown` instead; 0 is none
+    std::uint32_t shown = 0;
+    std::size_t field = 0;
+    std::uint32_t flipped = 0; ///< bits of that header field
+};
+
+Damage DamageOf(std::uint32_t misdeed) {
+    switch (misdeed) {
+    case WrongVersion:
+        return {VersionOffset, 0x19980004, 0, 0};
+    case OldVersion:
+        return {VersionOffset, 0x28300000, 0, 0};
+    case NoMark:
+        return {SimulatorOffset, 8, 0, 0};
+    case UnknownId:
+        return {0, 0, 0, 0x76};
+    case OtherOffset:
+        return {0, 0, 1, 0x10};
+    case Overrun:
+        return {0, 0, 2, 0x10000};
+    case OtherSize:
+        return {0, 0, 2, 8};
+    case OtherDestination:
+        return {0, 0, 3, 0x10};
+    default:
+        return {};
+    }
+}
+
+void Falsify(const Damage& damage, std::uint32_t offset, std::span<std::uint8_t> reply) {
+    if (damage.shown_offset == 0) return;
+    for (std::size_t i = 0; i < reply.size(); ++i) {
+        const std::uint64_t byte = std::uint64_t{offset} + i - damage.shown_offset;
+        if (byte < sizeof damage.shown) reply[i] = static_cast<std::uint8_t>(damage.shown >> (8 * byte));
+    }
+}
+
+using Mapping = quillon::Handle<HANDLE, CloseHandle>;
+using View = quillon::Handle<void*, UnmapViewOfFile>;
+
+std::span<std::uint8_t> BytesOf(const View& view) {
+    MEMORY_BASIC_INFORMATION information{};
+    VirtualQuery(view.Get(), &information, sizeof information);
+    return {static_cast<std::uint8_t*>(view.Get()), information.RegionSize};
+}
+
+[[noreturn]] void EndAtOnce() {
+    TerminateProcess(GetCurrentProcess(), 0);
+    std::abort();
+}
+
+} // namespace
+
+/// A round that brings a new behaviour is the last one under the old behaviour, but no hang outlives its end.
+std::uint32_t Peer::Answer(std::uintptr_t atom) {
+    const auto behaviour = memory_.Get<Behaviour>(MisdeedOffset);
+    if (behaviour.misdeed == VanishInFlight) EndAtOnce();
+    const bool served = ServeMapping(atom);
+    if (served) ++answered_;
+    if (behaviour.misdeed == Hang) HangFor(behaviour.argument);
+    const std::uint32_t reply = served && behaviour.misdeed != ZeroReply ? 1 : 0;
+    if (Misdeed() == Vanish) {
+        ReplyMessage(static_cast<LRESULT>(reply));
+        EndAtOnce();
+    }
+    return reply;
+}
+
+/// Other programs' rounds are still taken meanwhile, or none could end the hang; their answers are late just
+/// the same.
+void Peer::HangFor(std::uint32_t time_ms) {
+    const ULONGLONG start = GetTickCount64();
+    for (ULONGLONG passed = 0; Misdeed() == Hang && passed < time_ms; passed = GetTickCount64() - start) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(time_ms - passed), QS_SENDMESSAGE);
+        MSG message;
+        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    }
+}
+
+std::uint32_t Peer::Misdeed() const {
+    return memory_.Get<std::uint32_t>(MisdeedOffset);
+}
+
+bool Peer::ServeMapping(std::uintptr_t atom) {
+    char name[256];
+    if (!GlobalGetAtomNameA(static_cast<ATOM>(atom), name, sizeof name)) return false;
+    const Mapping mapping(OpenFileMappingA(FILE_MAP_WRITE, FALSE, name));
+    if (!mapping) return false;
+    const View view(MapViewOfFile(mapping.Get(), FILE_MAP_WRITE, 0, 0, 0));
+    return view && Serve(BytesOf(view));
+}
+
+bool Peer::Serve(std::span<std::uint8_t> area) {
+    const Damage damage = DamageOf(Misdeed());
+    while (area.size() >= sizeof(std::uint32_t)) {
+        Header header;
+        std::memcpy(header.field, area.data(), std::min(sizeof header, area.size()));
+        const auto [identifier, offset, size, destination] = header.field;
+        if (identifier == 0) return true;
+        const std::size_t header_size = identifier == ReadRequest ? 16 : 12;
+        if (identifier > WriteRequest || area.size() < header_size || area.size() - header_size < size)
+            return false;
+
+        const auto data = area.subspan(header_size, size);
+        if (identifier == WriteRequest) memory_.Write(offset, data);
+        if (identifier == ReadRequest) {
+            memory_.Read(offset, data);
+            Falsify(damage, offset, data);
+        }
+        header.field[damage.field] ^= damage.flipped;
+        std::memcpy(area.data(), header.field, header_size);
+        area = area.subspan(header_size + size);
+    }
+    return false;
+}
+
+} // namespace practice

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ports/AnsiCodePage.h"
+#include "ports/Clock.h"
+#include "ports/Prompts.h"
+#include "ports/RegionalSettings.h"
+#include "ports/Shell.h"
+
+#include <windows.h>
+
+#include <functional>
+
+namespace quillon {
+
+// One adapter per port, over the calls of Windows.
+
+class WinClock : public Clock {
+  public:
+    /// `serve` serves window events for about that long; it returns false once the program is ending.
+    explicit WinClock(std::function<bool(std::chrono::milliseconds)> serve) : serve_(std::move(serve)) {}
+
+    TimePoint Now() override;
+    void Sleep(std::chrono::milliseconds time) override;
+    bool ServeEvents(std::chrono::milliseconds time) override { return serve_(time); }
+
+  private:
+    std::function<bool(std::chrono::milliseconds)> serve_;
+};
+
+class WinPrompts : public Prompts {
+  public:
+    /// `owner` brings the windows up to date and names the one that a box stands above (and blocks).
+    explicit WinPrompts(std::function<HWND()> owner) : owner_(std::move(owner)) {}
+
+    void Message(const std::string& title, const std::string& text, Icon icon) override;
+
+  private:
+    std::function<HWND()> owner_;
+};
+
+class WinShell : public Shell {
+  public:
+    std::string ApplicationDataFolder() override;
+    void OpenAddress(const std::string& address) override;
+};
+
+class WinRegionalSettings : public RegionalSettings {
+  public:
+    std::string Read(Separator separator) override;
+    void Write(Separator separator, const std::string& text) override;
+};
+
+class WinCodePage : public AnsiCodePage {
+  public:
+    std::string Decode(std::string_view bytes) override;
+    std::optional<std::string> Encode(std::string_view text) override;
+};
+
+} // namespace quillon

@@ -1,0 +1,114 @@
+#include "win32/FeedList.h"
+
+#include "runtime/Text.h"
+#include "win32/ControlIds.h"
+#include "win32/Utf16.h"
+
+namespace quillon {
+
+FeedList::FeedList(HWND parent, const ListView& data) : data_(data) {
+    constexpr DWORD Style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_GROUP | LVS_REPORT | LVS_OWNERDATA |
+                            LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
+    window_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"Feeds", Style, 0, 0, 0, 0, parent,
+                              reinterpret_cast<HMENU>(INT_PTR{IdFeedList}), nullptr, nullptr);
+    ListView_SetExtendedListViewStyle(window_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
+}
+
+void FeedList::SetTheme(const Theme& theme) {
+    theme_ = &theme;
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), TRUE);
+    if (columns_dpi_ != 0 && columns_dpi_ != theme.Dpi())
+        for (int column = 0; column < static_cast<int>(data_.ColumnHeaders.size()); ++column)
+            ListView_SetColumnWidth(window_, column,
+                                    MulDiv(ListView_GetColumnWidth(window_, column),
+                                           static_cast<int>(theme.Dpi()), static_cast<int>(columns_dpi_)));
+    if (columns_dpi_ != 0) columns_dpi_ = theme.Dpi();
+}
+
+void FeedList::SyncColumns() {
+    if (columns_dpi_ != 0 || data_.ColumnHeaders.empty() || theme_ == nullptr) return;
+    columns_dpi_ = theme_->Dpi();
+    int index = 0;
+    for (const ListView::ColumnHeader& header : data_.ColumnHeaders) {
+        std::wstring text = Wide(header.Text);
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH;
+        column.pszText = text.data();
+        column.cx = theme_->TwipsToPx(header.WidthTwips);
+        ListView_InsertColumn(window_, index++, &column);
+    }
+}
+
+void FeedList::Sync() {
+    syncing_ = true;
+    SyncColumns();
+    if (revision_ != data_.Revision()) {
+        revision_ = data_.Revision();
+        ListView_SetItemCountEx(window_, static_cast<int>(data_.Items().size()), LVSICF_NOSCROLL);
+        InvalidateRect(window_, nullptr, FALSE);
+        selected_ = SelectedRow();
+    }
+    if (selected_ != data_.Selected()) {
+        selected_ = data_.Selected();
+        ListView_SetItemState(window_, -1, 0, LVIS_SELECTED);
+        if (selected_)
+            ListView_SetItemState(window_, static_cast<int>(*selected_), LVIS_SELECTED | LVIS_FOCUSED,
+                                  LVIS_SELECTED | LVIS_FOCUSED);
+    }
+    if (visible_request_ != data_.VisibleRequest()) {
+        visible_request_ = data_.VisibleRequest();
+        if (selected_) ListView_EnsureVisible(window_, static_cast<int>(*selected_), FALSE);
+    }
+    syncing_ = false;
+}
+
+std::optional<std::size_t> FeedList::SelectedRow() const {
+    const int row = ListView_GetNextItem(window_, -1, LVNI_SELECTED);
+    return row < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(row));
+}
+
+LRESULT FeedList::Notify(NMHDR& header) {
+    switch (header.code) {
+    case LVN_GETDISPINFOW:
+        FillItem(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+        return 0;
+    case LVN_ODFINDITEMW:
+        return FindByIcao(reinterpret_cast<NMLVFINDITEMW&>(header));
+    case NM_CUSTOMDRAW:
+        return Draw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+    default:
+        return 0;
+    }
+}
+
+void FeedList::FillItem(LVITEMW& item) {
+    const auto row = static_cast<std::size_t>(item.iItem);
+    if ((item.mask & LVIF_TEXT) == 0 || item.iItem < 0 || row >= data_.Items().size()) return;
+    // A hand-written line may be of any length; nobody reads more than this in a column.
+    const std::string& text = TextOf(data_.Items()[row], static_cast<Column>(item.iSubItem));
+    cell_ = Wide(std::string_view(text).substr(0, 1024));
+    item.pszText = cell_.data();
+}
+
+LRESULT FeedList::FindByIcao(const NMLVFINDITEMW& find) const {
+    const auto& items = data_.Items();
+    if ((find.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || items.empty()) return -1;
+    const std::string wanted = LCase(Narrow(find.lvfi.psz));
+    const auto start = static_cast<std::size_t>(find.iStart < 0 ? 0 : find.iStart);
+    for (std::size_t step = 0; step < items.size(); ++step) {
+        const std::size_t row = (start + step) % items.size();
+        if (LCase(items[row].ICAO).rfind(wanted, 0) == 0) return static_cast<LRESULT>(row);
+    }
+    return -1;
+}
+
+LRESULT FeedList::Draw(NMLVCUSTOMDRAW& draw) const {
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+    const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
+    if (row >= data_.Items().size() || !data_.Items()[row].Bold) return CDRF_DODEFAULT;
+    SelectObject(draw.nmcd.hdc, theme_->Bold());
+    return CDRF_NEWFONT;
+}
+
+} // namespace quillon

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "state/ListView.h"
+#include "win32/Theme.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace quillon {
+
+/// The list of feeds: a virtual list view that asks the data for each row as it draws it.
+class FeedList {
+  public:
+    FeedList(HWND parent, const ListView& data);
+
+    HWND Window() const { return window_; }
+
+    /// Columns, font and widths for a resolution. Widths that the user has dragged are scaled with it.
+    void SetTheme(const Theme& theme);
+
+    /// Brings rows, selection and scroll position up to the data.
+    void Sync();
+
+    /// The row that the control has selected.
+    std::optional<std::size_t> SelectedRow() const;
+
+    /// Whether a selection message comes from the user's hand rather than from Sync.
+    bool UserIsSelecting() const { return !syncing_; }
+
+    /// The control's notifications that only the list itself understands.
+    LRESULT Notify(NMHDR& header);
+
+  private:
+    void SyncColumns();
+    void FillItem(LVITEMW& item);
+    LRESULT Draw(NMLVCUSTOMDRAW& draw) const;
+    LRESULT FindByIcao(const NMLVFINDITEMW& find) const;
+
+    const ListView& data_;
+    HWND window_;
+    Theme const* theme_ = nullptr;
+    UINT columns_dpi_ = 0;
+    bool syncing_ = false;
+    std::uint64_t revision_ = 0;
+    std::uint64_t visible_request_ = 0;
+    std::optional<std::size_t> selected_;
+    std::wstring cell_; // text of the cell being asked for; lives until the next question
+};
+
+} // namespace quillon

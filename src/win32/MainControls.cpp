@@ -1,0 +1,185 @@
+#include "win32/MainControls.h"
+
+#include "win32/ControlIds.h"
+#include "win32/ToolTips.h"
+#include "win32/Utf16.h"
+
+#include <algorithm>
+#include <commctrl.h>
+
+namespace quillon {
+
+namespace {
+
+constexpr int Margin = 8; // all lengths at 96 dpi
+constexpr int Gap = 6;
+constexpr int CheckMark = 22;
+constexpr int ButtonWidth = 34;
+constexpr int GlyphSize = 14;
+constexpr int SliderWidth = 110;
+constexpr int PictureSize = 32;
+
+constexpr const wchar_t* AutoText = L"&Automatic";
+constexpr const wchar_t* ManualText = L"&Manual";
+constexpr const wchar_t* VolumeText = L"&Volume";
+constexpr const wchar_t* LiveAtcText = L"Live ATC";
+
+struct ButtonKind {
+    int Id;
+    const wchar_t* Name;
+    Glyph Picture;
+};
+constexpr std::array<ButtonKind, 3> Buttons{{
+    {IdPlay, L"Play", Glyph::Play},
+    {IdPause, L"Pause", Glyph::Pause},
+    {IdStop, L"Stop", Glyph::Stop},
+}};
+
+void Move(HWND control, int x, int y, int width, int height) {
+    SetWindowPos(control, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+} // namespace
+
+HWND MainControls::Add(DWORD ex_style, const wchar_t* control_class, const wchar_t* text, DWORD style, int id) {
+    return CreateWindowExW(ex_style, control_class, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent_,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+}
+
+MainControls::MainControls(HWND parent, const Theme& theme) : parent_(parent), tips_(CreateToolTips(parent)) {
+    mode_group_ = Add(0, WC_BUTTONW, L"Selection mode", BS_GROUPBOX | WS_GROUP, -1);
+    auto_ = Add(0, WC_BUTTONW, AutoText, BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP, IdOptAuto);
+    manual_ = Add(0, WC_BUTTONW, ManualText, BS_AUTORADIOBUTTON, IdOptManual);
+    player_group_ = Add(0, WC_BUTTONW, L"Player", BS_GROUPBOX | WS_GROUP, -1);
+    for (std::size_t i = 0; i < Buttons.size(); ++i) {
+        buttons_[i] =
+            Add(0, WC_BUTTONW, Buttons[i].Name, BS_ICON | WS_TABSTOP | (i == 0 ? WS_GROUP : 0U), Buttons[i].Id);
+        SetControlTip(tips_, buttons_[i], Narrow(Buttons[i].Name));
+    }
+    volume_label_ = Add(0, WC_STATICW, VolumeText, SS_CENTERIMAGE, -1);
+    volume_ = Add(0, TRACKBAR_CLASSW, L"Volume", TBS_HORZ | TBS_NOTICKS | WS_TABSTOP, IdVolume);
+    SendMessageW(volume_, TBM_SETRANGE, FALSE, MAKELPARAM(0, 100));
+    SendMessageW(volume_, TBM_SETPAGESIZE, 0, 10);
+    SetControlTip(tips_, volume_, "Volume of the feed");
+    distance_ = Add(0, WC_STATICW, L"", SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY | SS_CENTERIMAGE, IdLabel2);
+    picture_ = Add(0, WC_STATICW, L"Live ATC web site", SS_ICON | SS_NOTIFY, IdLiveAtcPicture);
+    picture_label_ = Add(0, WC_STATICW, LiveAtcText, SS_NOTIFY | SS_CENTERIMAGE, IdLiveAtcLabel);
+    for (HWND control : {picture_, picture_label_}) {
+        ShowWindow(control, SW_HIDE);
+        SetControlTip(tips_, control, "Open the live ATC web site");
+    }
+    SetTheme(theme);
+}
+
+void MainControls::SetTheme(const Theme& theme) {
+    for (HWND control : {mode_group_, auto_, manual_, player_group_, volume_label_, picture_label_})
+        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), TRUE);
+    SendMessageW(distance_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Large()), TRUE);
+    for (std::size_t i = 0; i < Buttons.size(); ++i) {
+        glyphs_[i] = DrawGlyph(Buttons[i].Picture, theme.Px(GlyphSize));
+        SendMessageW(buttons_[i], BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(glyphs_[i].Get()));
+    }
+    const int size = theme.Px(PictureSize);
+    picture_icon_ = IconHandle(static_cast<HICON>(
+        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+    SendMessageW(picture_, STM_SETICON, reinterpret_cast<WPARAM>(picture_icon_.Get()), 0);
+}
+
+int MainControls::ModeGroupWidth(const Theme& theme) const {
+    const int texts = theme.Measure(theme.Text(), AutoText).cx + theme.Measure(theme.Text(), ManualText).cx;
+    return texts + theme.Px(2 * CheckMark + Gap + 2 * Margin);
+}
+
+int MainControls::PlayerGroupWidth(const Theme& theme) const {
+    return theme.Measure(theme.Text(), VolumeText).cx +
+           theme.Px(3 * (ButtonWidth + Gap) + SliderWidth + 2 * Margin + Gap);
+}
+
+int MainControls::LeastWidth(const Theme& theme) const {
+    return ModeGroupWidth(theme) + PlayerGroupWidth(theme) + theme.Px(3 * Margin);
+}
+
+int MainControls::Place(const Theme& theme, int width) {
+    const int line = theme.Measure(theme.Text(), L"Ag").cy;
+    const int group_height = line + theme.Px(ButtonWidth);
+    const int mode_width = ModeGroupWidth(theme);
+    const int top = theme.Px(4);
+    PlaceModes(theme, theme.Px(Margin), top, group_height);
+    const int player_x = mode_width + theme.Px(2 * Margin);
+    PlacePlayer(theme, player_x, top, PlayerGroupWidth(theme), group_height);
+    const int labels_y = top + group_height + theme.Px(Gap);
+    PlaceLabels(theme, labels_y, width);
+    return labels_y + theme.Px(PictureSize + Gap);
+}
+
+void MainControls::PlaceModes(const Theme& theme, int x, int y, int height) {
+    Move(mode_group_, x, y, ModeGroupWidth(theme), height);
+    const int line = theme.Measure(theme.Text(), L"Ag").cy;
+    const int button_height = line + theme.Px(4);
+    const int button_y = y + line + (height - line - button_height) / 2 - theme.Px(2);
+    int left = x + theme.Px(Margin);
+    const int auto_width = theme.Measure(theme.Text(), AutoText).cx + theme.Px(CheckMark);
+    Move(auto_, left, button_y, auto_width, button_height);
+    left += auto_width + theme.Px(Gap);
+    Move(manual_, left, button_y, theme.Measure(theme.Text(), ManualText).cx + theme.Px(CheckMark),
+         button_height);
+}
+
+void MainControls::PlacePlayer(const Theme& theme, int x, int y, int width, int height) {
+    Move(player_group_, x, y, width, height);
+    const int line = theme.Measure(theme.Text(), L"Ag").cy;
+    const int row_height = theme.Px(26);
+    const int row_y = y + line + (height - line - row_height) / 2 - theme.Px(2);
+    int left = x + theme.Px(Margin);
+    for (HWND button : buttons_) {
+        Move(button, left, row_y, theme.Px(ButtonWidth), row_height);
+        left += theme.Px(ButtonWidth + Gap);
+    }
+    left += theme.Px(Gap);
+    const int label_width = theme.Measure(theme.Text(), VolumeText).cx;
+    Move(volume_label_, left, row_y, label_width, row_height);
+    left += label_width;
+    Move(volume_, left, row_y, x + width - theme.Px(Margin) - left, row_height);
+}
+
+void MainControls::PlaceLabels(const Theme& theme, int y, int width) {
+    const int height = theme.Px(PictureSize);
+    const int site_width = theme.Measure(theme.Text(), LiveAtcText).cx + theme.Px(Gap);
+    const int site_x = width - theme.Px(Margin) - site_width;
+    Move(picture_label_, site_x, y, site_width, height);
+    const int picture_x = site_x - theme.Px(PictureSize + Gap);
+    Move(picture_, picture_x, y, height, height);
+    const int distance_x = theme.Px(Margin + 2);
+    Move(distance_, distance_x, y, std::max(0, picture_x - theme.Px(Gap) - distance_x), height);
+}
+
+void MainControls::Sync(const frmATC& form) {
+    if (!mode_shown_ || shown_mode_ != form.Mode) {
+        mode_shown_ = true;
+        shown_mode_ = form.Mode;
+        SendMessageW(auto_, BM_SETCHECK, form.optManual() ? BST_UNCHECKED : BST_CHECKED, 0);
+        SendMessageW(manual_, BM_SETCHECK, form.optManual() ? BST_CHECKED : BST_UNCHECKED, 0);
+    }
+    if (!(shown_distance_ == form.Label2)) {
+        if (shown_distance_.Caption != form.Label2.Caption)
+            SetWindowTextW(distance_, Wide(form.Label2.Caption).c_str());
+        if (shown_distance_.ToolTipText != form.Label2.ToolTipText)
+            SetControlTip(tips_, distance_, form.Label2.ToolTipText);
+        shown_distance_ = form.Label2;
+    }
+    if (shown_volume_ != form.Volume) {
+        shown_volume_ = form.Volume;
+        if (VolumePosition() != form.Volume) SendMessageW(volume_, TBM_SETPOS, TRUE, form.Volume);
+    }
+    if (picture_shown_ != form.picATCNetVisible) {
+        picture_shown_ = form.picATCNetVisible;
+        ShowWindow(picture_, picture_shown_ ? SW_SHOW : SW_HIDE);
+        ShowWindow(picture_label_, picture_shown_ ? SW_SHOW : SW_HIDE);
+    }
+}
+
+int MainControls::VolumePosition() const {
+    return static_cast<int>(SendMessageW(volume_, TBM_GETPOS, 0, 0));
+}
+
+} // namespace quillon

@@ -1,0 +1,273 @@
+#include "win32/MainWindow.h"
+
+#include "win32/ControlIds.h"
+#include "win32/ToolTips.h"
+#include "win32/Utf16.h"
+
+#include <algorithm>
+#include <commctrl.h>
+
+namespace quillon {
+
+namespace {
+
+constexpr int LeastListHeight = 80; // at 96 dpi
+constexpr int FirstHeight = 480;
+
+HMENU MakeMenu() {
+    HMENU file = CreatePopupMenu();
+    AppendMenuW(file, MF_STRING, IdMnuQuit, L"&Quit\tAlt+F4");
+    HMENU bar = CreateMenu();
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), L"&File");
+    return bar;
+}
+
+} // namespace
+
+MainWindow::MainWindow() = default;
+MainWindow::~MainWindow() = default;
+
+bool MainWindow::Create(Program& program) {
+    program_ = &program;
+    const INITCOMMONCONTROLSEX classes{sizeof classes,
+                                       ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&classes);
+
+    WNDCLASSEXW window_class{};
+    window_class.cbSize = sizeof window_class;
+    window_class.lpfnWndProc = Procedure;
+    window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.hIcon = LoadIconW(window_class.hInstance, MAKEINTRESOURCEW(1));
+    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    window_class.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+    window_class.lpszClassName = MainWindowClass;
+    RegisterClassExW(&window_class);
+    CreateWindowExW(WS_EX_CONTROLPARENT, MainWindowClass, L"Quillon", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                    CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, MakeMenu(), window_class.hInstance,
+                    this);
+    if (window_ == nullptr) return false;
+    SetInitialSize();
+    Sync();
+    return true;
+}
+
+HWND MainWindow::BoxOwner() {
+    Sync();
+    if (IsWindowVisible(window_)) return window_;
+    return splash_.Window();
+}
+
+LRESULT CALLBACK MainWindow::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_NCCREATE) {
+        auto* self = static_cast<MainWindow*>(reinterpret_cast<CREATESTRUCTW*>(lparam)->lpCreateParams);
+        self->window_ = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+    }
+    auto* self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    return self != nullptr ? self->Handle(message, wparam, lparam)
+                           : DefWindowProcW(window, message, wparam, lparam);
+}
+
+LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+    switch (message) {
+    case WM_CREATE:
+        CreateControls();
+        return 0;
+    case WM_SIZE:
+        Layout();
+        return 0;
+    case WM_GETMINMAXINFO:
+        if (controls_) {
+            auto& limits = *reinterpret_cast<MINMAXINFO*>(lparam);
+            limits.ptMinTrackSize = {controls_->LeastWidth(theme_) + theme_.Px(16), theme_.Px(300)};
+        }
+        return 0;
+    case WM_DPICHANGED: {
+        const RECT& area = *reinterpret_cast<RECT*>(lparam);
+        SetDpi(HIWORD(wparam));
+        SetWindowPos(window_, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                     SWP_NOZORDER | SWP_NOACTIVATE);
+        return 0;
+    }
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+        if (controls_) SetDpi(theme_.Dpi());
+        return 0;
+    case WM_TIMER:
+        program_->Timer_Timer(static_cast<int>(wparam));
+        Sync();
+        return 0;
+    case WM_COMMAND:
+        Command(LOWORD(wparam), HIWORD(wparam));
+        return 0;
+    case WM_NOTIFY:
+        return Notify(*reinterpret_cast<NMHDR*>(lparam));
+    case WM_HSCROLL:
+        program_->sldVolume_Change(controls_->VolumePosition());
+        Sync();
+        return 0;
+    case WM_SETFOCUS:
+        SetFocus(list_->Window());
+        return 0;
+    case WM_CLOSE:
+        program_->mnuQuit_Click();
+        Sync();
+        return 0;
+    case WM_ENDSESSION:
+        if (wparam != FALSE) program_->EndSession();
+        return 0;
+    case WM_DESTROY:
+        window_ = nullptr;
+        PostQuitMessage(0);
+        return 0;
+    default:
+        return DefWindowProcW(window_, message, wparam, lparam);
+    }
+}
+
+void MainWindow::CreateControls() {
+    theme_ = Theme(GetDpiForWindow(window_));
+    controls_ = std::make_unique<MainControls>(window_, theme_);
+    list_ = std::make_unique<FeedList>(window_, program_->State().form.lvwDB);
+    status_ = std::make_unique<StatusBar>(window_);
+    list_->SetTheme(theme_);
+    status_->SetTheme(theme_);
+}
+
+void MainWindow::SetDpi(UINT dpi) {
+    theme_ = Theme(dpi);
+    controls_->SetTheme(theme_);
+    list_->SetTheme(theme_);
+    status_->SetTheme(theme_);
+    Layout();
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
+void MainWindow::Command(int id, int code) {
+    const bool clicked = code == BN_CLICKED; // also 0 for a menu, STN_CLICKED for a picture
+    if (!clicked) return;
+    const bool manual = program_->State().form.optManual();
+    // A radio button also says that it was clicked when it only gets the keyboard.
+    if (id == IdOptAuto && manual) program_->optAuto_Click();
+    if (id == IdOptManual && !manual) program_->optManual_Click();
+    if (id == IdPlay) program_->cmdPlay_Click();
+    if (id == IdPause) program_->cmdPause_Click();
+    if (id == IdStop) program_->cmdStop_Click();
+    if (id == IdLiveAtcPicture || id == IdLiveAtcLabel) program_->picATCNet_Click();
+    if (id == IdMnuQuit) program_->mnuQuit_Click();
+    Sync();
+}
+
+LRESULT MainWindow::Notify(NMHDR& header) {
+    if (!list_ || header.hwndFrom != list_->Window()) return 0;
+    if (header.code == LVN_ITEMCHANGED && list_->UserIsSelecting() &&
+        (reinterpret_cast<NMLISTVIEW&>(header).uChanged & LVIF_STATE) != 0) {
+        program_->lvwDB_Select(list_->SelectedRow());
+        Sync();
+        return 0;
+    }
+    return list_->Notify(header);
+}
+
+void MainWindow::Layout() {
+    if (!status_) return;
+    RECT area{};
+    GetClientRect(window_, &area);
+    if (area.right == 0) return; // minimised
+    status_->Place(theme_);
+    const int top = controls_->Place(theme_, area.right);
+    const int height =
+        std::max(theme_.Px(LeastListHeight), static_cast<int>(area.bottom) - top - status_->Height());
+    SetWindowPos(list_->Window(), nullptr, 0, top, area.right, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void MainWindow::SetInitialSize() {
+    int twips = 0;
+    for (const int panel : {1200, 1200, 3500, 3000}) twips += panel;
+    RECT area{0, 0, std::max(theme_.TwipsToPx(twips), controls_->LeastWidth(theme_)) + theme_.Px(24),
+              theme_.Px(FirstHeight)};
+    AdjustWindowRectExForDpi(&area, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT, theme_.Dpi());
+    SetWindowPos(window_, nullptr, 0, 0, area.right - area.left, area.bottom - area.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void MainWindow::Repaint() {
+    Sync();
+    if (window_ != nullptr) UpdateWindow(window_);
+    if (splash_.Window() != nullptr) UpdateWindow(splash_.Window());
+}
+
+void MainWindow::Sync() {
+    if (window_ == nullptr) return;
+    const ProgramState& state = program_->State();
+    splash_.Show(state.splash.Visible);
+    if (state.Ended) {
+        DestroyWindow(window_);
+        return;
+    }
+    if (caption_ != state.form.Caption) {
+        caption_ = state.form.Caption;
+        SetWindowTextW(window_, Wide(caption_).c_str());
+    }
+    controls_->Sync(state.form);
+    status_->Sync(state.form.StatusBar1, theme_);
+    list_->Sync();
+    SyncTimers();
+    SyncVisibility();
+}
+
+void MainWindow::SyncTimers() {
+    const auto& wanted = program_->State().form.Timers;
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        if (wanted[i].Enabled == timers_[i].Enabled && wanted[i].Interval == timers_[i].Interval) continue;
+        timers_[i] = wanted[i];
+        if (wanted[i].Enabled)
+            SetTimer(window_, i + 1, static_cast<UINT>(wanted[i].Interval), nullptr);
+        else
+            KillTimer(window_, i + 1);
+    }
+}
+
+void MainWindow::SyncVisibility() {
+    const frmATC& form = program_->State().form;
+    if (form.Visible && !IsWindowVisible(window_)) {
+        ShowWindow(window_, SW_SHOWNORMAL);
+        UpdateWindow(window_);
+    }
+    if (form.lvwDBFocus && form.Visible) {
+        SetFocus(list_->Window());
+        program_->FocusTaken();
+    }
+}
+
+bool MainWindow::Dispatch() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) return false;
+        if (window_ != nullptr && IsDialogMessageW(window_, &message)) continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return !program_->State().Ended;
+}
+
+bool MainWindow::ServeEvents(std::chrono::milliseconds time) {
+    Sync();
+    const ULONGLONG deadline = GetTickCount64() + static_cast<ULONGLONG>(time.count());
+    do {
+        if (!Dispatch()) return false;
+        const ULONGLONG now = GetTickCount64();
+        if (now >= deadline) return true;
+        MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(deadline - now), QS_ALLINPUT,
+                                    MWMO_INPUTAVAILABLE);
+    } while (true);
+}
+
+void MainWindow::Run() {
+    Sync();
+    while (window_ != nullptr && Dispatch())
+        MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+}
+
+} // namespace quillon

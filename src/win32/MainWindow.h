@@ -1,0 +1,69 @@
+#pragma once
+
+#include "app/Program.h"
+#include "ports/Display.h"
+#include "win32/FeedList.h"
+#include "win32/MainControls.h"
+#include "win32/SplashWindow.h"
+#include "win32/StatusBar.h"
+#include "win32/Theme.h"
+
+#include <windows.h>
+
+#include <array>
+#include <chrono>
+#include <memory>
+
+namespace quillon {
+
+/// The main window on the screen. It decodes what the user does, hands it to the program and then draws what
+/// the program's data say.
+class MainWindow : public Display {
+  public:
+    MainWindow();
+    ~MainWindow() override;
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    /// Makes the window, hidden, for that program. Returns false when Windows refuses.
+    bool Create(Program& program);
+
+    /// The window that a message box belongs to, null while none is to be seen.
+    HWND BoxOwner();
+
+    void Repaint() override;
+
+    /// Serves the thread's window events for about that long; false once the program is ending.
+    bool ServeEvents(std::chrono::milliseconds time);
+
+    /// Serves them until the program has ended.
+    void Run();
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
+    void CreateControls();
+    void SetDpi(UINT dpi);
+    void Command(int id, int code);
+    LRESULT Notify(NMHDR& header);
+    void Layout();
+    void SetInitialSize();
+    LRESULT StaticColors(HDC context, HWND control) const;
+
+    void Sync();
+    void SyncTimers();
+    void SyncVisibility();
+    bool Dispatch();
+
+    Program* program_ = nullptr;
+    HWND window_ = nullptr;
+    Theme theme_;
+    std::unique_ptr<MainControls> controls_;
+    std::unique_ptr<FeedList> list_;
+    std::unique_ptr<StatusBar> status_;
+    SplashWindow splash_;
+    std::string caption_;
+    std::array<FormTimer, 5> timers_{};
+};
+
+} // namespace quillon

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "state/Forms.h"
+#include "win32/Theme.h"
+
+#include <windows.h>
+
+#include <array>
+
+namespace quillon {
+
+/// The status bar at the window's foot. Its last panel reaches to the window's edge.
+class StatusBar {
+  public:
+    explicit StatusBar(HWND parent);
+
+    HWND Window() const { return window_; }
+    int Height() const;
+
+    void SetTheme(const Theme& theme);
+
+    /// Puts the bar at its parent's foot and sets the panels' edges.
+    void Place(const Theme& theme);
+
+    /// Shows the panels' texts, tool tips and widths.
+    void Sync(const std::array<Panel, 4>& panels, const Theme& theme);
+
+  private:
+    void SetTip(int index, const Panel& panel);
+
+    HWND window_;
+    HWND tips_;
+    std::array<Panel, 4> shown_;
+};
+
+} // namespace quillon

@@ -1,0 +1,95 @@
+#include "win32/Theme.h"
+
+#include <cmath>
+#include <vector>
+
+namespace quillon {
+
+namespace {
+
+/// The system's message font, scaled and made bold as wanted.
+Font MakeFont(UINT dpi, double scale, bool bold) {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, dpi);
+    LOGFONTW font = metrics.lfMessageFont;
+    font.lfHeight = static_cast<LONG>(std::lround(font.lfHeight * scale));
+    if (bold) font.lfWeight = FW_BOLD;
+    return Font(CreateFontIndirectW(&font));
+}
+
+/// Whether a point of the unit square belongs to the glyph.
+bool Covers(Glyph glyph, double x, double y) {
+    switch (glyph) {
+    case Glyph::Play:
+        return x > 0.2 && x < 0.9 && std::abs(y - 0.5) < 0.42 * (0.9 - x) / 0.7;
+    case Glyph::Pause:
+        return y > 0.12 && y < 0.88 && ((x > 0.18 && x < 0.42) || (x > 0.58 && x < 0.82));
+    case Glyph::Stop:
+        return x > 0.15 && x < 0.85 && y > 0.15 && y < 0.85;
+    }
+    return false;
+}
+
+/// Share of a pixel that the glyph covers, 0 to 255.
+unsigned Coverage(Glyph glyph, int x, int y, int size) {
+    constexpr int Samples = 4;
+    unsigned hits = 0;
+    for (int sy = 0; sy < Samples; ++sy)
+        for (int sx = 0; sx < Samples; ++sx)
+            hits +=
+                Covers(glyph, (x + (sx + 0.5) / Samples) / size, (y + (sy + 0.5) / Samples) / size) ? 1U : 0U;
+    return hits * 255U / (Samples * Samples);
+}
+
+} // namespace
+
+Theme::Theme(UINT dpi)
+    : dpi_(dpi),
+      text_(MakeFont(dpi, 1, false)),
+      bold_(MakeFont(dpi, 1, true)),
+      large_(MakeFont(dpi, 1.5, true)),
+      huge_(MakeFont(dpi, 2.6, true)) {}
+
+SIZE Theme::Measure(HFONT font, const std::wstring& text) const {
+    HDC screen = GetDC(nullptr);
+    const HGDIOBJ old = SelectObject(screen, font);
+    SIZE size{};
+    GetTextExtentPoint32W(screen, text.c_str(), static_cast<int>(text.size()), &size);
+    SelectObject(screen, old);
+    ReleaseDC(nullptr, screen);
+    return size;
+}
+
+IconHandle DrawGlyph(Glyph glyph, int size_px) {
+    BITMAPV5HEADER header{};
+    header.bV5Size = sizeof header;
+    header.bV5Width = size_px;
+    header.bV5Height = -size_px;
+    header.bV5Planes = 1;
+    header.bV5BitCount = 32;
+    header.bV5Compression = BI_BITFIELDS;
+    header.bV5RedMask = 0x00FF0000;
+    header.bV5GreenMask = 0x0000FF00;
+    header.bV5BlueMask = 0x000000FF;
+    header.bV5AlphaMask = 0xFF000000;
+    void* bits = nullptr;
+    HDC screen = GetDC(nullptr);
+    const Handle<HBITMAP, DeleteObject> picture(
+        CreateDIBSection(screen, reinterpret_cast<BITMAPINFO*>(&header), DIB_RGB_COLORS, &bits, nullptr, 0));
+    ReleaseDC(nullptr, screen);
+    if (!picture) return {};
+
+    const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
+    const unsigned rgb = unsigned{GetRValue(ink)} << 16U | unsigned{GetGValue(ink)} << 8U | GetBValue(ink);
+    auto* pixel = static_cast<unsigned*>(bits);
+    for (int y = 0; y < size_px; ++y)
+        for (int x = 0; x < size_px; ++x) *pixel++ = Coverage(glyph, x, y, size_px) << 24U | rgb;
+
+    const std::vector<unsigned char> opaque(static_cast<std::size_t>((size_px + 15) / 16 * 2 * size_px));
+    const Handle<HBITMAP, DeleteObject> mask(CreateBitmap(size_px, size_px, 1, 1, opaque.data()));
+    ICONINFO info{TRUE, 0, 0, mask.Get(), picture.Get()};
+    return IconHandle(CreateIconIndirect(&info));
+}
+
+} // namespace quillon

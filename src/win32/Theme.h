@@ -1,0 +1,46 @@
+#pragma once
+
+#include "win32/Handle.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace quillon {
+
+using Font = Handle<HFONT, DeleteObject>;
+using IconHandle = Handle<HICON, DestroyIcon>;
+
+/// Sizes and fonts of a window at its resolution.
+class Theme {
+  public:
+    explicit Theme(UINT dpi = 96);
+
+    UINT Dpi() const { return dpi_; }
+
+    /// Pixels for a length given in pixels at 96 dpi, and for one in twips (1/1440 inch).
+    int Px(int at_96_dpi) const { return MulDiv(at_96_dpi, static_cast<int>(dpi_), 96); }
+    int TwipsToPx(int twips) const { return MulDiv(twips, static_cast<int>(dpi_), 1440); }
+
+    HFONT Text() const { return text_.Get(); }
+    HFONT Bold() const { return bold_.Get(); }
+    HFONT Large() const { return large_.Get(); }
+    HFONT Huge() const { return huge_.Get(); }
+
+    /// Size of one line of text.
+    SIZE Measure(HFONT font, const std::wstring& text) const;
+
+  private:
+    UINT dpi_;
+    Font text_;
+    Font bold_;
+    Font large_;
+    Font huge_;
+};
+
+enum class Glyph { Play, Pause, Stop };
+
+/// A player button's picture in the colour of button texts.
+IconHandle DrawGlyph(Glyph glyph, int size_px);
+
+} // namespace quillon

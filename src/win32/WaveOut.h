@@ -1,0 +1,43 @@
+#pragma once
+
+#include "player/PlayerSystem.h"
+#include "win32/Handle.h"
+
+#include <windows.h>
+
+#include <array>
+#include <mmsystem.h>
+
+namespace quillon {
+
+/// Sound on the user's default wave device.
+class WaveOut : public SoundOutput {
+  public:
+    /// Null when there is no device. `wake` is set whenever a block has been played.
+    static std::unique_ptr<WaveOut> Open(const PcmFormat& format, HANDLE wake);
+
+    explicit WaveOut(HWAVEOUT device) : device_(device) {}
+    ~WaveOut() override;
+
+    bool HasRoom() override;
+    bool Write(const Samples& samples) override;
+    bool IsIdle() override;
+    void Hold(bool held) override;
+
+  private:
+    struct Block {
+        WAVEHDR header{};
+        Samples samples;
+
+        bool IsQueued() const;
+    };
+
+    void Release(Block& block);
+
+    static void Close(HWAVEOUT device) { waveOutClose(device); }
+
+    Handle<HWAVEOUT, Close> device_;
+    std::array<Block, 5> blocks_; // 200 ms: the worker may come late, but a new volume is heard soon
+};
+
+} // namespace quillon

@@ -1,0 +1,37 @@
+// Winsock's header must come before <windows.h>.
+#include "win32/WinPlayerSystem.h"
+
+#include "win32/AcmDecoder.h"
+#include "win32/Socket.h"
+#include "win32/WaveOut.h"
+
+namespace quillon {
+
+WinPlayerSystem::WinPlayerSystem() : event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {}
+
+std::unique_ptr<Connection> WinPlayerSystem::Connect(const std::string& host, std::uint16_t port) {
+    return Socket::Open(host, port, event_.Get());
+}
+
+std::unique_ptr<Mp3Decoder> WinPlayerSystem::OpenMp3Decoder(const Mp3Format& format) {
+    return AcmDecoder::Open(format);
+}
+
+std::unique_ptr<SoundOutput> WinPlayerSystem::OpenOutput(const PcmFormat& format) {
+    return WaveOut::Open(format, event_.Get());
+}
+
+std::chrono::milliseconds WinPlayerSystem::Now() {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch());
+}
+
+void WinPlayerSystem::Wait(std::chrono::milliseconds at_most) {
+    WaitForSingleObject(event_.Get(), static_cast<DWORD>(at_most.count()));
+}
+
+void WinPlayerSystem::Wake() {
+    SetEvent(event_.Get());
+}
+
+} // namespace quillon
