@@ -1,0 +1,17 @@
+#!/bin/sh
+# Installs what is missing of the Debian packages that building, running and testing Quillon need.
+set -eu
+packages="cmake ninja-build g++ googletest g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
+  python3 wine wine64 fonts-wine fonts-liberation xvfb xauth openbox imagemagick
+  pulseaudio pulseaudio-utils icecast2 ffmpeg espeak-ng weather-util-data $*"
+missing=
+for package in $packages; do
+  dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
+done
+[ -n "$missing" ] || exit 0
+root=
+[ "$(id -u)" = 0 ] || root=sudo
+echo "Installing:$missing"
+export DEBIAN_FRONTEND=noninteractive
+$root apt-get update -qq
+$root apt-get install -y -qq --no-install-recommends $missing > /dev/null

@@ -1,0 +1,109 @@
+"""The real Quillon.exe, a simulator, a stream server and a sound server, as processes of their own."""
+import sys
+import time
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from world.feeds import FEEDS
+from world.world import World
+
+TORONTO, LONDON, NEW_YORK = FEEDS
+DISTANCE = "text 1005"
+
+
+class Flight(unittest.TestCase):
+    """One flight; the tests are its legs, in order."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.world = World()
+        cls.addClassCleanup(cls.world.close)
+        cls.world.start_simulator()
+        cls.quillon = cls.world.start_quillon()
+        cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
+
+    def tune(self, feed):
+        self.copilot.ask("fly %s %s" % feed.position)
+        self.copilot.ask(f"tune com2stby {feed.frequency}")
+
+    def test_1_each_tuned_feed_is_heard_and_shown(self):
+        for feed in (TORONTO, LONDON, NEW_YORK, TORONTO):
+            with self.subTest(feed.icao):
+                self.tune(feed)
+                self.ear.await_(feed.icao)
+                self.copilot.await_text("title", "Quillon -OK")
+                address = self.world.feeds.address(feed)
+                self.assertEqual(self.copilot.panels(), [
+                    "Playing", feed.frequency, f"{feed.icao} - {feed.city}",
+                    address if len(address) <= 28 else "..." + address[-28:]])
+                self.copilot.await_text(DISTANCE, "0 NM")
+
+    def test_2_a_frequency_without_a_feed_is_silent(self):
+        self.copilot.ask("tune com2stby 122.80")
+        self.ear.await_("silence")
+        self.copilot.await_text("panel 1", "Stopped")
+        self.assertEqual(self.copilot.panels()[1:], ["122.80", "*", "*"])
+
+    def test_3_out_of_range_is_silent_until_the_aircraft_is_back(self):
+        self.tune(LONDON)
+        self.ear.await_(LONDON.icao)
+        self.copilot.ask("fly %s %s" % NEW_YORK.position)
+        self.ear.await_("silence")
+        self.copilot.await_text("title", "Quillon -OR")
+        self.assertIn("(Out of Range)", self.copilot.ask(DISTANCE))
+        self.copilot.ask("fly %s %s" % LONDON.position)
+        self.ear.await_(LONDON.icao)
+
+    def test_4_a_feed_tuned_out_of_range_is_not_heard_at_all(self):
+        self.tune(TORONTO)
+        self.ear.await_(TORONTO.icao)
+        self.copilot.ask(f"tune com2stby {NEW_YORK.frequency}")  # the aircraft stays over Toronto
+        self.copilot.await_text("title", "Quillon -OR")
+        time.sleep(1)
+        self.assertEqual(self.ear.hears(2), "silence")
+
+    def test_5_pausing_the_simulator_pauses_the_feed(self):
+        self.tune(LONDON)
+        self.ear.await_(LONDON.icao)
+        self.copilot.ask("pause 1")
+        self.ear.await_("silence")
+        self.copilot.await_text("panel 1", "Paused")
+        self.copilot.ask("pause 0")
+        self.ear.await_(LONDON.icao)
+
+    def test_6_a_folder_of_recordings_takes_over_and_hands_back(self):
+        self.copilot.ask("fly %s %s" % TORONTO.position)
+        self.copilot.ask("tune com2stby 118.00")  # the first free channel, given to the first folder
+        self.ear.await_("silence")
+        self.copilot.await_text("panel 3", lambda text: text.startswith("CYYZ - Wav - Toronto"))
+        self.copilot.ask(f"tune com2stby {TORONTO.frequency}")
+        self.ear.await_(TORONTO.icao)
+
+    def test_7_the_strip_mutes_and_unmutes(self):
+        self.tune(LONDON)
+        self.ear.await_(LONDON.icao)
+        self.copilot.ask("click 1007")
+        self.ear.await_("silence")
+        self.assertEqual((self.copilot.ask("title"), self.copilot.ask("panel 1")), ("Quillon -Mute", "Muted"))
+        self.copilot.ask("click 1006")
+        self.ear.await_(LONDON.icao)
+
+    def test_8_automatic_mode_searches_anew_after_manual_mode(self):
+        self.copilot.ask("click 1004")
+        self.copilot.await_text("panel 4", "Selection Mode: Manual")
+        self.assertEqual(self.copilot.ask("title"), "Quillon - Manual")
+        self.copilot.ask("click 1003")
+        self.copilot.await_text("panel 3", f"{LONDON.icao} - {LONDON.city}")
+        self.ear.await_(LONDON.icao)
+
+    def test_9_ends_with_the_simulator_and_saves_the_settings(self):
+        settings = self.world.data / "Quillon.ini"
+        settings.unlink()
+        self.copilot.ask("misbehave vanish")
+        self.assertEqual(self.quillon.wait(20), 0)
+        self.assertEqual(settings.read_bytes(), b" 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

@@ -1,0 +1,94 @@
+"""Starting and ending the real Quillon.exe, with and without what it needs."""
+import sys
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from world.feeds import FEEDS
+from world.wine import Copilot
+from world.world import World
+
+TORONTO = FEEDS[0]
+INTERNATIONAL = r"HKCU\Control Panel\International"
+
+
+class Starts(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.world = World()
+        cls.addClassCleanup(cls.world.close)
+        cls.copilot = cls.world.copilot = Copilot(cls.world.processes, cls.world.prefix)
+
+    def setUp(self):
+        self.world.fill_data_folder()
+
+    def close(self, quillon):
+        self.copilot.ask("close QuillonMain")
+        self.assertEqual(quillon.wait(20), 0)
+
+    def separators(self):
+        values = []
+        for name in ("sDecimal", "sThousand"):
+            answer = self.world.prefix.run("reg", "query", INTERNATIONAL, "/v", name).stdout
+            values.append(answer.split("REG_SZ")[1].strip())
+        return values
+
+    def test_separators_are_changed_for_the_run_only(self):
+        for name, text in (("sDecimal", ","), ("sThousand", ".")):
+            self.world.prefix.run("reg", "add", INTERNATIONAL, "/v", name, "/d", text, "/f")
+        quillon = self.world.start_quillon()
+        self.assertEqual(self.separators(), [".", ","])
+        self.close(quillon)
+        self.assertEqual(self.separators(), [",", "."])
+
+    def test_without_a_simulator_the_window_looks_for_one_and_finds_it(self):
+        quillon = self.world.start_quillon()
+        self.copilot.await_text("panel 3", "Looking for the simulator ...")
+        self.assertEqual(int(self.copilot.ask("rows")), len(FEEDS) + 3)
+        simulator = self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency, "--lat",
+                                     str(TORONTO.position[0]), "--lon", str(TORONTO.position[1]))
+        self.world.ear.await_(TORONTO.icao, 15)
+        self.close(quillon)
+        self.copilot.ask("close UIPCMAIN")
+        simulator.wait(20)
+
+    def test_a_missing_catalogue_is_reported_and_nothing_of_the_users_is_written(self):
+        (self.world.data / "live_atc_feeds.txt").unlink()
+        settings = self.world.data / "Quillon.ini"
+        settings.write_bytes(b"12\r\nCom1\r\n20\r\n30\r\n35\r\n")
+        quillon = self.world.start("Quillon.exe")
+        report = self.copilot.await_text("boxes", lambda text: "ATC from load errors" in text, 20)
+        self.assertIn("Opening ", report)
+        self.assertIn("live_atc_feeds.txt", report)
+        self.assertIn("Error 53 File not found", report)
+        self.copilot.ask("press 1")
+        self.copilot.ask("wait QuillonMain 5000")
+        self.close(quillon)
+        self.assertEqual(settings.read_bytes(), b"12\r\nCom1\r\n20\r\n30\r\n35\r\n")
+
+    def test_an_old_module_is_refused_and_the_program_ends(self):
+        simulator = self.world.start("PracticeSim.exe", "--sim", "7", "--misbehave", "old-version")
+        self.copilot.ask("wait UIPCMAIN 20000")
+        quillon = self.world.start("Quillon.exe")
+        report = self.copilot.await_text("boxes", lambda text: "Version 2.8.4.2" in text, 20)
+        self.assertIn("Your present version is", report)
+        self.copilot.ask("press 1")
+        self.assertEqual(quillon.wait(20), 0)
+        self.copilot.ask("close UIPCMAIN")
+        simulator.wait(20)
+
+    def test_without_a_sound_device_the_state_says_so(self):
+        simulator = self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency, "--lat",
+                                     str(TORONTO.position[0]), "--lon", str(TORONTO.position[1]))
+        self.copilot.ask("wait UIPCMAIN 20000")
+        env = {**self.world.prefix.env, "PULSE_SERVER": "unix:/nonexistent"}
+        quillon = self.world.processes.start("deaf", self.world.prefix.command("Quillon.exe"), env)
+        self.copilot.ask("wait QuillonMain 20000")
+        self.copilot.await_text("panel 1", "No Connection", 15)
+        self.close(quillon)
+        self.copilot.ask("close UIPCMAIN")
+        simulator.wait(20)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
