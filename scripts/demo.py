@@ -21,6 +21,7 @@ def main():
         print("Starting the practice simulator and Quillon ...", flush=True)
         world.start_simulator()
         world.start_quillon()
+        world.set_side_by_side()
         return Tour(world).fly()
 
 
@@ -28,6 +29,7 @@ def stay_open():
     with World(user_session=True) as world:
         world.start_simulator()
         quillon = world.start_quillon()
+        world.set_side_by_side()
         print("Fly the practice simulator: tune COM2 standby to one of these, and listen.")
         for feed in FEEDS:
             print(f"  {feed.frequency}  {feed.icao}  {feed.city}, at {feed.position[0]}, {feed.position[1]}")

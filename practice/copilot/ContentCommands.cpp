@@ -68,14 +68,6 @@ std::string Panel(const Words& words) {
     return memory.Text(0);
 }
 
-std::string PanelTip(const Words& words) {
-    HWND bar = TheControl(STATUSCLASSNAMEW);
-    const WPARAM panel = PanelArgument(bar, words[0]);
-    RemoteMemory memory(bar, MaxText * sizeof(wchar_t));
-    Ask(bar, SB_GETTIPTEXTW, MAKEWPARAM(panel, MaxText), reinterpret_cast<LPARAM>(memory.Start()));
-    return memory.Text(0);
-}
-
 std::string Rows(const Words&) {
     return std::to_string(Ask(TheControl(WC_LISTVIEWW), LVM_GETITEMCOUNT, 0, 0));
 }
@@ -105,7 +97,6 @@ std::string Row(const Words& words) {
 
 const std::vector<Command> ContentCommands = {
     {"panel", 1, 1, Panel},
-    {"paneltip", 1, 1, PanelTip},
     {"rows", 0, 0, Rows},
     {"row", 1, 1, Row},
 };

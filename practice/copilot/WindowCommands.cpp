@@ -120,6 +120,15 @@ std::string Pid(const Words& words) {
     return std::to_string(ProcessOf(TheTopLevel(Wide(words[0]))));
 }
 
+std::string Move(const Words& words) {
+    const auto x = static_cast<int>(NumberArgument(words[1]));
+    const auto y = static_cast<int>(NumberArgument(words[2]));
+    if (!SetWindowPos(TheTopLevel(Wide(words[0])), nullptr, x, y, 0, 0,
+                      SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE))
+        throw Failure("the window stays");
+    return "ok";
+}
+
 std::string Close(const Words& words) {
     return Post(TheTopLevel(Wide(words[0])), WM_CLOSE);
 }
@@ -131,7 +140,7 @@ const std::vector<Command> WindowCommands = {
     {"checked", 1, 1, Checked}, {"enabled", 1, 1, Enabled},     {"visible", 1, 1, Visible},
     {"click", 1, 1, Click},     {"command", 1, 1, SendCommand}, {"key", 1, 2, Key},
     {"boxes", 0, 0, ShowBoxes}, {"press", 1, 1, Press},         {"wait", 2, 2, Wait},
-    {"pid", 1, 1, Pid},         {"close", 1, 1, Close},
+    {"pid", 1, 1, Pid},         {"close", 1, 1, Close},         {"move", 3, 3, Move},
 };
 
 } // namespace practice

@@ -27,7 +27,7 @@ std::string ReadOptions(const std::vector<std::string>& words, Options& options,
             return word.starts_with("--") && word.substr(2) == known.name;
         });
         if (field == Fields.end()) return word + " is no option";
-        if (!field->set(memory, value)) return value + " is no value for " + word;
+        if (!field->set(memory, value)) return std::string(value).append(" is no value for ").append(word);
     }
     return {};
 }

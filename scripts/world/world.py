@@ -78,6 +78,10 @@ class World:
         self.copilot.ask("wait QuillonMain 20000")
         return quillon
 
+    def set_side_by_side(self):
+        self.copilot.ask("move QuillonMain 20 20")
+        self.copilot.ask("move UIPCMAIN 680 20")
+
     def screenshot(self, path):
         subprocess.run(["import", "-window", "root", path], env=self.prefix.env, check=True)
 

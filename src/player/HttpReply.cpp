@@ -18,7 +18,7 @@ bool IsDigit(char c) {
 HttpReply::Progress HttpReply::Feed(std::string_view bytes) {
     buffer_.append(bytes);
     if (!StartsLikeAReply()) return Progress::Malformed;
-    for (std::size_t end = 0; (end = buffer_.find('\n', taken_)) != std::string::npos && end < MaximumHead;) {
+    for (std::size_t end = 0; (end = buffer_.find('\n', taken_)) != std::string::npos;) {
         std::string_view line = std::string_view(buffer_).substr(taken_, end - taken_);
         if (line.ends_with('\r')) line.remove_suffix(1);
         const bool is_first = taken_ == 0;

@@ -13,10 +13,10 @@ class HttpReply {
   public:
     enum class Progress { Head, Complete, Malformed };
 
-    static constexpr std::size_t MaximumHead = 64 * 1024;
+    static constexpr std::size_t MaximumHead = 65536;
 
-    /// Takes bytes as they come. Malformed: this is no such reply, or its head is longer than MaximumHead. Not
-    /// to be called again after anything but Head.
+    /// Takes bytes as they come. Malformed: this is no such reply, or its head goes on after MaximumHead bytes.
+    /// Not to be called again after anything but Head.
     Progress Feed(std::string_view bytes);
 
     /// What follows is meaningful once the head is complete.

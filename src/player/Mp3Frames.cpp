@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t HeaderBytes = 4;
 constexpr std::size_t TagHeaderBytes = 10;
-constexpr std::size_t LargestTag = 16 * 1024 * 1024; // room for any cover picture
+constexpr std::size_t LargestTag = 16U << 20U; // room for any cover picture
 
 constexpr unsigned KilobitsMpeg1[] = {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320};
 constexpr unsigned KilobitsMpeg2[] = {0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160};

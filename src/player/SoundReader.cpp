@@ -10,7 +10,7 @@ namespace {
 constexpr std::string_view WavMark = "RIFF";
 
 /// More than lies between two frames of any MP3 stream; what has no frame in so many bytes is something else.
-constexpr std::size_t MostSkipped = 64 * 1024;
+constexpr std::size_t MostSkipped = 65536;
 
 } // namespace
 

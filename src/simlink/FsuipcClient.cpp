@@ -3,6 +3,7 @@
 #include "runtime/Number.h"
 
 #include <string>
+#include <utility>
 
 namespace quillon {
 
@@ -30,8 +31,8 @@ bool Report(bool queued, std::uint32_t& result) {
 } // namespace
 
 bool FsuipcClient::FsuipcOpen(std::uint32_t requested, std::uint32_t& result) {
-    version_ = 0;
-    sim_version_ = 0;
+    link_.FsuipcVersion = 0;
+    link_.SimVersion = 0;
     if (IsOpen()) return Fail(result, LinkAlreadyOpen);
     if (FindPeer(result) && ShareArea(result) && AskVersions(result) && CheckVersions(requested, result))
         return true;
@@ -40,33 +41,33 @@ bool FsuipcClient::FsuipcOpen(std::uint32_t requested, std::uint32_t& result) {
 }
 
 bool FsuipcClient::FindPeer(std::uint32_t& result) {
-    window_ = messages_.FindPeerWindow("UIPCMAIN");
-    wide_client_ = window_ == 0;
-    if (wide_client_) window_ = messages_.FindPeerWindow("FS98MAIN");
-    if (window_ == 0) return Fail(result, LinkNoWindow);
-    message_ = messages_.RegisterMessage(LinkName);
-    return message_ != 0 || Fail(result, LinkNoMessage);
+    link_.FsuipcWindow = messages_.FindPeerWindow("UIPCMAIN");
+    wide_client_ = link_.FsuipcWindow == 0;
+    if (wide_client_) link_.FsuipcWindow = messages_.FindPeerWindow("FS98MAIN");
+    if (link_.FsuipcWindow == 0) return Fail(result, LinkNoWindow);
+    link_.FsuipcMessage = messages_.RegisterMessage(LinkName);
+    return link_.FsuipcMessage != 0 || Fail(result, LinkNoMessage);
 }
 
 bool FsuipcClient::ShareArea(std::uint32_t& result) {
     const std::string name = std::string(LinkName) + ":" + Hex(messages_.ProcessId()) + ":1";
-    atom_ = memory_.AddNameAtom(name);
-    if (atom_ == 0) return Fail(result, LinkNoAtom);
+    link_.FsuipcAtom = memory_.AddNameAtom(name);
+    if (link_.FsuipcAtom == 0) return Fail(result, LinkNoAtom);
     const SharedMemory::Mapping mapping = memory_.CreateMapping(name, RequestArea::Length);
-    mapping_ = mapping.handle;
+    link_.FsuipcMapping = mapping.handle;
     if (mapping.already_existed) return Fail(result, LinkMappingTaken);
-    view_ = mapping_ ? memory_.MapView(mapping_) : nullptr;
-    if (!view_) return Fail(result, LinkNoView);
-    area_.Attach(view_);
+    link_.FsuipcView = link_.FsuipcMapping ? memory_.MapView(link_.FsuipcMapping) : nullptr;
+    if (!link_.FsuipcView) return Fail(result, LinkNoView);
+    area_.Attach(link_.FsuipcView);
     return true;
 }
 
 /// A simulator that is still starting answers with zeros; it is asked again a few times.
 bool FsuipcClient::AskVersions(std::uint32_t& result) {
-    for (int pass = 0; pass < MaxVersionPasses && (version_ == 0 || sim_version_ == 0); ++pass) {
-        const bool answered = FsuipcRead(0x3304, 4, &version_, result) &&
-                              FsuipcRead(0x3308, 4, &sim_version_, result) &&
-                              FsuipcRead(0x330A, 4, &lib_word_, result) && FsuipcProcess(result);
+    for (int pass = 0; pass < MaxVersionPasses && (link_.FsuipcVersion == 0 || link_.SimVersion == 0); ++pass) {
+        const bool answered = FsuipcRead(0x3304, 4, &link_.FsuipcVersion, result) &&
+                              FsuipcRead(0x3308, 4, &link_.SimVersion, result) &&
+                              FsuipcRead(0x330A, 4, &link_.FsuipcLibWord, result) && FsuipcProcess(result);
         if (!answered) return false;
         clock_.Sleep(RetryPause);
     }
@@ -74,10 +75,10 @@ bool FsuipcClient::AskVersions(std::uint32_t& result) {
 }
 
 bool FsuipcClient::CheckVersions(std::uint32_t requested, std::uint32_t& result) {
-    if (version_ < LowestVersion || sim_version_ >> 16 != ValidMark)
+    if (link_.FsuipcVersion < LowestVersion || link_.SimVersion >> 16 != ValidMark)
         return Fail(result, wide_client_ ? LinkWideClientAlone : LinkWrongVersion);
-    sim_version_ &= 0xFFFF;
-    if (requested != 0 && requested != sim_version_) return Fail(result, LinkOtherSimulator);
+    link_.SimVersion &= 0xFFFF;
+    if (requested != 0 && requested != link_.SimVersion) return Fail(result, LinkOtherSimulator);
     result = LinkConnected;
     return true;
 }
@@ -102,7 +103,7 @@ bool FsuipcClient::FsuipcProcess(std::uint32_t& result) {
     if (!SendRound(reply, result)) return false;
     if (reply != Accepted) return Fail(result, LinkBadData);
     // The other process can change the area at any moment, so it is looked at in a copy of our own.
-    const std::vector<std::uint8_t> replies(view_, view_ + round.length);
+    const std::vector<std::uint8_t> replies(link_.FsuipcView, link_.FsuipcView + round.length);
     if (!DeliverReplies(round, replies)) return false;
     result = LinkConnected;
     return true;
@@ -112,7 +113,8 @@ bool FsuipcClient::FsuipcProcess(std::uint32_t& result) {
 bool FsuipcClient::SendRound(std::uint32_t& reply, std::uint32_t& result) {
     std::uint32_t last_error = 0;
     for (int retries = 0;; ++retries) {
-        const MessageLink::Sent sent = messages_.Send(window_, message_, atom_, SendTimeoutMs);
+        const MessageLink::Sent sent =
+            messages_.Send(link_.FsuipcWindow, link_.FsuipcMessage, link_.FsuipcAtom, SendTimeoutMs);
         if (!sent.delivered) last_error = sent.last_error;
         reply = sent.reply;
         if (sent.delivered && retries < MaxRetries) return true;
@@ -122,17 +124,11 @@ bool FsuipcClient::SendRound(std::uint32_t& reply, std::uint32_t& result) {
 }
 
 void FsuipcClient::FsuipcClose() {
-    window_ = 0;
-    message_ = 0;
-    version_ = 0;
-    sim_version_ = 0;
     area_.Attach(nullptr);
-    if (atom_) memory_.DeleteAtom(atom_);
-    if (view_) memory_.UnmapView(view_);
-    if (mapping_) memory_.CloseMapping(mapping_);
-    atom_ = 0;
-    view_ = nullptr;
-    mapping_ = 0;
+    const LinkState held = std::exchange(link_, {});
+    if (held.FsuipcAtom) memory_.DeleteAtom(held.FsuipcAtom);
+    if (held.FsuipcView) memory_.UnmapView(held.FsuipcView);
+    if (held.FsuipcMapping) memory_.CloseMapping(held.FsuipcMapping);
 }
 
 } // namespace quillon

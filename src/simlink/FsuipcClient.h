@@ -9,6 +9,18 @@
 
 namespace quillon {
 
+/// What an open link holds; all zero while it is closed.
+struct LinkState {
+    NativeHandle FsuipcWindow = 0;
+    std::uint32_t FsuipcMessage = 0;
+    std::uint32_t FsuipcAtom = 0;
+    NativeHandle FsuipcMapping = 0;
+    std::uint8_t* FsuipcView = nullptr;
+    std::int32_t FsuipcVersion = 0;
+    std::uint32_t SimVersion = 0;
+    std::uint32_t FsuipcLibWord = 0; ///< overlaps the upper half of SimVersion as sent; read along, not used
+};
+
 /// The link to the FSUIPC module inside the simulator, which shows the simulator's state as numbered offsets.
 /// Reads and writes are queued and then handed over in one round trip. Calls return true on success and set
 /// `result` to a LinkResult; a call that fails sets it to the reason. They block for as long as they take and
@@ -45,13 +57,13 @@ class FsuipcClient {
     /// Releases everything; does nothing to a closed link.
     void FsuipcClose();
 
-    bool IsOpen() const { return view_ != nullptr; }
+    bool IsOpen() const { return link_.FsuipcView != nullptr; }
 
     /// FSUIPC's version as four binary-coded digits in the high half, 0 while the link is closed.
-    std::int32_t FsuipcVersion() const { return version_; }
+    std::int32_t FsuipcVersion() const { return link_.FsuipcVersion; }
 
     /// The simulator's code (see SimName), 0 while the link is closed.
-    std::uint32_t SimVersion() const { return sim_version_; }
+    std::uint32_t SimVersion() const { return link_.SimVersion; }
 
   private:
     bool FindPeer(std::uint32_t& result);
@@ -64,17 +76,9 @@ class FsuipcClient {
     SharedMemory& memory_;
     Clock& clock_;
 
-    NativeHandle window_ = 0;
+    LinkState link_;
     bool wide_client_ = false; ///< found under the class that the network client uses
-    std::uint32_t message_ = 0;
-    std::uint32_t atom_ = 0;
-    NativeHandle mapping_ = 0;
-    std::uint8_t* view_ = nullptr;
     RequestArea area_;
-
-    std::int32_t version_ = 0;
-    std::uint32_t sim_version_ = 0;
-    std::uint32_t lib_word_ = 0;
 };
 
 } // namespace quillon

@@ -47,7 +47,7 @@ bool DeliverReplies(const Round& round, std::span<const std::uint8_t> reply) {
 
 void RequestArea::Attach(std::uint8_t* start) {
     start_ = start;
-    used_ = 0;
+    FsuipcNext = 0;
     queued_.clear();
 }
 
@@ -67,23 +67,23 @@ bool RequestArea::QueueWrite(std::uint32_t offset, std::uint32_t size, const voi
 }
 
 Round RequestArea::Seal() {
-    std::memcpy(start_ + used_, &Terminator, sizeof Terminator);
-    Round round{std::exchange(queued_, {}), used_ + sizeof Terminator};
-    used_ = 0;
+    std::memcpy(start_ + FsuipcNext, &Terminator, sizeof Terminator);
+    Round round{std::exchange(queued_, {}), FsuipcNext + sizeof Terminator};
+    FsuipcNext = 0;
     return round;
 }
 
 bool RequestArea::Fits(std::size_t header_size, std::uint32_t size) const {
-    return used_ + sizeof Terminator + header_size + size <= Usable;
+    return FsuipcNext + sizeof Terminator + header_size + size <= Usable;
 }
 
 /// Without data the record's space is zeroed.
 void RequestArea::Append(const Request& request, const void* data) {
-    std::memcpy(start_ + used_, request.header.data(), request.header_size);
-    used_ += request.header_size;
-    std::memset(start_ + used_, 0, request.Size());
-    if (data && request.Size() != 0) std::memcpy(start_ + used_, data, request.Size());
-    used_ += request.Size();
+    std::memcpy(start_ + FsuipcNext, request.header.data(), request.header_size);
+    FsuipcNext += request.header_size;
+    std::memset(start_ + FsuipcNext, 0, request.Size());
+    if (data && request.Size() != 0) std::memcpy(start_ + FsuipcNext, data, request.Size());
+    FsuipcNext += request.Size();
     queued_.push_back(request);
 }
 

@@ -54,7 +54,7 @@ class RequestArea {
     void Append(const Request& request, const void* data);
 
     std::uint8_t* start_ = nullptr;
-    std::size_t used_ = 0;
+    std::size_t FsuipcNext = 0; ///< where the next record will be written, from the start
     std::vector<Request> queued_;
 };
 

@@ -139,7 +139,9 @@ void MainControls::PlacePlayer(const Theme& theme, int x, int y, int width, int 
     const int label_width = theme.Measure(theme.Text(), VolumeText).cx;
     Move(volume_label_, left, row_y, label_width, row_height);
     left += label_width;
-    Move(volume_, left, row_y, x + width - theme.Px(Margin) - left, row_height);
+    // A slider without ticks draws its thumb in the upper part of its area.
+    const int drop = theme.Px(3);
+    Move(volume_, left, row_y + drop, x + width - theme.Px(Margin) - left, row_height - drop);
 }
 
 void MainControls::PlaceLabels(const Theme& theme, int y, int width) {

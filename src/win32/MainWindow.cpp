@@ -107,6 +107,9 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         program_->sldVolume_Change(controls_->VolumePosition());
         Sync();
         return 0;
+    case WM_NEXTDLGCTL:
+        MoveFocus(wparam, lparam);
+        return 0;
     case WM_SETFOCUS:
         SetFocus(list_->Window());
         return 0;
@@ -124,6 +127,13 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     default:
         return DefWindowProcW(window_, message, wparam, lparam);
     }
+}
+
+/// A label's mnemonic moves the focus through this message, which only dialogs answer by themselves.
+void MainWindow::MoveFocus(WPARAM wparam, LPARAM lparam) {
+    HWND next = LOWORD(lparam) != 0 ? reinterpret_cast<HWND>(wparam)
+                                    : GetNextDlgTabItem(window_, GetFocus(), wparam != 0 ? TRUE : FALSE);
+    SetFocus(next);
 }
 
 void MainWindow::CreateControls() {

@@ -48,7 +48,7 @@ class MainWindow : public Display {
     LRESULT Notify(NMHDR& header);
     void Layout();
     void SetInitialSize();
-    LRESULT StaticColors(HDC context, HWND control) const;
+    void MoveFocus(WPARAM wparam, LPARAM lparam);
 
     void Sync();
     void SyncTimers();

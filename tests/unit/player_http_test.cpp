@@ -118,7 +118,7 @@ TEST(HttpReply, RefusesWhatIsNone) {
     std::string many = "HTTP/1.0 200 OK\r\n";
     while (many.size() < HttpReply::MaximumHead) many += "X: y\r\n";
     const std::string rows[] = {
-        "\xFF\xFB\x90\x00",
+        "\xFF\xFB\x90\x40",
         "HTTP/2 200 OK\r\n\r\n",
         "HTTP/1.0 20 OK\r\n\r\n",
         "HTTP/1.0 2000\r\n\r\n",

@@ -68,7 +68,7 @@ TEST(Mp3Frames, AreFoundBetweenOtherBytes) {
         {tag + Frames(2), "44 44 "},                      // the frame inside the tag is none
         {tag + tag + Frames(2), "44 44 "},
         {Frames(2) + tag + Frames(2), "44 44 44 44 "},
-        {"ID3 is no tag here: \xFF\xFF" + Frames(2), "44 44 "},
+        {"here it is none: " + tag.substr(0, 10) + Frames(2), "44 44 "},
         {lone_header + std::string(700, 'x') + Frames(2), "44 44 "}, // announced nothing
         {Frames(2) + "garbage" + lone_header + "more" + Frames(2), "44 44 44 44 "},
         {Frames(2) + SlowFrames(2) + Frames(2), "44 44 22 22 44 44 "}, // change of format
