@@ -1,8 +1,6 @@
 """The demonstration behind ./run."""
 import os
-import signal
 import sys
-from pathlib import Path
 
 from world.feeds import FEEDS
 from world.world import ROOT, World
@@ -12,7 +10,6 @@ SHOTS = ROOT / "build" / "screenshots"
 
 
 def main():
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
     if os.environ.get("DISPLAY"):
         stay_open()
         return 0

@@ -12,6 +12,5 @@ done
 root=
 [ "$(id -u)" = 0 ] || root=sudo
 echo "Installing:$missing"
-export DEBIAN_FRONTEND=noninteractive
 $root apt-get update -qq
-$root apt-get install -y -qq --no-install-recommends $missing > /dev/null
+$root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing > /dev/null

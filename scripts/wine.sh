@@ -1,9 +1,8 @@
 #!/bin/sh
-# Runs a Windows program in a Wine prefix: $WINEPREFIX, else the build folder's template, which is made on first use.
+# Runs a Windows program in a Wine prefix of the build folder, which is made on first use: never in the user's own.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
-: "${WINEPREFIX:=$root/build/wine-template}"
-export WINEPREFIX WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}" LC_ALL="${LC_ALL:-C.UTF-8}"
+export WINEPREFIX="$root/build/wine-template" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}" LC_ALL="${LC_ALL:-C.UTF-8}"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 make_template() {
   # A home that does not exist keeps the prefix's Documents and the like inside the prefix.
@@ -18,7 +17,5 @@ make_template() {
   wineserver -w
   touch "$WINEPREFIX/.ready"
 }
-if [ "$WINEPREFIX" = "$root/build/wine-template" ] && [ ! -e "$WINEPREFIX/.ready" ]; then
-  (make_template)
-fi
+[ -e "$WINEPREFIX/.ready" ] || (make_template)
 [ $# = 0 ] || exec wine "$@"

@@ -75,6 +75,12 @@ class Ear:
         (first, name), (second, _) = levels[:2]
         return name if first > 3 * second and first > 0.01 else "something else"
 
+    def listens(self, seconds):
+        """What is heard in the time that follows."""
+        end = self.server.recording.stat().st_size + 2 * int(RATE * seconds)
+        wait_until("the recording", lambda: self.server.recording.stat().st_size >= end, seconds + 5)
+        return self.hears(seconds)
+
     def await_(self, name, seconds=8):
         """Waits until that is heard; returns after how many seconds."""
         start = time.monotonic()

@@ -1,6 +1,7 @@
 """Everything at once."""
 import os
 import shutil
+import signal
 import subprocess
 import tempfile
 from pathlib import Path
@@ -21,6 +22,8 @@ class World:
         self.folder.chmod(0o711)  # Icecast runs as another user
         self.processes = Processes(self.folder)
         self.prefix = None
+        for ending in (signal.SIGTERM, signal.SIGHUP):
+            signal.signal(ending, lambda *_: (self.close(), os._exit(1)))
         try:
             self.open(user_session)
         except BaseException:
@@ -74,9 +77,9 @@ class World:
 
     def start_quillon(self, *arguments):
         """Starts Quillon and waits for its main window."""
-        quillon = self.start("Quillon.exe", *arguments)
+        self.quillon = self.start("Quillon.exe", *arguments)
         self.copilot.ask("wait QuillonMain 20000")
-        return quillon
+        return self.quillon
 
     def set_side_by_side(self):
         self.copilot.ask("move QuillonMain 20 20")
@@ -86,10 +89,12 @@ class World:
         subprocess.run(["import", "-window", "root", path], env=self.prefix.env, check=True)
 
     def close(self):
-        if self.prefix:
-            self.prefix.close()
-        self.processes.close()
-        shutil.rmtree(self.folder, ignore_errors=True)
+        try:
+            if self.prefix:
+                self.prefix.close()
+        finally:
+            self.processes.close()
+            shutil.rmtree(self.folder, ignore_errors=True)
 
     def __enter__(self):
         return self
