@@ -41,6 +41,14 @@ class RemoteMemory {
         return quillon::Narrow(text.substr(0, text.find(L'\0')));
     }
 
+    template <typename Value>
+    Value Get() const {
+        Value value;
+        if (!ReadProcessMemory(process_.Get(), start_, &value, sizeof value, nullptr))
+            throw Failure("no access to the program");
+        return value;
+    }
+
   private:
     quillon::Handle<HANDLE, CloseHandle> process_;
     void* start_;
@@ -93,12 +101,56 @@ std::string Row(const Words& words) {
     return texts;
 }
 
+/// Middle of a rectangle that a control tells in answer to a message.
+LPARAM MiddleOf(HWND control, UINT message, WPARAM index, LONG left_code) {
+    RemoteMemory memory(control, sizeof(RECT));
+    RECT area{left_code, 0, 0, 0};
+    memory.Put(&area, sizeof area);
+    if (!Ask(control, message, index, reinterpret_cast<LPARAM>(memory.Start()))) throw Failure("not on screen");
+    area = memory.Get<RECT>();
+    return MAKELPARAM((area.left + area.right) / 2, (area.top + area.bottom) / 2);
+}
+
+std::string Mouse(HWND control, LPARAM at, std::initializer_list<UINT> messages) {
+    for (const UINT message : messages)
+        if (!PostMessageW(control, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, at))
+            throw Failure("the window is gone");
+    return "ok";
+}
+
+LPARAM RowArgument(HWND list, const std::string& row) {
+    return MiddleOf(list, LVM_GETITEMRECT, NumberArgument(row) - 1, LVIR_LABEL);
+}
+
+std::string RowClick(const Words& words) {
+    HWND list = TheControl(WC_LISTVIEWW);
+    return Mouse(list, RowArgument(list, words[0]), {WM_LBUTTONDOWN, WM_LBUTTONUP});
+}
+
+std::string RowDouble(const Words& words) {
+    HWND list = TheControl(WC_LISTVIEWW);
+    return Mouse(list, RowArgument(list, words[0]),
+                 {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP});
+}
+
+std::string HeaderClick(const Words& words) {
+    HWND header = TheControl(WC_HEADERW);
+    return Mouse(header, MiddleOf(header, HDM_GETITEMRECT, NumberArgument(words[0]) - 1, 0),
+                 {WM_LBUTTONDOWN, WM_LBUTTONUP});
+}
+
+std::string ListKey(const Words& words) {
+    if (!PostMessageW(TheControl(WC_LISTVIEWW), WM_KEYDOWN, NumberArgument(words[0]), 0))
+        throw Failure("the window is gone");
+    return "ok";
+}
+
 } // namespace
 
 const std::vector<Command> ContentCommands = {
-    {"panel", 1, 1, Panel},
-    {"rows", 0, 0, Rows},
-    {"row", 1, 1, Row},
+    {"panel", 1, 1, Panel},       {"rows", 0, 0, Rows},           {"row", 1, 1, Row},
+    {"rowclick", 1, 1, RowClick}, {"rowdouble", 1, 1, RowDouble}, {"header", 1, 1, HeaderClick},
+    {"listkey", 1, 1, ListKey},
 };
 
 } // namespace practice

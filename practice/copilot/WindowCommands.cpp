@@ -102,6 +102,34 @@ std::string Press(const Words& words) {
     return Post(TheChild(boxes.front(), fits, words[0]), BM_CLICK);
 }
 
+/// The text is the rest of the line, blanks between its words folded.
+std::string Answer(const Words& words) {
+    const std::vector<HWND> boxes = Boxes();
+    if (boxes.empty()) throw Failure("no box");
+    std::string text;
+    for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
+    HWND edit = TheChild(
+        boxes.front(), [](HWND child) { return ClassOf(child) == L"Edit"; }, "Edit");
+    Ask(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(text).c_str()));
+    return "ok";
+}
+
+std::string PickEntry(const Words& words) {
+    HWND combo = ControlArgument(words[0]);
+    Ask(combo, CB_SETCURSEL, NumberArgument(words[1]), 0);
+    return Post(GetParent(combo), WM_COMMAND, MAKEWPARAM(NumberArgument(words[0]), CBN_SELENDOK));
+}
+
+std::string Hold(const Words& words) {
+    SendKey(NumberArgument(words[0]), 0);
+    return "ok";
+}
+
+std::string Release(const Words& words) {
+    SendKey(NumberArgument(words[0]), KEYEVENTF_KEYUP);
+    return "ok";
+}
+
 std::string Wait(const Words& words) {
     constexpr DWORD PollMs = 10;
     const std::wstring window_class = Wide(words[0]);
@@ -141,6 +169,8 @@ const std::vector<Command> WindowCommands = {
     {"click", 1, 1, Click},     {"command", 1, 1, SendCommand}, {"key", 1, 2, Key},
     {"boxes", 0, 0, ShowBoxes}, {"press", 1, 1, Press},         {"wait", 2, 2, Wait},
     {"pid", 1, 1, Pid},         {"close", 1, 1, Close},         {"move", 3, 3, Move},
+    {"answer", 0, 99, Answer},  {"pick", 2, 2, PickEntry},      {"hold", 1, 1, Hold},
+    {"release", 1, 1, Release},
 };
 
 } // namespace practice

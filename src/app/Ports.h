@@ -3,6 +3,7 @@
 #include "ports/AnsiCodePage.h"
 #include "ports/Clock.h"
 #include "ports/Display.h"
+#include "ports/Keyboard.h"
 #include "ports/MediaPlayer.h"
 #include "ports/MessageLink.h"
 #include "ports/Prompts.h"
@@ -22,6 +23,7 @@ struct Ports {
     Shell& shell;
     RegionalSettings& regional;
     AnsiCodePage& code_page;
+    Keyboard& keyboard;
 };
 
 } // namespace quillon

@@ -1,9 +1,13 @@
 #include "app/Program.h"
 
+#include "app/FeedListCommands.h"
+#include "app/FsuipcStatus.h"
 #include "app/PlayerStrip.h"
+#include "app/Preferences.h"
 #include "app/ShutDown.h"
 #include "app/StartUp.h"
 #include "playback/AutomaticTuning.h"
+#include "playback/ManualMonitoring.h"
 #include "playback/RecordedChatter.h"
 #include "playback/SelectionModes.h"
 #include "simlink/SimConnection.h"
@@ -32,8 +36,8 @@ class GatedClock : public Clock {
 };
 
 Ports WithClock(const Ports& ports, Clock& clock) {
-    return {ports.link,    ports.memory, clock,          ports.player,   ports.prompts,
-            ports.display, ports.shell,  ports.regional, ports.code_page};
+    return {ports.link,    ports.memory, clock,          ports.player,    ports.prompts,
+            ports.display, ports.shell,  ports.regional, ports.code_page, ports.keyboard};
 }
 
 } // namespace
@@ -51,7 +55,7 @@ struct Program::Logic {
           connection(state, link, clock),
           regional(ports.regional),
           settings(state, trap),
-          airports(state, trap),
+          airports(state, ports.code_page, trap),
           loader(state, ports.prompts, ports.code_page, trap),
           range(state, trap),
           shut_down(state, settings, regional, link, ports.player),
@@ -61,6 +65,11 @@ struct Program::Logic {
           tuning(state, sim, display, ports.player, trap),
           chatter(state, sim, trap),
           modes(state, ports.player),
+          manual(state, display, ports.player, trap),
+          radio_tuning(state, link),
+          list(state, ports.player, ports.prompts, ports.keyboard, radio_tuning, trap),
+          preferences(state, ports.prompts, ports.shell, trap),
+          status(state, link, readout),
           mute(state, ports.player),
           strip(state, ports.player, mute) {}
 
@@ -82,6 +91,11 @@ struct Program::Logic {
     AutomaticTuning tuning;
     RecordedChatter chatter;
     SelectionModes modes;
+    ManualMonitoring manual;
+    RadioTuning radio_tuning;
+    FeedListCommands list;
+    Preferences preferences;
+    FsuipcStatus status;
     Mute mute;
     PlayerStrip strip;
 };
@@ -96,8 +110,8 @@ void Program::Handle(Handler handler) {
     if (in_handler_ || state_.Ended) return;
     in_handler_ = true;
     handler();
-    in_handler_ = false;
     if (quit_requested_) logic_->shut_down.Run();
+    in_handler_ = false;
 }
 
 void Program::ConnectToSimulator() {
@@ -115,6 +129,7 @@ void Program::Timer_Timer(int id) {
     if (!state_.form.Timer(id).Enabled) return;
     Handle([this, id] {
         if (id == 1) logic_->tuning.Timer1_Timer();
+        if (id == 2) logic_->manual.Timer2_Timer();
         if (id == 3) logic_->chatter.Timer3_Timer();
     });
 }
@@ -133,6 +148,74 @@ void Program::picATCNet_Click() {
 
 void Program::lvwDB_Select(std::optional<std::size_t> row) {
     Handle([this, row] { state_.form.lvwDB.Select(row); });
+}
+
+void Program::lvwDB_ItemClick() {
+    Handle([this] { logic_->list.lvwDB_ItemClick(); });
+}
+
+void Program::lvwDB_DblClick() {
+    Handle([this] { logic_->list.lvwDB_DblClick(); });
+}
+
+void Program::lvwDB_ColumnClick(Column column) {
+    Handle([this, column] { logic_->list.lvwDB_ColumnClick(column); });
+}
+
+void Program::mnuSearch_Click() {
+    Handle([this] { logic_->list.mnuSearch_Click(); });
+}
+
+void Program::mnuCitySearch_Click() {
+    Handle([this] { logic_->list.mnuCitySearch_Click(); });
+}
+
+void Program::mnuSearchAgain_Click() {
+    Handle([this] { logic_->list.mnuSearchAgain_Click(); });
+}
+
+void Program::mnuSelComm_Click() {
+    Handle([this] { logic_->preferences.mnuSelComm_Click(); });
+}
+
+void Program::cmdComClose_Click() {
+    Handle([this] { logic_->preferences.cmdComClose_Click(); });
+}
+
+void Program::optCom_Click(std::int16_t number) {
+    Handle([this, number] { logic_->preferences.optCom_Click(number); });
+}
+
+void Program::mnuRange_Click() {
+    Handle([this] { logic_->preferences.mnuRange_Click(); });
+}
+
+void Program::mnuRecordedChatter_Click() {
+    Handle([this] { logic_->preferences.mnuRecordedChatter_Click(); });
+}
+
+void Program::cmdClose2_Click() {
+    Handle([this] { logic_->preferences.cmdClose2_Click(); });
+}
+
+void Program::cboMin_Click(std::size_t entry) {
+    Handle([this, entry] { logic_->preferences.cboMin_Click(entry); });
+}
+
+void Program::cboMax_Click(std::size_t entry) {
+    Handle([this, entry] { logic_->preferences.cboMax_Click(entry); });
+}
+
+void Program::Form_Click() {
+    Handle([this] { logic_->preferences.Form_Click(); });
+}
+
+void Program::mnuFSUPIC_Click() {
+    Handle([this] { logic_->status.mnuFSUPIC_Click(); });
+}
+
+void Program::frmShow_FSUIPC_Command1_Click() {
+    Handle([this] { logic_->status.Command1_Click(); });
 }
 
 void Program::cmdPlay_Click() {
@@ -157,6 +240,7 @@ void Program::mnuQuit_Click() {
 }
 
 void Program::EndSession() {
+    in_handler_ = true;
     logic_->shut_down.Run();
 }
 

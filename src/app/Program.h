@@ -30,8 +30,29 @@ class Program {
     void optManual_Click();
     void picATCNet_Click();
 
-    /// The user selected a row of the list, or none.
+    /// The user selected a row of the list, or none; picked the selected row; double-clicked it; clicked a
+    /// header.
     void lvwDB_Select(std::optional<std::size_t> row);
+    void lvwDB_ItemClick();
+    void lvwDB_DblClick();
+    void lvwDB_ColumnClick(Column column);
+
+    void mnuSearch_Click();
+    void mnuCitySearch_Click();
+    void mnuSearchAgain_Click();
+
+    void mnuSelComm_Click();
+    void cmdComClose_Click();
+    void optCom_Click(std::int16_t number);
+    void mnuRange_Click();
+    void mnuRecordedChatter_Click();
+    void cmdClose2_Click();
+    void cboMin_Click(std::size_t entry);
+    void cboMax_Click(std::size_t entry);
+    void Form_Click();
+
+    void mnuFSUPIC_Click();
+    void frmShow_FSUIPC_Command1_Click();
 
     // The player strip. In Automatic mode, where the cycle would undo pause and stop within a second, they mute
     // and play un-mutes.
@@ -43,7 +64,7 @@ class Program {
     /// The list has taken the keyboard as a handler had asked.
     void FocusTaken() { state_.form.lvwDBFocus = false; }
 
-    /// Closing the window and the Quit command.
+    /// Closing the window, the Quit command and the Quit button.
     void mnuQuit_Click();
 
     /// The session ends: shuts down at once, whatever is running.

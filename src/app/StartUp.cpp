@@ -29,7 +29,10 @@ void StartUp::Form_Load() {
         state_.MessageText.clear();
         state_.StartupStep.clear();
     });
-    if (!loaded) parts_.regional.Restore();
+    if (!loaded) {
+        parts_.regional.Restore();
+        parts_.settings.LeaveFileAlone();
+    }
     state_.splash.Visible = false;
     state_.form.Visible = !state_.Ended;
 }
@@ -43,7 +46,6 @@ void StartUp::SetUpForm() {
     parts_.regional.ReadAndReplace();
     state_.radio.PreviousFrequency = ForcedFrequency;
     state_.radio.MasterFrequency = UnreadFrequency;
-    constexpr std::array<int, 4> PanelWidths{1200, 1200, 3500, 3000};
     for (std::size_t i = 0; i < PanelWidths.size(); ++i) form.StatusBar1[i].WidthTwips = PanelWidths[i];
     form.PanelAt(4).Text = "Selection Mode: Automatic";
     FillGapCombos();

@@ -1,7 +1,7 @@
 #include "catalogue/DefaultFeeds.h"
 
 #include "catalogue/FeedFile.h"
-#include "catalogue/TextFile.h"
+#include "ports/TextFile.h"
 
 namespace quillon {
 

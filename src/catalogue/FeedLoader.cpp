@@ -2,7 +2,7 @@
 
 #include "catalogue/FeedFile.h"
 #include "catalogue/FrequencyPool.h"
-#include "catalogue/TextFile.h"
+#include "ports/TextFile.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #include "catalogue/Settings.h"
 
-#include "catalogue/TextFile.h"
+#include "ports/TextFile.h"
 #include "runtime/Files.h"
 #include "runtime/Number.h"
 

@@ -40,6 +40,10 @@ class Settings {
     /// touch the file. Raises the errors of ReplaceFile when the file cannot be created.
     void ReadIni();
 
+    /// From now on WriteIni will not touch the file: the start failed, and what is in force may not be the
+    /// user's.
+    void LeaveFileAlone() { read_ = false; }
+
     /// Writes the values in force, but only if this run has read the file. Reports a failure; the old file then
     /// stays.
     void WriteIni();

@@ -1,6 +1,6 @@
 #include "geo/Airports.h"
 
-#include "runtime/Files.h"
+#include "ports/TextFile.h"
 #include "runtime/Number.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
@@ -23,24 +23,14 @@ DmsRecord ParseAngle(std::string_view line, std::ptrdiff_t before, std::ptrdiff_
 
 } // namespace
 
-std::vector<std::string> LinesOf(std::string_view text) {
-    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-    std::vector<std::string> lines;
-    while (!text.empty()) {
-        const std::size_t end = text.find('\n');
-        std::string_view line = text.substr(0, end);
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-        if (end != std::string_view::npos && line.ends_with('\r')) line.remove_suffix(1);
-        lines.emplace_back(line);
-    }
-    return lines;
-}
-
 void Airports::LoadAirports() {
     trap_.Run("LoadAirports Error", Icon::Exclamation, [this] {
         const std::string path = state_.folders.DataPath + "Airport.dat";
         state_.StartupStep = "Opening " + path;
-        state_.Airports = LinesOf(ReadFile(path));
+        state_.Airports.clear();
+        const std::string text = ReadText(path, page_);
+        std::string_view rest = text;
+        while (const auto line = TakeLine(rest)) state_.Airports.emplace_back(*line);
         state_.StartupStep.clear();
     });
 }

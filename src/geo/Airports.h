@@ -1,6 +1,7 @@
 #pragma once
 
 #include "geo/Utilities.h"
+#include "ports/AnsiCodePage.h"
 #include "runtime/ErrorTrap.h"
 #include "state/ProgramState.h"
 
@@ -16,7 +17,8 @@ namespace quillon {
 /// "KJFK,N40*38.00,W073*46.00".
 class Airports {
   public:
-    Airports(ProgramState& state, ErrorTrap& trap) : state_(state), trap_(trap) {}
+    Airports(ProgramState& state, AnsiCodePage& page, ErrorTrap& trap)
+        : state_(state), page_(page), trap_(trap) {}
 
     /// Fills the list of airports with the file's lines. A file that cannot be read is reported and leaves it
     /// empty.
@@ -24,11 +26,9 @@ class Airports {
 
   private:
     ProgramState& state_;
+    AnsiCodePage& page_;
     ErrorTrap& trap_;
 };
-
-/// The lines of a text, without their LF or CR LF ends and without a byte-order mark.
-std::vector<std::string> LinesOf(std::string_view text);
 
 /// Index of the first line at or after `start` whose text before its first comma is `icao`, letter case
 /// included.

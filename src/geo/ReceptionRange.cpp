@@ -3,6 +3,7 @@
 #include "geo/Airports.h"
 #include "runtime/Number.h"
 #include "runtime/Text.h"
+#include "state/FeedMarkers.h"
 
 #include <algorithm>
 
@@ -94,7 +95,7 @@ bool ReceptionRange::FindFeedAirport() {
 void ReceptionRange::ShowNoDistance() {
     state_.StartupStep = "sLatitude = 0 or bFoundAirport = False";
     std::string& caption = state_.form.Label2.Caption;
-    if (InStr(LCase(state_.feed.FeedCity), "radio") > 0)
+    if (RadioMarker(state_.feed.FeedCity) > 0)
         caption = NetRadio;
     else
         caption = state_.feed.WplMarker < 1 ? "ICAO not found!" : "Windows PlayList";

@@ -53,7 +53,7 @@ bool AutomaticTuning::FrequencyChanged() {
 }
 
 void AutomaticTuning::Retune() {
-    player_.Stop();
+    EmptyPlayer(player_);
     const auto row = FindFrequency(state_.form.lvwDB, state_.radio.MasterFrequency);
     if (!row) {
         ShowNoFeed();

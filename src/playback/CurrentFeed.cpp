@@ -2,6 +2,7 @@
 
 #include "runtime/Files.h"
 #include "runtime/Text.h"
+#include "state/FeedMarkers.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -32,8 +33,8 @@ void MakeCurrent(ProgramState& state, const FeedRecord& record) {
     feed.FeedCity = record.City;
     feed.FeedFrequency = record.Freq;
     feed.FeedUrl = record.URL;
-    feed.RadioFeedMarker = static_cast<std::int32_t>(InStr(LCase(feed.FeedCity), "radio"));
-    feed.WplMarker = static_cast<std::int32_t>(InStr(LCase(feed.FeedUrl), ".wpl"));
+    feed.RadioFeedMarker = RadioMarker(feed.FeedCity);
+    feed.WplMarker = PlaylistMarker(feed.FeedUrl);
     feed.FeedUrlMarker = feed.WplMarker > 0 ? "1" : std::to_string(StreamMarker(feed.FeedUrl));
     state.form.Label2 = {feed.RadioFeedMarker > 0 ? "Net Radio" : "", ""};
     state.range.InRange = false;
@@ -44,11 +45,6 @@ void ClearCurrentFeed(ProgramState& state) {
     MakeCurrent(state, {});
 }
 
-std::ptrdiff_t StreamMarker(const std::string& url) {
-    const std::ptrdiff_t http = InStr(url, "http://");
-    return http > 0 ? http : InStr(url, "https://");
-}
-
 void FillShuffleBag(ProgramState& state, const std::string& folder) {
     ChatterState& chatter = state.chatter;
     chatter.File1Path = folder;
@@ -57,6 +53,11 @@ void FillShuffleBag(ProgramState& state, const std::string& folder) {
     chatter.List4.clear();
     for (const std::string& name : WaveFilesOf(chatter.File1Path))
         chatter.List3.push_back(chatter.File1Path + "\\" + name);
+}
+
+void EmptyPlayer(MediaPlayer& player) {
+    player.SetUrl("");
+    player.Stop();
 }
 
 void PutInCharge(ProgramState& state, std::int16_t timer_id) {

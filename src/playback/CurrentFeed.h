@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ports/MediaPlayer.h"
 #include "state/ProgramState.h"
 
 #include <string>
@@ -13,12 +14,12 @@ void MakeCurrent(ProgramState& state, const FeedRecord& record);
 /// No feed is current.
 void ClearCurrentFeed(ProgramState& state);
 
-/// Position of "http://" (else of "https://") in an address, 0 if it holds neither.
-std::ptrdiff_t StreamMarker(const std::string& url);
-
 /// Points the list of recordings at a folder: every "*.wav" of it, sorted by name, none of them played yet. A
 /// missing folder is an empty one.
 void FillShuffleBag(ProgramState& state, const std::string& folder);
+
+/// Empties the player, so that nothing of the feed before can start again.
+void EmptyPlayer(MediaPlayer& player);
 
 /// Puts one of the four cycle timers in charge; the other three stop.
 void PutInCharge(ProgramState& state, std::int16_t timer_id);

@@ -4,7 +4,7 @@ namespace quillon {
 
 void Mute::MuteSound() {
     MuteState& mute = state_.mute;
-    if (mute.Muted) return;
+    if (mute.Muted && !ActiveTimerRuns()) return; // a pick or another mode may have started one while muted
     mute.Muted = true;
     const bool net_radio = state_.feed.FeedUrlMarker != "0" && state_.feed.RadioFeedMarker > 0;
     if (net_radio)
@@ -26,6 +26,11 @@ void Mute::UnMuteSound() {
     SetActiveTimer(true);
     state_.form.Caption = mute.SavedCaption;
     state_.form.PanelAt(1).Text = mute.SavedStatusText;
+}
+
+bool Mute::ActiveTimerRuns() const {
+    const std::int16_t id = state_.feed.ActiveTimerId;
+    return id >= 1 && id <= 4 && state_.form.Timer(id).Enabled;
 }
 
 void Mute::SetActiveTimer(bool enabled) {

@@ -15,6 +15,7 @@ class Mute {
     void UnMuteSound();
 
   private:
+    bool ActiveTimerRuns() const;
     void SetActiveTimer(bool enabled);
 
     ProgramState& state_;

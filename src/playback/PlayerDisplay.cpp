@@ -1,6 +1,7 @@
 #include "playback/PlayerDisplay.h"
 
 #include "runtime/Text.h"
+#include "state/FeedMarkers.h"
 #include "state/Services.h"
 
 namespace quillon {
@@ -49,7 +50,7 @@ void PlayerDisplay::GetWMPState() {
 
 const char* PlayerDisplay::ShowPlaying() {
     FeedState& feed = state_.feed;
-    feed.RadioFeedMarker = static_cast<std::int32_t>(InStr(LCase(feed.FeedCity), "radio"));
+    feed.RadioFeedMarker = RadioMarker(feed.FeedCity);
     std::string& label = state_.form.Label2.Caption;
     if (feed.RadioFeedMarker > 0)
         label = "Net Radio";

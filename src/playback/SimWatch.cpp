@@ -1,14 +1,12 @@
 #include "playback/SimWatch.h"
 
-#include "runtime/Text.h"
+#include "state/FeedMarkers.h"
 
 namespace quillon {
 
 bool SimWatch::Relink() {
-    link_.FsuipcReset();
-    std::uint32_t any_simulator = 0;
     RadioState& radio = state_.radio;
-    radio.NoConnection = !link_.FsuipcOpen(any_simulator, radio.FsuipcResult);
+    radio.NoConnection = !link_.FsuipcReopen(radio.FsuipcResult);
     if (radio.NoConnection && radio.SimConnected) {
         end_program_();
         return false;
@@ -48,7 +46,7 @@ bool SimWatch::HushOutOfRange() {
     FeedState& feed = state_.feed;
     if (state_.range.InRange || feed.RadioFeedMarker > 0 || feed.WplMarker > 0) return true;
     player_.Pause();
-    feed.RadioFeedMarker = static_cast<std::int32_t>(InStr(LCase(feed.FeedCity), "radio"));
+    feed.RadioFeedMarker = RadioMarker(feed.FeedCity);
     if (feed.RadioFeedMarker > 0) {
         state_.form.Caption = feed.CaptionBase + " -Radio";
         state_.form.Label2.Caption = "Net Radio";

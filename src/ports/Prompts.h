@@ -13,6 +13,10 @@ class Prompts {
 
     /// Tells the user something; returns when the user has closed the box. A carriage return ends a line.
     virtual void Message(const std::string& title, const std::string& text, Icon icon) = 0;
+
+    /// Asks for a line of text; empty when the user cancelled. A carriage return ends a line of the prompt.
+    virtual std::string InputBox(const std::string& title, const std::string& prompt,
+                                 const std::string& default_answer) = 0;
 };
 
 } // namespace quillon

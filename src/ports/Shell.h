@@ -14,6 +14,9 @@ class Shell {
 
     /// Opens an address with the program the user has for it; does not wait.
     virtual void OpenAddress(const std::string& address) = 0;
+
+    /// Plays a sound file; does not wait, and says nothing when it cannot.
+    virtual void PlaySoundFile(const std::string& path) = 0;
 };
 
 } // namespace quillon

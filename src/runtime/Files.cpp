@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <exception>
 #include <fstream>
 #include <sstream>
 #include <system_error>
@@ -52,8 +53,12 @@ fs::path PathOf(std::string_view text) {
 }
 
 std::string TextOf(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
+    try {
+        const std::u8string text = path.u8string();
+        return {text.begin(), text.end()};
+    } catch (const std::exception&) {
+        return {};
+    }
 }
 
 bool FileExists(std::string_view path) {

@@ -14,7 +14,8 @@ namespace quillon {
 /// The path as the standard library wants it on this system.
 std::filesystem::path PathOf(std::string_view text);
 
-/// A path of the standard library as UTF-8 text.
+/// A path of the standard library as UTF-8 text; empty for a name that is no Unicode text, which Windows
+/// allows.
 std::string TextOf(const std::filesystem::path& path);
 
 bool FileExists(std::string_view path);

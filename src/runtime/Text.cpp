@@ -39,8 +39,9 @@ std::size_t SequenceLength(std::string_view bytes) {
                : 0;
 }
 
-/// Lower case of a two-byte character: Latin-1, Latin Extended-A, Greek and Cyrillic.
+/// Lower case of ASCII, Latin-1, Latin Extended-A, Greek and Cyrillic.
 std::uint32_t LowerCodePoint(std::uint32_t c) {
+    if (c >= 'A' && c <= 'Z') return c + 32;
     if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9) || (c >= 0x410 && c <= 0x42F))
         return c + 32;
     if (c >= 0x400 && c <= 0x40F) return c + 80;
@@ -48,6 +49,30 @@ std::uint32_t LowerCodePoint(std::uint32_t c) {
     if (c == 0x178) return 0xFF;
     if (c >= 0x100 && c <= 0x177 && c != 0x130 && c != 0x138) return c | 1U; // upper case is even
     return c;
+}
+
+std::uint32_t UpperCodePoint(std::uint32_t c) {
+    for (const std::uint32_t distance : {32U, 80U, 1U})
+        if (c >= distance && c - distance != c && LowerCodePoint(c - distance) == c) return c - distance;
+    return c == 0xFF ? 0x178 : c;
+}
+
+/// All letters that have a case here are one or two bytes long, and so is the other case of each.
+template <typename Change>
+std::string ChangeCase(std::string_view text, Change change) {
+    std::string changed(text);
+    for (std::size_t i = 0; i < changed.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(changed[i]);
+        if (byte < 0x80) {
+            changed[i] = static_cast<char>(change(byte));
+        } else if (byte >= 0xC3 && byte <= 0xD1 && i + 1 < changed.size() && IsContinuation(changed[i + 1])) {
+            const std::uint32_t c =
+                change((byte & 0x1FU) << 6U | (static_cast<unsigned char>(changed[i + 1]) & 0x3FU));
+            changed[i] = static_cast<char>(0xC0U | c >> 6U);
+            changed[++i] = static_cast<char>(0x80U | (c & 0x3FU));
+        }
+    }
+    return changed;
 }
 
 } // namespace
@@ -82,19 +107,11 @@ std::string Right(std::string_view text, std::ptrdiff_t length) {
 }
 
 std::string LCase(std::string_view text) {
-    std::string lower(text);
-    for (std::size_t i = 0; i < lower.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(lower[i]);
-        if (byte >= 'A' && byte <= 'Z') {
-            lower[i] = static_cast<char>(byte + 32);
-        } else if (byte >= 0xC3 && byte <= 0xD1 && i + 1 < lower.size() && IsContinuation(lower[i + 1])) {
-            const std::uint32_t c =
-                LowerCodePoint((byte & 0x1FU) << 6U | (static_cast<unsigned char>(lower[i + 1]) & 0x3FU));
-            lower[i] = static_cast<char>(0xC0U | c >> 6U);
-            lower[++i] = static_cast<char>(0x80U | (c & 0x3FU));
-        }
-    }
-    return lower;
+    return ChangeCase(text, LowerCodePoint);
+}
+
+std::string UCase(std::string_view text) {
+    return ChangeCase(text, UpperCodePoint);
 }
 
 bool IsUtf8(std::string_view bytes) {

@@ -27,8 +27,9 @@ std::string Mid(std::string_view text, std::ptrdiff_t start);
 std::string Left(std::string_view text, std::ptrdiff_t length);
 std::string Right(std::string_view text, std::ptrdiff_t length);
 
-/// Lower case of the Latin, Greek and Cyrillic letters; every other character is kept.
+/// Lower and upper case of the Latin, Greek and Cyrillic letters; every other character is kept.
 std::string LCase(std::string_view text);
+std::string UCase(std::string_view text);
 
 /// Whether the bytes are well-formed UTF-8.
 bool IsUtf8(std::string_view bytes);

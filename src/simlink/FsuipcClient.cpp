@@ -111,14 +111,14 @@ bool FsuipcClient::FsuipcProcess(std::uint32_t& result) {
 
 /// A round that gets through only with the last retry counts as failed.
 bool FsuipcClient::SendRound(std::uint32_t& reply, std::uint32_t& result) {
-    std::uint32_t last_error = 0;
+    last_error_ = 0;
     for (int retries = 0;; ++retries) {
         const MessageLink::Sent sent =
             messages_.Send(link_.FsuipcWindow, link_.FsuipcMessage, link_.FsuipcAtom, SendTimeoutMs);
-        if (!sent.delivered) last_error = sent.last_error;
+        if (!sent.delivered) last_error_ = sent.last_error;
         reply = sent.reply;
         if (sent.delivered && retries < MaxRetries) return true;
-        if (retries == MaxRetries) return Fail(result, last_error != 0 ? LinkSendFailed : LinkTimedOut);
+        if (retries == MaxRetries) return Fail(result, last_error_ != 0 ? LinkSendFailed : LinkTimedOut);
         clock_.Sleep(RetryPause);
     }
 }

@@ -41,6 +41,12 @@ class FsuipcClient {
     /// link is closed.
     bool FsuipcOpen(std::uint32_t requested, std::uint32_t& result);
 
+    /// Opens the link anew, to whatever simulator there is.
+    bool FsuipcReopen(std::uint32_t& result) {
+        FsuipcReset();
+        return FsuipcOpen(0, result);
+    }
+
     /// Queues a read. The bytes arrive in `destination` when FsuipcProcess succeeds; it must stay valid until
     /// then.
     bool FsuipcRead(std::uint32_t offset, std::uint32_t size, void* destination, std::uint32_t& result);
@@ -65,6 +71,9 @@ class FsuipcClient {
     /// The simulator's code (see SimName), 0 while the link is closed.
     std::uint32_t SimVersion() const { return link_.SimVersion; }
 
+    /// The system's error number for the last message that could not be sent, 0 while they get through.
+    std::uint32_t LastSystemError() const { return last_error_; }
+
   private:
     bool FindPeer(std::uint32_t& result);
     bool ShareArea(std::uint32_t& result);
@@ -79,6 +88,7 @@ class FsuipcClient {
     LinkState link_;
     bool wide_client_ = false; ///< found under the class that the network client uses
     RequestArea area_;
+    std::uint32_t last_error_ = 0;
 };
 
 } // namespace quillon

@@ -73,7 +73,7 @@ Round RequestArea::Seal() {
     return round;
 }
 
-bool RequestArea::Fits(std::size_t header_size, std::uint32_t size) const {
+bool RequestArea::Fits(std::uint64_t header_size, std::uint64_t size) const {
     return FsuipcNext + sizeof Terminator + header_size + size <= Usable;
 }
 

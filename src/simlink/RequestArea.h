@@ -50,7 +50,7 @@ class RequestArea {
     Round Seal();
 
   private:
-    bool Fits(std::size_t header_size, std::uint32_t size) const;
+    bool Fits(std::uint64_t header_size, std::uint64_t size) const;
     void Append(const Request& request, const void* data);
 
     std::uint8_t* start_ = nullptr;

@@ -37,18 +37,12 @@ std::string TooOldText(const std::string& simulator, const std::string& version_
            "  It canalso be found on most of your favourite FlightSim sites.\r\rSorry!";
 }
 
-bool SimConnection::Open() {
-    link_.FsuipcReset();
-    std::uint32_t any_simulator = 0;
-    return link_.FsuipcOpen(any_simulator, state_.radio.FsuipcResult);
-}
-
 bool SimConnection::Connect() {
     Panel& news = state_.form.PanelAt(3);
     const auto stop_looking = [&] {
         if (news.Text == LookingForSimulator) news.Text.clear();
     };
-    while (!Open()) {
+    while (!link_.FsuipcReopen(state_.radio.FsuipcResult)) {
         state_.radio.NoConnection = true;
         if (news.Text.empty()) news.Text = LookingForSimulator;
         Pause(clock_, 2);

@@ -30,8 +30,6 @@ class SimConnection {
     std::string CheckVersion();
 
   private:
-    bool Open();
-
     ProgramState& state_;
     FsuipcClient& link_;
     Clock& clock_;

@@ -40,6 +40,9 @@ struct OptionGroup {
     int Value = 0;
 };
 
+/// Widths of the status bar's panels as the program first shows them, in twips.
+inline constexpr std::array<int, 4> PanelWidths{1200, 1200, 3500, 3000};
+
 enum class SelectionMode { Automatic, Manual };
 
 struct frmATC {
@@ -54,6 +57,9 @@ struct frmATC {
     bool optManual() const { return Mode == SelectionMode::Manual; }
 
     OptionGroup optCom; ///< 1 `optCom1`, 2 `optCom1Stby`, 3 `optCom2`, 4 `optCom2Stby`
+
+    bool Frame1Visible = false;           ///< "Com Radio"
+    bool frmRandomChatterVisible = false; ///< recorded chatter's gaps
 
     Label Label2; ///< distance to the feed's airport, or what plays instead
     bool picATCNetVisible = false;
@@ -74,6 +80,13 @@ struct frmATC {
     const FormTimer& Timer(int id) const { return Timers.at(static_cast<std::size_t>(id) - 1); }
 
     Panel& PanelAt(int number) { return StatusBar1.at(static_cast<std::size_t>(number) - 1); }
+};
+
+/// The status of the simulator link. Modeless.
+struct frmShow_FSUIPC {
+    bool Visible = false;
+    std::string LabelCaption;
+    bool LabelRed = false;
 };
 
 struct frmSplash {

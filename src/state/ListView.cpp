@@ -25,6 +25,7 @@ const std::string& TextOf(const FeedRecord& record, Column column) {
 void ListView::Clear() {
     items_.clear();
     selected_.reset();
+    marked_.reset();
     ++revision_;
 }
 
@@ -44,7 +45,8 @@ void ListView::Add(FeedRecord record) {
     const auto place = std::upper_bound(items_.begin(), items_.end(), record, before);
     const auto row = static_cast<std::size_t>(place - items_.begin());
     items_.insert(place, std::move(record));
-    if (selected_ && *selected_ >= row) ++*selected_;
+    for (auto* kept : {&selected_, &marked_})
+        if (*kept && **kept >= row) ++**kept;
 }
 
 void ListView::Select(std::optional<std::size_t> row) {
@@ -81,8 +83,8 @@ void ListView::Sort() {
     sorted.reserve(items_.size());
     for (const std::size_t row : rows) sorted.push_back(std::move(items_[row]));
     items_ = std::move(sorted);
-    if (selected_)
-        selected_ = static_cast<std::size_t>(std::find(rows.begin(), rows.end(), *selected_) - rows.begin());
+    for (auto* kept : {&selected_, &marked_})
+        if (*kept) *kept = static_cast<std::size_t>(std::find(rows.begin(), rows.end(), **kept) - rows.begin());
 }
 
 } // namespace quillon

@@ -9,11 +9,10 @@ namespace quillon {
 
 /// One source of radio sound: a line of the catalogue and a row of the list.
 struct FeedRecord {
-    std::string ICAO;  ///< airport code, looked up in the airport file
-    std::string City;  ///< free description
-    std::string Freq;  ///< six characters "###.##", MHz
-    std::string URL;   ///< stream address, playlist, or folder of recordings
-    bool Bold = false; ///< marked as a search's hit
+    std::string ICAO; ///< airport code, looked up in the airport file
+    std::string City; ///< free description
+    std::string Freq; ///< six characters "###.##", MHz
+    std::string URL;  ///< stream address, playlist, or folder of recordings
 };
 
 enum class Column { ICAO = 0, City = 1, Freq = 2, URL = 3 };
@@ -56,7 +55,12 @@ class ListView {
     /// Asks for the selected row to be scrolled into view.
     void EnsureSelectedVisible() { ++visible_request_; }
 
-    /// Sorting ignores case and keeps the order of equals; the selection moves with its row.
+    /// 1-based row of the last search's hit, which stands out in bold; 0 while none is marked.
+    int LastSearchIndex() const { return marked_ ? static_cast<int>(*marked_) + 1 : 0; }
+    void MarkSearchHit(std::size_t row) { marked_ = row; }
+    void ClearLastSearch() { marked_.reset(); }
+
+    /// Sorting ignores case and keeps the order of equals; selection and mark move with their rows.
     void SetSortKey(Column column);
     void SetSortOrder(SortOrder order);
     void SetSorted(bool sorted);
@@ -67,6 +71,7 @@ class ListView {
 
     std::vector<FeedRecord> items_;
     std::optional<std::size_t> selected_;
+    std::optional<std::size_t> marked_;
     bool sorted_ = false;
     Column sort_key_ = Column::ICAO;
     SortOrder order_ = SortOrder::Ascending;

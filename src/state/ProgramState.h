@@ -68,6 +68,7 @@ struct RangeState {
 struct ChatterState {
     std::int16_t ChatterMinSeconds = 15;
     std::int16_t ChatterMaxSeconds = 25;
+    bool FirstPick = false; ///< a folder has just been picked by hand: its first recording starts at once
     std::string File1Path;
     std::vector<std::string> List3; ///< not yet played
     std::vector<std::string> List4; ///< played
@@ -76,6 +77,7 @@ struct ChatterState {
 struct MuteState {
     std::int32_t MuteKeyCode = 9;
     bool Muted = false;
+    bool FrameOpen = false; ///< a preference frame is shown; the mute key is ignored
     std::string SavedCaption;
     std::string SavedStatusText;
 };
@@ -84,6 +86,7 @@ struct MuteState {
 struct ProgramState {
     frmATC form;
     frmSplash splash;
+    frmShow_FSUIPC fsuipcStatus;
     frmMuteKey muteKeyDialog;
 
     Folders folders;
@@ -97,6 +100,7 @@ struct ProgramState {
     std::vector<std::string> lstUFreq; ///< frequencies that the catalogue states, sorted
     std::vector<std::string> Airports; ///< lines of the airport file
 
+    std::string LastSearchText; ///< of the last search that found something
     std::string StartupStep;
     std::string MessageText;
     bool Ended = false; ///< the shut-down has run; the window closes

@@ -1,9 +1,11 @@
 #include "win32/Adapters.h"
 
 #include "runtime/Text.h"
+#include "win32/Dialogs.h"
 #include "win32/Utf16.h"
 
 #include <array>
+#include <mmsystem.h>
 #include <shellapi.h>
 #include <shlobj.h>
 
@@ -59,6 +61,11 @@ void WinPrompts::Message(const std::string& title, const std::string& text, Icon
     MessageBoxW(owner, FitForBox(text).c_str(), Wide(title).c_str(), MB_OK | StyleOf(icon) | MB_SETFOREGROUND);
 }
 
+std::string WinPrompts::InputBox(const std::string& title, const std::string& prompt,
+                                 const std::string& default_answer) {
+    return AskForText(owner_(), title, prompt, default_answer);
+}
+
 std::string WinShell::ApplicationDataFolder() {
     PWSTR path = nullptr;
     std::string folder;
@@ -69,6 +76,14 @@ std::string WinShell::ApplicationDataFolder() {
 
 void WinShell::OpenAddress(const std::string& address) {
     ShellExecuteW(nullptr, L"open", Wide(address).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+}
+
+void WinShell::PlaySoundFile(const std::string& path) {
+    sndPlaySoundW(Wide(path).c_str(), SND_ASYNC);
+}
+
+bool WinKeyboard::IsDown(int virtual_key) {
+    return (GetAsyncKeyState(virtual_key) & 0x8000) != 0;
 }
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include "ports/AnsiCodePage.h"
 #include "ports/Clock.h"
+#include "ports/Keyboard.h"
 #include "ports/Prompts.h"
 #include "ports/RegionalSettings.h"
 #include "ports/Shell.h"
@@ -33,6 +34,8 @@ class WinPrompts : public Prompts {
     explicit WinPrompts(std::function<HWND()> owner) : owner_(std::move(owner)) {}
 
     void Message(const std::string& title, const std::string& text, Icon icon) override;
+    std::string InputBox(const std::string& title, const std::string& prompt,
+                         const std::string& default_answer) override;
 
   private:
     std::function<HWND()> owner_;
@@ -42,6 +45,12 @@ class WinShell : public Shell {
   public:
     std::string ApplicationDataFolder() override;
     void OpenAddress(const std::string& address) override;
+    void PlaySoundFile(const std::string& path) override;
+};
+
+class WinKeyboard : public Keyboard {
+  public:
+    bool IsDown(int virtual_key) override;
 };
 
 class WinRegionalSettings : public RegionalSettings {

@@ -17,8 +17,24 @@ enum ControlId : int {
     IdVolume = 1009,
     IdLiveAtcPicture = 1010,
     IdLiveAtcLabel = 1011,
+    IdQuit = 1012, ///< `Command2`
+
+    IdOptCom1 = 1021, ///< and the three behind it
+    IdOptCom2Stby = 1024,
+    IdComClose = 1025,
+    IdCboMin = 1031,
+    IdCboMax = 1032,
+    IdClose2 = 1033,
 
     IdMnuQuit = 2001,
+    IdMnuSearch = 2002,
+    IdMnuCitySearch = 2003,
+    IdMnuSearchAgain = 2004,
+    IdMnuSelComm = 2005,
+    IdMnuRange = 2006,
+    IdMnuRecordedChatter = 2007,
+    IdMnuPlaylist = 2008,
+    IdMnuFsuipc = 2009,
 };
 
 } // namespace quillon

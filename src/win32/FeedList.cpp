@@ -2,6 +2,7 @@
 
 #include "runtime/Text.h"
 #include "win32/ControlIds.h"
+#include "win32/ToolTips.h"
 #include "win32/Utf16.h"
 
 namespace quillon {
@@ -11,6 +12,7 @@ FeedList::FeedList(HWND parent, const ListView& data) : data_(data) {
                             LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
     window_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"Feeds", Style, 0, 0, 0, 0, parent,
                               reinterpret_cast<HMENU>(INT_PTR{IdFeedList}), nullptr, nullptr);
+    tips_ = CreateToolTips(window_);
     ListView_SetExtendedListViewStyle(window_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
 }
 
@@ -42,6 +44,10 @@ void FeedList::SyncColumns() {
 void FeedList::Sync() {
     syncing_ = true;
     SyncColumns();
+    if (!tip_shown_ && !data_.ToolTipText.empty()) {
+        tip_shown_ = true; // it speaks of the headers, and over the rows it would hide them
+        SetControlTip(tips_, ListView_GetHeader(window_), data_.ToolTipText);
+    }
     if (revision_ != data_.Revision()) {
         revision_ = data_.Revision();
         ListView_SetItemCountEx(window_, static_cast<int>(data_.Items().size()), LVSICF_NOSCROLL);
@@ -55,11 +61,32 @@ void FeedList::Sync() {
             ListView_SetItemState(window_, static_cast<int>(*selected_), LVIS_SELECTED | LVIS_FOCUSED,
                                   LVIS_SELECTED | LVIS_FOCUSED);
     }
+    if (marked_ != data_.LastSearchIndex()) {
+        marked_ = data_.LastSearchIndex();
+        InvalidateRect(window_, nullptr, FALSE);
+    }
+    SyncArrow();
     if (visible_request_ != data_.VisibleRequest()) {
         visible_request_ = data_.VisibleRequest();
         if (selected_) ListView_EnsureVisible(window_, static_cast<int>(*selected_), FALSE);
     }
     syncing_ = false;
+}
+
+void FeedList::SyncArrow() {
+    const int column = data_.Sorted() ? static_cast<int>(data_.SortKey()) + 1 : 0;
+    const int arrow = data_.Order() == SortOrder::Descending ? -column : column;
+    if (arrow == arrow_) return;
+    arrow_ = arrow;
+    HWND header = ListView_GetHeader(window_);
+    for (int index = 0; index < Header_GetItemCount(header); ++index) {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (index + 1 == column) item.fmt |= arrow > 0 ? HDF_SORTUP : HDF_SORTDOWN;
+        SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+    }
 }
 
 std::optional<std::size_t> FeedList::SelectedRow() const {
@@ -106,7 +133,7 @@ LRESULT FeedList::Draw(NMLVCUSTOMDRAW& draw) const {
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
     if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
     const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
-    if (row >= data_.Items().size() || !data_.Items()[row].Bold) return CDRF_DODEFAULT;
+    if (static_cast<int>(row) + 1 != data_.LastSearchIndex()) return CDRF_DODEFAULT;
     SelectObject(draw.nmcd.hdc, theme_->Bold());
     return CDRF_NEWFONT;
 }

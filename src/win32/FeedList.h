@@ -36,6 +36,7 @@ class FeedList {
 
   private:
     void SyncColumns();
+    void SyncArrow();
     void FillItem(LVITEMW& item);
     LRESULT Draw(NMLVCUSTOMDRAW& draw) const;
     LRESULT FindByIcao(const NMLVFINDITEMW& find) const;
@@ -48,6 +49,10 @@ class FeedList {
     std::uint64_t revision_ = 0;
     std::uint64_t visible_request_ = 0;
     std::optional<std::size_t> selected_;
+    int marked_ = 0;
+    int arrow_ = 0; // 1-based column, negative when it points down; 0 is none
+    HWND tips_;
+    bool tip_shown_ = false;
     std::wstring cell_; // text of the cell being asked for; lives until the next question
 };
 

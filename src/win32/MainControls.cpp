@@ -1,6 +1,7 @@
 #include "win32/MainControls.h"
 
 #include "win32/ControlIds.h"
+#include "win32/Controls.h"
 #include "win32/ToolTips.h"
 #include "win32/Utf16.h"
 
@@ -22,6 +23,7 @@ constexpr int PictureSize = 32;
 constexpr const wchar_t* AutoText = L"&Automatic";
 constexpr const wchar_t* ManualText = L"&Manual";
 constexpr const wchar_t* VolumeText = L"&Volume";
+constexpr const wchar_t* QuitText = L"Quit";
 constexpr const wchar_t* LiveAtcText = L"Live ATC";
 
 struct ButtonKind {
@@ -35,45 +37,35 @@ constexpr std::array<ButtonKind, 3> Buttons{{
     {IdStop, L"Stop", Glyph::Stop},
 }};
 
-void Move(HWND control, int x, int y, int width, int height) {
-    SetWindowPos(control, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 } // namespace
 
-HWND MainControls::Add(DWORD ex_style, const wchar_t* control_class, const wchar_t* text, DWORD style, int id) {
-    return CreateWindowExW(ex_style, control_class, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent_,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
-}
-
-MainControls::MainControls(HWND parent, const Theme& theme) : parent_(parent), tips_(CreateToolTips(parent)) {
-    mode_group_ = Add(0, WC_BUTTONW, L"Selection mode", BS_GROUPBOX | WS_GROUP, -1);
-    auto_ = Add(0, WC_BUTTONW, AutoText, BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP, IdOptAuto);
-    manual_ = Add(0, WC_BUTTONW, ManualText, BS_AUTORADIOBUTTON, IdOptManual);
-    player_group_ = Add(0, WC_BUTTONW, L"Player", BS_GROUPBOX | WS_GROUP, -1);
+MainControls::MainControls(HWND parent, const Theme& theme) : tips_(CreateToolTips(parent)) {
+    mode_group_ = AddControl(parent, WC_BUTTONW, L"Selection mode", BS_GROUPBOX | WS_GROUP, -1);
+    auto_ = AddControl(parent, WC_BUTTONW, AutoText, BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP, IdOptAuto);
+    manual_ = AddControl(parent, WC_BUTTONW, ManualText, BS_AUTORADIOBUTTON, IdOptManual);
+    player_group_ = AddControl(parent, WC_BUTTONW, L"Player", BS_GROUPBOX | WS_GROUP, -1);
     for (std::size_t i = 0; i < Buttons.size(); ++i) {
-        buttons_[i] =
-            Add(0, WC_BUTTONW, Buttons[i].Name, BS_ICON | WS_TABSTOP | (i == 0 ? WS_GROUP : 0U), Buttons[i].Id);
+        buttons_[i] = AddControl(parent, WC_BUTTONW, Buttons[i].Name,
+                                 BS_ICON | WS_TABSTOP | (i == 0 ? WS_GROUP : 0U), Buttons[i].Id);
         SetControlTip(tips_, buttons_[i], Narrow(Buttons[i].Name));
     }
-    volume_label_ = Add(0, WC_STATICW, VolumeText, SS_CENTERIMAGE, -1);
-    volume_ = Add(0, TRACKBAR_CLASSW, L"Volume", TBS_HORZ | TBS_NOTICKS | WS_TABSTOP, IdVolume);
+    volume_label_ = AddControl(parent, WC_STATICW, VolumeText, SS_CENTERIMAGE, -1);
+    volume_ = AddControl(parent, TRACKBAR_CLASSW, L"Volume", TBS_HORZ | TBS_NOTICKS | WS_TABSTOP, IdVolume);
     SendMessageW(volume_, TBM_SETRANGE, FALSE, MAKELPARAM(0, 100));
     SendMessageW(volume_, TBM_SETPAGESIZE, 0, 10);
     SetControlTip(tips_, volume_, "Volume of the feed");
-    distance_ = Add(0, WC_STATICW, L"", SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY | SS_CENTERIMAGE, IdLabel2);
-    picture_ = Add(0, WC_STATICW, L"Live ATC web site", SS_ICON | SS_NOTIFY, IdLiveAtcPicture);
-    picture_label_ = Add(0, WC_STATICW, LiveAtcText, SS_NOTIFY | SS_CENTERIMAGE, IdLiveAtcLabel);
-    for (HWND control : {picture_, picture_label_}) {
-        ShowWindow(control, SW_HIDE);
-        SetControlTip(tips_, control, "Open the live ATC web site");
-    }
+    quit_ = AddControl(parent, WC_BUTTONW, QuitText, WS_TABSTOP | WS_GROUP, IdQuit);
+    distance_ = AddControl(parent, WC_STATICW, L"", SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY | SS_CENTERIMAGE,
+                           IdLabel2);
+    picture_ = AddControl(parent, WC_STATICW, L"Live ATC web site", SS_ICON | SS_NOTIFY, IdLiveAtcPicture);
+    picture_label_ = AddControl(parent, WC_STATICW, LiveAtcText, SS_NOTIFY | SS_CENTERIMAGE, IdLiveAtcLabel);
+    for (HWND control : {picture_, picture_label_}) SetControlTip(tips_, control, "Open the live ATC web site");
+    ShowControls({picture_, picture_label_}, false);
     SetTheme(theme);
 }
 
 void MainControls::SetTheme(const Theme& theme) {
-    for (HWND control : {mode_group_, auto_, manual_, player_group_, volume_label_, picture_label_})
-        SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), TRUE);
+    SetFonts({mode_group_, auto_, manual_, player_group_, volume_label_, picture_label_, quit_}, theme.Text());
     SendMessageW(distance_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Large()), TRUE);
     for (std::size_t i = 0; i < Buttons.size(); ++i) {
         glyphs_[i] = DrawGlyph(Buttons[i].Picture, theme.Px(GlyphSize));
@@ -95,64 +87,72 @@ int MainControls::PlayerGroupWidth(const Theme& theme) const {
            theme.Px(3 * (ButtonWidth + Gap) + SliderWidth + 2 * Margin + Gap);
 }
 
+int MainControls::QuitWidth(const Theme& theme) const {
+    return theme.Measure(theme.Text(), QuitText).cx + theme.Px(32);
+}
+
 int MainControls::LeastWidth(const Theme& theme) const {
-    return ModeGroupWidth(theme) + PlayerGroupWidth(theme) + theme.Px(3 * Margin);
+    return ModeGroupWidth(theme) + PlayerGroupWidth(theme) + QuitWidth(theme) + theme.Px(4 * Margin);
 }
 
 int MainControls::Place(const Theme& theme, int width) {
-    const int line = theme.Measure(theme.Text(), L"Ag").cy;
+    const int line = LineHeight(theme);
     const int group_height = line + theme.Px(ButtonWidth);
     const int mode_width = ModeGroupWidth(theme);
     const int top = theme.Px(4);
     PlaceModes(theme, theme.Px(Margin), top, group_height);
     const int player_x = mode_width + theme.Px(2 * Margin);
     PlacePlayer(theme, player_x, top, PlayerGroupWidth(theme), group_height);
+    const int quit_width = QuitWidth(theme);
+    const int quit_height = theme.Px(26);
+    MoveControl(quit_, width - theme.Px(Margin) - quit_width, top + group_height - quit_height - theme.Px(6),
+                quit_width, quit_height);
     const int labels_y = top + group_height + theme.Px(Gap);
     PlaceLabels(theme, labels_y, width);
     return labels_y + theme.Px(PictureSize + Gap);
 }
 
 void MainControls::PlaceModes(const Theme& theme, int x, int y, int height) {
-    Move(mode_group_, x, y, ModeGroupWidth(theme), height);
-    const int line = theme.Measure(theme.Text(), L"Ag").cy;
+    MoveControl(mode_group_, x, y, ModeGroupWidth(theme), height);
+    const int line = LineHeight(theme);
     const int button_height = line + theme.Px(4);
     const int button_y = y + line + (height - line - button_height) / 2 - theme.Px(2);
     int left = x + theme.Px(Margin);
     const int auto_width = theme.Measure(theme.Text(), AutoText).cx + theme.Px(CheckMark);
-    Move(auto_, left, button_y, auto_width, button_height);
+    MoveControl(auto_, left, button_y, auto_width, button_height);
     left += auto_width + theme.Px(Gap);
-    Move(manual_, left, button_y, theme.Measure(theme.Text(), ManualText).cx + theme.Px(CheckMark),
-         button_height);
+    MoveControl(manual_, left, button_y, theme.Measure(theme.Text(), ManualText).cx + theme.Px(CheckMark),
+                button_height);
 }
 
 void MainControls::PlacePlayer(const Theme& theme, int x, int y, int width, int height) {
-    Move(player_group_, x, y, width, height);
-    const int line = theme.Measure(theme.Text(), L"Ag").cy;
+    MoveControl(player_group_, x, y, width, height);
+    const int line = LineHeight(theme);
     const int row_height = theme.Px(26);
     const int row_y = y + line + (height - line - row_height) / 2 - theme.Px(2);
     int left = x + theme.Px(Margin);
     for (HWND button : buttons_) {
-        Move(button, left, row_y, theme.Px(ButtonWidth), row_height);
+        MoveControl(button, left, row_y, theme.Px(ButtonWidth), row_height);
         left += theme.Px(ButtonWidth + Gap);
     }
     left += theme.Px(Gap);
     const int label_width = theme.Measure(theme.Text(), VolumeText).cx;
-    Move(volume_label_, left, row_y, label_width, row_height);
+    MoveControl(volume_label_, left, row_y, label_width, row_height);
     left += label_width;
     // A slider without ticks draws its thumb in the upper part of its area.
     const int drop = theme.Px(3);
-    Move(volume_, left, row_y + drop, x + width - theme.Px(Margin) - left, row_height - drop);
+    MoveControl(volume_, left, row_y + drop, x + width - theme.Px(Margin) - left, row_height - drop);
 }
 
 void MainControls::PlaceLabels(const Theme& theme, int y, int width) {
     const int height = theme.Px(PictureSize);
     const int site_width = theme.Measure(theme.Text(), LiveAtcText).cx + theme.Px(Gap);
     const int site_x = width - theme.Px(Margin) - site_width;
-    Move(picture_label_, site_x, y, site_width, height);
+    MoveControl(picture_label_, site_x, y, site_width, height);
     const int picture_x = site_x - theme.Px(PictureSize + Gap);
-    Move(picture_, picture_x, y, height, height);
+    MoveControl(picture_, picture_x, y, height, height);
     const int distance_x = theme.Px(Margin + 2);
-    Move(distance_, distance_x, y, std::max(0, picture_x - theme.Px(Gap) - distance_x), height);
+    MoveControl(distance_, distance_x, y, std::max(0, picture_x - theme.Px(Gap) - distance_x), height);
 }
 
 void MainControls::Sync(const frmATC& form) {
@@ -175,8 +175,7 @@ void MainControls::Sync(const frmATC& form) {
     }
     if (picture_shown_ != form.picATCNetVisible) {
         picture_shown_ = form.picATCNetVisible;
-        ShowWindow(picture_, picture_shown_ ? SW_SHOW : SW_HIDE);
-        ShowWindow(picture_label_, picture_shown_ ? SW_SHOW : SW_HIDE);
+        ShowControls({picture_, picture_label_}, picture_shown_);
     }
 }
 

@@ -30,14 +30,13 @@ class MainControls {
     int VolumePosition() const;
 
   private:
-    HWND Add(DWORD ex_style, const wchar_t* control_class, const wchar_t* text, DWORD style, int id);
     int ModeGroupWidth(const Theme& theme) const;
     int PlayerGroupWidth(const Theme& theme) const;
+    int QuitWidth(const Theme& theme) const;
     void PlaceModes(const Theme& theme, int x, int y, int height);
     void PlacePlayer(const Theme& theme, int x, int y, int width, int height);
     void PlaceLabels(const Theme& theme, int y, int width);
 
-    HWND parent_;
     HWND tips_;
     HWND mode_group_;
     HWND auto_;
@@ -49,6 +48,7 @@ class MainControls {
     HWND distance_;
     HWND picture_;
     HWND picture_label_;
+    HWND quit_;
     std::array<IconHandle, 3> glyphs_;
     IconHandle picture_icon_;
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <commctrl.h>
+#include <numeric>
 
 namespace quillon {
 
@@ -14,17 +15,37 @@ namespace {
 constexpr int LeastListHeight = 80; // at 96 dpi
 constexpr int FirstHeight = 480;
 
-HMENU MakeMenu() {
-    HMENU file = CreatePopupMenu();
-    AppendMenuW(file, MF_STRING, IdMnuQuit, L"&Quit\tAlt+F4");
-    HMENU bar = CreateMenu();
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(file), L"&File");
-    return bar;
-}
+/// The handlers of everything that is clicked and needs no further word.
+struct Click {
+    int id;
+    void (Program::*handler)();
+};
+constexpr Click Clicks[] = {
+    {IdPlay, &Program::cmdPlay_Click},
+    {IdPause, &Program::cmdPause_Click},
+    {IdStop, &Program::cmdStop_Click},
+    {IdQuit, &Program::mnuQuit_Click},
+    {IdLiveAtcPicture, &Program::picATCNet_Click},
+    {IdLiveAtcLabel, &Program::picATCNet_Click},
+    {IdComClose, &Program::cmdComClose_Click},
+    {IdClose2, &Program::cmdClose2_Click},
+    {IdMnuQuit, &Program::mnuQuit_Click},
+    {IdMnuSearch, &Program::mnuSearch_Click},
+    {IdMnuCitySearch, &Program::mnuCitySearch_Click},
+    {IdMnuSearchAgain, &Program::mnuSearchAgain_Click},
+    {IdMnuSelComm, &Program::mnuSelComm_Click},
+    {IdMnuRange, &Program::mnuRange_Click},
+    {IdMnuRecordedChatter, &Program::mnuRecordedChatter_Click},
+    {IdMnuFsuipc, &Program::mnuFSUPIC_Click},
+};
 
 } // namespace
 
-MainWindow::MainWindow() = default;
+MainWindow::MainWindow()
+    : fsuipc_status_([this] {
+          program_->frmShow_FSUIPC_Command1_Click();
+          Sync();
+      }) {}
 MainWindow::~MainWindow() = default;
 
 bool MainWindow::Create(Program& program) {
@@ -43,7 +64,7 @@ bool MainWindow::Create(Program& program) {
     window_class.lpszClassName = MainWindowClass;
     RegisterClassExW(&window_class);
     CreateWindowExW(WS_EX_CONTROLPARENT, MainWindowClass, L"Quillon", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                    CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, MakeMenu(), window_class.hInstance,
+                    CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, menu_.Bar(), window_class.hInstance,
                     this);
     if (window_ == nullptr) return false;
     SetInitialSize();
@@ -110,8 +131,15 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_NEXTDLGCTL:
         MoveFocus(wparam, lparam);
         return 0;
+    case WM_ACTIVATE:
+        if (LOWORD(wparam) == WA_INACTIVE && IsChild(window_, GetFocus())) focus_ = GetFocus();
+        return DefWindowProcW(window_, message, wparam, lparam);
+    case WM_LBUTTONDOWN:
+        program_->Form_Click();
+        Sync();
+        return 0;
     case WM_SETFOCUS:
-        SetFocus(list_->Window());
+        SetFocus(focus_ != nullptr ? focus_ : list_->Window());
         return 0;
     case WM_CLOSE:
         program_->mnuQuit_Click();
@@ -143,6 +171,8 @@ void MainWindow::CreateControls() {
     status_ = std::make_unique<StatusBar>(window_);
     list_->SetTheme(theme_);
     status_->SetTheme(theme_);
+    frames_ = std::make_unique<PreferenceFrames>(window_);
+    frames_->SetTheme(theme_);
 }
 
 void MainWindow::SetDpi(UINT dpi) {
@@ -150,51 +180,71 @@ void MainWindow::SetDpi(UINT dpi) {
     controls_->SetTheme(theme_);
     list_->SetTheme(theme_);
     status_->SetTheme(theme_);
+    frames_->SetTheme(theme_);
     Layout();
     InvalidateRect(window_, nullptr, TRUE);
 }
 
 void MainWindow::Command(int id, int code) {
-    const bool clicked = code == BN_CLICKED; // also 0 for a menu, STN_CLICKED for a picture
-    if (!clicked) return;
-    const bool manual = program_->State().form.optManual();
-    // A radio button also says that it was clicked when it only gets the keyboard.
-    if (id == IdOptAuto && manual) program_->optAuto_Click();
-    if (id == IdOptManual && !manual) program_->optManual_Click();
-    if (id == IdPlay) program_->cmdPlay_Click();
-    if (id == IdPause) program_->cmdPause_Click();
-    if (id == IdStop) program_->cmdStop_Click();
-    if (id == IdLiveAtcPicture || id == IdLiveAtcLabel) program_->picATCNet_Click();
-    if (id == IdMnuQuit) program_->mnuQuit_Click();
+    if (id == IdCboMin && code == CBN_SELENDOK) program_->cboMin_Click(frames_->PickedEntry(id));
+    if (id == IdCboMax && code == CBN_SELENDOK) program_->cboMax_Click(frames_->PickedEntry(id));
+    // Menus and pictures say 0 as buttons do; keys that stand for a command say 1.
+    if (code == BN_CLICKED || code == 1) Clicked(id);
     Sync();
+}
+
+void MainWindow::Clicked(int id) {
+    const frmATC& form = program_->State().form;
+    // A radio button also says that it was clicked when it only gets the keyboard.
+    if (id == IdOptAuto && form.optManual()) program_->optAuto_Click();
+    if (id == IdOptManual && !form.optManual()) program_->optManual_Click();
+    const int com = id - IdOptCom1 + 1;
+    if (com >= 1 && com <= 4 && form.optCom.Value != com)
+        program_->optCom_Click(static_cast<std::int16_t>(com));
+    for (const Click& click : Clicks)
+        if (click.id == id) (program_->*click.handler)();
 }
 
 LRESULT MainWindow::Notify(NMHDR& header) {
     if (!list_ || header.hwndFrom != list_->Window()) return 0;
-    if (header.code == LVN_ITEMCHANGED && list_->UserIsSelecting() &&
-        (reinterpret_cast<NMLISTVIEW&>(header).uChanged & LVIF_STATE) != 0) {
+    if (!list_->UserIsSelecting()) return list_->Notify(header);
+    switch (header.code) {
+    case LVN_ITEMCHANGED:
+        if ((reinterpret_cast<NMLISTVIEW&>(header).uChanged & LVIF_STATE) == 0) return 0;
         program_->lvwDB_Select(list_->SelectedRow());
-        Sync();
-        return 0;
+        break;
+    case NM_CLICK:
+        if (reinterpret_cast<NMITEMACTIVATE&>(header).iItem < 0) return 0;
+        program_->lvwDB_ItemClick();
+        break;
+    case NM_DBLCLK:
+        program_->lvwDB_DblClick();
+        break;
+    case LVN_COLUMNCLICK:
+        program_->lvwDB_ColumnClick(static_cast<Column>(reinterpret_cast<NMLISTVIEW&>(header).iSubItem));
+        break;
+    default:
+        return list_->Notify(header);
     }
-    return list_->Notify(header);
+    Sync();
+    return 0;
 }
 
 void MainWindow::Layout() {
-    if (!status_) return;
+    if (!frames_) return;
     RECT area{};
     GetClientRect(window_, &area);
     if (area.right == 0) return; // minimised
     status_->Place(theme_);
-    const int top = controls_->Place(theme_, area.right);
+    const int band = controls_->Place(theme_, area.right);
+    const int top = band + frames_->Place(theme_, band);
     const int height =
         std::max(theme_.Px(LeastListHeight), static_cast<int>(area.bottom) - top - status_->Height());
     SetWindowPos(list_->Window(), nullptr, 0, top, area.right, height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void MainWindow::SetInitialSize() {
-    int twips = 0;
-    for (const int panel : {1200, 1200, 3500, 3000}) twips += panel;
+    const int twips = std::accumulate(PanelWidths.begin(), PanelWidths.end(), 0);
     RECT area{0, 0, std::max(theme_.TwipsToPx(twips), controls_->LeastWidth(theme_)) + theme_.Px(24),
               theme_.Px(FirstHeight)};
     AdjustWindowRectExForDpi(&area, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT, theme_.Dpi());
@@ -220,7 +270,13 @@ void MainWindow::Sync() {
         caption_ = state.form.Caption;
         SetWindowTextW(window_, Wide(caption_).c_str());
     }
+    menu_.Sync(state.form);
     controls_->Sync(state.form);
+    if (frames_->Sync(state.form)) {
+        Layout();
+        RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    }
+    fsuipc_status_.Sync(window_, state.fsuipcStatus);
     status_->Sync(state.form.StatusBar1, theme_);
     list_->Sync();
     SyncTimers();
@@ -255,11 +311,23 @@ bool MainWindow::Dispatch() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) return false;
-        if (window_ != nullptr && IsDialogMessageW(window_, &message)) continue;
+        if (window_ != nullptr && Keystroke(message)) continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
     return !program_->State().Ended;
+}
+
+bool MainWindow::Keystroke(MSG& message) {
+    HWND status = fsuipc_status_.Window();
+    if (status != nullptr && IsDialogMessageW(status, &message)) return true;
+    if (menu_.Translate(window_, message)) return true;
+    if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && message.hwnd == list_->Window()) {
+        program_->lvwDB_ItemClick();
+        Sync();
+        return true;
+    }
+    return IsDialogMessageW(window_, &message) != 0;
 }
 
 bool MainWindow::ServeEvents(std::chrono::milliseconds time) {

@@ -2,8 +2,11 @@
 
 #include "app/Program.h"
 #include "ports/Display.h"
+#include "win32/Dialogs.h"
 #include "win32/FeedList.h"
 #include "win32/MainControls.h"
+#include "win32/MainMenu.h"
+#include "win32/PreferenceFrames.h"
 #include "win32/SplashWindow.h"
 #include "win32/StatusBar.h"
 #include "win32/Theme.h"
@@ -45,6 +48,8 @@ class MainWindow : public Display {
     void CreateControls();
     void SetDpi(UINT dpi);
     void Command(int id, int code);
+    void Clicked(int id);
+    bool Keystroke(MSG& message);
     LRESULT Notify(NMHDR& header);
     void Layout();
     void SetInitialSize();
@@ -57,11 +62,15 @@ class MainWindow : public Display {
 
     Program* program_ = nullptr;
     HWND window_ = nullptr;
+    HWND focus_ = nullptr; // of our controls, while another window is active
     Theme theme_;
     std::unique_ptr<MainControls> controls_;
     std::unique_ptr<FeedList> list_;
     std::unique_ptr<StatusBar> status_;
+    std::unique_ptr<PreferenceFrames> frames_;
+    MainMenu menu_;
     SplashWindow splash_;
+    FsuipcStatusWindow fsuipc_status_;
     std::string caption_;
     std::array<FormTimer, 5> timers_{};
 };

@@ -29,8 +29,10 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     WinShell shell;
     WinRegionalSettings regional;
     WinCodePage code_page;
+    WinKeyboard keyboard;
     StreamPlayer player(QUILLON_VERSION);
-    Program program({link, memory, clock, player, prompts, window, shell, regional, code_page}, Arguments());
+    Program program({link, memory, clock, player, prompts, window, shell, regional, code_page, keyboard},
+                    Arguments());
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();
     window.Run();

@@ -14,6 +14,7 @@ namespace quillon {
 class FakeSimulator : public MessageLink, public SharedMemory {
   public:
     bool running = true;
+    bool refuses = false; ///< denies us access
 
     FakeSimulator() {
         Put(0x3304, 0x49990000);
@@ -22,10 +23,13 @@ class FakeSimulator : public MessageLink, public SharedMemory {
 
     void Put(std::uint32_t offset, std::uint32_t word) { std::memcpy(&memory_[offset], &word, sizeof word); }
 
+    std::uint32_t Word(std::uint32_t offset) const { return Word(&memory_[offset]); }
+
     /// "118.70" to the radio at that offset.
     void Tune(std::uint32_t offset, const std::string& frequency) {
         const auto bcd = std::stoul(frequency.substr(1, 2) + frequency.substr(4, 2), nullptr, 16);
-        Put(offset, static_cast<std::uint32_t>(bcd));
+        const auto word = static_cast<std::uint16_t>(bcd);
+        std::memcpy(&memory_[offset], &word, sizeof word);
     }
 
     /// To whole degrees, which the link's numbers hold without a fraction.
@@ -42,7 +46,7 @@ class FakeSimulator : public MessageLink, public SharedMemory {
     std::uint32_t RegisterMessage(const std::string&) override { return 0xC123; }
     std::uint32_t ProcessId() override { return 1; }
     Sent Send(NativeHandle, std::uint32_t, std::uint32_t, std::uint32_t) override {
-        if (!running) return {false, 0, 1400};
+        if (!running || refuses) return {false, 0, refuses ? 5U : 1400U};
         for (std::uint8_t* at = area_.data(); Word(at) != 0;) {
             std::uint8_t* data = at + (Word(at) == 1 ? 16 : 12);
             const std::uint32_t size = Word(at + 8);

@@ -3,6 +3,7 @@
 #include "ports/AnsiCodePage.h"
 #include "ports/Clock.h"
 #include "ports/Display.h"
+#include "ports/Keyboard.h"
 #include "ports/MediaPlayer.h"
 #include "ports/Prompts.h"
 #include "ports/RegionalSettings.h"
@@ -34,12 +35,19 @@ class FakePrompts : public Prompts {
         messages.push_back({title, text, icon});
         if (meanwhile) meanwhile();
     }
+    std::string InputBox(const std::string&, const std::string& prompt,
+                         const std::string& default_answer) override {
+        asked = {prompt, default_answer};
+        return answer;
+    }
     ErrorTrap::Report AsReport() {
         return [this](const auto& title, const auto& text, Icon icon) { Message(title, text, icon); };
     }
 
     std::vector<Shown> messages;
-    std::function<void()> meanwhile; ///< what happens while a box is up
+    std::string answer;                        ///< what the user will type
+    std::pair<std::string, std::string> asked; ///< prompt and default answer of the last question
+    std::function<void()> meanwhile;           ///< what happens while a box is up
 };
 
 /// Time that passes only where the program waits.
@@ -61,7 +69,7 @@ class FakePlayer : public MediaPlayer {
   public:
     void SetUrl(const std::string& new_url) override {
         url = new_url;
-        urls.push_back(url);
+        if (!url.empty()) urls.push_back(url);
         state = url.empty() ? Stopped : Playing;
     }
     PlayState State() override { return state; }
@@ -78,6 +86,13 @@ class FakePlayer : public MediaPlayer {
     std::vector<std::string> urls; ///< all it was given
     PlayState state = Undefined;
     int volume = -1;
+};
+
+class FakeKeyboard : public Keyboard {
+  public:
+    bool IsDown(int virtual_key) override { return down == virtual_key; }
+
+    int down = 0; ///< the key that is held, 0 for none
 };
 
 class FakeDisplay : public Display {
@@ -104,6 +119,7 @@ class FakeShell : public Shell {
   public:
     std::string ApplicationDataFolder() override { return application_data; }
     void OpenAddress(const std::string& address) override { opened.push_back(address); }
+    void PlaySoundFile(const std::string& path) override { opened.push_back(path); }
 
     std::string application_data;
     std::vector<std::string> opened;

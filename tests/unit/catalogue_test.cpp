@@ -6,8 +6,8 @@
 #include "catalogue/FeedLoader.h"
 #include "catalogue/Folders.h"
 #include "catalogue/FrequencyPool.h"
-#include "catalogue/TextFile.h"
 #include "catalogue/TraceLog.h"
+#include "ports/TextFile.h"
 
 using namespace quillon;
 using namespace std::string_literals;

@@ -1,76 +1,10 @@
 // Whole flights through the program, on a fake simulator, player, clock and screen.
-#include "FakeSimulator.h"
-#include "Fakes.h"
-#include "TempFolder.h"
-#include "app/Program.h"
+#include "Flight.h"
 #include "app/StartUp.h"
-
-#include <memory>
 
 using namespace quillon;
 
 namespace {
-
-constexpr std::uint32_t Com2 = 0x3118, Com2Standby = 0x311C, PauseFlag = 0x0264;
-
-constexpr const char* Catalogue =
-    "CYYZ|Toronto Tower|http://feeds.example/a|118.70\r\n"
-    "EGLL|London Director|https://feeds.example/london/heathrow/director|119.72\r\n"
-    "EGLL|London Radio|http://radio.example/b|119.00\r\n"
-    "EGLL|Playlist one|C:\\lists\\one.WPL|119.05\r\n"
-    "ZZZZ|Nowhere|http://feeds.example/z|119.10\r\n";
-constexpr const char* AirportLines = "ICAO,latitude,longitude\r\n"
-                                     "CYYZ,N43*00.00,W079*00.00\r\n"
-                                     "EGLL,N51*00.00,W001*00.00\r\n";
-
-class Flight : public TempFolder {
-  protected:
-    Flight() {
-        MakeFolder("Quillon");
-        MakeFolder("Quillon\\ATC\\CYYZ_T");
-        Write("Quillon\\live_atc_feeds.txt", Catalogue);
-        Write("Quillon\\Airport.dat", AirportLines);
-        Write("Quillon\\ATC\\CYYZ_T\\b.WAV", "");
-        Write("Quillon\\ATC\\CYYZ_T\\a.wav", "");
-        Write("Quillon\\ATC\\CYYZ_T\\notes.txt", "");
-        shell.application_data = folder;
-        simulator.FlyTo(43.01, -79.01);
-        clock.events = [this] { return !program || !program->State().Ended; };
-    }
-
-    void Start(const std::string& command_line = "") {
-        const Ports ports{simulator, simulator, clock, player, prompts, display, shell, regional, page};
-        program = std::make_unique<Program>(ports, command_line);
-        program->ConnectToSimulator();
-    }
-
-    /// One tick of whichever cycle timer is enabled; at most one may be.
-    void Tick() {
-        int enabled = 0;
-        for (int id = 1; id <= 4; ++id) enabled = state().form.Timer(id).Enabled ? enabled * 10 + id : enabled;
-        ASSERT_LT(enabled, 10) << "two cycle timers at once";
-        if (enabled != 0) program->Timer_Timer(enabled);
-    }
-
-    void TuneTo(const std::string& frequency) {
-        simulator.Tune(Com2Standby, frequency);
-        Tick();
-    }
-
-    const ProgramState& state() const { return program->State(); }
-    std::string panel(std::size_t number) const { return state().form.StatusBar1.at(number - 1).Text; }
-    std::string distance() const { return state().form.Label2.Caption; }
-
-    FakeSimulator simulator;
-    FakeClock clock;
-    FakePlayer player;
-    FakePrompts prompts;
-    FakeDisplay display;
-    FakeShell shell;
-    FakeRegionalSettings regional;
-    FakeCodePage page;
-    std::unique_ptr<Program> program;
-};
 
 TEST_F(Flight, StartsConnectsAndEnds) {
     regional.decimal = ",";
@@ -192,6 +126,24 @@ TEST_F(Flight, AFolderOfRecordingsTakesOverAndHandsBack) {
     EXPECT_EQ(player.url, "http://feeds.example/a");
 }
 
+TEST_F(Flight, AFeedThatIsNoLongerTunedNeverComesBack) {
+    Start();
+    for (const char* frequency : {"122.80", "118.00"}) { // no feed; a folder of recordings
+        TuneTo("118.70");
+        Tick();
+        ASSERT_EQ(player.state, Playing);
+        TuneTo(frequency);
+        program->cmdPause_Click();
+        program->cmdPlay_Click();
+        EXPECT_EQ(player.state, Stopped);
+        simulator.Put(PauseFlag, 1);
+        Tick();
+        simulator.Put(PauseFlag, 0);
+        Tick();
+        EXPECT_EQ(player.state, Stopped) << frequency;
+    }
+}
+
 TEST_F(Flight, ALostPlayerIsAReasonToSearchAgain) {
     Start();
     TuneTo("118.70");
@@ -311,6 +263,16 @@ TEST_F(Flight, TheStripMutesTheCycleInAutomaticMode) {
     EXPECT_EQ(player.state, Stopped); // an internet radio station is stopped rather than paused
     program->cmdPlay_Click();
 
+    program->cmdPause_Click();
+    program->optManual_Click(); // switching modes starts a timer while the sound is muted
+    program->optAuto_Click();
+    Tick();
+    ASSERT_EQ(player.state, Playing);
+    program->cmdPause_Click(); // and that can be muted too
+    EXPECT_NE(player.state, Playing);
+    EXPECT_FALSE(state().form.Timer(1).Enabled);
+    program->cmdPlay_Click();
+
     program->optManual_Click();
     program->cmdStop_Click();
     EXPECT_EQ(player.state, Stopped);
@@ -337,6 +299,15 @@ TEST_F(Flight, AFailedStartShowsTheWindowAndWritesNothing) {
     EXPECT_FALSE(FileExists(At("Quillon\\Quillon.ini")));
 }
 
+TEST_F(Flight, AStartThatFailsLateWritesNothingEither) {
+    MakeFolder("Quillon\\Trace.log");
+    Write("Quillon\\Quillon.ini", "12\r\nCom1\r\nxx\r\n30\r\n35\r\n");
+    Start();
+    EXPECT_EQ(prompts.messages.size(), 1U);
+    program->mnuQuit_Click();
+    EXPECT_EQ(Read("Quillon\\Quillon.ini"), "12\r\nCom1\r\nxx\r\n30\r\n35\r\n");
+}
+
 TEST_F(Flight, AModuleThatIsTooOldEndsTheProgramUnsaved) {
     simulator.Put(0x3304, 0x28390000);
     regional.thousand = "'";
@@ -350,6 +321,8 @@ TEST_F(Flight, AModuleThatIsTooOldEndsTheProgramUnsaved) {
 
 TEST_F(Flight, NothingNestsInsideAMessageBox) {
     Start();
+    DeleteFileAt(At("Quillon\\Quillon.ini"));
+    MakeFolder("Quillon\\Quillon.ini"); // the way out will have something to report too
     prompts.meanwhile = [&] {
         program->Timer_Timer(1);
         program->optManual_Click();
@@ -359,7 +332,8 @@ TEST_F(Flight, NothingNestsInsideAMessageBox) {
     };
     simulator.Put(PauseFlag, 0xFFFF);
     Tick();
-    EXPECT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages.size(), 2U);
+    EXPECT_TRUE(player.urls.empty());
     EXPECT_TRUE(state().Ended); // closing follows the handler that was running
 }
 

@@ -17,14 +17,15 @@ class AirportFile : public TempFolder {
     ProgramState state;
     FakePrompts prompts;
     ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
-    Airports airports{state, trap};
+    FakeCodePage page;
+    Airports airports{state, page, trap};
 };
 
 TEST_F(AirportFile, KeepsTheTextOfEveryLine) {
     using namespace std::string_literals;
     Write("Airport.dat", "\xEF\xBB\xBFICAO,x\r\n KJFK,N \r\r\n\nEGLL\n\0,\xFF\r\nlast\r"s);
     airports.LoadAirports();
-    EXPECT_EQ(state.Airports, (std::vector{"ICAO,x"s, " KJFK,N \r"s, ""s, "EGLL"s, "\0,\xFF"s, "last\r"s}));
+    EXPECT_EQ(state.Airports, (std::vector{"ICAO,x"s, " KJFK,N \r"s, ""s, "EGLL"s, "\0,\xC3\xBF"s, "last"s}));
     EXPECT_EQ(state.StartupStep, "");
     EXPECT_TRUE(prompts.messages.empty());
 }

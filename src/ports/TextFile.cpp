@@ -1,4 +1,4 @@
-#include "catalogue/TextFile.h"
+#include "ports/TextFile.h"
 
 #include "runtime/Files.h"
 #include "runtime/RuntimeError.h"

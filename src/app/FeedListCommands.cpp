@@ -1,0 +1,127 @@
+#include "app/FeedListCommands.h"
+
+#include "playback/CurrentFeed.h"
+#include "runtime/Text.h"
+
+namespace quillon {
+
+namespace {
+
+constexpr int ControlKey = 17;
+
+} // namespace
+
+void FeedListCommands::lvwDB_ColumnClick(Column column) {
+    ListView& list = state_.form.lvwDB;
+    list.SetSorted(true);
+    if (column == last_clicked_)
+        list.SetSortOrder(list.Order() == SortOrder::Descending ? SortOrder::Ascending : SortOrder::Descending);
+    list.SetSortKey(column);
+    last_clicked_ = column;
+}
+
+void FeedListCommands::lvwDB_ItemClick() {
+    state_.form.lvwDB.ClearLastSearch();
+    ClickListView();
+}
+
+void FeedListCommands::mnuSearch_Click() {
+    ListView& list = state_.form.lvwDB;
+    list.SetSortKey(Column::ICAO);
+    list.SetSorted(false);
+    list.SetSorted(true);
+    const std::string answer = UCase(prompts_.InputBox("Quillon", "Please Enter ICAO", ""));
+    if (!answer.empty()) Search(Kind::Icao, answer, 0);
+}
+
+void FeedListCommands::mnuCitySearch_Click() {
+    const std::string answer = prompts_.InputBox("Quillon", "Please Enter City", "");
+    if (!answer.empty()) Search(Kind::City, answer, 0);
+}
+
+void FeedListCommands::mnuSearchAgain_Click() {
+    if (last_text_.empty())
+        mnuSearch_Click();
+    else
+        Search(last_kind_, last_text_, static_cast<std::size_t>(state_.form.lvwDB.LastSearchIndex()));
+}
+
+void FeedListCommands::Search(Kind kind, std::string text, std::size_t start) {
+    last_kind_ = kind;
+    last_text_ = std::move(text);
+    const auto row = Find(kind, last_text_, start);
+    state_.form.lvwDB.ClearLastSearch();
+    if (row)
+        ShowHit(*row, last_text_);
+    else
+        prompts_.Message("*NOT FOUND*", last_text_ + " not found!\rPlease revise your search",
+                         Icon::Information);
+}
+
+std::optional<std::size_t> FeedListCommands::Find(Kind kind, const std::string& text, std::size_t start) const {
+    const auto& items = state_.form.lvwDB.Items();
+    const std::string wanted = LCase(text);
+    for (std::size_t step = 0; step < items.size(); ++step) {
+        const std::size_t row = (start + step) % items.size();
+        const bool hit = kind == Kind::Icao ? LCase(items[row].ICAO).starts_with(wanted)
+                                            : LCase(items[row].City).find(wanted) != std::string::npos;
+        if (hit) return row;
+    }
+    return std::nullopt;
+}
+
+void FeedListCommands::ShowHit(std::size_t row, const std::string& text) {
+    ListView& list = state_.form.lvwDB;
+    list.Select(row);
+    list.MarkSearchHit(row);
+    list.EnsureSelectedVisible();
+    state_.LastSearchText = text;
+    ClickListView();
+}
+
+void FeedListCommands::ClickListView() {
+    trap_.Run("Set Feed Errors", Icon::Exclamation, [this] {
+        state_.StartupStep = "Set Feed Details";
+        const auto selected = state_.form.lvwDB.Selected();
+        if (state_.form.optManual() && selected) PickSelectedFeed(state_.form.lvwDB.Items()[*selected]);
+        state_.StartupStep.clear();
+    });
+}
+
+void FeedListCommands::PickSelectedFeed(const FeedRecord& picked) {
+    EmptyPlayer(player_);
+    state_.radio.PreviousFrequency = HandPickedFrequency;
+    // The frequency of the pick before: it only has to differ from the sentinel.
+    state_.radio.MasterFrequency = state_.feed.FeedFrequency;
+    MakeCurrent(state_, picked);
+    state_.chatter.FirstPick = true;
+    if (state_.feed.WplMarker == 0) state_.feed.FeedUrlMarker = std::to_string(InStr(picked.URL, "//"));
+    if (state_.feed.FeedUrlMarker != "0") {
+        PutInCharge(state_, 2);
+        return;
+    }
+    state_.StartupStep = "Adding Wave Files";
+    FillShuffleBag(state_, picked.URL);
+    PutInCharge(state_, 4);
+}
+
+void FeedListCommands::lvwDB_DblClick() {
+    if (state_.form.optManual() || !keyboard_.IsDown(ControlKey)) return;
+    trap_.Run("Set Feed Errors", Icon::Exclamation, [this] {
+        state_.StartupStep = "Set Feed Details";
+        TuneToSelectedFeed();
+        state_.StartupStep.clear();
+    });
+}
+
+void FeedListCommands::TuneToSelectedFeed() {
+    const auto selected = state_.form.lvwDB.Selected();
+    if (!selected) return;
+    state_.radio.PreviousFrequency = HandPickedFrequency;
+    state_.radio.MasterFrequency = state_.feed.FeedFrequency;
+    MakeCurrent(state_, state_.form.lvwDB.Items()[*selected]);
+    tuning_.Write_FSUIPC(state_.feed.FeedFrequency);
+    state_.form.PanelAt(2).Text = state_.feed.FeedFrequency;
+}
+
+} // namespace quillon

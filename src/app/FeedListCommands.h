@@ -1,0 +1,63 @@
+#pragma once
+
+#include "ports/Keyboard.h"
+#include "ports/MediaPlayer.h"
+#include "ports/Prompts.h"
+#include "runtime/ErrorTrap.h"
+#include "simlink/RadioTuning.h"
+#include "state/ProgramState.h"
+
+#include <optional>
+#include <string>
+
+namespace quillon {
+
+/// What the user does with the list of feeds: sorting, searching, picking, and tuning the simulator from it.
+class FeedListCommands {
+  public:
+    FeedListCommands(ProgramState& state, MediaPlayer& player, Prompts& prompts, Keyboard& keyboard,
+                     RadioTuning& tuning, ErrorTrap& trap)
+        : state_(state),
+          player_(player),
+          prompts_(prompts),
+          keyboard_(keyboard),
+          tuning_(tuning),
+          trap_(trap) {}
+
+    /// A click on a column's header sorts by it; on the same column as the last click, the other way round.
+    void lvwDB_ColumnClick(Column column);
+
+    /// A click on a row, or Enter: in Manual mode it picks the selected feed.
+    void lvwDB_ItemClick();
+
+    /// With Ctrl held down, in Automatic mode, tunes the simulator's followed radio to the selected feed.
+    void lvwDB_DblClick();
+
+    void mnuSearch_Click();
+    void mnuCitySearch_Click();
+
+    /// Looks for the last search's text again, from the row behind its hit and on from the top.
+    void mnuSearchAgain_Click();
+
+  private:
+    enum class Kind { Icao, City };
+
+    void Search(Kind kind, std::string text, std::size_t start);
+    std::optional<std::size_t> Find(Kind kind, const std::string& text, std::size_t start) const;
+    void ShowHit(std::size_t row, const std::string& text);
+    void ClickListView();
+    void PickSelectedFeed(const FeedRecord& picked);
+    void TuneToSelectedFeed();
+
+    ProgramState& state_;
+    MediaPlayer& player_;
+    Prompts& prompts_;
+    Keyboard& keyboard_;
+    RadioTuning& tuning_;
+    ErrorTrap& trap_;
+    std::optional<Column> last_clicked_;
+    Kind last_kind_ = Kind::Icao;
+    std::string last_text_;
+};
+
+} // namespace quillon

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "playback/PlayerDisplay.h"
+#include "runtime/ErrorTrap.h"
+
+namespace quillon {
+
+/// `Timer2`: in Manual mode, starts the feed that was picked by hand and keeps the display up to date.
+class ManualMonitoring {
+  public:
+    ManualMonitoring(ProgramState& state, PlayerDisplay& display, MediaPlayer& player, ErrorTrap& trap)
+        : state_(state), display_(display), player_(player), trap_(trap) {}
+
+    void Timer2_Timer();
+
+  private:
+    void Tick();
+    void StartPickedFeed();
+    void StartStream();
+
+    ProgramState& state_;
+    PlayerDisplay& display_;
+    MediaPlayer& player_;
+    ErrorTrap& trap_;
+};
+
+} // namespace quillon

@@ -1,0 +1,20 @@
+#include "state/FeedMarkers.h"
+
+#include "runtime/Text.h"
+
+namespace quillon {
+
+std::int32_t RadioMarker(const std::string& city) {
+    return static_cast<std::int32_t>(InStr(LCase(city), "radio"));
+}
+
+std::int32_t PlaylistMarker(const std::string& url) {
+    return static_cast<std::int32_t>(InStr(LCase(url), ".wpl"));
+}
+
+std::int32_t StreamMarker(const std::string& url) {
+    const std::ptrdiff_t http = InStr(url, "http://");
+    return static_cast<std::int32_t>(http > 0 ? http : InStr(url, "https://"));
+}
+
+} // namespace quillon

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "state/Forms.h"
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+
+namespace quillon {
+
+/// Asks for a line of text in a modal dialog; empty when the user cancelled.
+std::string AskForText(HWND owner, const std::string& title, const std::string& prompt,
+                       const std::string& default_answer);
+
+/// The window of the simulator link's status. Modeless.
+class FsuipcStatusWindow {
+  public:
+    /// `closed` is called when the user closes it.
+    explicit FsuipcStatusWindow(std::function<void()> closed) : closed_(std::move(closed)) {}
+    ~FsuipcStatusWindow();
+    FsuipcStatusWindow(const FsuipcStatusWindow&) = delete;
+    FsuipcStatusWindow& operator=(const FsuipcStatusWindow&) = delete;
+
+    HWND Window() const { return window_; }
+
+    /// Shows, updates or closes it as the data say.
+    void Sync(HWND owner, const frmShow_FSUIPC& form);
+
+  private:
+    static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
+
+    std::function<void()> closed_;
+    HWND window_ = nullptr;
+    std::string caption_;
+    bool red_ = false;
+};
+
+} // namespace quillon

@@ -1,0 +1,79 @@
+#include "win32/MainMenu.h"
+
+#include "win32/ControlIds.h"
+#include "win32/Utf16.h"
+
+#include <initializer_list>
+
+namespace quillon {
+
+namespace {
+
+struct Entry {
+    int id; // 0: a separator
+    const wchar_t* text;
+};
+
+void AddPopup(HMENU bar, const wchar_t* title, std::initializer_list<Entry> entries) {
+    HMENU popup = CreatePopupMenu();
+    for (const Entry& entry : entries)
+        AppendMenuW(popup, entry.id == 0 ? MF_SEPARATOR : MF_STRING, static_cast<UINT_PTR>(entry.id),
+                    entry.text);
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), title);
+}
+
+HMENU MakeBar() {
+    HMENU bar = CreateMenu();
+    AddPopup(bar, L"&File", {{IdMnuQuit, L"&Quit\tAlt+F4"}});
+    AddPopup(bar, L"&Search",
+             {{IdMnuSearch, L"By &ICAO ...\tCtrl+F"},
+              {IdMnuCitySearch, L"By &City ...\tCtrl+Shift+F"},
+              {0, nullptr},
+              {IdMnuSearchAgain, L"Search A&gain\tF3"}});
+    AddPopup(bar, L"&Preferences",
+             {{IdMnuSelComm, L"&Select Com Radio"},
+              {0, nullptr},
+              {IdMnuRange, L"Set &Range"},
+              {0, nullptr},
+              {IdMnuRecordedChatter, L"&Recorded Chatter Options"},
+              {0, nullptr},
+              {IdMnuPlaylist, L"&Enable Playlists"}});
+    AddPopup(bar, L"&Help", {{IdMnuFsuipc, L"&FSUIPC Status"}});
+    return bar;
+}
+
+HACCEL MakeKeys() {
+    ACCEL keys[] = {
+        {FVIRTKEY | FCONTROL, 'F', IdMnuSearch},
+        {FVIRTKEY | FCONTROL | FSHIFT, 'F', IdMnuCitySearch},
+        {FVIRTKEY, VK_F3, IdMnuSearchAgain},
+    };
+    return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
+}
+
+} // namespace
+
+MainMenu::MainMenu() : bar_(MakeBar()), keys_(MakeKeys()) {}
+
+void MainMenu::Sync(const frmATC& form) {
+    if (range_caption_ != form.mnuRangeCaption) {
+        range_caption_ = form.mnuRangeCaption;
+        std::wstring text = Wide(range_caption_);
+        MENUITEMINFOW item{};
+        item.cbSize = sizeof item;
+        item.fMask = MIIM_STRING;
+        item.dwTypeData = text.data();
+        SetMenuItemInfoW(bar_, IdMnuRange, FALSE, &item);
+    }
+    if (search_enabled_ != form.mnuSearchMenuEnabled) {
+        search_enabled_ = form.mnuSearchMenuEnabled;
+        for (const int id : {IdMnuSearch, IdMnuCitySearch, IdMnuSearchAgain})
+            EnableMenuItem(bar_, static_cast<UINT>(id), search_enabled_ ? MF_ENABLED : MF_GRAYED);
+    }
+}
+
+bool MainMenu::Translate(HWND window, MSG& message) const {
+    return TranslateAcceleratorW(window, keys_, &message) != 0;
+}
+
+} // namespace quillon

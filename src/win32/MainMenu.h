@@ -1,0 +1,32 @@
+#pragma once
+
+#include "state/Forms.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace quillon {
+
+/// The main window's menu bar and the keys that stand for its commands.
+class MainMenu {
+  public:
+    MainMenu();
+
+    /// For the window that will own it.
+    HMENU Bar() const { return bar_; }
+
+    /// Shows captions and enabled states that differ from those shown.
+    void Sync(const frmATC& form);
+
+    /// Turns a key press for the window into its command.
+    bool Translate(HWND window, MSG& message) const;
+
+  private:
+    HMENU bar_;
+    HACCEL keys_; // lives as long as the program
+    std::string range_caption_;
+    bool search_enabled_ = true;
+};
+
+} // namespace quillon

@@ -1,0 +1,61 @@
+#include "win32/ServerCertificate.h"
+
+#include "win32/Handle.h"
+
+#include <schannel.h>
+#include <wincrypt.h>
+
+namespace quillon {
+
+namespace {
+
+void FreeCertificate(PCCERT_CONTEXT certificate) {
+    CertFreeCertificateContext(certificate);
+}
+
+void FreeChain(PCCERT_CHAIN_CONTEXT chain) {
+    CertFreeCertificateChain(chain);
+}
+
+using Certificate = Handle<PCCERT_CONTEXT, FreeCertificate>;
+using CertificateChain = Handle<PCCERT_CHAIN_CONTEXT, FreeChain>;
+
+/// The certificate with those that vouch for it, up to one that Windows knows if there is any.
+CertificateChain ChainOf(const Certificate& certificate) {
+    char server_authentication[] = szOID_PKIX_KP_SERVER_AUTH;
+    LPSTR usages[] = {server_authentication};
+    CERT_CHAIN_PARA wanted{};
+    wanted.cbSize = sizeof wanted;
+    wanted.RequestedUsage.dwType = USAGE_MATCH_TYPE_OR;
+    wanted.RequestedUsage.Usage = {1, usages};
+    PCCERT_CHAIN_CONTEXT chain = nullptr;
+    CertGetCertificateChain(nullptr, certificate.Get(), nullptr, certificate.Get()->hCertStore, &wanted, 0,
+                            nullptr, &chain);
+    return CertificateChain(chain);
+}
+
+} // namespace
+
+bool IsServerTrusted(CtxtHandle& connection, const std::wstring& host) {
+    PCCERT_CONTEXT shown = nullptr;
+    if (QueryContextAttributesW(&connection, SECPKG_ATTR_REMOTE_CERT_CONTEXT, &shown) != SEC_E_OK) return false;
+    const Certificate certificate(shown);
+    if (!certificate) return false;
+    const CertificateChain chain = ChainOf(certificate);
+    // Wine's policy below overlooks a chain that ends before any root.
+    if (!chain || chain.Get()->TrustStatus.dwErrorStatus != CERT_TRUST_NO_ERROR) return false;
+    std::wstring name = host;
+    SSL_EXTRA_CERT_CHAIN_POLICY_PARA server{};
+    server.cbSize = sizeof server;
+    server.dwAuthType = AUTHTYPE_SERVER;
+    server.pwszServerName = name.data();
+    CERT_CHAIN_POLICY_PARA rules{};
+    rules.cbSize = sizeof rules;
+    rules.pvExtraPolicyPara = &server;
+    CERT_CHAIN_POLICY_STATUS verdict{};
+    verdict.cbSize = sizeof verdict;
+    return CertVerifyCertificateChainPolicy(CERT_CHAIN_POLICY_SSL, chain.Get(), &rules, &verdict) != FALSE &&
+           verdict.dwError == 0;
+}
+
+} // namespace quillon

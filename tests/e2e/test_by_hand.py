@@ -1,0 +1,130 @@
+"""The list, manual mode and the preferences of the real Quillon.exe, driven by mouse and keyboard messages."""
+import sys
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from world.feeds import FEEDS
+from world.world import World
+
+TORONTO, LONDON, NEW_YORK = FEEDS
+AUTOMATIC, MANUAL, CLOSE_RADIOS, LABEL, CLOSE_GAPS = 1003, 1004, 1025, 1005, 1033
+SEARCH, CITY_SEARCH, RADIOS, RANGE, GAPS, STATUS = 2002, 2003, 2005, 2006, 2007, 2009
+CONTROL, ENTER, F3 = 17, 13, 0x72
+
+
+class ByHand(unittest.TestCase):
+    """One sitting with a restart in it; the tests are its steps, in order."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.world = World()
+        cls.addClassCleanup(cls.world.close)
+        cls.world.start_simulator("--lat", "51.477", "--lon", "-0.461")
+        cls.world.start_quillon()
+        cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
+
+    def rows(self):
+        return [self.copilot.ask(f"row {number + 1}") for number in range(int(self.copilot.ask("rows")))]
+
+    def row_of(self, feed):
+        return next(number for number, row in enumerate(self.rows(), 1) if f"|{feed.frequency}|" in row)
+
+    def answer(self, text, button=1):
+        self.copilot.await_text("boxes", lambda boxes: boxes)
+        self.copilot.ask(f"answer {text}")
+        self.copilot.ask(f"press {button}")
+        self.copilot.await_text("boxes", lambda boxes: text not in boxes or "NOT FOUND" in boxes)
+
+    def column(self, index):
+        return [row.split("|")[index] for row in self.rows()]
+
+    def test_1_headers_sort(self):
+        self.copilot.ask("header 3")
+        self.copilot.await_text("row 1", lambda row: "|118.00|" in row)
+        self.copilot.ask("header 3")
+        self.copilot.await_text("row 1", lambda row: f"|{LONDON.frequency}|" in row)
+        self.assertEqual(self.column(2), sorted(self.column(2), reverse=True))
+
+    def test_2_searches_find_or_say_so(self):
+        self.copilot.ask(f"command {CITY_SEARCH}")
+        self.answer("kennedy")
+        self.copilot.ask(f"command {SEARCH}")
+        self.answer("xx")
+        self.copilot.await_text("boxes", "*NOT FOUND*|XX not found!\\r\\nPlease revise your search")
+        self.copilot.ask("press 1")
+        self.copilot.await_text("boxes", "")
+
+    def test_3_a_pick_in_manual_mode_is_heard(self):
+        self.copilot.ask(f"click {MANUAL}")
+        for feed in (LONDON, NEW_YORK):  # New York is out of range, which does not matter by hand
+            self.copilot.ask(f"rowclick {self.row_of(feed)}")
+            self.ear.await_(feed.icao)
+            self.copilot.await_text("panel 2", "Manual")
+            self.copilot.await_text("panel 3", f"{feed.icao} - {feed.city}")
+        self.copilot.await_text("title", "Quillon - Manual Mode -OK")
+
+    def test_4_the_keyboard_searches_and_picks(self):
+        self.copilot.ask(f"command {SEARCH}")
+        self.answer("cyyz")
+        self.copilot.ask(f"listkey {F3}")
+        self.copilot.ask(f"listkey {F3}")
+        self.copilot.ask(f"rowclick {self.row_of(TORONTO)}")
+        self.ear.await_(TORONTO.icao)
+        self.copilot.ask(f"listkey {ENTER}")  # picks it once more
+        self.copilot.await_text("panel 3", f"{TORONTO.icao} - {TORONTO.city}")
+        self.ear.await_(TORONTO.icao)
+
+    def test_5_ctrl_and_a_double_click_tune_the_simulator(self):
+        self.copilot.ask(f"click {AUTOMATIC}")
+        self.copilot.await_text("panel 4", lambda text: text in ("*", "Selection Mode: Automatic"))
+        self.copilot.ask(f"hold {CONTROL}")
+        self.copilot.ask(f"rowdouble {self.row_of(LONDON)}")
+        self.copilot.await_text("read 311C 4", "00001972")
+        self.copilot.ask(f"release {CONTROL}")
+        self.ear.await_(LONDON.icao)
+
+    def test_6_the_range_reaches_label_and_sound(self):
+        self.copilot.ask("fly 51.9 -0.461")  # 25 miles away
+        self.copilot.ask(f"command {RANGE}")
+        self.answer("5")
+        self.copilot.await_text(f"text {LABEL}", lambda text: text.endswith("NM (Out of Range)"))
+        self.ear.await_("silence")
+        self.copilot.ask(f"command {RANGE}")
+        self.answer("0")
+        self.ear.await_(LONDON.icao)
+        self.copilot.await_text(f"text {LABEL}", lambda text: text.endswith(" NM"))
+
+    def test_7_radio_and_gaps_are_chosen_in_their_frames(self):
+        self.copilot.ask(f"command {RADIOS}")
+        self.copilot.await_text("visible 1021", "1")
+        self.copilot.ask("click 1021")
+        self.copilot.ask("tune com1 119.10")
+        self.copilot.ask("fly %s %s" % NEW_YORK.position)
+        self.ear.await_(NEW_YORK.icao)
+        self.copilot.ask(f"click {CLOSE_RADIOS}")
+        self.copilot.await_text("visible 1021", "0")
+        self.copilot.ask(f"command {GAPS}")
+        self.copilot.ask("pick 1031 2")
+        self.copilot.ask("pick 1032 30")
+        self.copilot.ask(f"click {CLOSE_GAPS}")
+        self.copilot.await_text("visible 1031", "0")
+
+    def test_8_the_status_dialog_shows_the_link(self):
+        self.copilot.ask(f"command {STATUS}")
+        self.copilot.await_text("boxes", lambda text: "Com1 Freq:      119.10" in text and "FlightSim:  FSX" in text)
+        self.copilot.ask("press 1")
+        self.copilot.await_text("boxes", "")
+
+    def test_9_a_restart_keeps_the_settings(self):
+        self.copilot.ask("close QuillonMain")
+        self.world.quillon.wait(20)
+        self.assertEqual((self.world.data / "Quillon.ini").read_bytes(), b" 0 \r\nCom1\r\n 7 \r\n 40 \r\n 9 \r\n")
+        self.world.start_quillon()
+        self.assertEqual([self.copilot.ask(f"text {box}") for box in (1031, 1032)], ["7", "40"])
+        self.assertEqual(self.copilot.ask("checked 1021"), "1")
+        self.ear.await_(NEW_YORK.icao)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "FakeSimulator.h"
+#include "Fakes.h"
+#include "TempFolder.h"
+#include "app/Program.h"
+
+#include <memory>
+
+namespace quillon {
+
+inline constexpr std::uint32_t Com2 = 0x3118, Com2Standby = 0x311C, PauseFlag = 0x0264;
+
+inline constexpr const char* Catalogue =
+    "CYYZ|Toronto Tower|http://feeds.example/a|118.70\r\n"
+    "EGLL|London Director|https://feeds.example/london/heathrow/director|119.72\r\n"
+    "EGLL|London Radio|http://radio.example/b|119.00\r\n"
+    "EGLL|Playlist one|C:\\lists\\one.WPL|119.05\r\n"
+    "ZZZZ|Nowhere|http://feeds.example/z|119.10\r\n";
+inline constexpr const char* AirportLines = "ICAO,latitude,longitude\r\n"
+                                            "CYYZ,N43*00.00,W079*00.00\r\n"
+                                            "EGLL,N51*00.00,W001*00.00\r\n";
+
+/// The whole program on fakes, over Toronto, with five feeds and three folders of recordings.
+class Flight : public TempFolder {
+  protected:
+    Flight() {
+        MakeFolder("Quillon");
+        MakeFolder("Quillon\\ATC\\CYYZ_T");
+        Write("Quillon\\live_atc_feeds.txt", Catalogue);
+        Write("Quillon\\Airport.dat", AirportLines);
+        Write("Quillon\\ATC\\CYYZ_T\\b.WAV", "");
+        Write("Quillon\\ATC\\CYYZ_T\\a.wav", "");
+        Write("Quillon\\ATC\\CYYZ_T\\notes.txt", "");
+        shell.application_data = folder;
+        simulator.FlyTo(43.01, -79.01);
+        clock.events = [this] { return !program || !program->State().Ended; };
+    }
+
+    void Start(const std::string& command_line = "") {
+        const Ports ports{simulator, simulator, clock,    player, prompts,
+                          display,   shell,     regional, page,   keyboard};
+        program = std::make_unique<Program>(ports, command_line);
+        program->ConnectToSimulator();
+    }
+
+    /// One tick of whichever cycle timer is enabled; at most one may be.
+    void Tick() {
+        int enabled = 0;
+        for (int id = 1; id <= 4; ++id) enabled = state().form.Timer(id).Enabled ? enabled * 10 + id : enabled;
+        ASSERT_LT(enabled, 10) << "two cycle timers at once";
+        if (enabled != 0) program->Timer_Timer(enabled);
+    }
+
+    void TuneTo(const std::string& frequency) {
+        simulator.Tune(Com2Standby, frequency);
+        Tick();
+    }
+
+    const ProgramState& state() const { return program->State(); }
+    std::string panel(std::size_t number) const { return state().form.StatusBar1.at(number - 1).Text; }
+    std::string distance() const { return state().form.Label2.Caption; }
+
+    FakeSimulator simulator;
+    FakeClock clock;
+    FakePlayer player;
+    FakePrompts prompts;
+    FakeDisplay display;
+    FakeShell shell;
+    FakeRegionalSettings regional;
+    FakeCodePage page;
+    FakeKeyboard keyboard;
+    std::unique_ptr<Program> program;
+};
+
+} // namespace quillon

@@ -1,0 +1,244 @@
+// The list by hand: sorting, searching, picking, tuning from it; and the preferences.
+#include "Flight.h"
+#include "simlink/RadioTuning.h"
+
+using namespace quillon;
+
+namespace {
+
+std::string Icaos(const ListView& list) {
+    std::string all;
+    for (const FeedRecord& item : list.Items()) all += item.ICAO + " ";
+    return all;
+}
+
+TEST(ListView, SortsWithoutCaseKeepsEqualsAndCarriesMarks) {
+    ListView list;
+    for (const char* icao : {"b2", "\xC3\x89", "A", "B1", "b1", "\xC3\xA9", "a"}) list.Add({icao, "", "", ""});
+    list.Select(1);
+    list.MarkSearchHit(2);
+    list.SetSorted(true);
+    EXPECT_EQ(Icaos(list), "A a B1 b1 b2 \xC3\x89 \xC3\xA9 ");
+    EXPECT_EQ(list.Selected(), 5U);
+    EXPECT_EQ(list.LastSearchIndex(), 1);
+    list.SetSortOrder(SortOrder::Descending);
+    EXPECT_EQ(Icaos(list), "\xC3\x89 \xC3\xA9 b2 B1 b1 A a ");
+    list.Add({"B1", "new", "", ""});
+    EXPECT_EQ(list.Items()[5].City, "new"); // behind its equals
+    EXPECT_EQ(list.LastSearchIndex(), 7);
+    list.Clear();
+    EXPECT_EQ(list.LastSearchIndex(), 0);
+    list.SetSortKey(Column::URL); // an empty list sorts too
+}
+
+TEST(BcdOfFrequency, WantsAFrequency) {
+    EXPECT_EQ(BcdOfFrequency("118.30"), 0x1830U);
+    EXPECT_EQ(BcdOfFrequency("199.99"), 0x9999U);
+    for (const char* bad : {"", "1x8.30", "118.3x"}) EXPECT_THROW(BcdOfFrequency(bad), RuntimeError) << bad;
+}
+
+class Hand : public Flight {
+  protected:
+    void Pick(std::size_t row) {
+        program->lvwDB_Select(row);
+        program->lvwDB_ItemClick();
+    }
+    const ListView& list() const { return state().form.lvwDB; }
+};
+
+TEST_F(Hand, HeaderClicksSortInTheOrderInForce) {
+    Start();
+    program->lvwDB_ColumnClick(Column::Freq);
+    EXPECT_EQ(list().Items().front().Freq, "118.00");
+    program->lvwDB_ColumnClick(Column::Freq);
+    EXPECT_EQ(list().Items().front().Freq, "119.72");
+    program->lvwDB_ColumnClick(Column::City);
+    EXPECT_EQ(list().Order(), SortOrder::Descending);
+    EXPECT_EQ(list().Items().front().City, "Wav - Toronto ON - Tower Pearson Intl");
+}
+
+TEST_F(Hand, SearchesFindMarkAndGoOn) {
+    Start();
+    struct Row {
+        bool by_city;
+        const char *answer, *found; ///< the city found; null: not found
+    };
+    const Row rows[] = {
+        {false, "egll", "London Director"}, {false, "E", "London Director"}, {false, "LL", nullptr},
+        {true, "TORONTO", "Toronto Tower"}, {true, "list", "Playlist one"},  {true, "moon", nullptr}};
+    for (const Row& row : rows) {
+        prompts.answer = row.answer;
+        const std::size_t told = prompts.messages.size();
+        row.by_city ? program->mnuCitySearch_Click() : program->mnuSearch_Click();
+        ASSERT_EQ(list().LastSearchIndex() > 0, row.found != nullptr) << row.answer;
+        EXPECT_EQ(prompts.messages.size() - told, row.found ? 0U : 1U);
+        if (!row.found) continue;
+        EXPECT_EQ(list().Items()[*list().Selected()].City, row.found) << row.answer;
+        EXPECT_EQ(list().LastSearchIndex(), static_cast<int>(*list().Selected()) + 1);
+    }
+    EXPECT_EQ(prompts.messages.back().text, "moon not found!\rPlease revise your search");
+    EXPECT_EQ(prompts.messages.back().title, "*NOT FOUND*");
+    EXPECT_TRUE(player.urls.empty()); // in Automatic mode a search starts nothing
+
+    prompts.answer = "EGLL";
+    program->mnuSearch_Click();
+    std::string cities;
+    for (int again = 0; again < 3; ++again) {
+        cities += list().Items()[*list().Selected()].City + ";";
+        program->mnuSearchAgain_Click();
+    }
+    EXPECT_EQ(cities, "London Director;London Radio;Playlist one;");
+    EXPECT_EQ(list().Items()[*list().Selected()].City, "London Director"); // from the top again
+    const int marked = list().LastSearchIndex();
+    prompts.answer = "";
+    program->mnuCitySearch_Click();
+    EXPECT_EQ(list().LastSearchIndex(), marked); // no answer, no search
+    program->lvwDB_ItemClick();
+    EXPECT_EQ(list().LastSearchIndex(), 0);
+}
+
+TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
+    simulator.running = false;
+    clock.events = [this] {
+        if (state().form.Visible) program->optManual_Click();
+        return true;
+    };
+    Start();
+    Tick();
+    EXPECT_TRUE(player.urls.empty()); // nothing has been picked yet
+    EXPECT_EQ(state().form.Caption, "Quillon - Manual Mode -S");
+    struct Row {
+        std::size_t row;
+        const char *url, *feed, *label;
+    };
+    const Row rows[] = {
+        {0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"},
+        {0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"}, // stops, starts again
+        {2, "http://radio.example/b", "EGLL - London Radio", "Net Radio"},
+        {3, "C:\\lists\\one.WPL", "EGLL - Playlist one", "Windows PlayList"},
+        {1, "https://feeds.example/london/heathrow/director", "EGLL - London Director", "Manual Mode"}};
+    for (const Row& row : rows) {
+        player.urls.clear();
+        Pick(row.row);
+        EXPECT_EQ(player.state, Stopped);
+        Tick();
+        Tick();
+        EXPECT_EQ(player.urls, std::vector<std::string>{row.url});
+        EXPECT_EQ(panel(2), "Manual");
+        EXPECT_EQ(panel(3), row.feed);
+        EXPECT_EQ(distance(), row.label);
+        EXPECT_EQ(player.state, Playing) << "whatever the range";
+        EXPECT_EQ(state().feed.ActiveTimerId, 2);
+    }
+    Pick(5);
+    EXPECT_EQ(state().feed.ActiveTimerId, 4);
+    EXPECT_EQ(state().chatter.List3.size(), 2U);
+    EXPECT_TRUE(state().chatter.FirstPick);
+    EXPECT_EQ(player.state, Stopped);
+    program->optAuto_Click();
+    EXPECT_EQ(state().feed.ActiveTimerId, 1);
+}
+
+TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
+    Start();
+    program->optCom_Click(3);
+    program->lvwDB_Select(1);
+    program->lvwDB_DblClick(); // without Ctrl
+    keyboard.down = 17;
+    program->optManual_Click();
+    program->lvwDB_DblClick(); // not in Manual mode
+    program->optAuto_Click();
+    EXPECT_EQ(simulator.Word(Com2), 0U);
+    program->lvwDB_DblClick();
+    EXPECT_EQ(simulator.Word(Com2), 0x00001972U);
+    EXPECT_EQ(panel(2), "119.72");
+    EXPECT_TRUE(player.url.empty());
+    Tick();
+    EXPECT_EQ(player.url, "https://feeds.example/london/heathrow/director");
+}
+
+TEST_F(Hand, TheRangePromptConvertsWhatFits) {
+    Start();
+    struct Row {
+        const char* answer;
+        int range;
+        const char* caption;
+    };
+    const Row rows[] = {{"5", 5, "Set Range (5)"},      {"", 5, "Set Range (5)"},
+                        {"12.5", 12, "Set Range (12)"}, {"1e3", 1000, "Set Range (1000)"},
+                        {"-5", -5, "Set Range (-5)"},   {"   ", 0, "Set Range (disabled)"},
+                        {"7", 7, "Set Range (7)"},      {"abc", 0, "Set Range (disabled)"}};
+    for (const Row& row : rows) {
+        prompts.answer = row.answer;
+        program->mnuRange_Click();
+        EXPECT_EQ(state().range.ReceptionRange, row.range) << row.answer;
+        EXPECT_EQ(state().form.mnuRangeCaption, row.caption);
+    }
+    EXPECT_TRUE(prompts.messages.empty());
+    EXPECT_EQ(prompts.asked.first,
+              "Please Input a Reception Range\r       (Numbers only)\r\rPresent Reception Range is: "
+              "7 Nautical Miles\rEnter 0 to disable the Range function");
+    EXPECT_EQ(prompts.asked.second, "7");
+    prompts.answer = "99999";
+    program->mnuRange_Click();
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0].title, "Set Range Error");
+    EXPECT_EQ(state().range.ReceptionRange, 0);
+}
+
+TEST_F(Hand, PreferencesAreSavedAndRestored) {
+    Start();
+    program->mnuSelComm_Click();
+    EXPECT_TRUE(state().form.Frame1Visible && state().mute.FrameOpen);
+    program->optCom_Click(1);
+    program->mnuRecordedChatter_Click();
+    program->cmdComClose_Click();
+    EXPECT_FALSE(state().mute.FrameOpen); // although the other frame is still shown
+    EXPECT_TRUE(state().form.frmRandomChatterVisible);
+    program->cboMin_Click(40);
+    program->cboMax_Click(50);
+    program->cmdClose2_Click();
+    prompts.answer = "5";
+    program->mnuRange_Click();
+    program->mnuQuit_Click();
+    EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 5 \r\nCom1\r\n 45 \r\n 60 \r\n 9 \r\n");
+    Start();
+    EXPECT_EQ(state().radio.SelectedComm, 1);
+    EXPECT_EQ(state().form.cboMin.Text + "/" + state().form.cboMax.Text, "45/60");
+    EXPECT_EQ(state().form.mnuRangeCaption, "Set Range (5)");
+    program->Form_Click();
+    EXPECT_EQ(shell.opened, std::vector<std::string>{state().folders.AppPath + "ddt"});
+}
+
+TEST_F(Hand, TheStatusDialogShowsTheLink) {
+    Start();
+    TuneTo("118.70");
+    simulator.Tune(0x034E, "118.05");
+    simulator.Tune(0x311A, "136.97");
+    simulator.Tune(Com2, "121.50");
+    program->mnuFSUPIC_Click();
+    EXPECT_EQ(state().fsuipcStatus.LabelCaption,
+              "FSUIPC Ver:    4.999\r\rCom1 Freq:      118.05\rCom1 Stby:      136.97\rCom2 Freq:      121.50\r"
+              "Com2 Stby:      118.70\rFlightSim:  FSX");
+    EXPECT_FALSE(state().fsuipcStatus.LabelRed);
+    EXPECT_EQ(state().radio.MasterFrequency, "118.70");
+    program->frmShow_FSUIPC_Command1_Click();
+    EXPECT_FALSE(state().fsuipcStatus.Visible);
+}
+
+TEST_F(Hand, TheStatusDialogExplainsDeniedAccess) {
+    simulator.refuses = true;
+    clock.events = [this] {
+        if (state().form.Visible) program->optManual_Click();
+        return true;
+    };
+    Start();
+    program->mnuFSUPIC_Click();
+    EXPECT_TRUE(state().fsuipcStatus.LabelRed);
+    const std::string& text = state().fsuipcStatus.LabelCaption;
+    EXPECT_NE(text.find("FlightSim:  No Connection to Flight Simulator"), std::string::npos);
+    EXPECT_NE(text.find("Unable to connect with the FSUIPC Module"), std::string::npos);
+    EXPECT_NE(text.find("runs as administrator"), std::string::npos);
+}
+
+} // namespace
