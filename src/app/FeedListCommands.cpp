@@ -1,6 +1,7 @@
 #include "app/FeedListCommands.h"
 
 #include "playback/CurrentFeed.h"
+#include "playback/ShuffleBag.h"
 #include "runtime/Text.h"
 
 namespace quillon {

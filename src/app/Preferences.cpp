@@ -44,6 +44,12 @@ void Preferences::cboMax_Click(std::size_t entry) {
     state_.chatter.ChatterMaxSeconds = PickEntry(state_.form.cboMax, entry);
 }
 
+void Preferences::mnuSetMute_Click() {
+    const int option = prompts_.MuteKeyDialog(state_.muteKeyDialog.Option.Value);
+    if (option > 0) state_.mute.MuteKeyCode = MuteKeyCodes.at(static_cast<std::size_t>(option) - 1);
+    state_.muteKeyDialog.Option.Value = MuteKeyOption(state_.mute.MuteKeyCode);
+}
+
 void Preferences::mnuRange_Click() {
     const std::string range = std::to_string(state_.range.ReceptionRange);
     const std::string answer =

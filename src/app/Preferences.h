@@ -28,6 +28,9 @@ class Preferences {
     void cboMin_Click(std::size_t entry);
     void cboMax_Click(std::size_t entry);
 
+    /// Shows the dialog of the mute key; the new key counts from the next poll on.
+    void mnuSetMute_Click();
+
     /// Asks for the reception range. An empty answer, or one that fits no range, keeps the old one.
     void mnuRange_Click();
 

@@ -8,6 +8,7 @@
 #include "app/StartUp.h"
 #include "playback/AutomaticTuning.h"
 #include "playback/ManualMonitoring.h"
+#include "playback/MuteKey.h"
 #include "playback/RecordedChatter.h"
 #include "playback/SelectionModes.h"
 #include "simlink/SimConnection.h"
@@ -63,7 +64,7 @@ struct Program::Logic {
           display(state, ports.player, ports.shell),
           sim(state, link, readout, range, ports.player, [this] { shut_down.Run(); }),
           tuning(state, sim, display, ports.player, trap),
-          chatter(state, sim, trap),
+          chatter(state, sim, display, ports.player, clock, trap),
           modes(state, ports.player),
           manual(state, display, ports.player, trap),
           radio_tuning(state, link),
@@ -71,6 +72,7 @@ struct Program::Logic {
           preferences(state, ports.prompts, ports.shell, trap),
           status(state, link, readout),
           mute(state, ports.player),
+          mute_key(state, mute, ports.keyboard, ports.display, clock),
           strip(state, ports.player, mute) {}
 
     GatedClock clock;
@@ -97,6 +99,7 @@ struct Program::Logic {
     Preferences preferences;
     FsuipcStatus status;
     Mute mute;
+    MuteKey mute_key;
     PlayerStrip strip;
 };
 
@@ -131,6 +134,8 @@ void Program::Timer_Timer(int id) {
         if (id == 1) logic_->tuning.Timer1_Timer();
         if (id == 2) logic_->manual.Timer2_Timer();
         if (id == 3) logic_->chatter.Timer3_Timer();
+        if (id == 4) logic_->chatter.Timer4_Timer();
+        if (id == 5) logic_->mute_key.Timer5_Timer();
     });
 }
 
@@ -188,6 +193,10 @@ void Program::optCom_Click(std::int16_t number) {
 
 void Program::mnuRange_Click() {
     Handle([this] { logic_->preferences.mnuRange_Click(); });
+}
+
+void Program::mnuSetMute_Click() {
+    Handle([this] { logic_->preferences.mnuSetMute_Click(); });
 }
 
 void Program::mnuRecordedChatter_Click() {

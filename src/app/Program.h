@@ -45,6 +45,7 @@ class Program {
     void cmdComClose_Click();
     void optCom_Click(std::int16_t number);
     void mnuRange_Click();
+    void mnuSetMute_Click();
     void mnuRecordedChatter_Click();
     void cmdClose2_Click();
     void cboMin_Click(std::size_t entry);

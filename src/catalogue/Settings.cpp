@@ -48,19 +48,6 @@ std::string NumberLine(std::int32_t number) {
     return Str(number) + " \r\n";
 }
 
-int MuteKeyOption(std::int32_t key_code) {
-    switch (key_code) {
-    case 36:
-        return 2;
-    case 16:
-        return 3;
-    case 35:
-        return 4;
-    default:
-        return 1;
-    }
-}
-
 } // namespace
 
 SettingsValues ParseSettings(std::string_view bytes) {
@@ -116,7 +103,8 @@ void Settings::Apply(const SettingsValues& values) {
     state_.form.cboMin.Text = std::to_string(values.ChatterMinSeconds);
     state_.form.cboMax.Text = std::to_string(values.ChatterMaxSeconds);
     state_.mute.MuteKeyCode = values.MuteKeyCode;
-    state_.muteKeyDialog.Option.Value = MuteKeyOption(values.MuteKeyCode);
+    state_.muteKeyDialog.Option.Value =
+        std::max(1, MuteKeyOption(values.MuteKeyCode)); // "Tab" for any other key
     state_.StartupStep = "Setting Comm in use";
     SelectRadio(values.RadioName);
 }

@@ -1,6 +1,7 @@
 #include "playback/AutomaticTuning.h"
 
 #include "playback/CurrentFeed.h"
+#include "playback/ShuffleBag.h"
 
 #include <algorithm>
 

@@ -1,6 +1,7 @@
 #include "playback/ManualMonitoring.h"
 
 #include "playback/CurrentFeed.h"
+#include "playback/ShuffleBag.h"
 #include "playback/SimWatch.h"
 #include "runtime/Text.h"
 #include "state/FeedMarkers.h"

@@ -12,8 +12,7 @@ void Mute::MuteSound() {
     else
         player_.Pause();
     SetActiveTimer(false);
-    mute.SavedCaption = state_.feed.CaptionBase;
-    state_.form.Caption = mute.SavedCaption + " -Mute";
+    state_.form.Caption = state_.feed.CaptionBase + " -Mute";
     mute.SavedStatusText = state_.form.PanelAt(1).Text;
     state_.form.PanelAt(1).Text = "Muted";
 }
@@ -24,7 +23,7 @@ void Mute::UnMuteSound() {
     mute.Muted = false;
     player_.Play();
     SetActiveTimer(true);
-    state_.form.Caption = mute.SavedCaption;
+    state_.form.Caption = state_.feed.CaptionBase;
     state_.form.PanelAt(1).Text = mute.SavedStatusText;
 }
 

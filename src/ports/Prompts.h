@@ -17,6 +17,10 @@ class Prompts {
     /// Asks for a line of text; empty when the user cancelled. A carriage return ends a line of the prompt.
     virtual std::string InputBox(const std::string& title, const std::string& prompt,
                                  const std::string& default_answer) = 0;
+
+    /// Shows `frmMuteKey` with that option (1 to 4) selected, 0 for none. Returns the option that the user set, 0 when
+    /// the dialog was closed without setting one.
+    virtual int MuteKeyDialog(int option) = 0;
 };
 
 } // namespace quillon

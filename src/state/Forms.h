@@ -2,6 +2,7 @@
 
 #include "state/ListView.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
@@ -62,6 +63,8 @@ struct frmATC {
     bool frmRandomChatterVisible = false; ///< recorded chatter's gaps
 
     Label Label2; ///< distance to the feed's airport, or what plays instead
+    Label Label3; ///< seconds of the gap between recordings that have passed
+    Label Label4; ///< length of the gap between recordings, s
     bool picATCNetVisible = false;
     int Volume = 100; ///< of the player strip, 0 to 100
 
@@ -92,6 +95,15 @@ struct frmShow_FSUIPC {
 struct frmSplash {
     bool Visible = false;
 };
+
+/// Virtual-key codes of the mute key's options: Tab, Home, Shift, End.
+inline constexpr std::array<int, 4> MuteKeyCodes{9, 36, 16, 35};
+
+/// The option of a key, counted from 1; 0 for a key that is none of them.
+inline int MuteKeyOption(int code) {
+    const auto found = std::find(MuteKeyCodes.begin(), MuteKeyCodes.end(), code);
+    return found == MuteKeyCodes.end() ? 0 : static_cast<int>(found - MuteKeyCodes.begin()) + 1;
+}
 
 struct frmMuteKey {
     OptionGroup Option; ///< 1 "Tab", 2 "Home", 3 "Shift", 4 "End"

@@ -3,6 +3,7 @@
 #include "state/Forms.h"
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <set>
 #include <string>
@@ -72,13 +73,18 @@ struct ChatterState {
     std::string File1Path;
     std::vector<std::string> List3; ///< not yet played
     std::vector<std::string> List4; ///< played
+
+    std::int16_t NextChatterDelay = 0; ///< the gap before the next recording, s
+    std::int64_t ChatterElapsed = 0;   ///< whole seconds of it that have passed
+
+    std::chrono::sys_time<std::chrono::milliseconds> ChatterStartTime; ///< from which the gap is counted
+    std::chrono::sys_time<std::chrono::milliseconds> ChatterNowTime;
 };
 
 struct MuteState {
     std::int32_t MuteKeyCode = 9;
     bool Muted = false;
     bool FrameOpen = false; ///< a preference frame is shown; the mute key is ignored
-    std::string SavedCaption;
     std::string SavedStatusText;
 };
 

@@ -66,6 +66,10 @@ std::string WinPrompts::InputBox(const std::string& title, const std::string& pr
     return AskForText(owner_(), title, prompt, default_answer);
 }
 
+int WinPrompts::MuteKeyDialog(int option) {
+    return AskForMuteKey(owner_(), option);
+}
+
 std::string WinShell::ApplicationDataFolder() {
     PWSTR path = nullptr;
     std::string folder;

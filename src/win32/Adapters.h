@@ -36,6 +36,7 @@ class WinPrompts : public Prompts {
     void Message(const std::string& title, const std::string& text, Icon icon) override;
     std::string InputBox(const std::string& title, const std::string& prompt,
                          const std::string& default_answer) override;
+    int MuteKeyDialog(int option) override;
 
   private:
     std::function<HWND()> owner_;

@@ -17,7 +17,9 @@ enum ControlId : int {
     IdVolume = 1009,
     IdLiveAtcPicture = 1010,
     IdLiveAtcLabel = 1011,
-    IdQuit = 1012, ///< `Command2`
+    IdQuit = 1012,   ///< `Command2`
+    IdLabel3 = 1013, ///< seconds since the last recording
+    IdLabel4 = 1014, ///< seconds from one recording to the next
 
     IdOptCom1 = 1021, ///< and the three behind it
     IdOptCom2Stby = 1024,
@@ -35,6 +37,7 @@ enum ControlId : int {
     IdMnuRecordedChatter = 2007,
     IdMnuPlaylist = 2008,
     IdMnuFsuipc = 2009,
+    IdMnuSetMute = 2010,
 };
 
 } // namespace quillon

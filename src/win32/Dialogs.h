@@ -13,6 +13,10 @@ namespace quillon {
 std::string AskForText(HWND owner, const std::string& title, const std::string& prompt,
                        const std::string& default_answer);
 
+/// The modal dialog of the mute key: shows one of its four options selected (0: none) and returns the one that
+/// was set, 0 when it was closed without.
+int AskForMuteKey(HWND owner, int option);
+
 /// The window of the simulator link's status. Modeless.
 class FsuipcStatusWindow {
   public:

@@ -23,6 +23,7 @@ constexpr int PictureSize = 32;
 constexpr const wchar_t* AutoText = L"&Automatic";
 constexpr const wchar_t* ManualText = L"&Manual";
 constexpr const wchar_t* VolumeText = L"&Volume";
+constexpr const wchar_t* CountdownText = L"of";
 constexpr const wchar_t* QuitText = L"Quit";
 constexpr const wchar_t* LiveAtcText = L"Live ATC";
 
@@ -57,6 +58,12 @@ MainControls::MainControls(HWND parent, const Theme& theme) : tips_(CreateToolTi
     quit_ = AddControl(parent, WC_BUTTONW, QuitText, WS_TABSTOP | WS_GROUP, IdQuit);
     distance_ = AddControl(parent, WC_STATICW, L"", SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY | SS_CENTERIMAGE,
                            IdLabel2);
+    elapsed_ = AddControl(parent, WC_STATICW, L"", SS_RIGHT | SS_CENTERIMAGE | SS_NOTIFY, IdLabel3);
+    of_ = AddControl(parent, WC_STATICW, CountdownText, SS_CENTER | SS_CENTERIMAGE, -1);
+    gap_ = AddControl(parent, WC_STATICW, L"", SS_CENTERIMAGE | SS_NOTIFY, IdLabel4);
+    SetControlTip(tips_, elapsed_, "Seconds since the last recording");
+    SetControlTip(tips_, gap_, "Seconds from the last recording to the next");
+    ShowControls({elapsed_, of_, gap_}, false);
     picture_ = AddControl(parent, WC_STATICW, L"Live ATC web site", SS_ICON | SS_NOTIFY, IdLiveAtcPicture);
     picture_label_ = AddControl(parent, WC_STATICW, LiveAtcText, SS_NOTIFY | SS_CENTERIMAGE, IdLiveAtcLabel);
     for (HWND control : {picture_, picture_label_}) SetControlTip(tips_, control, "Open the live ATC web site");
@@ -65,7 +72,9 @@ MainControls::MainControls(HWND parent, const Theme& theme) : tips_(CreateToolTi
 }
 
 void MainControls::SetTheme(const Theme& theme) {
-    SetFonts({mode_group_, auto_, manual_, player_group_, volume_label_, picture_label_, quit_}, theme.Text());
+    SetFonts(
+        {mode_group_, auto_, manual_, player_group_, volume_label_, picture_label_, quit_, elapsed_, of_, gap_},
+        theme.Text());
     SendMessageW(distance_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Large()), TRUE);
     for (std::size_t i = 0; i < Buttons.size(); ++i) {
         glyphs_[i] = DrawGlyph(Buttons[i].Picture, theme.Px(GlyphSize));
@@ -151,8 +160,15 @@ void MainControls::PlaceLabels(const Theme& theme, int y, int width) {
     MoveControl(picture_label_, site_x, y, site_width, height);
     const int picture_x = site_x - theme.Px(PictureSize + Gap);
     MoveControl(picture_, picture_x, y, height, height);
+    const int number_width = theme.Measure(theme.Text(), L"00000").cx;
+    const int of_width = theme.Measure(theme.Text(), CountdownText).cx + theme.Px(Gap);
+    const int gap_x = picture_x - theme.Px(Gap) - number_width;
+    const int elapsed_x = gap_x - of_width - number_width;
+    MoveControl(elapsed_, elapsed_x, y, number_width, height);
+    MoveControl(of_, elapsed_x + number_width, y, of_width, height);
+    MoveControl(gap_, gap_x, y, number_width, height);
     const int distance_x = theme.Px(Margin + 2);
-    MoveControl(distance_, distance_x, y, std::max(0, picture_x - theme.Px(Gap) - distance_x), height);
+    MoveControl(distance_, distance_x, y, std::max(0, elapsed_x - theme.Px(Gap) - distance_x), height);
 }
 
 void MainControls::Sync(const frmATC& form) {
@@ -169,6 +185,7 @@ void MainControls::Sync(const frmATC& form) {
             SetControlTip(tips_, distance_, form.Label2.ToolTipText);
         shown_distance_ = form.Label2;
     }
+    SyncCountdown(form);
     if (shown_volume_ != form.Volume) {
         shown_volume_ = form.Volume;
         if (VolumePosition() != form.Volume) SendMessageW(volume_, TBM_SETPOS, TRUE, form.Volume);
@@ -177,6 +194,16 @@ void MainControls::Sync(const frmATC& form) {
         picture_shown_ = form.picATCNetVisible;
         ShowControls({picture_, picture_label_}, picture_shown_);
     }
+}
+
+void MainControls::SyncCountdown(const frmATC& form) {
+    if (shown_elapsed_ != form.Label3.Caption)
+        SetWindowTextW(elapsed_, Wide(shown_elapsed_ = form.Label3.Caption).c_str());
+    if (shown_gap_ != form.Label4.Caption) SetWindowTextW(gap_, Wide(shown_gap_ = form.Label4.Caption).c_str());
+    const bool chatter = form.Timer(3).Enabled || form.Timer(4).Enabled;
+    if (chatter == countdown_shown_) return;
+    countdown_shown_ = chatter;
+    ShowControls({elapsed_, of_, gap_}, chatter);
 }
 
 int MainControls::VolumePosition() const {

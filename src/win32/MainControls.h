@@ -36,6 +36,7 @@ class MainControls {
     void PlaceModes(const Theme& theme, int x, int y, int height);
     void PlacePlayer(const Theme& theme, int x, int y, int width, int height);
     void PlaceLabels(const Theme& theme, int y, int width);
+    void SyncCountdown(const frmATC& form);
 
     HWND tips_;
     HWND mode_group_;
@@ -46,6 +47,9 @@ class MainControls {
     HWND volume_label_;
     HWND volume_;
     HWND distance_;
+    HWND elapsed_;
+    HWND of_;
+    HWND gap_;
     HWND picture_;
     HWND picture_label_;
     HWND quit_;
@@ -53,6 +57,9 @@ class MainControls {
     IconHandle picture_icon_;
 
     Label shown_distance_;
+    std::string shown_elapsed_;
+    std::string shown_gap_;
+    bool countdown_shown_ = false;
     int shown_volume_ = -1;
     SelectionMode shown_mode_ = SelectionMode::Manual; // differs from the first, so that Sync checks a button
     bool mode_shown_ = false;

@@ -37,6 +37,8 @@ HMENU MakeBar() {
               {0, nullptr},
               {IdMnuRecordedChatter, L"&Recorded Chatter Options"},
               {0, nullptr},
+              {IdMnuSetMute, L"Set Default &Mute Key"},
+              {0, nullptr},
               {IdMnuPlaylist, L"&Enable Playlists"}});
     AddPopup(bar, L"&Help", {{IdMnuFsuipc, L"&FSUIPC Status"}});
     return bar;

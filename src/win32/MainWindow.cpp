@@ -35,6 +35,7 @@ constexpr Click Clicks[] = {
     {IdMnuSearchAgain, &Program::mnuSearchAgain_Click},
     {IdMnuSelComm, &Program::mnuSelComm_Click},
     {IdMnuRange, &Program::mnuRange_Click},
+    {IdMnuSetMute, &Program::mnuSetMute_Click},
     {IdMnuRecordedChatter, &Program::mnuRecordedChatter_Click},
     {IdMnuFsuipc, &Program::mnuFSUPIC_Click},
 };

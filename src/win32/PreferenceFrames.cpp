@@ -40,7 +40,7 @@ void Fill(HWND combo, const ComboBox& data) {
 
 } // namespace
 
-PreferenceFrames::PreferenceFrames(HWND parent) : parent_(parent) {
+PreferenceFrames::PreferenceFrames(HWND parent) {
     radio_group_ = AddControl(parent, WC_BUTTONW, L"Com Radio", BS_GROUPBOX | WS_GROUP, -1);
     for (std::size_t i = 0; i < radios_.size(); ++i)
         radios_[i] = AddControl(parent, WC_BUTTONW, RadioNames[i],

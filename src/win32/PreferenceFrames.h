@@ -30,7 +30,6 @@ class PreferenceFrames {
     void PlaceChatter(const Theme& theme, int y, int height);
     void FillCombos(const frmATC& form);
 
-    HWND parent_;
     HWND radio_group_;
     std::array<HWND, 4> radios_;
     HWND radio_close_;

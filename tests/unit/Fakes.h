@@ -40,6 +40,10 @@ class FakePrompts : public Prompts {
         asked = {prompt, default_answer};
         return answer;
     }
+    int MuteKeyDialog(int option) override {
+        shown_option = option;
+        return set_option;
+    }
     ErrorTrap::Report AsReport() {
         return [this](const auto& title, const auto& text, Icon icon) { Message(title, text, icon); };
     }
@@ -47,6 +51,7 @@ class FakePrompts : public Prompts {
     std::vector<Shown> messages;
     std::string answer;                        ///< what the user will type
     std::pair<std::string, std::string> asked; ///< prompt and default answer of the last question
+    int shown_option = -1, set_option = 0;     ///< of the mute key's dialog
     std::function<void()> meanwhile;           ///< what happens while a box is up
 };
 
@@ -97,7 +102,11 @@ class FakeKeyboard : public Keyboard {
 
 class FakeDisplay : public Display {
   public:
-    void Repaint() override {}
+    void Repaint() override {
+        if (painted) painted();
+    }
+
+    std::function<void()> painted;
 };
 
 class FakeRegionalSettings : public RegionalSettings {

@@ -210,6 +210,23 @@ TEST_F(Hand, PreferencesAreSavedAndRestored) {
     EXPECT_EQ(shell.opened, std::vector<std::string>{state().folders.AppPath + "ddt"});
 }
 
+TEST_F(Hand, TheMuteKeyIsSetInItsDialog) {
+    Write("Quillon\\Quillon.ini", "50\r\nCom1\r\n15\r\n25\r\n65\r\n");
+    Start();
+    struct Row {
+        int set, shown, code, next;
+    };
+    const Row rows[] = {
+        {0, 1, 65, 0}, {3, 0, 16, 3}, {0, 3, 16, 3}, {4, 3, 35, 4}}; // a foreign key shows "Tab" first
+    for (const Row& row : rows) {
+        prompts.set_option = row.set;
+        program->mnuSetMute_Click();
+        EXPECT_EQ(prompts.shown_option, row.shown);
+        EXPECT_EQ(state().mute.MuteKeyCode, row.code);
+        EXPECT_EQ(state().muteKeyDialog.Option.Value, row.next);
+    }
+}
+
 TEST_F(Hand, TheStatusDialogShowsTheLink) {
     Start();
     TuneTo("118.70");

@@ -1,0 +1,25 @@
+#include "playback/MuteKey.h"
+
+namespace quillon {
+
+void MuteKey::Timer5_Timer() {
+    if (!Pressed()) return;
+    if (state_.mute.Muted)
+        mute_.UnMuteSound();
+    else
+        mute_.MuteSound();
+    display_.Repaint(); // the window cannot draw itself while it is blocked
+    BlockForTheRestOfTheSecond();
+}
+
+bool MuteKey::Pressed() {
+    return !state_.mute.FrameOpen && !state_.radio.NoConnection && keyboard_.IsDown(state_.mute.MuteKeyCode);
+}
+
+/// A clock that is set back meanwhile ends it, too.
+void MuteKey::BlockForTheRestOfTheSecond() {
+    const TimePoint start = clock_.Now();
+    while (DateDiffSeconds(start, clock_.Now()) == 0) clock_.Sleep(std::chrono::milliseconds(10));
+}
+
+} // namespace quillon

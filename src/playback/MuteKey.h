@@ -1,0 +1,31 @@
+#pragma once
+
+#include "playback/Mute.h"
+#include "ports/Clock.h"
+#include "ports/Display.h"
+#include "ports/Keyboard.h"
+
+namespace quillon {
+
+/// `Timer5`: watches the mute key, whichever program has the keyboard's focus.
+class MuteKey {
+  public:
+    MuteKey(ProgramState& state, Mute& mute, Keyboard& keyboard, Display& display, Clock& clock)
+        : state_(state), mute_(mute), keyboard_(keyboard), display_(display), clock_(clock) {}
+
+    /// Mutes or un-mutes while the key is down, and then blocks until the clock's next second, so that a key
+    /// held down toggles once a second.
+    void Timer5_Timer();
+
+  private:
+    bool Pressed();
+    void BlockForTheRestOfTheSecond();
+
+    ProgramState& state_;
+    Mute& mute_;
+    Keyboard& keyboard_;
+    Display& display_;
+    Clock& clock_;
+};
+
+} // namespace quillon

@@ -1,0 +1,106 @@
+"""Recorded chatter and the mute key of the real Quillon.exe, by what is heard."""
+import subprocess
+import sys
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from world.feeds import FEEDS
+from world.processes import wait_until
+from world.sound import Ear
+from world.world import World
+
+TORONTO, LONDON, _ = FEEDS
+RECORDINGS = {"one": 500, "two": 900, "three": 1300}  # name -> Hz
+TAB = 9
+LABEL3, LABEL4 = 1013, 1014
+
+
+class Chatter(unittest.TestCase):
+    """One flight; the tests are its legs, in order."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.world = World()
+        cls.addClassCleanup(cls.world.close)
+        folder = cls.world.data / "ATC" / "CYYZ_T"
+        for recording in folder.iterdir():
+            recording.unlink()
+        for name, tone in RECORDINGS.items():
+            subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", f"sine=frequency={tone}:duration=1.5",
+                            folder / f"{name}.WAV"], check=True)
+        (cls.world.data / "Quillon.ini").write_bytes(b" 50 \r\nCom2Stby\r\n 2 \r\n 3 \r\n 9 \r\n")
+        cls.world.start_simulator()
+        cls.world.start_quillon()
+        cls.copilot = cls.world.copilot
+
+    def heard(self, count):
+        """The next recordings, in the order in which they are heard."""
+        ear = Ear(self.world.sound, RECORDINGS)
+        order = []
+
+        def another():
+            sound = ear.hears(0.2)
+            if sound in RECORDINGS and (not order or self.quiet):
+                order.append(sound)
+                self.quiet = False
+            self.quiet = self.quiet or sound == "silence"
+            return len(order) == count
+
+        self.quiet = True
+        wait_until(f"{count} recordings", another, 10 * count)
+        return order
+
+    def test_1_every_recording_is_heard_once_before_any_repeats(self):
+        self.copilot.ask("fly %s %s" % TORONTO.position)
+        self.copilot.ask("tune com2stby 118.00")  # the first free channel, given to the first folder
+        order = self.heard(6)
+        self.assertEqual(sorted(order[:3]), sorted(RECORDINGS), order)
+        self.assertEqual(sorted(order[3:]), sorted(RECORDINGS), order)
+        self.copilot.await_text("panel 1", lambda text: text.startswith("ATC in ") and text.endswith(" sec"))
+        self.assertIn(self.copilot.ask("title"), [f"Quillon -{seconds}" for seconds in range(1, 4)])
+        self.assertIn(self.copilot.ask(f"text {LABEL3}"), ("0", "1", "2"))
+        self.assertIn(self.copilot.ask(f"text {LABEL4}"), ("2", "3"))
+
+    def test_2_out_of_range_nothing_is_heard(self):
+        self.copilot.ask("fly %s %s" % LONDON.position)
+        self.copilot.await_text("text 1005", lambda text: "(Out of Range)" in text)
+        self.world.ear.await_("silence")
+        self.assertEqual(self.world.ear.listens(5), "silence")
+
+    def test_3_a_folder_picked_by_hand_starts_at_once_whatever_the_range(self):
+        self.copilot.ask("click 1004")
+        rows = [self.copilot.ask(f"row {number + 1}") for number in range(int(self.copilot.ask("rows")))]
+        self.copilot.ask(f"rowclick {1 + next(n for n, row in enumerate(rows) if '|118.00|' in row)}")
+        self.assertEqual(len(set(self.heard(3))), 3)
+        self.copilot.ask("click 1003")
+
+    def test_4_the_mute_key_silences_and_brings_back(self):
+        self.copilot.ask(f"tune com2stby {LONDON.frequency}")
+        self.world.ear.await_(LONDON.icao)
+        self.copilot.await_text("panel 1", "Playing")
+        self.copilot.ask(f"key {TAB}")
+        self.world.ear.await_("silence", 2)
+        self.copilot.await_text("title", "Quillon -Mute")
+        self.copilot.await_text("panel 1", "Muted")
+        self.copilot.ask(f"key {TAB}")
+        self.world.ear.await_(LONDON.icao, 2)
+        self.copilot.await_text("panel 1", "Playing")
+
+    def test_5_another_key_is_set_in_its_dialog(self):
+        self.copilot.ask("command 2010")
+        self.copilot.await_text("boxes", lambda text: "Mute Key" in text)
+        self.copilot.ask("press 1304")  # "End"
+        self.copilot.ask("press 1")
+        self.copilot.await_text("boxes", "")
+        self.copilot.ask(f"key {TAB}")
+        self.assertEqual(self.world.ear.listens(1), LONDON.icao)
+        self.copilot.ask("key 35")
+        self.world.ear.await_("silence", 2)
+        self.copilot.ask("close QuillonMain")
+        self.world.quillon.wait(20)
+        self.assertTrue((self.world.data / "Quillon.ini").read_bytes().endswith(b" 35 \r\n"))
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

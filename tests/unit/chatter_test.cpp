@@ -1,0 +1,339 @@
+// Folders of recordings, tuned and picked by hand, and the mute key.
+#include "Flight.h"
+#include "playback/CurrentFeed.h"
+#include "playback/MuteKey.h"
+#include "playback/RecordedChatter.h"
+#include "playback/ShuffleBag.h"
+
+#include <algorithm>
+#include <set>
+
+using namespace quillon;
+
+namespace {
+
+TEST(GapSeconds, LiesWithinItsBounds) {
+    constexpr double Most = 4294967295.0 / 4294967296.0;
+    struct Row {
+        std::int16_t min, max;
+        double r;
+        int gap; ///< -1: overflow
+    };
+    const Row rows[] = {{20, 30, 0, 20},       {20, 30, Most, 30},      {5, 5, Most, 5},   {30, 20, 0, 30},
+                        {30, 20, Most, 21},    {0, 32766, Most, 32766}, {0, 32767, 0, -1}, {-1, 32767, 0, -1},
+                        {32767, -1, 0, 32767}, {32767, -2, 0, -1}};
+    for (const Row& row : rows) {
+        if (row.gap < 0)
+            EXPECT_THROW(GapSeconds(row.min, row.max, row.r), RuntimeError) << row.min << ".." << row.max;
+        else
+            EXPECT_EQ(GapSeconds(row.min, row.max, row.r), row.gap) << row.min << ".." << row.max;
+    }
+}
+
+using ShuffleBag = TempFolder;
+
+TEST_F(ShuffleBag, HoldsTheWavesOfTheFolderSorted) {
+    MakeFolder("a b \xC3\xA9\\folder.wav");
+    for (const char* name : {"b.WAV", "a.wav", "C.Wav", "\xC3\x89.wav", "d.wave", "e.wav.txt"})
+        Write("a b \xC3\xA9\\" + std::string(name), "");
+    const std::string waves = At("a b \xC3\xA9");
+    ProgramState state;
+    for (const std::string& path : {waves, waves + "\\"}) {
+        FillShuffleBag(state, path);
+        std::string all;
+        for (const std::string& wave : state.chatter.List3) all += wave.substr(waves.size());
+        EXPECT_EQ(all, "\\a.wav\\b.WAV\\C.Wav\\\xC3\x89.wav");
+    }
+    std::filesystem::current_path(PathOf(folder)); // no folder is looked for from there
+    for (const std::string& nowhere :
+         {At("missing"), waves + "\\a.wav", waves.substr(folder.size() + 1), std::string("."), std::string()}) {
+        FillShuffleBag(state, nowhere);
+        EXPECT_TRUE(state.chatter.List3.empty()) << nowhere;
+    }
+    std::filesystem::current_path("..");
+}
+
+class Chatter : public Flight {
+  protected:
+    void StartWithGaps(int min, int max) {
+        Write("Quillon\\Quillon.ini",
+              " 50 \r\nCom2Stby\r\n " + std::to_string(min) + " \r\n " + std::to_string(max) + " \r\n 9 \r\n");
+        Start();
+    }
+    void PickFolderByHand() {
+        program->optManual_Click();
+        program->lvwDB_Select(5);
+        program->lvwDB_ItemClick();
+    }
+    void Seconds(int count) {
+        using std::chrono::seconds;
+        for (; count > 0; --count) {
+            clock.now = std::chrono::floor<seconds>(clock.now) + seconds(1); // a tick takes its time, too
+            Tick();
+        }
+    }
+    /// Lets the recording be heard for a second, and ends it.
+    void HearRecording() {
+        Seconds(1);
+        player.state = Stopped;
+    }
+    /// Seconds until the next recording starts.
+    int Wait() {
+        int seconds = 0;
+        for (player.urls.clear(); player.urls.empty() && seconds < 100; ++seconds) Seconds(1);
+        return seconds;
+    }
+    int gap() const { return state().chatter.NextChatterDelay; }
+};
+
+TEST_F(Chatter, EachRoundPlaysEveryRecordingOnceWithGapsWithinTheirBounds) {
+    constexpr int Files = 4, Min = 2, Max = 5;
+    for (const char* name : {"c.wav", "d.wav"}) Write("Quillon\\ATC\\CYYZ_T\\" + std::string(name), "");
+    for (const bool by_hand : {false, true}) {
+        StartWithGaps(Min, Max);
+        by_hand ? PickFolderByHand() : TuneTo("118.00");
+        std::set<int> gaps;
+        std::set<std::string> orders;
+        std::set<std::pair<int, std::string>> openings; // a round's first recording, and the gap drawn with it
+        std::string order;
+        const int rounds = by_hand ? 2'500 : 300; // a tick that asks the simulator takes longer
+        for (int pick = 0; pick < rounds * Files; ++pick) {
+            int wait = gap();
+            if (pick == 0) {
+                wait = 1; // nothing has been drawn yet
+            } else if (pick % Files == 0) {
+                Seconds(gap());
+                EXPECT_EQ(player.state, Stopped); // this tick fills the bag again and plays nothing
+                wait = std::max(1, gap() - wait);
+            }
+            ASSERT_EQ(Wait(), wait) << "pick " << pick;
+            ASSERT_TRUE(gap() >= Min && gap() <= Max) << gap();
+            ASSERT_EQ(order.find(player.url), std::string::npos) << player.url << " again";
+            gaps.insert(gap());
+            if (order.empty()) openings.emplace(gap(), player.url);
+            order += player.url;
+            if (pick % Files == Files - 1) orders.insert(std::exchange(order, ""));
+            HearRecording();
+        }
+        EXPECT_EQ(gaps.size(), 4U);
+        EXPECT_EQ(openings.size(), 16U); // no length of gap goes with one recording only
+        EXPECT_EQ(orders.size(), 24U);
+    }
+}
+
+TEST_F(Chatter, CountsDownInTheGap) {
+    for (const bool by_hand : {false, true}) {
+        const TimePoint started = clock.now;
+        StartWithGaps(6000, 6000);
+        TuneTo("118.70");
+        by_hand ? PickFolderByHand() : TuneTo("118.00");
+        EXPECT_EQ(Wait(), 1);
+        EXPECT_EQ(state().form.Label3.Caption, std::to_string(DateDiffSeconds(started, clock.now)));
+        EXPECT_EQ(panel(1) + state().form.Caption, "ATC PlayingQuillon -OK");
+        EXPECT_EQ(panel(3), "CYYZ - Wav - Toronto ON - Tower Pearson Intl");
+        EXPECT_EQ(panel(4), "..." + player.url.substr(player.url.size() - 28));
+        EXPECT_EQ(distance(), by_hand ? "ATC Wave File" : "0 NM");
+        EXPECT_EQ(state().chatter.List4, std::vector<std::string>{player.url});
+        HearRecording();
+        const std::pair<int, int> rows[] = {
+            {1, 1}, {4999, 5000}, {1, 1} /* too long to be true */, {1, 2}}; // seconds on, elapsed
+        for (const auto& [seconds, elapsed] : rows) {
+            clock.now += std::chrono::seconds(seconds - 1);
+            Seconds(1);
+            const std::string left = std::to_string(6000 - elapsed);
+            EXPECT_EQ(state().form.Label3.Caption + "/" + state().form.Label4.Caption,
+                      std::to_string(elapsed) + "/6000");
+            EXPECT_EQ(panel(1) + panel(2), "ATC in " + left + " sec118.00");
+            EXPECT_EQ(state().form.Caption, "Quillon -" + left);
+            EXPECT_EQ(state().form.StatusBar1[1].ToolTipText, by_hand ? "" : " Comm 2 Standby ");
+        }
+    }
+}
+
+TEST_F(Chatter, DrawsWithoutPlayingOutOfRange) {
+    StartWithGaps(2, 2);
+    TuneTo("118.00");
+    simulator.FlyTo(51, -1);
+    Seconds(1 + 2);
+    EXPECT_EQ(panel(1), "ATC Playing");
+    EXPECT_EQ(state().chatter.List4.size(), 2U);
+    EXPECT_TRUE(player.urls.empty());
+    simulator.FlyTo(43, -79);
+    Wait();
+    EXPECT_EQ(player.state, Playing);
+    simulator.FlyTo(51, -1);
+    Seconds(1);
+    EXPECT_EQ(player.state, Paused);
+}
+
+TEST_F(Chatter, HandsBackWithinATickOfARetune) {
+    for (const bool playing : {true, false}) {
+        StartWithGaps(20, 30);
+        TuneTo("118.00");
+        Wait();
+        if (!playing) HearRecording();
+        Seconds(1);
+        TuneTo("118.70");
+        EXPECT_EQ(state().feed.ActiveTimerId, 1);
+        Seconds(1);
+        EXPECT_EQ(player.url, "http://feeds.example/a");
+    }
+    player.state = Ready;
+    TuneTo("118.00");
+    Seconds(1);
+    EXPECT_EQ(state().feed.ActiveTimerId, 1); // "No Connection" is a reason, too
+    Seconds(1);
+    EXPECT_EQ(state().feed.ActiveTimerId, 3);
+}
+
+TEST_F(Chatter, APickByHandIsHeardAtOnceWhereverAndAlsoWhileMuted) {
+    StartWithGaps(20, 30);
+    TuneTo("118.00");
+    Wait();
+    simulator.FlyTo(51, -1);
+    keyboard.down = 9;
+    program->Timer_Timer(5);
+    const std::string silenced = player.url;
+    Seconds(60);
+    EXPECT_EQ(player.url, silenced);
+    EXPECT_EQ(player.state, Paused);
+    for (int pick = 0; pick < 2; ++pick) {
+        PickFolderByHand();
+        EXPECT_EQ(Wait(), 1);
+        EXPECT_EQ(player.state, Playing);
+        EXPECT_EQ(state().chatter.List4.size(), 1U);
+    }
+    EXPECT_TRUE(state().mute.Muted);
+    program->Timer_Timer(5);
+    EXPECT_FALSE(state().mute.Muted);
+    HearRecording();
+    const int wait = gap();
+    simulator.Tune(Com2Standby, "118.70"); // the radio has no say
+    EXPECT_EQ(Wait(), wait);
+}
+
+TEST_F(Chatter, CopesWithAnEmptyFolderAndReportsImpossibleGaps) {
+    StartWithGaps(0, 32767);
+    std::filesystem::remove_all(PathOf(state().folders.WavePath));
+    TuneTo("118.00");
+    Seconds(3);
+    PickFolderByHand();
+    Seconds(3);
+    const std::string text = "Check elapsed time\rError 6 Overflow";
+    EXPECT_EQ(prompts.messages, (std::vector<FakePrompts::Shown>{{"Timer3 Errors", text, Icon::Information},
+                                                                 {"Timer4 Errors", text, Icon::Information}}));
+    prompts.messages.clear();
+    program->cboMax_Click(0);
+    Seconds(20);
+    EXPECT_TRUE(prompts.messages.empty());
+    EXPECT_TRUE(player.urls.empty());
+}
+
+/// The pieces alone, where every state can be set.
+struct Bench {
+    Bench() { PutInCharge(state, 4); }
+
+    /// The enabled cycle timers' numbers.
+    std::string Timers() const {
+        std::string on;
+        for (int id = 1; id <= 4; ++id) on += state.form.Timer(id).Enabled ? std::to_string(id) : "";
+        return on;
+    }
+
+    ProgramState state;
+    FakeSimulator simulator;
+    FakeClock clock;
+    FakePlayer player;
+    FakePrompts prompts;
+    FakeShell shell;
+    FakeKeyboard keyboard;
+    FakeDisplay screen;
+    ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
+    FsuipcClient link{simulator, simulator, clock};
+    RadioReadout readout{state, link};
+    ReceptionRange range{state, trap};
+    PlayerDisplay display{state, player, shell};
+    SimWatch sim{state, link, readout, range, player, [] {}};
+    RecordedChatter chatter{state, sim, display, player, clock, trap};
+    Mute mute{state, player};
+    MuteKey mute_key{state, mute, keyboard, screen, clock};
+};
+
+TEST(ManualChatter, HandsOnlyAWebFeedBack) {
+    struct Row {
+        const char *marker, *frequency, *panel, *timer;
+        SelectionMode mode;
+    };
+    const Row rows[] = {{"1", "118.70", "", "2", SelectionMode::Manual},
+                        {"1", "118.00", "No Connection", "1", SelectionMode::Automatic},
+                        {"1", "118.00", "", "4", SelectionMode::Manual},
+                        {"0", "118.70", "No Connection", "4", SelectionMode::Manual}};
+    for (const Row& row : rows) {
+        Bench bench;
+        bench.state.form.Mode = row.mode;
+        bench.state.feed.FeedUrlMarker = row.marker;
+        bench.state.radio.PreviousFrequency = "118.00";
+        bench.state.radio.MasterFrequency = row.frequency;
+        bench.state.form.PanelAt(1).Text = row.panel;
+        bench.chatter.Timer4_Timer();
+        EXPECT_EQ(bench.Timers(), row.timer) << row.marker << row.frequency << row.panel;
+        EXPECT_EQ(bench.state.feed.ForceRetune, bench.Timers() != "4");
+    }
+}
+
+TEST(MuteKey, SilencesEveryKindOfSourceAndBringsItBack) {
+    struct Row {
+        const char* marker;
+        int radio;
+        std::int16_t timer;
+        PlayState muted;
+    };
+    const Row rows[] = {{"1", 8, 1, Stopped}, {"1", 8, 2, Stopped}, {"1", 0, 1, Paused},
+                        {"0", 8, 3, Paused},  {"0", 0, 4, Paused},  {"0", 0, 7, Paused}};
+    for (const Row& row : rows) {
+        Bench bench;
+        PutInCharge(bench.state, row.timer);
+        bench.state.feed.FeedUrlMarker = row.marker;
+        bench.state.feed.RadioFeedMarker = row.radio;
+        bench.state.feed.CaptionBase = "Quillon - Manual Mode";
+        bench.state.form.PanelAt(1).Text = "Playing";
+        bench.player.SetUrl("x");
+        bench.keyboard.down = 9;
+        std::string painted;
+        bench.screen.painted = [&] { painted = bench.state.form.PanelAt(1).Text + bench.state.form.Caption; };
+        const std::string running = bench.Timers();
+        bench.mute_key.Timer5_Timer();
+        EXPECT_EQ(bench.player.state, row.muted);
+        EXPECT_EQ(painted, "MutedQuillon - Manual Mode -Mute");
+        EXPECT_EQ(bench.Timers(), "");
+        bench.mute_key.Timer5_Timer();
+        EXPECT_EQ(bench.player.state, Playing);
+        EXPECT_EQ(painted, "PlayingQuillon - Manual Mode");
+        EXPECT_EQ(bench.Timers(), running);
+    }
+}
+
+TEST(MuteKey, HeldDownTogglesOnceASecondUnlessItHasNoEffect) {
+    struct Row {
+        std::int32_t key;
+        int down;
+        bool frame_open, no_connection, works;
+    };
+    const Row rows[] = {{9, 9, false, false, true},  {77, 77, false, false, true}, {36, 9, false, false, false},
+                        {9, 0, false, false, false}, {9, 9, true, false, false},   {9, 9, false, true, false}};
+    for (const Row& row : rows) {
+        Bench bench;
+        bench.state.mute = {row.key, false, row.frame_open, ""};
+        bench.state.radio.NoConnection = row.no_connection;
+        bench.keyboard.down = row.down;
+        const TimePoint end = bench.clock.now + std::chrono::seconds(10);
+        int toggles = 0;
+        for (bool muted = false; bench.clock.now < end; bench.clock.now += std::chrono::milliseconds(100)) {
+            bench.mute_key.Timer5_Timer();
+            toggles += bench.state.mute.Muted != std::exchange(muted, bench.state.mute.Muted) ? 1 : 0;
+        }
+        EXPECT_EQ(toggles, row.works ? 10 : 0) << row.key << " " << row.down;
+    }
+}
+
+} // namespace
