@@ -62,8 +62,10 @@ void SendKey(unsigned key, DWORD flags) {
     if (SendInput(1, &input, sizeof input) != 1) throw Failure("the key was not taken");
 }
 
+/// Longer than the pause between two looks at the keyboard, and than Wine remembers the last look.
+constexpr unsigned UsualMs = 150;
+
 std::string Key(const Words& words) {
-    constexpr unsigned UsualMs = 150; // longer than the pause between two looks at the keyboard
     const unsigned key = NumberArgument(words[0]);
     const unsigned held_ms = words.size() > 1 ? NumberArgument(words[1]) : UsualMs;
     SendKey(key, 0);
@@ -122,6 +124,7 @@ std::string PickEntry(const Words& words) {
 
 std::string Hold(const Words& words) {
     SendKey(NumberArgument(words[0]), 0);
+    Sleep(UsualMs);
     return "ok";
 }
 

@@ -12,6 +12,9 @@ namespace quillon {
 namespace {
 
 constexpr std::string_view HttpScheme = "http://";
+constexpr std::string_view HttpsScheme = "https://";
+constexpr std::uint16_t HttpPort = 80;
+constexpr std::uint16_t HttpsPort = 443;
 
 bool IsPlain(char c) {
     return c > ' ' && c < '\x7F';
@@ -88,6 +91,14 @@ bool HasScheme(std::string_view text) {
     return text.starts_with(':') && !front.empty();
 }
 
+/// Host and port as they stand in an address and in a request.
+std::string HostText(const StreamAddress& address) {
+    const bool literal = address.host.find(':') != std::string::npos;
+    const std::string host = literal ? "[" + address.host + "]" : address.host;
+    if (address.port == (address.secure ? HttpsPort : HttpPort)) return host;
+    return host + ":" + std::to_string(address.port);
+}
+
 } // namespace
 
 bool IsStreamAddress(std::string_view text) {
@@ -96,9 +107,12 @@ bool IsStreamAddress(std::string_view text) {
 
 std::optional<StreamAddress> ParseAddress(std::string_view text) {
     text = Trimmed(text);
-    if (LCase(text.substr(0, HttpScheme.size())) != HttpScheme) return {};
-    text.remove_prefix(HttpScheme.size());
     StreamAddress address;
+    address.secure = LCase(text.substr(0, HttpsScheme.size())) == HttpsScheme;
+    address.port = address.secure ? HttpsPort : HttpPort;
+    const std::string_view scheme = address.secure ? HttpsScheme : HttpScheme;
+    if (LCase(text.substr(0, scheme.size())) != scheme) return {};
+    text.remove_prefix(scheme.size());
     if (!ParseAuthority(CutAtFirstOf(text, "/?#"), address)) return {};
     address.target = Encoded(CutAtFirstOf(text, "#"));
     if (!address.target.starts_with('/')) address.target.insert(0, "/");
@@ -108,7 +122,8 @@ std::optional<StreamAddress> ParseAddress(std::string_view text) {
 std::optional<StreamAddress> ResolveLocation(const StreamAddress& from, std::string_view location) {
     location = Trimmed(location);
     if (HasScheme(location)) return ParseAddress(location);
-    if (location.starts_with("//")) return ParseAddress("http:" + std::string(location));
+    if (location.starts_with("//"))
+        return ParseAddress((from.secure ? "https:" : "http:") + std::string(location));
     std::string_view base = from.target;
     base = CutAtFirstOf(base, "?");
     std::string_view query = location = CutAtFirstOf(location, "#");
@@ -124,13 +139,14 @@ std::optional<StreamAddress> ResolveLocation(const StreamAddress& from, std::str
     return address;
 }
 
+std::string AddressText(const StreamAddress& address) {
+    return std::string(address.secure ? HttpsScheme : HttpScheme) + HostText(address) + address.target;
+}
+
 std::string RequestText(const StreamAddress& address, std::string_view program_version) {
-    const bool literal = address.host.find(':') != std::string::npos;
-    std::string host = literal ? "[" + address.host + "]" : address.host;
-    if (address.port != 80) host += ":" + std::to_string(address.port);
-    return "GET " + address.target + " HTTP/1.0\r\nHost: " + host + "\r\nUser-Agent: Quillon/" +
+    return "GET " + address.target + " HTTP/1.0\r\nHost: " + HostText(address) + "\r\nUser-Agent: Quillon/" +
            std::string(program_version) +
-           "\r\nAccept: audio/mpeg, audio/*;q=0.9, */*;q=0.1\r\nConnection: close\r\n\r\n";
+           "\r\nAccept: audio/mpeg, audio/*;q=0.9, */*;q=0.1\r\nIcy-MetaData: 1\r\nConnection: close\r\n\r\n";
 }
 
 } // namespace quillon

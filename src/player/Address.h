@@ -12,6 +12,7 @@ struct StreamAddress {
     std::string host; ///< a name, or a literal address without brackets
     std::uint16_t port = 80;
     std::string target = "/"; ///< path and query, fit for a request line
+    bool secure = false;      ///< https
 
     bool operator==(const StreamAddress&) const = default;
 };
@@ -19,15 +20,19 @@ struct StreamAddress {
 /// Whether the text names something on the network rather than a file.
 bool IsStreamAddress(std::string_view text);
 
-/// Reads "http://[user@]host[:port][/path]"; a host with colons stands in brackets. Nothing for another scheme,
-/// no host, or a port outside 1 to 65535.
+/// Reads "http://[user@]host[:port][/path]" or the same with https; a host with colons stands in brackets.
+/// Nothing for another scheme, no host, or a port outside 1 to 65535.
 std::optional<StreamAddress> ParseAddress(std::string_view text);
 
 /// Where a reply from `from` sends its caller: the Location may be a whole address or any part of one. Nothing
-/// when it leads away from http.
+/// when it leads away from http and https.
 std::optional<StreamAddress> ResolveLocation(const StreamAddress& from, std::string_view location);
 
-/// The request for the stream. It asks for version 1.0 of the protocol, whose replies carry the body as it is.
+/// The address as text that ParseAddress reads.
+std::string AddressText(const StreamAddress& address);
+
+/// The request for the stream. It asks for version 1.0 of the protocol, whose replies carry the body as it is,
+/// and for the titles that come between the sound.
 std::string RequestText(const StreamAddress& address, std::string_view program_version);
 
 } // namespace quillon

@@ -1,10 +1,15 @@
 #include "player/FileSource.h"
 
+#include "player/ContentKind.h"
 #include "runtime/Files.h"
 
 namespace quillon {
 
-FileSource::FileSource(const std::string& path) : file_(PathOf(path), std::ios::binary) {}
+FileSource::FileSource(const std::string& path) : path_(path), file_(PathOf(path), std::ios::binary) {}
+
+bool FileSource::AnnouncesPlaylist() const {
+    return quillon::AnnouncesPlaylist({}, path_);
+}
 
 Got FileSource::Read(std::span<std::uint8_t> room) {
     if (!file_) return {Supply::Failed};

@@ -15,8 +15,11 @@ class FileSource : public ByteSource {
 
     Got Read(std::span<std::uint8_t> room) override;
     bool IsLive() const override { return false; }
+    std::string Address() const override { return path_; }
+    bool AnnouncesPlaylist() const override;
 
   private:
+    std::string path_;
     std::ifstream file_;
 };
 

@@ -1,5 +1,8 @@
 #include "player/HttpStream.h"
 
+#include "player/ContentKind.h"
+#include "runtime/Text.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -15,6 +18,9 @@ std::optional<std::uint64_t> ParseLength(const std::string& text) {
     return length;
 }
 
+constexpr int Unauthorised = 401;
+constexpr int Gone = 410;
+
 } // namespace
 
 HttpStream::HttpStream(StreamAddress address, std::string program_version, PlayerSystem& system)
@@ -29,7 +35,7 @@ Got HttpStream::Read(std::span<std::uint8_t> room) {
 /// One step on the way to the body; Supply::Bytes when it got somewhere.
 Supply HttpStream::Ask() {
     if (!connection_) {
-        connection_ = system_.Connect(address_.host, address_.port);
+        connection_ = system_.Connect(address_);
         if (!connection_) return Supply::Failed;
         unsent_ = RequestText(address_, program_version_);
         reply_ = {};
@@ -61,11 +67,27 @@ Supply HttpStream::ReadHead() {
 
 Supply HttpStream::AcceptHead() {
     if (reply_.Status() / 100 == 3) return Redirect();
-    if (reply_.Status() != 200 || reply_.ContentType() == "text/html") return Supply::Failed;
-    body_left_ = ParseLength(reply_.Header("content-length"));
+    if (reply_.Status() == Unauthorised || reply_.Status() == Gone) return Supply::Refused;
+    if (reply_.Status() != 200) return Supply::Failed;
+    if (reply_.ContentType() == "text/html") return Supply::NotAudio;
+    PrepareBody();
+    return Supply::Bytes;
+}
+
+void HttpStream::PrepareBody() {
+    if (LCase(reply_.Header("transfer-encoding")).ends_with("chunked"))
+        chunks_.emplace();
+    else
+        body_left_ = ParseLength(reply_.Header("content-length"));
+    const auto interval = ParseLength(reply_.Header("icy-metaint"));
+    if (interval && *interval > 0 && *interval <= IcyDemuxer::LargestInterval)
+        titles_.emplace(static_cast<std::size_t>(*interval));
     early_body_ = reply_.TakeBody();
     in_body_ = true;
-    return Supply::Bytes;
+}
+
+bool HttpStream::AnnouncesPlaylist() const {
+    return quillon::AnnouncesPlaylist(reply_.ContentType(), address_.target);
 }
 
 Supply HttpStream::Redirect() {
@@ -78,6 +100,15 @@ Supply HttpStream::Redirect() {
 }
 
 Got HttpStream::ReadBody(std::span<std::uint8_t> room) {
+    if (chunks_ && (chunks_->HasEnded() || chunks_->IsMalformed())) return {Supply::Failed};
+    Got got = ReadRaw(room);
+    if (got.supply != Supply::Bytes) return got;
+    if (chunks_) got.count = chunks_->Strip(room.first(got.count));
+    if (titles_) got.count = titles_->Strip(room.first(got.count));
+    return got;
+}
+
+Got HttpStream::ReadRaw(std::span<std::uint8_t> room) {
     if (body_left_)
         room = room.first(static_cast<std::size_t>(std::min<std::uint64_t>(room.size(), *body_left_)));
     if (room.empty()) return {Supply::End};

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "player/Address.h"
+#include "player/ChunkedBody.h"
 #include "player/HttpReply.h"
+#include "player/IcyDemuxer.h"
 #include "player/PlayerSystem.h"
 
 #include <cstdint>
@@ -9,8 +11,9 @@
 
 namespace quillon {
 
-/// The body of what a web server sends for an address, live or a file. Follows redirects; any answer but 200, a
-/// web page, and a connection that ends before its time are failures.
+/// The body of what a web server sends for an address, live or a file, without chunks and announced titles.
+/// Follows redirects; any other answer but 200, a web page, and a connection that ends before its time are
+/// failures.
 class HttpStream : public ByteSource {
   public:
     static constexpr int MaximumRedirects = 8;
@@ -22,13 +25,19 @@ class HttpStream : public ByteSource {
     /// A reply that tells its length is a file.
     bool IsLive() const override { return !body_left_.has_value(); }
 
+    std::string Address() const override { return AddressText(address_); }
+    bool AnnouncesPlaylist() const override;
+    std::string Title() const override { return titles_ ? titles_->Title() : std::string(); }
+
   private:
     Supply Ask();
     Supply SendRequest();
     Supply ReadHead();
     Supply AcceptHead();
     Supply Redirect();
+    void PrepareBody();
     Got ReadBody(std::span<std::uint8_t> room);
+    Got ReadRaw(std::span<std::uint8_t> room);
 
     StreamAddress address_;
     std::string program_version_;
@@ -39,6 +48,8 @@ class HttpStream : public ByteSource {
     bool in_body_ = false;
     std::string early_body_; // came in one piece with the head
     std::optional<std::uint64_t> body_left_;
+    std::optional<ChunkedBody> chunks_;
+    std::optional<IcyDemuxer> titles_;
     int redirects_ = 0;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "player/Address.h"
 #include "player/ByteSource.h"
 #include "player/Mp3Frames.h"
 #include "player/Pcm.h"
@@ -58,8 +59,9 @@ class PlayerSystem {
   public:
     virtual ~PlayerSystem() = default;
 
-    /// Null when the name is unknown. Looking it up may take long.
-    virtual std::unique_ptr<Connection> Connect(const std::string& host, std::uint16_t port) = 0;
+    /// Null when the host's name is unknown. Looking it up may take long. A connection to a secure address
+    /// fails when the server cannot prove that it is that host.
+    virtual std::unique_ptr<Connection> Connect(const StreamAddress& address) = 0;
 
     /// Null when the system cannot decode that.
     virtual std::unique_ptr<Mp3Decoder> OpenMp3Decoder(const Mp3Format& format) = 0;

@@ -1,185 +1,174 @@
 #include "player/Session.h"
 
-#include "player/Address.h"
 #include "player/FileSource.h"
 #include "player/HttpStream.h"
+#include "player/Playlists.h"
 
 #include <algorithm>
-#include <array>
 
 namespace quillon {
 
 using namespace std::chrono_literals;
+using std::chrono::milliseconds;
 
 namespace {
 
-constexpr auto FirstLead = 120ms;
-constexpr auto LongestLead = 2000ms;
-constexpr auto KeptWhilePaused = 2s;
 constexpr auto LongestSleep = 100ms;
 constexpr auto EndedShownFor = 100ms;
 
-/// A device that plays nothing of what it holds for so long is gone, though it may not say so.
-constexpr auto LongestSilentDevice = 2s;
+/// A playlist whose entries all fail costs no more than so many tries.
+constexpr int MostTries = 30;
 
 } // namespace
 
-Session::Session(std::string url, std::string program_version, int volume, std::unique_ptr<PlayerSystem> system)
+Session::Session(std::string url, std::string program_version, int volume, std::unique_ptr<PlayerSystem> system,
+                 milliseconds not_before)
     : url_(std::move(url)),
       program_version_(std::move(program_version)),
       system_(std::move(system)),
-      volume_(volume),
-      reader_(*system_),
-      lead_(FirstLead) {}
+      not_before_(not_before),
+      policy_(static_cast<std::uint32_t>(system_->Now().count())) {
+    wishes_.volume = volume;
+    if (system_->Now() < not_before) state_ = Ready;
+}
 
 void Session::Run() {
-    PlayState state = Ready;
+    PlayState last = Ready;
     try {
-        OpenSource();
-        while (!cancelled_) {
-            state = Step();
-            if (state == MediaEnded || state == Ready) break;
-            state_ = state;
-            system_->Wait(LongestSleep);
-        }
+        last = PlayUntilDone();
     } catch (...) {
-        state = Ready; // out of memory, or a path that is none
+        last = Ready; // out of memory, or a path that is none
     }
-    output_.reset();
-    source_.reset();
-    state_ = state;
-    if (state != MediaEnded) return;
+    ShowTitle({});
+    state_ = last;
+    has_ended_ = true;
+    if (last != MediaEnded) return;
     const auto until = system_->Now() + EndedShownFor;
-    while (!cancelled_ && system_->Now() < until) system_->Wait(EndedShownFor);
+    while (!wishes_.cancelled && system_->Now() < until) system_->Wait(EndedShownFor);
     state_ = Stopped;
 }
 
+PlayState Session::PlayUntilDone() {
+    if (not_before_.load() > system_->Now()) {
+        WaitUntil(not_before_, Ready);
+        not_before_ = system_->Now() + Grudge; // for what comes of it is not known yet
+    }
+    while (!wishes_.cancelled) {
+        heard_ = 0ms;
+        tries_left_ = MostTries;
+        state_ = Transitioning;
+        const Ending ending = PlayAddress(url_, 0);
+        if (ending == Ending::Cancelled) break;
+        if (ending == Ending::Ended) return MediaEnded;
+        if (!is_online_ || !AwaitNextTry(ending)) return Ready;
+    }
+    return Stopped;
+}
+
+Ending Session::PlayAddress(const std::string& address, int depth) {
+    std::string playlist;
+    std::string from;
+    {
+        auto source = Open(address);
+        if (!source) return Ending::Refused;
+        Attempt attempt(std::move(source), wishes_, *system_);
+        const Ending ending = Drive(attempt);
+        heard_ += attempt.Heard();
+        if (ending != Ending::Playlist) return ending;
+        playlist = attempt.Playlist();
+        from = attempt.Source().Address();
+    }
+    return depth < DeepestPlaylist ? PlayEntries(playlist, from, depth + 1) : Ending::NotAudio;
+}
+
+/// Goes on with the next entry when one has ended or cannot be had, but not when one drops that was heard.
+Ending Session::PlayEntries(const std::string& playlist, const std::string& from, int depth) {
+    const Entries entries = ReadPlaylist(playlist, from);
+    Ending result = entries.empty() ? Ending::NotAudio : Ending::Refused;
+    for (const std::string& entry : entries) {
+        const auto address = ResolveEntry(from, entry);
+        const auto heard_before = heard_;
+        const Ending ending = address ? PlayAddress(*address, depth) : Ending::Refused;
+        if (ending > Ending::Refused || (ending != Ending::Ended && heard_ > heard_before)) return ending;
+        result = std::min(result, ending);
+        if (ending != Ending::Ended && --tries_left_ <= 0) break;
+    }
+    return result;
+}
+
+Ending Session::Drive(Attempt& attempt) {
+    while (!wishes_.cancelled) {
+        if (const auto ending = attempt.Step()) return *ending;
+        state_ = attempt.State();
+        if (attempt.State() == Playing) not_before_ = 0ms;
+        ShowTitle(attempt.Source().Title());
+        system_->Wait(LongestSleep);
+    }
+    return Ending::Cancelled;
+}
+
+std::unique_ptr<ByteSource> Session::Open(const std::string& address) {
+    if (!IsStreamAddress(address)) return std::make_unique<FileSource>(address);
+    is_online_ = true;
+    const auto parsed = ParseAddress(address);
+    if (!parsed) return nullptr;
+    return std::make_unique<HttpStream>(*parsed, program_version_, *system_);
+}
+
+/// False when there is to be no next try.
+bool Session::AwaitNextTry(Ending ending) {
+    const auto now = system_->Now();
+    if (ending == Ending::PausedLong) {
+        WaitUntil(now, Transitioning);
+        return true;
+    }
+    const auto wait = policy_.WaitAfter(ending, heard_);
+    if (wait && ending != Ending::NoDevice) {
+        not_before_ = 0ms;
+        WaitUntil(now + *wait, Transitioning);
+        return true;
+    }
+    not_before_ = now + wait.value_or(Grudge);
+    if (wait) WaitUntil(not_before_, Ready);
+    return wait.has_value();
+}
+
+/// Longer when a pause is on: nobody would hear what comes.
+void Session::WaitUntil(milliseconds moment, PlayState shown) {
+    ShowTitle({});
+    state_ = shown;
+    is_waiting_ = true;
+    while (!wishes_.cancelled && (wishes_.paused || system_->Now() < moment)) system_->Wait(LongestSleep);
+    is_waiting_ = false;
+}
+
 void Session::Cancel() {
-    cancelled_ = true;
+    wishes_.cancelled = true;
     system_->Wake();
 }
 
 void Session::Pause() {
-    paused_ = true;
+    wishes_.paused = true;
     system_->Wake();
 }
 
 void Session::Resume() {
-    paused_ = false;
+    wishes_.paused = false;
     system_->Wake();
 }
 
 void Session::SetVolume(int volume) {
-    volume_ = volume;
+    wishes_.volume = volume;
 }
 
-bool Session::HasEnded() const {
-    const PlayState state = state_;
-    return state == MediaEnded || state == Stopped || state == Ready;
+std::string Session::Title() const {
+    const std::lock_guard lock(title_mutex_);
+    return title_;
 }
 
-void Session::OpenSource() {
-    if (!IsStreamAddress(url_))
-        source_ = std::make_unique<FileSource>(url_);
-    else if (const auto address = ParseAddress(url_))
-        source_ = std::make_unique<HttpStream>(*address, program_version_, *system_);
-}
-
-PlayState Session::Step() {
-    if (!source_) return Ready;
-    ObeyPause();
-    if (!ReadAhead()) return Ready;
-    if (!held_) return PlayAhead();
-    return outcome_ == Ready ? Ready : state_.load();
-}
-
-void Session::ObeyPause() {
-    const bool paused = paused_;
-    if (paused == held_) return;
-    held_ = paused;
-    if (!output_) return;
-    if (source_->IsLive()) {
-        output_.reset();
-        sounding_ = false;
-    } else {
-        output_->Hold(held_);
-        last_write_ = system_->Now();
-    }
-}
-
-/// While a live stream is paused all of it is read, so that the server does not keep old sound for us.
-bool Session::WantsBytes() const {
-    if (cancelled_ || outcome_) return false;
-    return queue_.Length() < lead_ || (held_ && paused_ && source_->IsLive());
-}
-
-bool Session::ReadAhead() {
-    std::array<std::uint8_t, 4096> bytes;
-    while (WantsBytes()) {
-        const Got got = source_->Read(bytes);
-        if (got.supply != Supply::Bytes) return TakeSupply(got.supply);
-        waiting_since_.reset();
-        if (state_ == Transitioning) state_ = Buffering;
-        if (!reader_.Feed(ByteView(bytes).first(got.count), queue_)) return false;
-        if (held_ && source_->IsLive()) queue_.KeepLatest(KeptWhilePaused);
-    }
-    waiting_since_.reset();
-    return true;
-}
-
-/// What to make of no bytes; false when it is time to give up.
-bool Session::TakeSupply(Supply supply) {
-    if (supply == Supply::End) outcome_ = has_sounded_ || !queue_.Empty() ? MediaEnded : Ready;
-    if (supply == Supply::Failed) outcome_ = Ready;
-    if (supply == Supply::NothingYet && state_ == Transitioning) state_ = Buffering;
-    return outcome_ || !WaitIsOver();
-}
-
-bool Session::WaitIsOver() {
-    const auto now = system_->Now();
-    if (!waiting_since_) waiting_since_ = now;
-    return now - *waiting_since_ >= LongestWait;
-}
-
-PlayState Session::PlayAhead() {
-    if (!sounding_ && !outcome_ && queue_.Length() < lead_)
-        return state_ == Transitioning ? Transitioning : Buffering;
-    if (!FillOutput()) return Ready;
-    if (output_ && !output_->IsIdle())
-        return system_->Now() - last_write_ < LongestSilentDevice ? Playing : Ready;
-    return AfterSilence();
-}
-
-PlayState Session::AfterSilence() {
-    if (outcome_ && queue_.Empty()) return *outcome_;
-    if (sounding_)
-        lead_ = std::min<std::chrono::milliseconds>(lead_ * 2, LongestLead); // once bitten, twice shy
-    sounding_ = false;
-    return Buffering;
-}
-
-bool Session::FillOutput() {
-    while (!queue_.Empty() && !cancelled_ && !paused_) {
-        if (!output_ || queue_.NextFormat() != output_format_) {
-            if (output_ && !output_->IsIdle()) return true; // plays out the sound of the format before
-            if (!OpenOutput()) return false;
-            continue; // for that may have taken a while
-        }
-        if (!output_->HasRoom()) return true;
-        Samples block = queue_.Take(SoundOutput::BlockLength);
-        Scale(block, volume_);
-        if (!output_->Write(block)) return false;
-        last_write_ = system_->Now();
-        sounding_ = has_sounded_ = true;
-    }
-    return true;
-}
-
-bool Session::OpenOutput() {
-    output_.reset();
-    output_format_ = queue_.NextFormat();
-    output_ = system_->OpenOutput(output_format_);
-    return output_ != nullptr;
+void Session::ShowTitle(const std::string& title) {
+    const std::lock_guard lock(title_mutex_);
+    if (title_ != title) title_ = title;
 }
 
 } // namespace quillon

@@ -1,13 +1,12 @@
 #include "player/SoundReader.h"
 
-#include <algorithm>
+#include "player/Playlists.h"
+
 #include <string_view>
 
 namespace quillon {
 
 namespace {
-
-constexpr std::string_view WavMark = "RIFF";
 
 /// More than lies between two frames of any MP3 stream; what has no frame in so many bytes is something else.
 constexpr std::size_t MostSkipped = 65536;
@@ -15,18 +14,33 @@ constexpr std::size_t MostSkipped = 65536;
 } // namespace
 
 bool SoundReader::Feed(ByteView bytes, PcmQueue& queue) {
-    if (kind_ == Kind::Unknown) {
+    if (kind_ == ContentKind::Unknown) {
         first_bytes_.insert(first_bytes_.end(), bytes.begin(), bytes.end());
-        if (first_bytes_.size() < WavMark.size()) return true;
-        kind_ = std::equal(WavMark.begin(), WavMark.end(), first_bytes_.begin()) ? Kind::Wav : Kind::Mp3;
+        kind_ = KindOf(first_bytes_, expects_playlist_);
+        if (kind_ == ContentKind::Unknown) return first_bytes_.size() < MostSkipped;
         bytes = first_bytes_;
     }
-    return kind_ == Kind::Wav ? FeedWav(bytes, queue) : FeedMp3(bytes, queue);
+    switch (kind_) {
+    case ContentKind::Wav:
+        return FeedWav(bytes, queue);
+    case ContentKind::Mp3:
+        return FeedMp3(bytes, queue);
+    case ContentKind::Playlist:
+        return FeedPlaylist(bytes);
+    default:
+        return false;
+    }
+}
+
+bool SoundReader::FeedPlaylist(ByteView bytes) {
+    playlist_.append(bytes.begin(), bytes.end());
+    return playlist_.size() <= LongestPlaylist;
 }
 
 bool SoundReader::FeedWav(ByteView bytes, PcmQueue& queue) {
     Samples samples;
     const bool good = wav_.Feed(bytes, samples);
+    has_found_sound_ = has_found_sound_ || !samples.empty();
     queue.Push(wav_.Format(), std::move(samples));
     return good;
 }
@@ -34,6 +48,7 @@ bool SoundReader::FeedWav(ByteView bytes, PcmQueue& queue) {
 bool SoundReader::FeedMp3(ByteView bytes, PcmQueue& queue) {
     frames_.Feed(bytes);
     while (const auto frame = frames_.Next()) {
+        has_found_sound_ = true;
         Samples samples;
         if (!DecodeFrame(*frame, samples)) return false;
         queue.Push({decoded_.sample_rate, decoded_.channels}, std::move(samples));

@@ -16,7 +16,7 @@ enum PlayState : int {
     Waiting = 7,
     MediaEnded = 8,
     Transitioning = 9, ///< connecting
-    Ready = 10,        ///< nothing could be played: no answer, not audio, no sound device
+    Ready = 10,        ///< given up for good, or no sound device
     Reconnecting = 11,
 };
 

@@ -18,8 +18,8 @@ class Prompts {
     virtual std::string InputBox(const std::string& title, const std::string& prompt,
                                  const std::string& default_answer) = 0;
 
-    /// Shows `frmMuteKey` with that option (1 to 4) selected, 0 for none. Returns the option that the user set, 0 when
-    /// the dialog was closed without setting one.
+    /// Shows `frmMuteKey` with that option (1 to 4) selected, 0 for none. Returns the option that the user set,
+    /// 0 when the dialog was closed without setting one.
     virtual int MuteKeyDialog(int option) = 0;
 };
 

@@ -3,14 +3,17 @@
 
 #include "win32/AcmDecoder.h"
 #include "win32/Socket.h"
+#include "win32/TlsConnection.h"
 #include "win32/WaveOut.h"
 
 namespace quillon {
 
 WinPlayerSystem::WinPlayerSystem() : event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {}
 
-std::unique_ptr<Connection> WinPlayerSystem::Connect(const std::string& host, std::uint16_t port) {
-    return Socket::Open(host, port, event_.Get());
+std::unique_ptr<Connection> WinPlayerSystem::Connect(const StreamAddress& address) {
+    std::unique_ptr<Connection> socket = Socket::Open(address.host, address.port, event_.Get());
+    if (!socket || !address.secure) return socket;
+    return std::make_unique<TlsConnection>(std::move(socket), address.host);
 }
 
 std::unique_ptr<Mp3Decoder> WinPlayerSystem::OpenMp3Decoder(const Mp3Format& format) {

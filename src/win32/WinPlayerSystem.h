@@ -12,7 +12,7 @@ class WinPlayerSystem : public PlayerSystem {
   public:
     WinPlayerSystem();
 
-    std::unique_ptr<Connection> Connect(const std::string& host, std::uint16_t port) override;
+    std::unique_ptr<Connection> Connect(const StreamAddress& address) override;
     std::unique_ptr<Mp3Decoder> OpenMp3Decoder(const Mp3Format& format) override;
     std::unique_ptr<SoundOutput> OpenOutput(const PcmFormat& format) override;
     std::chrono::milliseconds Now() override;

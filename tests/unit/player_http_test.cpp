@@ -10,7 +10,8 @@ namespace {
 
 std::string Shown(const std::optional<StreamAddress>& address) {
     if (!address) return "none";
-    return address->host + " " + std::to_string(address->port) + " " + address->target;
+    const std::string text = address->host + " " + std::to_string(address->port) + " " + address->target;
+    return address->secure ? "secure " + text : text;
 }
 
 TEST(Address, IsReadFromText) {
@@ -32,7 +33,8 @@ TEST(Address, IsReadFromText) {
         {"http://[::1]x/", "none"},
         {"http://:80/", "none"},
         {"http:///a", "none"},
-        {"https://h/", "none"},
+        {"HTTPS://h", "secure h 443 /"},
+        {"https://h:8443/a", "secure h 8443 /a"},
         {"mms://h/", "none"},
         {"C:\\Chatter\\a.wav", "none"},
         {"", "none"},
@@ -54,11 +56,20 @@ TEST(Address, FollowsALocation) {
         {"../../../../..", "h 8000 /"},
         {"?bitrate=32", "h 8000 /radio/live/egll?bitrate=32"},
         {"a/b:c d#e", "h 8000 /radio/live/a/b:c%20d"},
-        {"https://other.example/", "none"},
+        {"https://other.example/", "secure other.example 443 /"},
+        {"mms://other.example/", "none"},
         {"file:c:/x", "none"},
     };
     for (const auto& [location, shown] : rows)
         EXPECT_EQ(Shown(ResolveLocation(from, location)), shown) << location;
+}
+
+TEST(Address, KeepsItsSchemeBesideTheRoadAndReadsBackTheSame) {
+    const StreamAddress from{"h", 443, "/a", true};
+    EXPECT_EQ(Shown(ResolveLocation(from, "//other.example/b")), "secure other.example 443 /b");
+    EXPECT_EQ(Shown(ResolveLocation(from, "b")), "secure h 443 /b");
+    for (const char* text : {"http://h/a?b=c", "https://h:8443/", "http://[::1]:8000/", "https://[::1]/"})
+        EXPECT_EQ(AddressText(*ParseAddress(text)), text);
 }
 
 TEST(Address, MakesARequest) {
@@ -66,6 +77,7 @@ TEST(Address, MakesARequest) {
     EXPECT_TRUE(request.starts_with("GET /a HTTP/1.0\r\nHost: [::1]:8000\r\nUser-Agent: Quillon/1.2\r\n"));
     EXPECT_TRUE(request.ends_with("\r\n\r\n"));
     EXPECT_NE(RequestText({"h", 80, "/"}, "1.2").find("\r\nHost: h\r\n"), std::string::npos);
+    EXPECT_NE(RequestText({"h", 443, "/", true}, "1.2").find("\r\nHost: h\r\n"), std::string::npos);
 }
 
 struct Read {

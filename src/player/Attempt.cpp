@@ -1,0 +1,181 @@
+#include "player/Attempt.h"
+
+#include "player/Playlists.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quillon {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto FirstLead = 120ms;
+constexpr auto LongestLead = 2000ms;
+constexpr auto KeptWhilePaused = 2s;
+
+/// A device that plays nothing of what it holds for so long is gone, though it may not say so.
+constexpr auto LongestSilentDevice = 2s;
+
+/// So many bytes hold a frame if they are MP3 at all.
+constexpr std::size_t EnoughToTell = 4096;
+
+} // namespace
+
+Attempt::Attempt(std::unique_ptr<ByteSource> source, const Wishes& wishes, PlayerSystem& system)
+    : source_(std::move(source)), wishes_(wishes), system_(system), reader_(system), lead_(FirstLead) {}
+
+std::chrono::milliseconds Attempt::Heard() const {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(heard_);
+}
+
+std::optional<Ending> Attempt::Step() {
+    ObeyPause();
+    if (IsPausedTooLong()) return Ending::PausedLong;
+    ReadAhead();
+    if (ending_ == Ending::Playlist || ending_ == Ending::NotAudio) return ending_;
+    if (!held_since_) return PlayAhead();
+    return ending_ == Ending::Ended ? std::nullopt : ending_; // a file waits with its last sound
+}
+
+void Attempt::ObeyPause() {
+    const bool paused = wishes_.paused;
+    if (paused == held_since_.has_value()) return;
+    held_since_ = paused ? std::optional(system_.Now()) : std::nullopt;
+    if (!output_) return;
+    if (source_->IsLive()) {
+        output_.reset();
+        sounding_ = false;
+    } else {
+        output_->Hold(paused);
+        last_write_ = system_.Now();
+    }
+}
+
+bool Attempt::IsPausedTooLong() const {
+    return held_since_ && source_->IsLive() && system_.Now() - *held_since_ >= LongestPause;
+}
+
+/// While a live stream is paused all of it is read, so that the server does not keep old sound for us.
+bool Attempt::WantsBytes() const {
+    if (wishes_.cancelled || ending_) return false;
+    return queue_.Length() < lead_ || (held_since_ && wishes_.paused && source_->IsLive());
+}
+
+void Attempt::ReadAhead() {
+    std::array<std::uint8_t, 4096> bytes;
+    while (WantsBytes()) {
+        const Got got = source_->Read(bytes);
+        if (got.supply != Supply::Bytes) return TakeSupply(got.supply);
+        TakeBytes(ByteView(bytes).first(got.count));
+    }
+    waiting_since_.reset();
+}
+
+void Attempt::TakeBytes(ByteView bytes) {
+    if (bytes.empty()) return;
+    waiting_since_.reset();
+    if (state_ == Transitioning) state_ = Buffering;
+    if (taken_ == 0 && source_->AnnouncesPlaylist()) reader_.ExpectPlaylist();
+    taken_ += bytes.size();
+    if (!reader_.Feed(bytes, queue_)) End(Ending::NotAudio);
+    if (held_since_ && source_->IsLive()) queue_.KeepLatest(KeptWhilePaused);
+}
+
+/// What to make of no bytes.
+void Attempt::TakeSupply(Supply supply) {
+    switch (supply) {
+    case Supply::End:
+        return End(reader_.HasFoundSound() ? Ending::Ended : Ending::NotAudio);
+    case Supply::Failed:
+        return End(reader_.HasFoundSound() || taken_ < EnoughToTell ? Ending::Dropped : Ending::NotAudio);
+    case Supply::NotAudio:
+        return End(Ending::NotAudio);
+    case Supply::Refused:
+        return End(Ending::Refused);
+    case Supply::NothingYet:
+        if (state_ == Transitioning) state_ = Buffering;
+        break;
+    default:
+        break;
+    }
+    if (!WaitIsOver()) return;
+    queue_ = {}; // too little to start with, and too old by now
+    End(Ending::Dropped);
+}
+
+/// However the bytes of a playlist ended, what came of it is used.
+void Attempt::End(Ending ending) {
+    const bool is_playlist = reader_.IsPlaylist() && ending != Ending::Refused;
+    ending_ = is_playlist && reader_.Playlist().size() <= LongestPlaylist ? Ending::Playlist : ending;
+}
+
+bool Attempt::WaitIsOver() {
+    const auto now = system_.Now();
+    if (!waiting_since_) waiting_since_ = now;
+    return now - *waiting_since_ >= LongestWait;
+}
+
+std::optional<Ending> Attempt::PlayAhead() {
+    if (!sounding_ && !ending_ && queue_.Length() < lead_) {
+        if (state_ != Transitioning) state_ = Buffering;
+        return {};
+    }
+    if (!FillOutput()) return Ending::NoDevice;
+    if (!output_ || output_->IsIdle()) return AfterSilence();
+    const bool is_dead = system_.Now() - last_write_ >= LongestSilentDevice;
+    if (is_dead && !ReplaceDeadOutput()) return Ending::NoDevice;
+    state_ = Playing;
+    return {};
+}
+
+std::optional<Ending> Attempt::AfterSilence() {
+    if (ending_ && queue_.Empty()) return ending_;
+    if (sounding_)
+        lead_ = std::min<std::chrono::milliseconds>(lead_ * 2, LongestLead); // once bitten, twice shy
+    sounding_ = false;
+    state_ = Buffering;
+    return {};
+}
+
+/// False when there is no device to play on.
+bool Attempt::FillOutput() {
+    while (!queue_.Empty() && !wishes_.cancelled && !wishes_.paused) {
+        if (!output_ || queue_.NextFormat() != output_format_) {
+            if (output_ && !output_->IsIdle()) return true; // plays out the sound of the format before
+            if (!OpenOutput()) return false;
+            continue; // for that may have taken a while
+        }
+        if (!output_->HasRoom()) return true;
+        if (!Deliver()) return false;
+    }
+    return true;
+}
+
+/// A device that fails may have been unplugged; then another one takes its place.
+bool Attempt::Deliver() {
+    Samples block = queue_.Take(SoundOutput::BlockLength);
+    Scale(block, wishes_.volume);
+    if (!output_->Write(block) && !(OpenOutput() && output_->Write(block))) return false;
+    heard_ += Duration(output_format_, block.size());
+    last_write_ = system_.Now();
+    sounding_ = true;
+    return true;
+}
+
+bool Attempt::OpenOutput() {
+    output_.reset();
+    if (!queue_.Empty()) output_format_ = queue_.NextFormat();
+    output_ = system_.OpenOutput(output_format_);
+    return output_ != nullptr;
+}
+
+/// Once: when the next device plays nothing either, there is none.
+bool Attempt::ReplaceDeadOutput() {
+    if (replaced_at_ && last_write_ - *replaced_at_ < 1s) return false;
+    replaced_at_ = last_write_ = system_.Now();
+    return OpenOutput();
+}
+
+} // namespace quillon

@@ -1,0 +1,93 @@
+#include "player/SessionPlayer.h"
+
+#include "player/Session.h"
+
+#include <algorithm>
+#include <system_error>
+
+namespace quillon {
+
+SessionPlayer::SessionPlayer(std::string program_version, MakeSystem make_system, RunSession run)
+    : program_version_(std::move(program_version)),
+      make_system_(std::move(make_system)),
+      run_(std::move(run)) {}
+
+SessionPlayer::~SessionPlayer() {
+    EndSession();
+}
+
+void SessionPlayer::SetUrl(const std::string& url) {
+    if (url == url_ && session_ && session_->IsWaiting()) return Play();
+    EndSession();
+    url_ = url;
+    idle_state_ = Stopped;
+    if (!url_.empty()) Start();
+}
+
+void SessionPlayer::Reload() {
+    if (url_.empty()) return;
+    EndSession();
+    not_before_.erase(url_);
+    Start();
+}
+
+void SessionPlayer::Start() {
+    EndSession();
+    auto system = make_system_();
+    const auto now = system->Now();
+    std::erase_if(not_before_, [now](const auto& entry) { return entry.second <= now; });
+    const auto held = not_before_.find(url_);
+    const auto moment = held == not_before_.end() ? std::chrono::milliseconds(0) : held->second;
+    auto session = std::make_shared<Session>(url_, program_version_, volume_, std::move(system), moment);
+    try {
+        run_(session);
+        session_ = std::move(session);
+    } catch (const std::system_error&) {
+        idle_state_ = Ready; // the system gives no more threads
+    }
+}
+
+void SessionPlayer::EndSession() {
+    paused_ = false;
+    if (!session_) return;
+    session_->Cancel();
+    if (const auto moment = session_->NotBefore(); moment.count() > 0) not_before_[url_] = moment;
+    session_.reset();
+}
+
+PlayState SessionPlayer::State() {
+    if (paused_) return Paused;
+    return session_ ? session_->State() : idle_state_;
+}
+
+void SessionPlayer::Play() {
+    if (url_.empty()) return;
+    if (!session_ || session_->HasEnded()) {
+        Start();
+    } else if (paused_) {
+        paused_ = false;
+        session_->Resume();
+    }
+}
+
+void SessionPlayer::Pause() {
+    if (!session_ || session_->HasEnded()) return;
+    paused_ = true;
+    session_->Pause();
+}
+
+void SessionPlayer::Stop() {
+    EndSession();
+    idle_state_ = Stopped;
+}
+
+void SessionPlayer::SetVolume(int volume) {
+    volume_ = std::clamp(volume, 0, 100);
+    if (session_) session_->SetVolume(volume_);
+}
+
+std::string SessionPlayer::Title() const {
+    return session_ ? session_->Title() : std::string();
+}
+
+} // namespace quillon

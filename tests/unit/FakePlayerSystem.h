@@ -1,0 +1,155 @@
+#pragma once
+
+#include "PlayerBytes.h"
+#include "player/Session.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quillon {
+
+using namespace std::chrono_literals;
+using std::chrono::milliseconds;
+
+// A scripted server, a fake clock and a fake sound device, for what plays on them.
+
+/// What a server sends for each path, and what it does then.
+struct Script {
+    std::string bytes;
+    Supply then = Supply::NothingYet; // Bytes: sound as it is made, without end
+};
+
+/// The world outside, its clock, and what was heard of it.
+struct World {
+    std::map<std::string, Script> servers; // by path
+    bool has_codec = true;
+    int devices = 100; // how many more can be opened
+    milliseconds device_dies_at{1h};
+    std::function<bool(const World&)> over; ///< ends the session under test
+
+    std::multimap<milliseconds, std::function<void(Session&)>> events;
+
+    milliseconds now{0};
+    std::string states; // the session's, each change
+    std::string opened; // formats the device was opened with
+    milliseconds heard{0};
+    std::set<int> levels;                                    // samples heard
+    std::vector<std::pair<milliseconds, std::string>> asked; // when, and for what
+    std::shared_ptr<Session> session;                        // the one that runs
+    std::function<bool()> audible = [] { return false; };
+};
+
+class FakeConnection : public Connection {
+  public:
+    explicit FakeConnection(World& world) : world_(world) {}
+
+    Got Write(std::string_view bytes) override {
+        if (!std::exchange(accepted_, true)) return {Supply::Connecting};
+        const std::string path(bytes.substr(4, bytes.find(" HTTP") - 4));
+        left_ = world_.servers[path];
+        world_.asked.emplace_back(world_.now, path);
+        return {Supply::Bytes, bytes.size()};
+    }
+    Got Read(std::span<std::uint8_t> room) override {
+        if (left_.then == Supply::Bytes && left_.bytes.empty()) {
+            left_.bytes = Frames(1);
+            return {Supply::NothingYet};
+        }
+        if (left_.bytes.empty()) return {left_.then};
+        const std::size_t count = std::min({room.size(), left_.bytes.size(), std::size_t{1000}});
+        std::copy_n(left_.bytes.begin(), count, room.begin());
+        left_.bytes.erase(0, count);
+        return {Supply::Bytes, count};
+    }
+
+  private:
+    World& world_;
+    Script left_;
+    bool accepted_ = false;
+};
+
+/// Every sample of a frame comes out as 1000.
+class FakeDecoder : public Mp3Decoder {
+  public:
+    bool Decode(ByteView frame, Samples& samples) override {
+        const auto format = ParseMp3Header(frame);
+        samples.insert(samples.end(), format->frame_samples * format->channels, std::int16_t{1000});
+        return true;
+    }
+};
+
+class FakeOutput : public SoundOutput {
+  public:
+    FakeOutput(World& world, PcmFormat format) : world_(world), format_(format) {
+        world_.audible = [this] { return !held_ && !IsIdle(); };
+    }
+    ~FakeOutput() override {
+        world_.heard -= Left();
+        world_.audible = [] { return false; };
+    }
+
+    bool HasRoom() override { return Left() < 160ms; }
+    bool IsIdle() override { return Left() == 0ms; }
+    bool Write(const Samples& samples) override {
+        const auto length = std::chrono::duration_cast<milliseconds>(Duration(format_, samples.size()));
+        end_ = Now() + Left() + length;
+        world_.heard += length;
+        world_.levels.insert(samples.begin(), samples.end());
+        return true;
+    }
+    void Hold(bool held) override {
+        const milliseconds left = Left();
+        held_ = held;
+        if (held) held_left_ = left;
+        end_ = world_.now + left;
+    }
+
+  private:
+    milliseconds Now() const { return std::min(world_.now, world_.device_dies_at); }
+    milliseconds Left() const { return held_ ? held_left_ : std::max(end_ - Now(), milliseconds(0)); }
+
+    World& world_;
+    PcmFormat format_;
+    milliseconds end_{0};
+    milliseconds held_left_{0};
+    bool held_ = false;
+};
+
+class FakeSystem : public PlayerSystem {
+  public:
+    explicit FakeSystem(World& world) : world_(world) {}
+
+    std::unique_ptr<Connection> Connect(const StreamAddress& address) override {
+        return address.host == "h" ? std::make_unique<FakeConnection>(world_) : nullptr;
+    }
+    std::unique_ptr<Mp3Decoder> OpenMp3Decoder(const Mp3Format&) override {
+        return world_.has_codec ? std::make_unique<FakeDecoder>() : nullptr;
+    }
+    std::unique_ptr<SoundOutput> OpenOutput(const PcmFormat& format) override {
+        if (world_.devices-- <= 0) return nullptr;
+        world_.opened += std::to_string(format.sample_rate) + "/" + std::to_string(format.channels) + " ";
+        return std::make_unique<FakeOutput>(world_, format);
+    }
+    milliseconds Now() override { return world_.now; }
+    void Wait(milliseconds) override {
+        const std::string state = std::to_string(world_.session->State()) + " ";
+        if (!world_.states.ends_with(" " + state) && world_.states != state) world_.states += state;
+        world_.now += 10ms;
+        while (!world_.events.empty() && world_.events.begin()->first <= world_.now)
+            world_.events.extract(world_.events.begin()).mapped()(*world_.session);
+        if (world_.over && world_.over(world_)) world_.session->Cancel();
+    }
+    void Wake() override {}
+
+  private:
+    World& world_;
+};
+
+inline const std::string Ok = "HTTP/1.0 200 OK\r\n\r\n";
+
+} // namespace quillon

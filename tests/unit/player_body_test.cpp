@@ -1,0 +1,120 @@
+// What servers wrap around the sound, and when they are asked again.
+#include "player/ChunkedBody.h"
+#include "player/IcyDemuxer.h"
+#include "player/RetryPolicy.h"
+
+#include <gtest/gtest.h>
+
+using namespace quillon;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// What is left of the bytes when they come in pieces of `step`.
+template <typename Filter>
+std::string Stripped(Filter& filter, std::string bytes, std::size_t step) {
+    std::string kept;
+    for (std::size_t at = 0; at < bytes.size(); at += step) {
+        const std::size_t count = std::min(step, bytes.size() - at);
+        const std::span piece(reinterpret_cast<std::uint8_t*>(bytes.data()) + at, count);
+        kept.append(bytes, at, filter.Strip(piece));
+    }
+    return kept;
+}
+
+TEST(ChunkedBody, IsUnwrapped) {
+    struct Row {
+        std::string bytes;
+        const char* body;
+        char then; // E: ended, M: malformed, -: goes on
+    };
+    const Row rows[] = {
+        {"3\r\nabc\r\n0A\r\n0123456789\r\n0\r\nTrailer: x\r\n\r\n", "abc0123456789", 'E'},
+        {"3;name=\"v;\"\r\nabc\r\n2 \nde\n", "abcde", '-'},
+        {"4\r\nab", "ab", '-'},
+        {"\r\n", "", 'M'},
+        {"x\r\nabc", "", 'M'},
+        {"-1\r\nabc", "", 'M'},
+        {"3\r\nabcd\r\n", "abc", 'M'},
+        {"1FFFFFFFF\r\n", "", 'M'},
+        {"3;" + std::string(5000, 'x'), "", 'M'},
+    };
+    for (const Row& row : rows) {
+        for (const std::size_t step : {1U, 2U, 5U, 10000U}) {
+            ChunkedBody body;
+            EXPECT_EQ(Stripped(body, row.bytes, step), row.body) << row.bytes;
+            EXPECT_EQ(body.HasEnded() ? 'E' : body.IsMalformed() ? 'M' : '-', row.then) << row.bytes;
+        }
+    }
+}
+
+std::string Announcement(std::string text) {
+    text.resize((text.size() + 15) / 16 * 16);
+    return static_cast<char>(text.size() / 16) + text;
+}
+
+TEST(IcyDemuxer, TakesAnnouncementsOutOfTheSound) {
+    const std::string longest = "StreamTitle='" + std::string(255 * 16 - 15, 'x') + "';";
+    const std::string bytes = "abcde" + Announcement("StreamTitle='Tower';StreamUrl='';") + "fghij" +
+                              Announcement("") + "klmno" + Announcement("StreamUrl='x';") + "pqrst";
+    for (const std::size_t step : {1U, 3U, 16U, 10000U}) {
+        IcyDemuxer demuxer(5);
+        EXPECT_EQ(Stripped(demuxer, bytes, step), "abcdefghijklmnopqrst") << step;
+        EXPECT_EQ(demuxer.Title(), "Tower");
+        EXPECT_EQ(Stripped(demuxer, Announcement(longest) + "uv", step), "uv");
+        EXPECT_EQ(demuxer.Title().size(), longest.size() - 15);
+    }
+}
+
+TEST(IcyDemuxer, ReadsTitles) {
+    const std::pair<std::string, const char*> rows[] = {
+        {"StreamTitle='KJFK Tower';StreamUrl='http://h/';", "KJFK Tower"},
+        {"StreamUrl='';StreamTitle=' It's \n O'Hare ';", "It's   O'Hare"},
+        {"StreamTitle='cut sho", "cut sho"},
+        {"StreamTitle='no end'", "no end"},
+        {"StreamTitle='Z\xFCrich';", "Z\xC3\xBCrich"},
+        {"StreamTitle='Z\xC3\xBCrich';", "Z\xC3\xBCrich"},
+        {"StreamTitle='';", ""},
+        {"nothing", ""},
+    };
+    for (const auto& [text, title] : rows) EXPECT_EQ(TitleOf(text), title);
+}
+
+/// The waits after failures in a row, as "waits in whole steps of the schedule"; "x" when it gives up.
+std::string Waits(RetryPolicy& policy, Ending ending, int count, std::chrono::milliseconds heard = {}) {
+    std::string text;
+    for (; count > 0; --count) {
+        const auto wait = policy.WaitAfter(ending, heard);
+        std::string shown = "x";
+        for (const int round : {1, 2, 4, 8, 15, 30})
+            if (wait && *wait >= round * 800ms && *wait <= round * 1200ms) shown = std::to_string(round);
+        text += shown + " ";
+    }
+    return text;
+}
+
+TEST(RetryPolicy, WaitsLongerEachTimeUntilThereWasSound) {
+    for (std::uint32_t seed = 0; seed < 50; ++seed) {
+        RetryPolicy policy(seed);
+        EXPECT_EQ(Waits(policy, Ending::Dropped, 8), "1 2 4 8 15 30 30 30 ");
+        EXPECT_EQ(Waits(policy, Ending::Dropped, 1, 29s), "30 ");
+        EXPECT_EQ(Waits(policy, Ending::Dropped, 3, 30s), "1 1 1 ");
+    }
+    RetryPolicy one(1);
+    RetryPolicy other(1'000'000);
+    EXPECT_NE(one.WaitAfter(Ending::Dropped, 0s), other.WaitAfter(Ending::Dropped, 0s));
+}
+
+TEST(RetryPolicy, GivesUpWhatIsRefusedOrThreeTimesNoSound) {
+    RetryPolicy policy(1);
+    EXPECT_EQ(Waits(policy, Ending::NotAudio, 3), "1 2 x ");
+    RetryPolicy refused(1);
+    EXPECT_EQ(Waits(refused, Ending::Refused, 1), "x ");
+    RetryPolicy mixed(1);
+    EXPECT_EQ(Waits(mixed, Ending::NotAudio, 2), "1 2 ");
+    EXPECT_EQ(Waits(mixed, Ending::Dropped, 1), "4 ");
+    EXPECT_EQ(Waits(mixed, Ending::NotAudio, 2), "8 15 ");
+    EXPECT_EQ(Waits(mixed, Ending::NotAudio, 3, 31s), "1 1 1 ");
+}
+
+} // namespace

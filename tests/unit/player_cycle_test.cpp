@@ -1,0 +1,193 @@
+// The player under the program's cycles, which set and play the same address again and again.
+#include "FakePlayerSystem.h"
+#include "player/SessionPlayer.h"
+
+#include <deque>
+#include <gtest/gtest.h>
+
+using namespace quillon;
+
+namespace {
+
+/// A player whose sessions run one after the other on the world's clock.
+class PlayerInWorld {
+  public:
+    World world;
+    SessionPlayer player{"1.0", [this] { return std::make_unique<FakeSystem>(world); },
+                         [this](std::shared_ptr<Session> session) { sessions_.push_back(std::move(session)); }};
+
+    /// What the player is told at that moment.
+    void At(milliseconds when, std::function<void()> told) {
+        world.events.emplace(when, [told = std::move(told)](Session&) { told(); });
+    }
+
+    /// Tells the player the same every second from `from` to `to`.
+    void EverySecond(milliseconds from, milliseconds to, const std::function<void()>& told) {
+        for (; from <= to; from += 1s) At(from, told);
+    }
+
+    /// Lets time pass until then.
+    void RunTo(milliseconds end) {
+        At(end, [this] { player.Stop(); });
+        while (world.now < end) {
+            std::shared_ptr<Session> session = sessions_.empty() ? idle_ : sessions_.front();
+            if (!sessions_.empty()) sessions_.pop_front();
+            world.session = session;
+            if (session == idle_)
+                FakeSystem(world).Wait(0ms);
+            else
+                session->Run();
+        }
+    }
+
+    std::size_t Asked() const { return world.asked.size(); }
+
+  private:
+    std::deque<std::shared_ptr<Session>> sessions_;
+    std::shared_ptr<Session> idle_ = std::make_shared<Session>("", "", 0, std::make_unique<FakeSystem>(world));
+};
+
+constexpr const char* Url = "http://h/a";
+const Script NotFound{"HTTP/1.0 404 Not Found\r\n\r\n"};
+const Script Unauthorised{"HTTP/1.0 401 Unauthorized\r\n\r\n"};
+
+/// What the cycle of the automatic mode does with one feed.
+std::function<void()> Cycle(PlayerInWorld& in) {
+    return [&in] {
+        if (in.player.State() == Ready) {
+            in.player.SetUrl("");
+            in.player.Stop();
+            EXPECT_EQ(in.player.State(), Stopped);
+            in.player.SetUrl(Url);
+        } else {
+            in.player.Play();
+        }
+    };
+}
+
+TEST(Player, AsksAGivenUpAddressOnceAMinuteHoweverOftenItIsTold) {
+    const std::pair<const char*, std::function<void(PlayerInWorld&)>> rows[] = {
+        {"cycle", [](PlayerInWorld& in) { Cycle(in)(); }},
+        {"play", [](PlayerInWorld& in) { in.player.Play(); }},
+        {"stop and play",
+         [](PlayerInWorld& in) {
+             in.player.Stop();
+             in.player.Play();
+         }},
+        {"set", [](PlayerInWorld& in) { in.player.SetUrl(Url); }},
+        {"other between",
+         [](PlayerInWorld& in) {
+             in.player.SetUrl("http://unknown/");
+             in.player.SetUrl(Url);
+         }},
+        {"pause and play",
+         [](PlayerInWorld& in) {
+             in.player.Pause();
+             in.player.Play();
+         }},
+    };
+    for (const auto& [name, told] : rows) {
+        PlayerInWorld in;
+        in.world.servers["/a"] = Unauthorised;
+        in.player.SetUrl(Url);
+        in.EverySecond(1s, 299s, [&in, told = told] { told(in); });
+        in.At(30500ms, [&in] { EXPECT_EQ(in.player.State(), Ready); });
+        in.RunTo(5min);
+        EXPECT_EQ(in.Asked(), 5U) << name;
+    }
+}
+
+TEST(Player, IsPatientWithAGivenUpAddressUntilItSounds) {
+    PlayerInWorld in;
+    in.world.servers["/a"] = Unauthorised;
+    const auto start_anew = [&in] {
+        in.player.Stop();
+        in.player.Play();
+    };
+    in.player.SetUrl(Url);
+    in.At(30s, [&in] { in.world.servers["/a"] = {""}; }); // will not answer at all
+    in.EverySecond(1s, 119s, start_anew);
+    in.At(119s, [&in] {
+        EXPECT_EQ(in.Asked(), 2U);
+        in.world.servers["/a"] = {Ok, Supply::Bytes};
+    });
+    in.At(130s, start_anew); // what sounds is no longer given up
+    in.At(131s, [&in] { EXPECT_EQ(in.player.State(), Playing); });
+    in.RunTo(132s);
+    EXPECT_EQ(in.Asked(), 4U);
+}
+
+TEST(Player, ReloadsAtOnce) {
+    PlayerInWorld in;
+    in.world.servers["/a"] = Unauthorised;
+    in.player.SetUrl(Url);
+    in.At(10s, [&in] {
+        in.world.servers["/a"] = {Ok + Frames(1000)};
+        in.player.Reload();
+        EXPECT_EQ(in.player.State(), Transitioning);
+    });
+    in.At(11s, [&in] { EXPECT_EQ(in.player.State(), Playing); });
+    in.At(12s, [&in] {
+        in.player.SetUrl("");
+        in.player.Reload();
+        in.player.Play();
+        EXPECT_EQ(in.player.State(), Stopped);
+    });
+    in.RunTo(13s);
+    EXPECT_EQ(in.Asked(), 2U);
+}
+
+TEST(Player, KeepsItsWaitWhenItIsToldTheSameAgain) {
+    PlayerInWorld in;
+    in.world.servers["/a"] = NotFound;
+    in.player.SetUrl(Url);
+    in.EverySecond(500ms, 59500ms, [&in] {
+        EXPECT_EQ(in.player.State(), Transitioning);
+        in.player.SetUrl(Url);
+        in.player.Play();
+    });
+    in.RunTo(1min);
+    EXPECT_GE(in.Asked(), 6U); // after 1, 2, 4, 8, 15 and perhaps 30 s
+    EXPECT_LE(in.Asked(), 7U);
+}
+
+TEST(Player, ObeysAtOnceWhileItConnectsAndWaits) {
+    for (const Script& script : {NotFound, Script{""}}) { // waits, connects
+        PlayerInWorld in;
+        in.world.servers["/a"] = script;
+        in.world.servers["/b"] = {Ok + Frames(1000)};
+        in.player.SetUrl(Url);
+        in.At(5s, [&in] {
+            in.player.Pause();
+            EXPECT_EQ(in.player.State(), Paused);
+        });
+        in.At(9s, [&in] {
+            EXPECT_EQ(in.player.State(), Paused);
+            in.player.Play();
+            EXPECT_EQ(in.player.State(), Transitioning);
+            in.player.Stop();
+            EXPECT_EQ(in.player.State(), Stopped);
+            in.player.SetUrl("http://h/b");
+        });
+        in.At(9500ms, [&in] { EXPECT_EQ(in.player.State(), Playing); });
+        in.RunTo(10s);
+        EXPECT_EQ(in.world.asked.back().second, "/b");
+    }
+}
+
+TEST(Player, WithoutADeviceIsNotAskedEverySecond) {
+    PlayerInWorld in;
+    in.world.servers["/a"] = {Ok + Frames(3000)};
+    in.world.devices = 0;
+    in.player.SetUrl(Url);
+    in.EverySecond(1s, 58s, Cycle(in));
+    in.At(30500ms, [&in] {
+        EXPECT_EQ(in.player.State(), Ready);
+        EXPECT_LE(in.Asked(), 7U);
+        in.world.devices = 1;
+    });
+    in.At(59s, [&in] { EXPECT_EQ(in.player.State(), Playing); });
+    in.RunTo(1min);
+}
+
+} // namespace

@@ -1,0 +1,116 @@
+// Playlists: which text is one, what it lists, and where its entries lead.
+#include "player/ContentKind.h"
+#include "player/Playlists.h"
+
+#include <gtest/gtest.h>
+
+using namespace quillon;
+
+namespace {
+
+std::string Joined(const Entries& entries) {
+    std::string text;
+    for (const std::string& entry : entries) text += (text.empty() ? "" : " | ") + entry;
+    return text;
+}
+
+TEST(Playlists, AreReadByContentAndElseByName) {
+    struct Row {
+        const char* rule;
+        std::string text;
+        const char* name;
+        const char* entries;
+    };
+    const Row rows[] = {
+        {"m3u", "#EXTM3U\r\n#EXTINF:-1,Tower\r\nhttp://h/a?x=1&y=2\r\n\r\n  b.mp3 \r\n", "",
+         "http://h/a?x=1&y=2 | b.mp3"},
+        {"plain list with old line ends", "http://h/a\rhttp://h/b\r", "x.m3u", "http://h/a | http://h/b"},
+        {"last line without end", "a.mp3\nb.mp3", "x.m3u", "a.mp3 | b.mp3"},
+        {"mark in front", "\xEF\xBB\xBFhttp://h/a\n", "x.m3u", "http://h/a"},
+        {"Latin-1", "T\xFCrme.mp3", "x.m3u", "T\xC3\xBCrme.mp3"},
+        {"m3u named pls", "#EXTM3U\nhttp://h/a\n", "x.pls", "http://h/a"},
+        {"pls", "[Playlist]\nnumberofentries=2\nFile1=http://h/a?b=c\nTitle1=A\nLength1=-1\nVersion=2\n", "",
+         "http://h/a?b=c"},
+        {"pls in any order and case", "[playlist]\r\nfile10=c\r\nFILE2 = b\r\nFile1=a\r\nFile2=twice\r\n", "",
+         "a | b | c"},
+        {"pls without a head", "File1=http://h/a\nFilex=no\n=\n", "x.pls?y", "http://h/a"},
+        {"asx",
+         "<ASX version=\"3.0\">\n<!-- <ref href=\"no\"/> -->\n<Entry><Ref\n  HREF = 'http://h/a?x=1&amp;y=2' />"
+         "</Entry><entryref href=\"b.asx\"/><Reference href=\"no\"/></ASX>",
+         "", "http://h/a?x=1&y=2 | b.asx"},
+        {"asx with a bare &", "<asx><ref href=\"http://h/a?x=1&y=2&copy;=3\"></asx>", "",
+         "http://h/a?x=1&y=2&copy;=3"},
+        {"asx without quotes", "<asx><ref href=http://h/a ></asx>", "", "http://h/a"},
+        {"wpl",
+         "<?wpl version=\"1.0\"?>\r\n<smil><head><title>T</title></head><body><seq>\r\n"
+         "<media src=\"..\\Sounds\\A &amp; B &#x2192;&#252;.mp3\" tid=\"{1}\"/>\r\n<media tid=\"2>1\" "
+         "src=\"b.wav\"/></seq></body></smil>",
+         "", "..\\Sounds\\A & B \xE2\x86\x92\xC3\xBC.mp3 | b.wav"},
+        {"wpl by name", "<playlist><media src='a'/></playlist>", "C:\\x.WPL", "a"},
+        {"unknown markup", "<html><a href=\"http://h/a\">x</a></html>", "x.m3u", ""},
+        {"cut short", "<asx><ref href=\"http://h/a\"/><ref href=\"http://h/b", "", "http://h/a | http://h/b"},
+        {"only its start", "<asx><ref href", "", ""},
+        {"binary", std::string("\x01\x02http://h/a\n\0x\n", 15), "x.m3u", ""},
+        {"nothing", "", "x.pls", ""},
+    };
+    for (const Row& row : rows) EXPECT_EQ(Joined(ReadPlaylist(row.text, row.name)), row.entries) << row.rule;
+}
+
+TEST(Playlists, EntriesLeadFromWhereTheyStand) {
+    struct Row {
+        const char* from;
+        const char* entry;
+        const char* address;
+    };
+    const Row rows[] = {
+        {"http://h:81/radio/x.pls?y=z", "b.mp3", "http://h:81/radio/b.mp3"},
+        {"http://h/radio/x.pls", "/b c", "http://h/b%20c"},
+        {"https://h/x.m3u", "//i/b", "https://i/b"},
+        {"http://h/x.m3u", "https://i/b", "https://i/b"},
+        {"http://h/x.m3u", "C:\\Windows\\a.wav", "none"},
+        {"http://h/x.m3u", "file:///C:/a.wav", "none"},
+        {"http://h/x.m3u", "mms://i/b", "none"},
+        {"C:\\Lists\\x.wpl", "..\\b.mp3", "C:\\Lists\\..\\b.mp3"},
+        {"C:/Lists/x.wpl", "b.mp3", "C:/Lists/b.mp3"},
+        {"x.m3u", "b.mp3", "b.mp3"},
+        {"C:\\Lists\\x.m3u", "D:\\b.mp3", "D:\\b.mp3"},
+        {"C:\\Lists\\x.m3u", "\\\\server\\b.mp3", "\\\\server\\b.mp3"},
+        {"C:\\Lists\\x.m3u", "http://h/b", "http://h/b"},
+        {"C:\\Lists\\x.m3u", "file:///C:/My%20Sounds/b%.mp3", "C:/My Sounds/b%.mp3"},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(ResolveEntry(row.from, row.entry).value_or("none"), row.address) << row.entry;
+}
+
+TEST(ContentKind, IsToldByTheFirstBytesAndThePromise) {
+    using enum ContentKind;
+    struct Row {
+        std::string bytes;
+        ContentKind unpromised;
+        ContentKind promised;
+    };
+    const Row rows[] = {
+        {"\xFF\xFB\x90\x40", Mp3, Mp3},
+        {"ID3\x04", Mp3, Mp3},
+        {"RIFF", Wav, Wav},
+        {"<ASX", Playlist, Playlist},
+        {"\xEF\xBB\xBF\r\n #EXTM3U", Playlist, Playlist},
+        {"[playlist]", Playlist, Playlist},
+        {"http", Mp3, Playlist},
+        {"<!DOCTYPE html>", WebPage, WebPage},
+        {"\r\n\r\n#E", Unknown, Unknown},
+        {"", Unknown, Unknown},
+    };
+    for (const Row& row : rows) {
+        const ByteView bytes(reinterpret_cast<const std::uint8_t*>(row.bytes.data()), row.bytes.size());
+        EXPECT_EQ(KindOf(bytes, false), row.unpromised) << row.bytes;
+        EXPECT_EQ(KindOf(bytes, true), row.promised) << row.bytes;
+    }
+    EXPECT_TRUE(AnnouncesPlaylist("", "C:\\Lists\\A.WPL"));
+    EXPECT_TRUE(AnnouncesPlaylist("text/plain", "/listen.pls?id=1"));
+    EXPECT_TRUE(AnnouncesPlaylist("audio/x-mpegurl", "/listen"));
+    EXPECT_FALSE(AnnouncesPlaylist("audio/mpeg", "/listen.m3u"));
+    EXPECT_FALSE(AnnouncesPlaylist("", "/listen?next=a.pls"));
+}
+
+} // namespace
