@@ -94,7 +94,7 @@ bool HasScheme(std::string_view text) {
 /// Host and port as they stand in an address and in a request.
 std::string HostText(const StreamAddress& address) {
     const bool literal = address.host.find(':') != std::string::npos;
-    const std::string host = literal ? "[" + address.host + "]" : address.host;
+    std::string host = literal ? "[" + address.host + "]" : address.host;
     if (address.port == (address.secure ? HttpsPort : HttpPort)) return host;
     return host + ":" + std::to_string(address.port);
 }

@@ -1,4 +1,3 @@
-// Winsock's header must come before <windows.h>.
 #include "win32/WinPlayerSystem.h"
 
 #include "win32/AcmDecoder.h"

@@ -1,4 +1,5 @@
 // Ellipsoids, angles and the distance between two points.
+#include "ErrorOf.h"
 #include "geo/Geodesy.h"
 #include "geo/Mapstuff.h"
 #include "geo/Utilities.h"
@@ -14,16 +15,6 @@ namespace {
 
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double Infinity = std::numeric_limits<double>::infinity();
-
-template <typename Call>
-std::int32_t ErrorOf(Call call) {
-    try {
-        call();
-    } catch (const RuntimeError& error) {
-        return error.Number;
-    }
-    return 0;
-}
 
 TEST(Geodesy, EllipsoidsAgreeWithTheirFlattening) {
     EXPECT_EQ(Geodesy::Choices(), 22);

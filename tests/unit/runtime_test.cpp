@@ -1,4 +1,5 @@
 // Numbers and texts follow the classic runtime's rules, whatever the user's locale.
+#include "ErrorOf.h"
 #include "runtime/ErrorTrap.h"
 #include "runtime/Files.h"
 #include "runtime/Number.h"
@@ -9,16 +10,6 @@
 using namespace quillon;
 
 namespace {
-
-template <typename Call>
-std::int32_t ErrorOf(Call call) {
-    try {
-        call();
-    } catch (const RuntimeError& error) {
-        return error.Number;
-    }
-    return 0;
-}
 
 TEST(Val, TakesTheLeadingNumber) {
     const std::pair<const char*, double> rows[] = {
