@@ -1,4 +1,5 @@
 """Everything at once."""
+import atexit
 import os
 import shutil
 import signal
@@ -23,7 +24,8 @@ class World:
         self.processes = Processes(self.folder)
         self.prefix = None
         for ending in (signal.SIGTERM, signal.SIGHUP):
-            signal.signal(ending, lambda *_: (self.close(), os._exit(1)))
+            signal.signal(ending, signal.default_int_handler)  # unwinds, unlike closing from within a handler
+        atexit.register(self.close)
         try:
             self.open(user_session)
         except BaseException:
