@@ -96,24 +96,41 @@ std::string ShowBoxes(const Words&) {
     return texts;
 }
 
-std::string Press(const Words& words) {
+HWND TopBox() {
     const std::vector<HWND> boxes = Boxes();
     if (boxes.empty()) throw Failure("no box");
-    const int wanted = static_cast<int>(NumberArgument(words[0]));
-    const auto fits = [&](HWND child) { return GetDlgCtrlID(child) == wanted && ClassOf(child) == L"Button"; };
-    return Post(TheChild(boxes.front(), fits, words[0]), BM_CLICK);
+    return boxes.front();
 }
 
-/// The text is the rest of the line, blanks between its words folded.
-std::string Answer(const Words& words) {
-    const std::vector<HWND> boxes = Boxes();
-    if (boxes.empty()) throw Failure("no box");
+std::string Press(const Words& words) {
+    const int wanted = static_cast<int>(NumberArgument(words[0]));
+    const auto fits = [&](HWND child) { return GetDlgCtrlID(child) == wanted && ClassOf(child) == L"Button"; };
+    return Post(TheChild(TopBox(), fits, words[0]), BM_CLICK);
+}
+
+/// The rest of the line from that word on, blanks between its words folded.
+std::string Rest(const Words& words, std::size_t first) {
     std::string text;
-    for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
-    HWND edit = TheChild(
-        boxes.front(), [](HWND child) { return ClassOf(child) == L"Edit"; }, "Edit");
+    for (std::size_t i = first; i < words.size(); ++i) text += (i == first ? "" : " ") + words[i];
+    return text;
+}
+
+std::string Enter(HWND edit, const std::string& text) {
     Ask(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(text).c_str()));
     return "ok";
+}
+
+std::string Answer(const Words& words) {
+    HWND edit = TheChild(
+        TopBox(), [](HWND child) { return ClassOf(child) == L"Edit"; }, "Edit");
+    return Enter(edit, Rest(words, 0));
+}
+
+std::string Field(const Words& words) {
+    const int wanted = static_cast<int>(NumberArgument(words[0]));
+    HWND edit = TheChild(
+        TopBox(), [&](HWND child) { return GetDlgCtrlID(child) == wanted; }, words[0]);
+    return words.size() == 1 ? TextOf(edit) : Enter(edit, Rest(words, 1));
 }
 
 std::string PickEntry(const Words& words) {
@@ -173,7 +190,7 @@ const std::vector<Command> WindowCommands = {
     {"boxes", 0, 0, ShowBoxes}, {"press", 1, 1, Press},         {"wait", 2, 2, Wait},
     {"pid", 1, 1, Pid},         {"close", 1, 1, Close},         {"move", 3, 3, Move},
     {"answer", 0, 99, Answer},  {"pick", 2, 2, PickEntry},      {"hold", 1, 1, Hold},
-    {"release", 1, 1, Release},
+    {"release", 1, 1, Release}, {"field", 1, 99, Field},
 };
 
 } // namespace practice

@@ -2,6 +2,7 @@
 
 #include "ports/AnsiCodePage.h"
 #include "ports/Clock.h"
+#include "ports/Dialogs.h"
 #include "ports/Display.h"
 #include "ports/Keyboard.h"
 #include "ports/MediaPlayer.h"
@@ -9,6 +10,7 @@
 #include "ports/Prompts.h"
 #include "ports/RegionalSettings.h"
 #include "ports/Shell.h"
+#include "ports/UserFiles.h"
 
 namespace quillon {
 
@@ -19,8 +21,10 @@ struct Ports {
     Clock& clock;
     MediaPlayer& player;
     Prompts& prompts;
+    Dialogs& dialogs;
     Display& display;
     Shell& shell;
+    UserFiles& files;
     RegionalSettings& regional;
     AnsiCodePage& code_page;
     Keyboard& keyboard;

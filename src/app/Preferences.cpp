@@ -45,7 +45,7 @@ void Preferences::cboMax_Click(std::size_t entry) {
 }
 
 void Preferences::mnuSetMute_Click() {
-    const int option = prompts_.MuteKeyDialog(state_.muteKeyDialog.Option.Value);
+    const int option = dialogs_.MuteKey(state_.muteKeyDialog.Option.Value);
     if (option > 0) state_.mute.MuteKeyCode = MuteKeyCodes.at(static_cast<std::size_t>(option) - 1);
     state_.muteKeyDialog.Option.Value = MuteKeyOption(state_.mute.MuteKeyCode);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ports/Dialogs.h"
 #include "ports/Prompts.h"
 #include "ports/Shell.h"
 #include "runtime/ErrorTrap.h"
@@ -12,8 +13,8 @@ namespace quillon {
 /// The "Preferences" menu and the frames and prompts behind it. The settings file keeps what is chosen.
 class Preferences {
   public:
-    Preferences(ProgramState& state, Prompts& prompts, Shell& shell, ErrorTrap& trap)
-        : state_(state), prompts_(prompts), shell_(shell), trap_(trap) {}
+    Preferences(ProgramState& state, Prompts& prompts, Dialogs& dialogs, Shell& shell, ErrorTrap& trap)
+        : state_(state), prompts_(prompts), dialogs_(dialogs), shell_(shell), trap_(trap) {}
 
     void mnuSelComm_Click();
     void cmdComClose_Click();
@@ -42,6 +43,7 @@ class Preferences {
 
     ProgramState& state_;
     Prompts& prompts_;
+    Dialogs& dialogs_;
     Shell& shell_;
     ErrorTrap& trap_;
 };

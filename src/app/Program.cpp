@@ -1,7 +1,10 @@
 #include "app/Program.h"
 
+#include "app/CatalogueReload.h"
 #include "app/FeedListCommands.h"
 #include "app/FsuipcStatus.h"
+#include "app/HelpCommands.h"
+#include "app/Maintenance.h"
 #include "app/PlayerStrip.h"
 #include "app/Preferences.h"
 #include "app/ShutDown.h"
@@ -37,8 +40,8 @@ class GatedClock : public Clock {
 };
 
 Ports WithClock(const Ports& ports, Clock& clock) {
-    return {ports.link,    ports.memory, clock,          ports.player,    ports.prompts,
-            ports.display, ports.shell,  ports.regional, ports.code_page, ports.keyboard};
+    return {ports.link,    ports.memory, clock,       ports.player,   ports.prompts,   ports.dialogs,
+            ports.display, ports.shell,  ports.files, ports.regional, ports.code_page, ports.keyboard};
 }
 
 } // namespace
@@ -69,7 +72,11 @@ struct Program::Logic {
           manual(state, display, ports.player, trap),
           radio_tuning(state, link),
           list(state, ports.player, ports.prompts, ports.keyboard, radio_tuning, trap),
-          preferences(state, ports.prompts, ports.shell, trap),
+          preferences(state, ports.prompts, ports.dialogs, ports.shell, trap),
+          reload(state, loader),
+          maintenance(state, ports.prompts, ports.shell, ports.files, clock, reload, trap),
+          add_feed(state, ports.prompts, ports.code_page, reload, trap),
+          help(state, ports.prompts, ports.dialogs, ports.shell),
           status(state, link, readout),
           mute(state, ports.player),
           mute_key(state, mute, ports.keyboard, ports.display, clock),
@@ -97,6 +104,10 @@ struct Program::Logic {
     RadioTuning radio_tuning;
     FeedListCommands list;
     Preferences preferences;
+    CatalogueReload reload;
+    Maintenance maintenance;
+    AddFeed add_feed;
+    HelpCommands help;
     FsuipcStatus status;
     Mute mute;
     MuteKey mute_key;
@@ -108,8 +119,14 @@ Program::Program(const Ports& ports, const std::string& command_line)
 
 Program::~Program() = default;
 
+/// What the user cannot do while something else has the whole program; leaving it is always possible.
 template <typename Handler>
 void Program::Handle(Handler handler) {
+    if (!state_.Busy) HandleAlways(handler);
+}
+
+template <typename Handler>
+void Program::HandleAlways(Handler handler) {
     if (in_handler_ || state_.Ended) return;
     in_handler_ = true;
     handler();
@@ -219,6 +236,38 @@ void Program::Form_Click() {
     Handle([this] { logic_->preferences.Form_Click(); });
 }
 
+void Program::mnuBackup_Click() {
+    Handle([this] { logic_->maintenance.mnuBackup_Click(); });
+}
+
+void Program::mnuRestore_Click() {
+    Handle([this] { logic_->maintenance.mnuRestore_Click(); });
+}
+
+void Program::mnuEditData_Click() {
+    Handle([this] { logic_->maintenance.mnuEditData_Click(); });
+}
+
+void Program::mnuAddATC_Click() {
+    Handle([this] { logic_->add_feed.mnuAddATC_Click(); });
+}
+
+void Program::AddFeedEvent(const std::function<void(AddFeed&)>& event) {
+    if (state_.addFeed.Visible) HandleAlways([&] { event(logic_->add_feed); });
+}
+
+void Program::mnuContents_Click() {
+    Handle([this] { logic_->help.mnuContents_Click(); });
+}
+
+void Program::mnuFolders_Click() {
+    Handle([this] { logic_->help.mnuFolders_Click(); });
+}
+
+void Program::mnuAbout_Click() {
+    Handle([this] { logic_->help.mnuAbout_Click(); });
+}
+
 void Program::mnuFSUPIC_Click() {
     Handle([this] { logic_->status.mnuFSUPIC_Click(); });
 }
@@ -245,7 +294,7 @@ void Program::sldVolume_Change(int volume) {
 
 void Program::mnuQuit_Click() {
     quit_requested_ = in_handler_;
-    Handle([this] { logic_->shut_down.Run(); });
+    HandleAlways([this] { logic_->shut_down.Run(); });
 }
 
 void Program::EndSession() {

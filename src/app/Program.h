@@ -1,8 +1,10 @@
 #pragma once
 
+#include "app/AddFeed.h"
 #include "app/Ports.h"
 #include "state/ProgramState.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -52,6 +54,21 @@ class Program {
     void cboMax_Click(std::size_t entry);
     void Form_Click();
 
+    void mnuBackup_Click();
+    void mnuRestore_Click();
+    void mnuEditData_Click();
+
+    void mnuAddATC_Click();
+
+    /// An event of the add-feed dialog, while it is shown.
+    void AddFeedEvent(const std::function<void(AddFeed&)>& event);
+
+    /// The dialog has moved the keyboard as a handler had asked.
+    void AddFeedFocusTaken() { state_.addFeed.WantedFocus.reset(); }
+
+    void mnuContents_Click();
+    void mnuFolders_Click();
+    void mnuAbout_Click();
     void mnuFSUPIC_Click();
     void frmShow_FSUIPC_Command1_Click();
 
@@ -75,6 +92,8 @@ class Program {
     struct Logic;
     template <typename Handler>
     void Handle(Handler handler);
+    template <typename Handler>
+    void HandleAlways(Handler handler);
 
     ProgramState state_;
     bool in_handler_ = false;

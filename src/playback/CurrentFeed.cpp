@@ -32,4 +32,13 @@ void PutInCharge(ProgramState& state, std::int16_t timer_id) {
     state.feed.ActiveTimerId = timer_id;
 }
 
+void StopCycle(ProgramState& state) {
+    for (int id = 1; id <= 4; ++id) state.form.Timer(id).Enabled = false;
+}
+
+void ResumeCycle(ProgramState& state) {
+    for (int id = 1; id <= 4; ++id)
+        state.form.Timer(id).Enabled = id == state.feed.ActiveTimerId && !state.mute.Muted;
+}
+
 } // namespace quillon

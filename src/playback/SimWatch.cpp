@@ -62,6 +62,7 @@ void ShowFrequency(ProgramState& state, const std::string& tool_tip) {
 }
 
 void ShowFeed(ProgramState& state) {
+    if (state.feed.FeedIcao.empty() && state.feed.FeedCity.empty()) return; // the list was reloaded under it
     state.form.PanelAt(3).Text = state.feed.FeedIcao + " - " + state.feed.FeedCity;
 }
 

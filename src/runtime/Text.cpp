@@ -51,12 +51,6 @@ std::uint32_t LowerCodePoint(std::uint32_t c) {
     return c;
 }
 
-std::uint32_t UpperCodePoint(std::uint32_t c) {
-    for (const std::uint32_t distance : {32U, 80U, 1U})
-        if (c >= distance && c - distance != c && LowerCodePoint(c - distance) == c) return c - distance;
-    return c == 0xFF ? 0x178 : c;
-}
-
 /// All letters that have a case here are one or two bytes long, and so is the other case of each.
 template <typename Change>
 std::string ChangeCase(std::string_view text, Change change) {
@@ -104,6 +98,12 @@ std::string Left(std::string_view text, std::ptrdiff_t length) {
 std::string Right(std::string_view text, std::ptrdiff_t length) {
     if (length < 0) Raise(InvalidCall);
     return Mid(text, std::max<std::ptrdiff_t>(1, static_cast<std::ptrdiff_t>(Len(text)) - length + 1));
+}
+
+std::uint32_t UpperCodePoint(std::uint32_t c) {
+    for (const std::uint32_t distance : {32U, 80U, 1U})
+        if (c >= distance && c - distance != c && LowerCodePoint(c - distance) == c) return c - distance;
+    return c == 0xFF ? 0x178 : c;
 }
 
 std::string LCase(std::string_view text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,9 @@ std::string Mid(std::string_view text, std::ptrdiff_t start);
 /// The first or last `length` characters. Raises error 5 for a negative length.
 std::string Left(std::string_view text, std::ptrdiff_t length);
 std::string Right(std::string_view text, std::ptrdiff_t length);
+
+/// Upper case of one character (a code point).
+std::uint32_t UpperCodePoint(std::uint32_t character);
 
 /// Lower and upper case of the Latin, Greek and Cyrillic letters; every other character is kept.
 std::string LCase(std::string_view text);

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -104,6 +106,35 @@ inline int MuteKeyOption(int code) {
     const auto found = std::find(MuteKeyCodes.begin(), MuteKeyCodes.end(), code);
     return found == MuteKeyCodes.end() ? 0 : static_cast<int>(found - MuteKeyCodes.begin()) + 1;
 }
+
+/// What an entry of the add-feed dialog is a source of.
+enum class SourceKind { LiveATC = 1, InternetRadio, PlayLists, WaveFiles };
+
+/// The text boxes of the add-feed dialog.
+enum class AddBox { txtICAO, txtCity, txtURL, txtFreq };
+
+/// Adds feeds to the catalogue. The main window is out of reach while it is shown.
+struct frmAddATC {
+    /// A box that takes the keyboard, and what is selected in it, in characters from 0.
+    struct Focus {
+        AddBox Box;
+        std::ptrdiff_t SelStart;
+        std::ptrdiff_t SelLength;
+    };
+
+    bool Visible = false;
+    SourceKind Kind = SourceKind::LiveATC;
+    std::array<std::string, 4> Texts; ///< of the boxes, in their order
+    std::string PromptCaption;        ///< above `txtURL`
+    bool cmdBrowseVisible = false;
+    std::optional<Focus> WantedFocus; ///< a handler wants the keyboard there; emptied when that has been done
+
+    std::vector<std::string> lstAdd; ///< frequencies that the catalogue states
+    bool BadData = false;            ///< the last entry was rejected
+
+    std::string& operator[](AddBox box) { return Texts.at(static_cast<std::size_t>(box)); }
+    const std::string& operator[](AddBox box) const { return Texts.at(static_cast<std::size_t>(box)); }
+};
 
 struct frmMuteKey {
     OptionGroup Option; ///< 1 "Tab", 2 "Home", 3 "Shift", 4 "End"

@@ -94,6 +94,7 @@ struct ProgramState {
     frmSplash splash;
     frmShow_FSUIPC fsuipcStatus;
     frmMuteKey muteKeyDialog;
+    frmAddATC addFeed;
 
     Folders folders;
     RadioState radio;
@@ -109,6 +110,7 @@ struct ProgramState {
     std::string LastSearchText; ///< of the last search that found something
     std::string StartupStep;
     std::string MessageText;
+    bool Busy = false;  ///< a dialog or another program has the user: no timer ticks, no other command runs
     bool Ended = false; ///< the shut-down has run; the window closes
 };
 

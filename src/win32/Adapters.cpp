@@ -1,15 +1,30 @@
 #include "win32/Adapters.h"
 
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 #include "win32/Dialogs.h"
+#include "win32/Handle.h"
 #include "win32/Utf16.h"
 
 #include <array>
+#include <commdlg.h>
 #include <mmsystem.h>
 #include <shellapi.h>
 #include <shlobj.h>
 
 namespace quillon {
+
+namespace {
+
+constexpr std::uint64_t Epoch1970 = 116444736000000000U; // since 1601, in 100 ns ticks
+
+FILETIME FileTimeOf(TimePoint time) {
+    const auto since_1970 = static_cast<std::uint64_t>(time.time_since_epoch() / std::chrono::milliseconds(1));
+    const std::uint64_t ticks = since_1970 * 10000 + Epoch1970;
+    return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32U)};
+}
+
+} // namespace
 
 TimePoint WinClock::Now() {
     SYSTEMTIME local;
@@ -17,7 +32,6 @@ TimePoint WinClock::Now() {
     FILETIME since_1601;
     SystemTimeToFileTime(&local, &since_1601);
     const std::uint64_t ticks = std::uint64_t{since_1601.dwHighDateTime} << 32U | since_1601.dwLowDateTime;
-    constexpr std::uint64_t Epoch1970 = 116444736000000000U; // in the same 100 ns ticks
     return TimePoint(std::chrono::milliseconds((ticks - Epoch1970) / 10000));
 }
 
@@ -66,8 +80,56 @@ std::string WinPrompts::InputBox(const std::string& title, const std::string& pr
     return AskForText(owner_(), title, prompt, default_answer);
 }
 
-int WinPrompts::MuteKeyDialog(int option) {
+bool WinPrompts::Confirm(const std::string& title, const std::string& text, Choices choices) {
+    const UINT buttons = choices == Choices::YesNo ? MB_YESNO : MB_YESNOCANCEL;
+    return MessageBoxW(owner_(), FitForBox(text).c_str(), Wide(title).c_str(),
+                       buttons | MB_DEFBUTTON2 | MB_ICONQUESTION | MB_SETFOREGROUND) == IDYES;
+}
+
+std::string WinPrompts::BrowseFile(const std::string& description, const std::string& pattern) {
+    std::wstring filter = Wide(description) + L'\0' + Wide(pattern) + L'\0';
+    std::array<wchar_t, 32768> path{};
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = owner_();
+    dialog.lpstrFilter = filter.c_str();
+    dialog.lpstrFile = path.data();
+    dialog.nMaxFile = path.size();
+    dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER;
+    return GetOpenFileNameW(&dialog) ? Narrow(path.data()) : "";
+}
+
+int WinDialogs::MuteKey(int option) {
     return AskForMuteKey(owner_(), option);
+}
+
+bool WinDialogs::About() {
+    return ShowAbout(owner_());
+}
+
+std::string WinDialogs::ProgramFolders(const Folders& folders) {
+    return ShowFolders(owner_(), folders);
+}
+
+void WinUserFiles::Delete2Recycle(const std::string& path) {
+    const std::wstring from = Wide(path) + L'\0'; // a list of paths ends with an empty one
+    SHFILEOPSTRUCTW operation{};
+    operation.hwnd = owner_();
+    operation.wFunc = FO_DELETE;
+    operation.pFrom = from.c_str();
+    operation.fFlags = FOF_ALLOWUNDO;
+    SHFileOperationW(&operation);
+}
+
+bool WinUserFiles::SetFileDateTime(const std::string& path, TimePoint local) {
+    HANDLE opened = CreateFileW(Wide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) return false;
+    const Handle<HANDLE, CloseHandle> file(opened);
+    const FILETIME local_time = FileTimeOf(std::chrono::floor<std::chrono::seconds>(local));
+    FILETIME written;
+    return LocalFileTimeToFileTime(&local_time, &written) &&
+           SetFileTime(file.Get(), nullptr, nullptr, &written);
 }
 
 std::string WinShell::ApplicationDataFolder() {
@@ -78,8 +140,49 @@ std::string WinShell::ApplicationDataFolder() {
     return folder;
 }
 
-void WinShell::OpenAddress(const std::string& address) {
-    ShellExecuteW(nullptr, L"open", Wide(address).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+std::string WinShell::ProgramFolder() {
+    std::array<wchar_t, 32768> path{};
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), path.size());
+    const std::wstring program(path.data(), length);
+    return Narrow(program.substr(0, program.rfind(L'\\') + 1));
+}
+
+bool WinShell::OpenAddress(const std::string& address) {
+    const std::wstring file = Wide(address);
+    SHELLEXECUTEINFOW order{};
+    order.cbSize = sizeof order;
+    order.fMask = SEE_MASK_FLAG_NO_UI; // the caller knows better what it was for
+    order.lpFile = file.c_str();
+    order.nShow = SW_SHOWNORMAL;
+    return ShellExecuteExW(&order) != FALSE;
+}
+
+namespace {
+
+class WinStartedProgram : public StartedProgram {
+  public:
+    explicit WinStartedProgram(HANDLE process) : process_(process) {}
+
+    bool HasEnded() override { return WaitForSingleObject(process_.Get(), 0) == WAIT_OBJECT_0; }
+
+  private:
+    Handle<HANDLE, CloseHandle> process_;
+};
+
+} // namespace
+
+std::unique_ptr<StartedProgram> WinShell::Start(const std::string& program, const std::string& file) {
+    std::wstring command = Wide(program + " \"" + file + "\"");
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESHOWWINDOW;
+    start.wShowWindow = SW_SHOWNORMAL;
+    PROCESS_INFORMATION started{};
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                        &started))
+        Raise(FileNotFound);
+    CloseHandle(started.hThread);
+    return std::make_unique<WinStartedProgram>(started.hProcess);
 }
 
 void WinShell::PlaySoundFile(const std::string& path) {

@@ -2,10 +2,12 @@
 
 #include "ports/AnsiCodePage.h"
 #include "ports/Clock.h"
+#include "ports/Dialogs.h"
 #include "ports/Keyboard.h"
 #include "ports/Prompts.h"
 #include "ports/RegionalSettings.h"
 #include "ports/Shell.h"
+#include "ports/UserFiles.h"
 
 #include <windows.h>
 
@@ -36,7 +38,31 @@ class WinPrompts : public Prompts {
     void Message(const std::string& title, const std::string& text, Icon icon) override;
     std::string InputBox(const std::string& title, const std::string& prompt,
                          const std::string& default_answer) override;
-    int MuteKeyDialog(int option) override;
+    bool Confirm(const std::string& title, const std::string& text, Choices choices) override;
+    std::string BrowseFile(const std::string& description, const std::string& pattern) override;
+
+  private:
+    std::function<HWND()> owner_;
+};
+
+class WinDialogs : public Dialogs {
+  public:
+    explicit WinDialogs(std::function<HWND()> owner) : owner_(std::move(owner)) {}
+
+    int MuteKey(int option) override;
+    bool About() override;
+    std::string ProgramFolders(const Folders& folders) override;
+
+  private:
+    std::function<HWND()> owner_;
+};
+
+class WinUserFiles : public UserFiles {
+  public:
+    explicit WinUserFiles(std::function<HWND()> owner) : owner_(std::move(owner)) {}
+
+    void Delete2Recycle(const std::string& path) override;
+    bool SetFileDateTime(const std::string& path, TimePoint local) override;
 
   private:
     std::function<HWND()> owner_;
@@ -45,7 +71,9 @@ class WinPrompts : public Prompts {
 class WinShell : public Shell {
   public:
     std::string ApplicationDataFolder() override;
-    void OpenAddress(const std::string& address) override;
+    std::string ProgramFolder() override;
+    bool OpenAddress(const std::string& address) override;
+    std::unique_ptr<StartedProgram> Start(const std::string& program, const std::string& file) override;
     void PlaySoundFile(const std::string& path) override;
 };
 

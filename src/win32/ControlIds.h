@@ -38,6 +38,13 @@ enum ControlId : int {
     IdMnuPlaylist = 2008,
     IdMnuFsuipc = 2009,
     IdMnuSetMute = 2010,
+    IdMnuAddAtc = 2011,
+    IdMnuBackup = 2012,
+    IdMnuRestore = 2013,
+    IdMnuEditData = 2014,
+    IdMnuContents = 2015,
+    IdMnuFolders = 2016,
+    IdMnuAbout = 2017,
 };
 
 } // namespace quillon

@@ -1,15 +1,13 @@
 #include "win32/Dialogs.h"
 
 #include "win32/DialogIds.h"
+#include "win32/Theme.h"
 #include "win32/Utf16.h"
 
 #include <utility>
 
 namespace quillon {
 
-namespace {
-
-/// A carriage return ends a line in the program's texts; Windows wants a line feed behind it.
 std::wstring WithLineFeeds(const std::string& text) {
     std::wstring lines;
     for (const wchar_t unit : Wide(text)) {
@@ -30,6 +28,15 @@ void CenterOverOwner(HWND dialog) {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+std::string TextOfItem(HWND dialog, int id) {
+    HWND item = GetDlgItem(dialog, id);
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(item)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(item, text.data(), static_cast<int>(text.size()))));
+    return Narrow(text);
+}
+
+namespace {
+
 struct Question {
     std::string title;
     std::string prompt;
@@ -45,13 +52,6 @@ void Ask(HWND dialog, const Question& question) {
     SetFocus(GetDlgItem(dialog, IDC_ANSWER));
 }
 
-std::string AnswerOf(HWND dialog) {
-    HWND edit = GetDlgItem(dialog, IDC_ANSWER);
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(edit)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(edit, text.data(), static_cast<int>(text.size()))));
-    return Narrow(text);
-}
-
 INT_PTR CALLBACK InputProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, lparam);
@@ -62,7 +62,7 @@ INT_PTR CALLBACK InputProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM
     auto* question = reinterpret_cast<Question*>(GetWindowLongPtrW(dialog, DWLP_USER));
     const int id = LOWORD(wparam);
     if (id != IDOK && id != IDCANCEL) return FALSE;
-    question->answer = id == IDOK ? AnswerOf(dialog) : "";
+    question->answer = id == IDOK ? TextOfItem(dialog, IDC_ANSWER) : "";
     EndDialog(dialog, id);
     return TRUE;
 }
@@ -84,7 +84,56 @@ INT_PTR CALLBACK MuteKeyProcedure(HWND dialog, UINT message, WPARAM wparam, LPAR
     return TRUE;
 }
 
+INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_INITDIALOG) {
+        CenterOverOwner(dialog);
+        const auto& theme = *reinterpret_cast<const Theme*>(lparam);
+        SendDlgItemMessageW(dialog, IDC_ABOUT_NAME, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Large()), FALSE);
+        SetDlgItemTextW(dialog, IDC_ABOUT_VERSION, L"Version " QUILLON_VERSION_W);
+        return TRUE;
+    }
+    if (message != WM_COMMAND) return FALSE;
+    EndDialog(dialog, LOWORD(wparam));
+    return TRUE;
+}
+
+INT_PTR CALLBACK FoldersProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_INITDIALOG) {
+        CenterOverOwner(dialog);
+        const auto& folders = *reinterpret_cast<const Folders*>(lparam);
+        int id = IDC_FOLDER1;
+        for (const std::string* folder : {&folders.AppPath, &folders.DataPath, &folders.WavePath})
+            SetDlgItemTextW(dialog, id++, Wide(*folder).c_str());
+        return TRUE;
+    }
+    if (message != WM_COMMAND || HIWORD(wparam) != BN_CLICKED) return FALSE;
+    EndDialog(dialog, LOWORD(wparam));
+    return TRUE;
+}
+
 } // namespace
+
+bool ShowAbout(HWND owner) {
+    const Theme theme(owner != nullptr ? GetDpiForWindow(owner) : GetDpiForSystem());
+    const INT_PTR ended = DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_ABOUT), owner,
+                                          AboutProcedure, reinterpret_cast<LPARAM>(&theme));
+    return ended == IDC_SYSTEM_INFO;
+}
+
+std::string ShowFolders(HWND owner, const Folders& folders) {
+    const INT_PTR ended = DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_FOLDERS), owner,
+                                          FoldersProcedure, reinterpret_cast<LPARAM>(&folders));
+    switch (ended) {
+    case IDC_OPEN_FOLDER1:
+        return folders.AppPath;
+    case IDC_OPEN_FOLDER1 + 1:
+        return folders.DataPath;
+    case IDC_OPEN_FOLDER1 + 2:
+        return folders.WavePath;
+    default:
+        return {};
+    }
+}
 
 int AskForMuteKey(HWND owner, int option) {
     const INT_PTR set = DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_MUTE_KEY), owner,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "state/Forms.h"
+#include "state/ProgramState.h"
 
 #include <windows.h>
 
@@ -16,6 +16,21 @@ std::string AskForText(HWND owner, const std::string& title, const std::string& 
 /// The modal dialog of the mute key: shows one of its four options selected (0: none) and returns the one that
 /// was set, 0 when it was closed without.
 int AskForMuteKey(HWND owner, int option);
+
+/// The modal dialog of the program's version and licence. Returns whether the system's information is wanted.
+bool ShowAbout(HWND owner);
+
+/// The modal dialog of the program's folders. Returns the one to be opened, empty for none.
+std::string ShowFolders(HWND owner, const Folders& folders);
+
+/// A carriage return ends a line in the program's texts; Windows wants a line feed behind it.
+std::wstring WithLineFeeds(const std::string& text);
+
+/// Places a dialog over the middle of the window that owns it.
+void CenterOverOwner(HWND dialog);
+
+/// The text of a dialog's control.
+std::string TextOfItem(HWND dialog, int id);
 
 /// The window of the simulator link's status. Modeless.
 class FsuipcStatusWindow {

@@ -24,7 +24,14 @@ void AddPopup(HMENU bar, const wchar_t* title, std::initializer_list<Entry> entr
 
 HMENU MakeBar() {
     HMENU bar = CreateMenu();
-    AddPopup(bar, L"&File", {{IdMnuQuit, L"&Quit\tAlt+F4"}});
+    AddPopup(bar, L"&File",
+             {{IdMnuAddAtc, L"&Add Feed ...\tCtrl+N"},
+              {0, nullptr},
+              {IdMnuBackup, L"&Back Up Feeds ..."},
+              {IdMnuRestore, L"&Restore Feeds ..."},
+              {IdMnuEditData, L"&Edit Feeds in Notepad"},
+              {0, nullptr},
+              {IdMnuQuit, L"&Quit\tAlt+F4"}});
     AddPopup(bar, L"&Search",
              {{IdMnuSearch, L"By &ICAO ...\tCtrl+F"},
               {IdMnuCitySearch, L"By &City ...\tCtrl+Shift+F"},
@@ -40,15 +47,44 @@ HMENU MakeBar() {
               {IdMnuSetMute, L"Set Default &Mute Key"},
               {0, nullptr},
               {IdMnuPlaylist, L"&Enable Playlists"}});
-    AddPopup(bar, L"&Help", {{IdMnuFsuipc, L"&FSUIPC Status"}});
+    AddPopup(bar, L"&Help",
+             {{IdMnuContents, L"&Help Pages\tF1"},
+              {IdMnuFolders, L"&Program Folders"},
+              {IdMnuFsuipc, L"&FSUIPC Status"},
+              {0, nullptr},
+              {IdMnuAbout, L"&About Quillon"}});
     return bar;
 }
 
+/// Which commands there are to use; quitting is always one.
+struct Rule {
+    int id;
+    bool frmATC::*enabled; // null: always
+};
+constexpr Rule Rules[] = {
+    {IdMnuAddAtc, &frmATC::mnuAddATCEnabled},
+    {IdMnuBackup, &frmATC::mnuBackupEnabled},
+    {IdMnuRestore, &frmATC::mnuRestoreEnabled},
+    {IdMnuEditData, nullptr},
+    {IdMnuSearch, &frmATC::mnuSearchMenuEnabled},
+    {IdMnuCitySearch, &frmATC::mnuSearchMenuEnabled},
+    {IdMnuSearchAgain, &frmATC::mnuSearchMenuEnabled},
+    {IdMnuSelComm, nullptr},
+    {IdMnuRange, nullptr},
+    {IdMnuRecordedChatter, nullptr},
+    {IdMnuSetMute, nullptr},
+    {IdMnuPlaylist, nullptr},
+    {IdMnuContents, nullptr},
+    {IdMnuFolders, nullptr},
+    {IdMnuFsuipc, nullptr},
+    {IdMnuAbout, nullptr},
+};
+
 HACCEL MakeKeys() {
     ACCEL keys[] = {
-        {FVIRTKEY | FCONTROL, 'F', IdMnuSearch},
-        {FVIRTKEY | FCONTROL | FSHIFT, 'F', IdMnuCitySearch},
-        {FVIRTKEY, VK_F3, IdMnuSearchAgain},
+        {FVIRTKEY | FCONTROL, 'F', IdMnuSearch}, {FVIRTKEY | FCONTROL | FSHIFT, 'F', IdMnuCitySearch},
+        {FVIRTKEY, VK_F3, IdMnuSearchAgain},     {FVIRTKEY | FCONTROL, 'N', IdMnuAddAtc},
+        {FVIRTKEY, VK_F1, IdMnuContents},
     };
     return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
 }
@@ -57,7 +93,7 @@ HACCEL MakeKeys() {
 
 MainMenu::MainMenu() : bar_(MakeBar()), keys_(MakeKeys()) {}
 
-void MainMenu::Sync(const frmATC& form) {
+void MainMenu::Sync(const frmATC& form, bool busy) {
     if (range_caption_ != form.mnuRangeCaption) {
         range_caption_ = form.mnuRangeCaption;
         std::wstring text = Wide(range_caption_);
@@ -67,10 +103,9 @@ void MainMenu::Sync(const frmATC& form) {
         item.dwTypeData = text.data();
         SetMenuItemInfoW(bar_, IdMnuRange, FALSE, &item);
     }
-    if (search_enabled_ != form.mnuSearchMenuEnabled) {
-        search_enabled_ = form.mnuSearchMenuEnabled;
-        for (const int id : {IdMnuSearch, IdMnuCitySearch, IdMnuSearchAgain})
-            EnableMenuItem(bar_, static_cast<UINT>(id), search_enabled_ ? MF_ENABLED : MF_GRAYED);
+    for (const Rule& rule : Rules) {
+        const bool enabled = !busy && (rule.enabled == nullptr || form.*rule.enabled);
+        EnableMenuItem(bar_, static_cast<UINT>(rule.id), enabled ? MF_ENABLED : MF_GRAYED);
     }
 }
 

@@ -16,8 +16,8 @@ class MainMenu {
     /// For the window that will own it.
     HMENU Bar() const { return bar_; }
 
-    /// Shows captions and enabled states that differ from those shown.
-    void Sync(const frmATC& form);
+    /// Shows captions and enabled states as the data say; while the program is busy only quitting is enabled.
+    void Sync(const frmATC& form, bool busy);
 
     /// Turns a key press for the window into its command.
     bool Translate(HWND window, MSG& message) const;
@@ -26,7 +26,6 @@ class MainMenu {
     HMENU bar_;
     HACCEL keys_; // lives as long as the program
     std::string range_caption_;
-    bool search_enabled_ = true;
 };
 
 } // namespace quillon

@@ -38,6 +38,13 @@ constexpr Click Clicks[] = {
     {IdMnuSetMute, &Program::mnuSetMute_Click},
     {IdMnuRecordedChatter, &Program::mnuRecordedChatter_Click},
     {IdMnuFsuipc, &Program::mnuFSUPIC_Click},
+    {IdMnuAddAtc, &Program::mnuAddATC_Click},
+    {IdMnuBackup, &Program::mnuBackup_Click},
+    {IdMnuRestore, &Program::mnuRestore_Click},
+    {IdMnuEditData, &Program::mnuEditData_Click},
+    {IdMnuContents, &Program::mnuContents_Click},
+    {IdMnuFolders, &Program::mnuFolders_Click},
+    {IdMnuAbout, &Program::mnuAbout_Click},
 };
 
 } // namespace
@@ -46,7 +53,8 @@ MainWindow::MainWindow()
     : fsuipc_status_([this] {
           program_->frmShow_FSUIPC_Command1_Click();
           Sync();
-      }) {}
+      }),
+      add_feed_([this] { Sync(); }) {}
 MainWindow::~MainWindow() = default;
 
 bool MainWindow::Create(Program& program) {
@@ -75,6 +83,7 @@ bool MainWindow::Create(Program& program) {
 
 HWND MainWindow::BoxOwner() {
     Sync();
+    if (add_feed_.Window() != nullptr) return add_feed_.Window();
     if (IsWindowVisible(window_)) return window_;
     return splash_.Window();
 }
@@ -271,13 +280,15 @@ void MainWindow::Sync() {
         caption_ = state.form.Caption;
         SetWindowTextW(window_, Wide(caption_).c_str());
     }
-    menu_.Sync(state.form);
+    menu_.Sync(state.form, state.Busy);
+    SyncBusy();
     controls_->Sync(state.form);
     if (frames_->Sync(state.form)) {
         Layout();
         RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     }
     fsuipc_status_.Sync(window_, state.fsuipcStatus);
+    add_feed_.Sync(window_, *program_);
     status_->Sync(state.form.StatusBar1, theme_);
     list_->Sync();
     SyncTimers();
@@ -308,6 +319,16 @@ void MainWindow::SyncVisibility() {
     }
 }
 
+/// The window itself stays in reach: it can be moved and closed.
+void MainWindow::SyncBusy() {
+    if (busy_ == program_->State().Busy) return;
+    busy_ = program_->State().Busy;
+    if (busy_ && IsChild(window_, GetFocus())) focus_ = GetFocus();
+    for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+        if (GetDlgCtrlID(child) != IdQuit) EnableWindow(child, busy_ ? FALSE : TRUE);
+    if (!busy_ && GetActiveWindow() == window_) SetFocus(focus_ != nullptr ? focus_ : list_->Window());
+}
+
 bool MainWindow::Dispatch() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
@@ -322,6 +343,7 @@ bool MainWindow::Dispatch() {
 bool MainWindow::Keystroke(MSG& message) {
     HWND status = fsuipc_status_.Window();
     if (status != nullptr && IsDialogMessageW(status, &message)) return true;
+    if (add_feed_.Window() != nullptr) return IsDialogMessageW(add_feed_.Window(), &message) != 0;
     if (menu_.Translate(window_, message)) return true;
     if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && message.hwnd == list_->Window()) {
         program_->lvwDB_ItemClick();

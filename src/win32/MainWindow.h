@@ -2,6 +2,7 @@
 
 #include "app/Program.h"
 #include "ports/Display.h"
+#include "win32/AddFeedWindow.h"
 #include "win32/Dialogs.h"
 #include "win32/FeedList.h"
 #include "win32/MainControls.h"
@@ -58,6 +59,7 @@ class MainWindow : public Display {
     void Sync();
     void SyncTimers();
     void SyncVisibility();
+    void SyncBusy();
     bool Dispatch();
 
     Program* program_ = nullptr;
@@ -71,7 +73,9 @@ class MainWindow : public Display {
     MainMenu menu_;
     SplashWindow splash_;
     FsuipcStatusWindow fsuipc_status_;
+    AddFeedWindow add_feed_;
     std::string caption_;
+    bool busy_ = false;
     std::array<FormTimer, 5> timers_{};
 };
 

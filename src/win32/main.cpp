@@ -26,13 +26,16 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     WinSharedMemory memory;
     WinClock clock([&](std::chrono::milliseconds time) { return window.ServeEvents(time); });
     WinPrompts prompts([&] { return window.BoxOwner(); });
+    WinDialogs dialogs([&] { return window.BoxOwner(); });
     WinShell shell;
+    WinUserFiles files([&] { return window.BoxOwner(); });
     WinRegionalSettings regional;
     WinCodePage code_page;
     WinKeyboard keyboard;
     StreamPlayer player(QUILLON_VERSION);
-    Program program({link, memory, clock, player, prompts, window, shell, regional, code_page, keyboard},
-                    Arguments());
+    Program program(
+        {link, memory, clock, player, prompts, dialogs, window, shell, files, regional, code_page, keyboard},
+        Arguments());
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();
     window.Run();

@@ -2,12 +2,15 @@
 
 #include "ports/AnsiCodePage.h"
 #include "ports/Clock.h"
+#include "ports/Dialogs.h"
 #include "ports/Display.h"
 #include "ports/Keyboard.h"
 #include "ports/MediaPlayer.h"
 #include "ports/Prompts.h"
 #include "ports/RegionalSettings.h"
 #include "ports/Shell.h"
+#include "ports/UserFiles.h"
+#include "runtime/Files.h"
 
 #include <array>
 #include <functional>
@@ -40,9 +43,13 @@ class FakePrompts : public Prompts {
         asked = {prompt, default_answer};
         return answer;
     }
-    int MuteKeyDialog(int option) override {
-        shown_option = option;
-        return set_option;
+    bool Confirm(const std::string& title, const std::string& text, Choices) override {
+        questions.push_back(title + ": " + text);
+        return yes;
+    }
+    std::string BrowseFile(const std::string&, const std::string& pattern) override {
+        asked = {pattern, ""};
+        return answer;
     }
     ErrorTrap::Report AsReport() {
         return [this](const auto& title, const auto& text, Icon icon) { Message(title, text, icon); };
@@ -51,8 +58,39 @@ class FakePrompts : public Prompts {
     std::vector<Shown> messages;
     std::string answer;                        ///< what the user will type
     std::pair<std::string, std::string> asked; ///< prompt and default answer of the last question
-    int shown_option = -1, set_option = 0;     ///< of the mute key's dialog
-    std::function<void()> meanwhile;           ///< what happens while a box is up
+    std::vector<std::string> questions;
+    bool yes = true;                 ///< the answer to them
+    std::function<void()> meanwhile; ///< what happens while a box is up
+};
+
+class FakeDialogs : public Dialogs {
+  public:
+    int MuteKey(int option) override {
+        shown_option = option;
+        return set_option;
+    }
+    bool About() override { return true; }
+    std::string ProgramFolders(const Folders& folders) override { return folders.DataPath; }
+
+    int shown_option = -1, set_option = 0; ///< of the mute key's dialog
+};
+
+/// Keeps what went to the recycle bin.
+class FakeUserFiles : public UserFiles {
+  public:
+    void Delete2Recycle(const std::string& path) override {
+        if (declined) return;
+        bin.push_back(ReadFile(path));
+        DeleteFileAt(path);
+    }
+    bool SetFileDateTime(const std::string& path, TimePoint) override {
+        stamped = path;
+        return true;
+    }
+
+    bool declined = false; ///< the shell's own question
+    std::vector<std::string> bin;
+    std::string stamped;
 };
 
 /// Time that passes only where the program waits.
@@ -127,11 +165,26 @@ class FakeRegionalSettings : public RegionalSettings {
 class FakeShell : public Shell {
   public:
     std::string ApplicationDataFolder() override { return application_data; }
-    void OpenAddress(const std::string& address) override { opened.push_back(address); }
+    std::string ProgramFolder() override { return "C:\\Quillon\\"; }
+    bool OpenAddress(const std::string& address) override {
+        opened.push_back(address);
+        return opens;
+    }
+    std::unique_ptr<StartedProgram> Start(const std::string& program, const std::string& file) override {
+        struct Ended : StartedProgram {
+            explicit Ended(const bool& has_ended) : has_ended_(has_ended) {}
+            bool HasEnded() override { return has_ended_; }
+            const bool& has_ended_;
+        };
+        opened.push_back(program + " " + file);
+        return std::make_unique<Ended>(ended);
+    }
     void PlaySoundFile(const std::string& path) override { opened.push_back(path); }
 
     std::string application_data;
     std::vector<std::string> opened;
+    bool opens = true;
+    bool ended = true; ///< the started program
 };
 
 /// Windows-1252.

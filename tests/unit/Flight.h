@@ -38,8 +38,8 @@ class Flight : public TempFolder {
     }
 
     void Start(const std::string& command_line = "") {
-        const Ports ports{simulator, simulator, clock,    player, prompts,
-                          display,   shell,     regional, page,   keyboard};
+        const Ports ports{simulator, simulator, clock, player,   prompts, dialogs,
+                          display,   shell,     files, regional, page,    keyboard};
         program = std::make_unique<Program>(ports, command_line);
         program->ConnectToSimulator();
     }
@@ -65,8 +65,10 @@ class Flight : public TempFolder {
     FakeClock clock;
     FakePlayer player;
     FakePrompts prompts;
+    FakeDialogs dialogs;
     FakeDisplay display;
     FakeShell shell;
+    FakeUserFiles files;
     FakeRegionalSettings regional;
     FakeCodePage page;
     FakeKeyboard keyboard;

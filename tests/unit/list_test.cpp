@@ -219,9 +219,9 @@ TEST_F(Hand, TheMuteKeyIsSetInItsDialog) {
     const Row rows[] = {
         {0, 1, 65, 0}, {3, 0, 16, 3}, {0, 3, 16, 3}, {4, 3, 35, 4}}; // a foreign key shows "Tab" first
     for (const Row& row : rows) {
-        prompts.set_option = row.set;
+        dialogs.set_option = row.set;
         program->mnuSetMute_Click();
-        EXPECT_EQ(prompts.shown_option, row.shown);
+        EXPECT_EQ(dialogs.shown_option, row.shown);
         EXPECT_EQ(state().mute.MuteKeyCode, row.code);
         EXPECT_EQ(state().muteKeyDialog.Option.Value, row.next);
     }

@@ -1,0 +1,168 @@
+#include "app/AddFeed.h"
+
+#include "app/AddFeedKeys.h"
+#include "catalogue/FeedFile.h"
+#include "catalogue/TraceLog.h"
+#include "playback/CurrentFeed.h"
+#include "ports/TextFile.h"
+#include "runtime/Files.h"
+#include "runtime/Text.h"
+#include "state/Services.h"
+
+namespace quillon {
+
+namespace {
+
+constexpr const char* HttpPrefix = "http://";
+constexpr const char* AddressPrompt = "Enter URL: (http://.....)";
+
+struct KindPresets {
+    SourceKind Kind;
+    const char* PromptCaption;
+    const char* Url; ///< null keeps what is there
+    const char* City;
+    bool Browse;
+};
+constexpr KindPresets Presets[] = {
+    {SourceKind::LiveATC, AddressPrompt, HttpPrefix, "", false},
+    {SourceKind::InternetRadio, AddressPrompt, nullptr, "Radio - ", false},
+    {SourceKind::PlayLists, "Enter path to .wpl (PlayList) files:", "", "Playlist ", true},
+    {SourceKind::WaveFiles, "Enter path to .wav files:", "", "Wav - ", true},
+};
+
+} // namespace
+
+std::string AddFeed::CataloguePath() const {
+    return state_.folders.DataPath + CatalogueName;
+}
+
+void AddFeed::mnuAddATC_Click() {
+    StopCycle(state_);
+    state_.Busy = true;
+    state_.addFeed = {};
+    state_.addFeed.PromptCaption = AddressPrompt;
+    state_.addFeed[AddBox::txtURL] = services::LiveAtcFeedPrefix;
+    state_.addFeed.WantedFocus = {AddBox::txtICAO, 0, 0};
+    trap_.Run("Add Feed Errors", Icon::Exclamation, [this] { CollectFrequencies(); });
+    state_.addFeed.Visible = true;
+}
+
+/// Each feed passes through the current-feed texts, which hold the last one's afterwards: while the dialog is
+/// open nothing else reads them, and the reload behind it empties them.
+void AddFeed::CollectFrequencies() {
+    state_.StartupStep = "Opening " + CataloguePath();
+    const std::string text = ReadText(CataloguePath(), page_);
+    std::string_view rest = text;
+    while (const auto line = TakeLine(rest)) {
+        state_.StartupStep.assign("Data: ").append(*line);
+        if (!IsFeedLine(*line)) continue;
+        const FeedRecord record = SplitFeedLine(*line);
+        state_.feed.FeedIcao = record.ICAO;
+        state_.feed.FeedCity = record.City;
+        state_.feed.FeedUrl = record.URL;
+        state_.feed.FeedFrequency = record.Freq;
+        if (StatesFrequency(record)) state_.addFeed.lstAdd.push_back(record.Freq);
+    }
+    state_.StartupStep.clear();
+}
+
+void AddFeed::cmdCancel_Click() {
+    state_.addFeed.Visible = false;
+    state_.Busy = false;
+    reload_.Run();
+}
+
+void AddFeed::optKind_Click(SourceKind kind) {
+    frmAddATC& form = state_.addFeed;
+    form.Kind = kind;
+    for (const KindPresets& presets : Presets) {
+        if (presets.Kind != kind) continue;
+        form.PromptCaption = presets.PromptCaption;
+        if (presets.Url != nullptr) form[AddBox::txtURL] = presets.Url;
+        form[AddBox::txtCity] = presets.City;
+        form.cmdBrowseVisible = presets.Browse;
+    }
+}
+
+int AddFeed::Text_KeyPress(AddBox box, int key) {
+    int& previous = previous_keys_.at(static_cast<std::size_t>(box));
+    const int character = KeyPress(box, key, state_.addFeed[box], previous);
+    previous = key;
+    return character;
+}
+
+void AddFeed::txtURL_GotFocus() {
+    const auto end = static_cast<std::ptrdiff_t>(Len(state_.addFeed[AddBox::txtURL]));
+    state_.addFeed.WantedFocus = {AddBox::txtURL, end, 0};
+}
+
+void AddFeed::cmdBrowse_Click() {
+    const bool waves = state_.addFeed.Kind == SourceKind::WaveFiles;
+    const std::string path = waves ? prompts_.BrowseFile("Wave Files (*.wav)", "*.wav")
+                                   : prompts_.BrowseFile("Playlist Files (*.wpl)", "*.wpl");
+    if (path.empty()) return;
+    state_.addFeed[AddBox::txtURL] = waves ? path.substr(0, path.rfind('\\') + 1) : path;
+}
+
+void AddFeed::VerifyData() {
+    const auto fault = FindFault(state_.addFeed);
+    state_.addFeed.BadData = fault.has_value();
+    if (!fault) return;
+    state_.addFeed.WantedFocus = fault->Where;
+    prompts_.Message(fault->Title, fault->Text, Icon::Exclamation);
+}
+
+void AddFeed::cmdAdd_Click() {
+    VerifyData();
+    frmAddATC& form = state_.addFeed;
+    if (form.BadData) return;
+    Append(form[AddBox::txtICAO] + "|" + form[AddBox::txtCity] + "|" + form[AddBox::txtURL] + "|" +
+           form[AddBox::txtFreq]);
+    PrepareNext();
+}
+
+/// The boxes are cleared also when the file could not be written; the message then quotes the line, so that it
+/// is not lost.
+void AddFeed::Append(const std::string& line) {
+    state_.StartupStep = "Opening " + CataloguePath();
+    try {
+        AppendLines(CataloguePath(), {line}, page_);
+        state_.addFeed.lstAdd.push_back(state_.addFeed[AddBox::txtFreq]);
+    } catch (const RuntimeError& error) {
+        const std::string what = "Error " + std::to_string(error.Number) + " " + error.Description;
+        state_.MessageText = state_.StartupStep + "\r" + what + "\r\rThe file is as it was, without:\r" + line;
+        try {
+            TraceLog(state_.folders).WriteLog(state_.StartupStep + " " + what);
+        } catch (const RuntimeError&) {
+            // What keeps the catalogue from being written can keep the log, too.
+        }
+        prompts_.Message("Add Feed Errors", state_.MessageText, Icon::Exclamation);
+    }
+    state_.StartupStep.clear();
+}
+
+void AddFeed::PrepareNext() {
+    frmAddATC& form = state_.addFeed;
+    form[AddBox::txtICAO].clear();
+    form[AddBox::txtFreq].clear();
+    switch (form.Kind) {
+    case SourceKind::LiveATC:
+        form[AddBox::txtURL] = services::LiveAtcFeedPrefix;
+        form[AddBox::txtCity].clear();
+        break;
+    case SourceKind::InternetRadio:
+        form[AddBox::txtURL] = HttpPrefix;
+        form[AddBox::txtCity] = "Radio - ";
+        break;
+    case SourceKind::PlayLists:
+        form[AddBox::txtURL].clear();
+        break;
+    case SourceKind::WaveFiles:
+        form[AddBox::txtURL].clear();
+        form[AddBox::txtCity] = "Wav - ";
+        break;
+    }
+    form.WantedFocus = {AddBox::txtICAO, 0, 0};
+}
+
+} // namespace quillon

@@ -1,0 +1,85 @@
+#include "app/AddFeed.h"
+#include "runtime/Number.h"
+#include "runtime/Text.h"
+
+#include <algorithm>
+
+namespace quillon {
+
+namespace {
+
+constexpr double LowestFrequency = 118.0; // MHz
+constexpr double HighestFrequency = 136.97;
+
+using Fault = std::optional<EntryFault>;
+
+/// A separator or a line end would cut the entry's line, and comment marks in front would hide it.
+Fault UnfitForALine(const frmAddATC& form) {
+    for (const AddBox box : {AddBox::txtICAO, AddBox::txtCity, AddBox::txtURL, AddBox::txtFreq}) {
+        const auto length = static_cast<std::ptrdiff_t>(Len(form[box]));
+        if (form[box].find_first_of("|\r\n") != std::string::npos)
+            return EntryFault{"Invalid character",
+                              "A \"|\" or a line end cannot be part of an entry: the catalogue separates its "
+                              "fields and lines by them.",
+                              {box, 0, length}};
+    }
+    if (form[AddBox::txtICAO].starts_with("//"))
+        return EntryFault{"Invalid character",
+                          "An entry cannot begin with \"//\": the catalogue would take it for a comment.",
+                          {AddBox::txtICAO, 0, 4}};
+    return std::nullopt;
+}
+
+Fault BadIcao(const std::string& icao) {
+    if (Len(icao) >= 3 && Len(icao) <= 4) return std::nullopt;
+    return EntryFault{"ICAO - Invalid format",
+                      "Invalid ICAO format!  ICAO must be 3 or 4 characters",
+                      {AddBox::txtICAO, 0, 4}};
+}
+
+Fault BadFrequency(const std::string& frequency) {
+    const frmAddATC::Focus where{AddBox::txtFreq, 0, 0};
+    // Either sign of the form is enough: "123456" and "118.0" are judged by their value.
+    if (Len(frequency) != 6 && Mid(frequency, 4, 1) != ".")
+        return EntryFault{"Frequency - Invalid format",
+                          "Invalid Frequency format!  Frequency must be entered as ###.##", where};
+    const double value = Val(frequency);
+    const std::string last = Right(frequency, 1);
+    if (value < LowestFrequency || value > HighestFrequency ||
+        std::string("134689").find(last) != std::string::npos)
+        return EntryFault{"Frequency - Invalid format",
+                          "Invalid Frequency format!\r\rFlight Simulator only alows the numbers 0,2,5,7 as the "
+                          "last digit of a Comm frequency.",
+                          where};
+    return std::nullopt;
+}
+
+Fault MissingCity(SourceKind kind, const std::string& city) {
+    const std::ptrdiff_t radio = 8; // "Radio - " and no more
+    const std::ptrdiff_t wave = 6;  // "Wav - "
+    const auto length = static_cast<std::ptrdiff_t>(Len(city));
+    const bool missing = (kind == SourceKind::LiveATC && length == 0) ||
+                         (kind == SourceKind::InternetRadio && length == radio) ||
+                         (kind == SourceKind::WaveFiles && length == wave);
+    if (!missing) return std::nullopt;
+    return EntryFault{"Missing Data", "Missing Data! Please enter a City name", {AddBox::txtCity, length, 0}};
+}
+
+Fault FrequencyInUse(const frmAddATC& form, const std::string& frequency) {
+    if (std::find(form.lstAdd.begin(), form.lstAdd.end(), frequency) == form.lstAdd.end()) return std::nullopt;
+    return EntryFault{
+        "Available Frequencies", "Frequency " + frequency + " is already in use!", {AddBox::txtFreq, 0, 6}};
+}
+
+} // namespace
+
+std::optional<EntryFault> FindFault(const frmAddATC& form) {
+    if (Fault fault = UnfitForALine(form)) return fault;
+    if (Fault fault = BadIcao(form[AddBox::txtICAO])) return fault;
+    const std::string& frequency = form[AddBox::txtFreq];
+    if (frequency.empty()) return MissingCity(form.Kind, form[AddBox::txtCity]);
+    if (Fault fault = BadFrequency(frequency)) return fault;
+    return FrequencyInUse(form, frequency);
+}
+
+} // namespace quillon

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "catalogue/FeedLoader.h"
+#include "state/ProgramState.h"
+
+namespace quillon {
+
+/// What follows a command that may have changed the catalogue.
+class CatalogueReload {
+  public:
+    CatalogueReload(ProgramState& state, FeedLoader& loader) : state_(state), loader_(loader) {}
+
+    /// Loads the list anew and lets the cycle run. In Automatic mode the next tick tunes anew; in Manual mode
+    /// what plays goes on.
+    void Run();
+
+  private:
+    ProgramState& state_;
+    FeedLoader& loader_;
+};
+
+} // namespace quillon

@@ -1,0 +1,23 @@
+#include "app/HelpCommands.h"
+
+namespace quillon {
+
+void HelpCommands::mnuContents_Click() {
+    Open(shell_.ProgramFolder() + "help\\index.html", "The help pages");
+}
+
+void HelpCommands::mnuFolders_Click() {
+    const std::string chosen = dialogs_.ProgramFolders(state_.folders);
+    if (!chosen.empty()) Open(chosen, "The folder");
+}
+
+void HelpCommands::mnuAbout_Click() {
+    if (dialogs_.About()) Open("msinfo32.exe", "The system information");
+}
+
+void HelpCommands::Open(const std::string& address, const std::string& what) {
+    if (!shell_.OpenAddress(address))
+        prompts_.Message("Quillon", what + " could not be opened:\r" + address, Icon::Exclamation);
+}
+
+} // namespace quillon

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ports/Dialogs.h"
+#include "ports/Prompts.h"
+#include "ports/Shell.h"
+#include "state/ProgramState.h"
+
+namespace quillon {
+
+/// The "Help" menu: the help pages, the program's folders and what it is.
+class HelpCommands {
+  public:
+    HelpCommands(ProgramState& state, Prompts& prompts, Dialogs& dialogs, Shell& shell)
+        : state_(state), prompts_(prompts), dialogs_(dialogs), shell_(shell) {}
+
+    /// Opens the help pages, which lie in the folder "help" beside the program.
+    void mnuContents_Click();
+
+    void mnuFolders_Click();
+    void mnuAbout_Click();
+
+  private:
+    void Open(const std::string& address, const std::string& what);
+
+    ProgramState& state_;
+    Prompts& prompts_;
+    Dialogs& dialogs_;
+    Shell& shell_;
+};
+
+} // namespace quillon

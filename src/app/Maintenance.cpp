@@ -1,0 +1,86 @@
+#include "app/Maintenance.h"
+
+#include "catalogue/FeedFile.h"
+#include "playback/CurrentFeed.h"
+#include "runtime/Files.h"
+
+namespace quillon {
+
+namespace {
+
+constexpr const char* BackupName = "live_atc_feeds.bak";
+
+// As the messages write the same two files.
+constexpr const char* ShownCatalogueName = "Live_ATC_Feeds.txt";
+constexpr const char* ShownBackupName = "Live_ATC_Feeds.bak";
+
+} // namespace
+
+void Maintenance::mnuBackup_Click() {
+    state_.MessageText =
+        "Please confirm you want to backup the \r\r" + state_.folders.DataPath + ShownCatalogueName + " file?";
+    if (!prompts_.Confirm("Confirmation", state_.MessageText, Choices::YesNo)) return;
+    trap_.Run("Backup Error", Icon::Exclamation, [this] { BackUp(); });
+}
+
+void Maintenance::BackUp() {
+    const std::string backup = state_.folders.DataPath + BackupName;
+    state_.StartupStep = "Backup " + state_.folders.DataPath + ShownBackupName;
+    ReplaceFile(backup, ReadFile(state_.folders.DataPath + CatalogueName));
+    files_.SetFileDateTime(backup, clock_.Now());
+    state_.form.mnuRestoreEnabled = true;
+    state_.StartupStep.clear();
+    state_.MessageText = "Backup file created successfully!";
+    prompts_.Message("Success", state_.MessageText, Icon::Information);
+}
+
+void Maintenance::mnuRestore_Click() {
+    state_.MessageText =
+        "Restoring will move the existing Live_ATC_Feeds.txt file to the Recycle Bin and replace it "
+        "with the contents of the Live_ATC_Feeds.bak file.\r\rDo you want to continue?\r\r"
+        "(Windows may ask about the Recycle Bin as well. If you decline that question, the file is "
+        "still replaced.)";
+    if (!prompts_.Confirm("Confirmation", state_.MessageText, Choices::YesNoCancel)) return;
+    trap_.Run("Restore Error", Icon::Exclamation, [this] { Restore(); });
+}
+
+void Maintenance::Restore() {
+    const std::string catalogue = state_.folders.DataPath + CatalogueName;
+    const std::string backup = state_.folders.DataPath + BackupName;
+    state_.StartupStep = "Restore " + catalogue;
+    files_.Delete2Recycle(catalogue);
+    try {
+        ReplaceFile(catalogue, ReadFile(backup));
+    } catch (const RuntimeError& error) {
+        if (FileExists(catalogue)) throw; // the user kept it when the shell asked
+        throw RuntimeError{error.Number, error.Description + "\r\rThe old catalogue lies in the Recycle Bin."};
+    }
+    reload_.Run();
+    state_.StartupStep.clear();
+}
+
+void Maintenance::mnuEditData_Click() {
+    StopCycle(state_);
+    state_.Busy = true;
+    trap_.Run("Edit Data Errors", Icon::Exclamation, [this] { Edit(); });
+    state_.Busy = false;
+    if (!state_.Ended) reload_.Run();
+}
+
+void Maintenance::Edit() {
+    const std::string path = state_.folders.DataPath + CatalogueName;
+    state_.StartupStep = "Checking for: " + path;
+    if (!FileExists(path)) AppendFile(path, "");
+    state_.StartupStep = "Shell Notepad and " + path;
+    ShellAndWait("notepad.exe", path);
+    state_.StartupStep.clear();
+}
+
+void Maintenance::ShellAndWait(const std::string& program, const std::string& file) {
+    constexpr std::chrono::milliseconds Slice{250};
+    const auto started = shell_.Start(program, file);
+    while (!started->HasEnded())
+        if (!clock_.ServeEvents(Slice)) return;
+}
+
+} // namespace quillon

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/CatalogueReload.h"
+#include "ports/Clock.h"
+#include "ports/Prompts.h"
+#include "ports/Shell.h"
+#include "ports/UserFiles.h"
+#include "runtime/ErrorTrap.h"
+#include "state/ProgramState.h"
+
+namespace quillon {
+
+/// The commands that look after the catalogue's file: backing it up, restoring it, editing it by hand.
+class Maintenance {
+  public:
+    Maintenance(ProgramState& state, Prompts& prompts, Shell& shell, UserFiles& files, Clock& clock,
+                CatalogueReload& reload, ErrorTrap& trap)
+        : state_(state),
+          prompts_(prompts),
+          shell_(shell),
+          files_(files),
+          clock_(clock),
+          reload_(reload),
+          trap_(trap) {}
+
+    /// Copies the catalogue over its backup, which bears the time of its making.
+    void mnuBackup_Click();
+
+    /// Moves the catalogue to the recycle bin and puts the backup in its place.
+    void mnuRestore_Click();
+
+    /// Opens the catalogue in Notepad and waits, however long, until that has ended. Serves window events
+    /// meanwhile; returns early when the program is ending.
+    void mnuEditData_Click();
+
+  private:
+    void BackUp();
+    void Restore();
+    void Edit();
+    void ShellAndWait(const std::string& program, const std::string& file);
+
+    ProgramState& state_;
+    Prompts& prompts_;
+    Shell& shell_;
+    UserFiles& files_;
+    Clock& clock_;
+    CatalogueReload& reload_;
+    ErrorTrap& trap_;
+};
+
+} // namespace quillon

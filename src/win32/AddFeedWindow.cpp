@@ -1,0 +1,142 @@
+#include "win32/AddFeedWindow.h"
+
+#include "app/AddFeedKeys.h"
+#include "runtime/Text.h"
+#include "win32/DialogIds.h"
+#include "win32/Dialogs.h"
+#include "win32/Utf16.h"
+
+#include <commctrl.h>
+#include <utility>
+
+namespace quillon {
+
+namespace {
+
+constexpr AddBox Boxes[] = {AddBox::txtICAO, AddBox::txtCity, AddBox::txtURL, AddBox::txtFreq};
+
+int IdOf(AddBox box) {
+    return IDC_TXT_ICAO + static_cast<int>(box);
+}
+
+/// A position in characters as one in UTF-16 units.
+WPARAM UnitsBefore(const std::string& text, std::ptrdiff_t characters) {
+    return Wide(Left(text, characters)).size();
+}
+
+} // namespace
+
+AddFeedWindow::~AddFeedWindow() {
+    if (window_ != nullptr) DestroyWindow(window_);
+}
+
+void AddFeedWindow::Sync(HWND owner, Program& program) {
+    program_ = &program;
+    const bool visible = program.State().addFeed.Visible;
+    if (visible && window_ == nullptr) Open(owner);
+    if (!visible && window_ != nullptr) Close(owner);
+    if (window_ != nullptr) Show();
+}
+
+void AddFeedWindow::Open(HWND owner) {
+    CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_ADD_FEED), owner, Procedure,
+                       reinterpret_cast<LPARAM>(this));
+    if (window_ == nullptr) return;
+    for (const AddBox box : Boxes)
+        SetWindowSubclass(GetDlgItem(window_, IdOf(box)), EditProcedure, static_cast<UINT_PTR>(box),
+                          reinterpret_cast<DWORD_PTR>(this));
+    Show();
+    EnableWindow(owner, FALSE);
+    ShowWindow(window_, SW_SHOW);
+}
+
+/// The owner comes back first: a dialog that goes gives the keyboard to whichever window can take it.
+void AddFeedWindow::Close(HWND owner) {
+    EnableWindow(owner, TRUE);
+    DestroyWindow(std::exchange(window_, nullptr));
+}
+
+void AddFeedWindow::Show() {
+    const frmAddATC& form = program_->State().addFeed;
+    for (const AddBox box : Boxes)
+        if (TextOfItem(window_, IdOf(box)) != form[box])
+            SetDlgItemTextW(window_, IdOf(box), Wide(form[box]).c_str());
+    if (TextOfItem(window_, IDC_URL_PROMPT) != form.PromptCaption)
+        SetDlgItemTextW(window_, IDC_URL_PROMPT, Wide(form.PromptCaption).c_str());
+    ShowWindow(GetDlgItem(window_, IDC_BROWSE), form.cmdBrowseVisible ? SW_SHOW : SW_HIDE);
+    ShowKind(form.Kind);
+    if (!form.WantedFocus) return;
+    const frmAddATC::Focus focus = *form.WantedFocus;
+    program_->AddFeedFocusTaken();
+    TakeFocus(focus);
+}
+
+void AddFeedWindow::ShowKind(SourceKind kind) {
+    const int chosen = IDC_KIND1 + static_cast<int>(kind) - 1;
+    if (IsDlgButtonChecked(window_, chosen) != BST_CHECKED)
+        CheckRadioButton(window_, IDC_KIND1, IDC_KIND4, chosen);
+}
+
+void AddFeedWindow::TakeFocus(const frmAddATC::Focus& focus) {
+    HWND edit = GetDlgItem(window_, IdOf(focus.Box));
+    if (GetFocus() != edit) SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(edit), TRUE);
+    const std::string& text = program_->State().addFeed[focus.Box];
+    SendMessageW(edit, EM_SETSEL, UnitsBefore(text, focus.SelStart),
+                 static_cast<LPARAM>(UnitsBefore(text, focus.SelStart + focus.SelLength)));
+}
+
+INT_PTR CALLBACK AddFeedWindow::Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    auto* self = reinterpret_cast<AddFeedWindow*>(GetWindowLongPtrW(dialog, DWLP_USER));
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(dialog, DWLP_USER, lparam);
+        reinterpret_cast<AddFeedWindow*>(lparam)->window_ = dialog;
+        CenterOverOwner(dialog);
+        return FALSE; // the form says where the keyboard goes
+    }
+    if (message != WM_COMMAND || self == nullptr || self->window_ == nullptr) return FALSE;
+    self->Command(LOWORD(wparam), HIWORD(wparam));
+    return TRUE;
+}
+
+void AddFeedWindow::Command(int id, int code) {
+    const SourceKind chosen = program_->State().addFeed.Kind;
+    if (id >= IDC_TXT_ICAO && id <= IDC_TXT_FREQ) {
+        const AddBox box = Boxes[id - IDC_TXT_ICAO];
+        if (code == EN_CHANGE)
+            program_->AddFeedEvent([&](AddFeed& dialog) { dialog.Text_Change(box, TextOfItem(window_, id)); });
+        if (code == EN_SETFOCUS && box == AddBox::txtURL)
+            Event([](AddFeed& dialog) { dialog.txtURL_GotFocus(); });
+        return;
+    }
+    if (code != BN_CLICKED) return;
+    // A radio button also says that it was clicked when it only gets the keyboard.
+    const auto kind = static_cast<SourceKind>(id - IDC_KIND1 + 1);
+    if (id >= IDC_KIND1 && id <= IDC_KIND4 && kind != chosen)
+        Event([kind](AddFeed& dialog) { dialog.optKind_Click(kind); });
+    if (id == IDC_BROWSE) Event([](AddFeed& dialog) { dialog.cmdBrowse_Click(); });
+    if (id == IDOK) Event([](AddFeed& dialog) { dialog.cmdAdd_Click(); });
+    if (id == IDCANCEL) Event([](AddFeed& dialog) { dialog.cmdCancel_Click(); });
+}
+
+void AddFeedWindow::Event(const std::function<void(AddFeed&)>& event) {
+    program_->AddFeedEvent(event);
+    sync_();
+}
+
+LRESULT CALLBACK AddFeedWindow::EditProcedure(HWND edit, UINT message, WPARAM wparam, LPARAM lparam,
+                                              UINT_PTR id, DWORD_PTR self) {
+    if (message == WM_CHAR) {
+        auto* dialog = reinterpret_cast<AddFeedWindow*>(self);
+        int key = static_cast<int>(wparam);
+        dialog->program_->AddFeedEvent(
+            [&](AddFeed& form) { key = form.Text_KeyPress(static_cast<AddBox>(id), key); });
+        if (key == RefusedKey) {
+            MessageBeep(MB_OK);
+            return 0;
+        }
+        wparam = static_cast<WPARAM>(key);
+    }
+    return DefSubclassProc(edit, message, wparam, lparam);
+}
+
+} // namespace quillon

@@ -1,0 +1,242 @@
+#include "Flight.h"
+#include "app/AddFeedKeys.h"
+#include "state/Services.h"
+
+#include <gtest/gtest.h>
+
+namespace quillon {
+namespace {
+
+using enum AddBox;
+
+class Upkeep : public Flight {
+  protected:
+    Upkeep() {
+        Start();
+        Tick();
+    }
+    const frmAddATC& form() const { return state().addFeed; }
+    void Type(AddBox box, const std::string& text) {
+        program->AddFeedEvent([&](AddFeed& dialog) { dialog.Text_Change(box, text); });
+    }
+    void Choose(SourceKind kind) {
+        program->AddFeedEvent([&](AddFeed& dialog) { dialog.optKind_Click(kind); });
+    }
+    void Add() {
+        program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdAdd_Click(); });
+    }
+    void Close() {
+        program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdCancel_Click(); });
+    }
+    std::string file() const { return Read("Quillon\\live_atc_feeds.txt"); }
+    std::string timers() const {
+        std::string on;
+        for (int id = 1; id <= 5; ++id)
+            if (state().form.Timer(id).Enabled) on += std::to_string(id);
+        return on;
+    }
+};
+
+TEST(EntryRules, TheFirstBrokenRuleIsNamedWithItsPlace) {
+    const std::string digits =
+        "Invalid Frequency format!\r\rFlight Simulator only alows the numbers 0,2,5,7 as the "
+        "last digit of a Comm frequency.";
+    const std::string city = "Missing Data! Please enter a City name";
+    const std::string icao = "Invalid ICAO format!  ICAO must be 3 or 4 characters";
+    const struct {
+        SourceKind kind;
+        std::array<std::string, 4> texts; // ICAO, city, URL, frequency
+        std::string text;                 // empty: a good entry
+        frmAddATC::Focus where;
+    } rows[] = {
+        {SourceKind::LiveATC, {"EG", "", "", "1"}, icao, {txtICAO, 0, 4}},
+        {SourceKind::LiveATC, {"EGLLX", "", "", ""}, icao, {txtICAO, 0, 4}},
+        {SourceKind::LiveATC, {"EGLL", "", "u", "118.52"}, "", {}},
+        {SourceKind::LiveATC, {"EGL", "c", "u", ""}, "", {}},
+        {SourceKind::LiveATC, {"EGLL", "", "u", ""}, city, {txtCity, 0, 0}},
+        {SourceKind::InternetRadio, {"EGLL", "Radio - ", "u", ""}, city, {txtCity, 8, 0}},
+        {SourceKind::InternetRadio, {"EGLL", "", "u", ""}, "", {}},
+        {SourceKind::WaveFiles, {"EGLL", "Wav - ", "u", ""}, city, {txtCity, 6, 0}},
+        {SourceKind::PlayLists, {"EGLL", "", "u", ""}, "", {}},
+        {SourceKind::LiveATC,
+         {"EGLL", "", "u", "12"},
+         "Invalid Frequency format!  Frequency must be entered as ###.##",
+         {txtFreq, 0, 0}},
+        {SourceKind::LiveATC, {"EGLL", "", "u", "118.0"}, "", {}},
+        {SourceKind::LiveATC, {"EGLL", "", "u", "123456"}, digits, {txtFreq, 0, 0}},
+        {SourceKind::LiveATC, {"EGLL", "", "u", "118.53"}, digits, {txtFreq, 0, 0}},
+        {SourceKind::LiveATC, {"EGLL", "", "u", "117.95"}, digits, {txtFreq, 0, 0}},
+        {SourceKind::LiveATC, {"EGLL", "", "u", "137.00"}, digits, {txtFreq, 0, 0}},
+        {SourceKind::LiveATC, {"EGLL", "", "u", "136.97"}, "", {}},
+        {SourceKind::LiveATC,
+         {"EGLL", "", "u", "121.50"},
+         "Frequency 121.50 is already in use!",
+         {txtFreq, 0, 6}},
+    };
+    for (const auto& row : rows) {
+        frmAddATC form;
+        form.Kind = row.kind;
+        form.Texts = row.texts;
+        form.lstAdd = {"121.50"};
+        const auto fault = FindFault(form);
+        SCOPED_TRACE(row.texts[0] + "|" + row.texts[1] + "|" + row.texts[3]);
+        EXPECT_EQ(fault ? fault->Text : "", row.text);
+        if (!fault) continue;
+        EXPECT_EQ(fault->Where.Box, row.where.Box);
+        EXPECT_EQ(fault->Where.SelStart, row.where.SelStart);
+        EXPECT_EQ(fault->Where.SelLength, row.where.SelLength);
+    }
+    for (const auto& [box, text] :
+         {std::pair(txtURL, "a|b"), std::pair(txtCity, "a\r\nEGLL|x|y|"), std::pair(txtICAO, "//A")}) {
+        frmAddATC form;
+        form.Texts = {"EGLL", "c", "u", ""};
+        form[box] = text;
+        EXPECT_EQ(FindFault(form).value_or(EntryFault{}).Title, "Invalid character") << text;
+    }
+}
+
+TEST(EntryKeys, EachBoxLetsItsOwnKeysThrough) {
+    const struct {
+        AddBox box;
+        int key;
+        int gives;
+        std::string text = "x";
+        int previous = 'x';
+    } rows[] = {
+        {txtICAO, 'k', 'K'},        {txtICAO, '-', RefusedKey},
+        {txtICAO, '0', '0'},        {txtICAO, 8, 8},
+        {txtICAO, 22, 22},          {txtFreq, '1', '1'},
+        {txtFreq, '.', '.'},        {txtFreq, ' ', ' '},
+        {txtFreq, 'a', RefusedKey}, {txtFreq, 8, 8},
+        {txtFreq, 15, RefusedKey},  {txtCity, 'a', 'a'},
+        {txtCity, 'a', 'A', ""},    {txtCity, 'a', 'A', "New ", ' '},
+        {txtCity, 0xE9, 0xC9, ""},  {txtCity, 12, RefusedKey},
+        {txtCity, 13, 13},          {txtCity, 22, 22},
+        {txtURL, '?', RefusedKey},  {txtURL, '<', RefusedKey},
+        {txtURL, ';', ';'},         {txtURL, 'a', 'a', ""},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(KeyPress(row.box, row.key, row.text, row.previous), row.gives)
+            << static_cast<int>(row.box) << " " << row.key;
+}
+
+TEST_F(Upkeep, EachKindPresetsItsBoxes) {
+    program->mnuAddATC_Click();
+    EXPECT_EQ(form()[txtURL], services::LiveAtcFeedPrefix);
+    Choose(SourceKind::InternetRadio);
+    EXPECT_EQ(form()[txtURL] + form()[txtCity], std::string(services::LiveAtcFeedPrefix) + "Radio - ");
+    Choose(SourceKind::LiveATC);
+    EXPECT_EQ(form()[txtURL] + form()[txtCity], "http://");
+    Choose(SourceKind::WaveFiles);
+    prompts.answer = "C:\\rec\\one\\a.wav";
+    program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdBrowse_Click(); });
+    EXPECT_EQ(form()[txtURL], "C:\\rec\\one\\");
+    EXPECT_TRUE(form().cmdBrowseVisible);
+    prompts.answer = "";
+    program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdBrowse_Click(); });
+    EXPECT_EQ(form()[txtURL], "C:\\rec\\one\\") << "a cancelled file dialog";
+}
+
+TEST_F(Upkeep, AnAddedFeedIsALineAndIsTunedTo) {
+    Write("Quillon\\live_atc_feeds.txt", "CYYZ|Toronto|http://a.example/|118.70"); // no line end
+    program->mnuAddATC_Click();
+    EXPECT_EQ(timers(), "5");
+    program->Timer_Timer(5);
+    program->mnuRange_Click();
+    EXPECT_TRUE(prompts.asked.first.empty()) << "another command ran behind the dialog";
+    Type(txtICAO, "EGLL");
+    Type(txtURL, "http://b.example/");
+    Type(txtFreq, "121.50");
+    Add();
+    Type(txtICAO, "EGLL");
+    Type(txtFreq, "121.50");
+    Add();
+    EXPECT_EQ(prompts.messages.back().text, "Frequency 121.50 is already in use!");
+    EXPECT_EQ(file(), "CYYZ|Toronto|http://a.example/|118.70\r\nEGLL||http://b.example/|121.50\r\n");
+    Close();
+    EXPECT_EQ(timers(), "15");
+    simulator.FlyTo(51.01, -1.01);
+    TuneTo("121.50");
+    EXPECT_EQ(player.url, "http://b.example/");
+}
+
+TEST_F(Upkeep, AFailedWriteLeavesTheCatalogueAndSaysSo) {
+    program->mnuAddATC_Click();
+    MakeFolder("Quillon\\live_atc_feeds.txt.new"); // stands in the way of writing
+    const std::string before = file();
+    Type(txtICAO, "EGLL");
+    Type(txtFreq, "121.50");
+    Add();
+    EXPECT_EQ(file(), before);
+    ASSERT_FALSE(prompts.messages.empty());
+    EXPECT_NE(prompts.messages.back().text.find("EGLL||http://feeds.example/|121.50"), std::string::npos);
+    EXPECT_NE(Read("Quillon\\Trace.log").find("Opening "), std::string::npos);
+    EXPECT_EQ(form()[txtICAO] + form()[txtFreq], "");
+    EXPECT_EQ(std::count(form().lstAdd.begin(), form().lstAdd.end(), "121.50"), 0) << "it may be tried again";
+}
+
+TEST_F(Upkeep, AFolderOfRecordingsHandsBackAfterAReload) {
+    Write("Quillon\\live_atc_feeds.txt", "CYYZ|Wav - Toronto|" + folder + "\\Quillon\\ATC\\CYYZ_T|118.70\r\n");
+    program->mnuAddATC_Click();
+    Close();
+    TuneTo("118.70");
+    ASSERT_EQ(timers(), "35");
+    program->mnuAddATC_Click();
+    Close();
+    EXPECT_EQ(timers(), "15");
+    Tick();
+    EXPECT_EQ(timers(), "35") << "found again";
+}
+
+TEST_F(Upkeep, BackupAndRestoreKeepBothFiles) {
+    const std::string mine = file();
+    prompts.yes = false;
+    program->mnuBackup_Click();
+    EXPECT_FALSE(state().form.mnuRestoreEnabled);
+    prompts.yes = true;
+    program->mnuBackup_Click();
+    EXPECT_EQ(Read("Quillon\\live_atc_feeds.bak"), mine);
+    EXPECT_NE(files.stamped.find("live_atc_feeds.bak"), std::string::npos);
+    EXPECT_TRUE(state().form.mnuRestoreEnabled);
+
+    Write("Quillon\\live_atc_feeds.txt", "EGLL|x|http://x.example/|121.50\r\n");
+    program->mnuRestore_Click();
+    EXPECT_EQ(file(), mine);
+    ASSERT_EQ(files.bin.size(), 1U);
+    EXPECT_EQ(state().form.lvwDB.Items().size(), 8U);
+
+    DeleteFileAt(At("Quillon\\live_atc_feeds.bak"));
+    program->mnuRestore_Click();
+    EXPECT_EQ(files.bin.back(), mine);
+    EXPECT_NE(prompts.messages.back().text.find("File not found\r\rThe old catalogue lies in the Recycle Bin."),
+              std::string::npos);
+}
+
+TEST_F(Upkeep, EditingStopsEverythingButTheWayOut) {
+    DeleteFileAt(At("Quillon\\live_atc_feeds.txt"));
+    shell.ended = false;
+    int slices = 0;
+    clock.events = [&] {
+        EXPECT_EQ(timers(), "5");
+        program->mnuRange_Click();
+        program->Timer_Timer(5);
+        shell.ended = ++slices == 3;
+        return true;
+    };
+    program->mnuEditData_Click();
+    EXPECT_EQ(slices, 3);
+    EXPECT_TRUE(prompts.asked.first.empty());
+    EXPECT_EQ(timers(), "15");
+    EXPECT_TRUE(state().form.lvwDB.Items().empty());
+
+    shell.ended = false;
+    clock.events = [&] {
+        program->mnuQuit_Click();
+        return false;
+    };
+    program->mnuEditData_Click();
+    EXPECT_TRUE(state().Ended);
+}
+
+} // namespace
+} // namespace quillon
