@@ -130,7 +130,7 @@ std::string Field(const Words& words) {
     const int wanted = static_cast<int>(NumberArgument(words[0]));
     HWND edit = TheChild(
         TopBox(), [&](HWND child) { return GetDlgCtrlID(child) == wanted; }, words[0]);
-    return words.size() == 1 ? TextOf(edit) : Enter(edit, Rest(words, 1));
+    return words.size() == 1 ? TextOf(edit) : Enter(edit, Rest(words, 1).substr(1));
 }
 
 std::string PickEntry(const Words& words) {

@@ -321,8 +321,10 @@ void MainWindow::SyncVisibility() {
 
 /// The window itself stays in reach: it can be moved and closed.
 void MainWindow::SyncBusy() {
-    if (busy_ == program_->State().Busy) return;
-    busy_ = program_->State().Busy;
+    const ProgramState& state = program_->State();
+    const bool busy = state.Busy && !state.addFeed.Visible; // that dialog blocks the window as a whole
+    if (busy_ == busy) return;
+    busy_ = busy;
     if (busy_ && IsChild(window_, GetFocus())) focus_ = GetFocus();
     for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
         if (GetDlgCtrlID(child) != IdQuit) EnableWindow(child, busy_ ? FALSE : TRUE);

@@ -1,0 +1,139 @@
+"""Adding, backing up, restoring and editing feeds with the real Quillon.exe, and its small dialogs."""
+import os
+import sys
+import time
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from world.feeds import FEEDS
+from world.processes import wait_until
+from world.world import World
+
+TORONTO, LONDON, NEW_YORK = FEEDS
+ADD, BACKUP, RESTORE, EDIT, HELP, FOLDERS, ABOUT, RANGE = 2011, 2012, 2013, 2014, 2015, 2016, 2017, 2006
+LIVE, RADIO, PLAYLIST, WAVES, ICAO, CITY, URL, FREQ = 1601, 1602, 1603, 1604, 1611, 1612, 1613, 1614
+OK, CANCEL, YES, NO = 1, 2, 6, 7
+ESCAPE, CONTROL, HOME, SHIFT, DOWN, DELETE, KEY_S = 0x1B, 0x11, 0x24, 0x10, 0x28, 0x2E, 0x53
+
+
+class Upkeep(unittest.TestCase):
+    """One sitting; the tests are its steps, in order."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.world = World()
+        cls.addClassCleanup(cls.world.close)
+        cls.world.start_simulator("--lat", "51.477", "--lon", "-0.461")
+        cls.world.start_quillon()
+        cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
+        cls.catalogue = cls.world.data / "live_atc_feeds.txt"
+
+    def box(self, expected):
+        return self.copilot.await_text("boxes", lambda boxes: expected in boxes)
+
+    def shot(self, name):
+        if os.environ.get("SHOTS"):
+            time.sleep(0.3)
+            self.world.screenshot(Path(os.environ["SHOTS"]) / f"{name}.png")
+
+    def close_by_keyboard(self, title):
+        self.box(title)
+        self.shot(title.replace(" ", "-"))
+        self.copilot.ask(f"key {ESCAPE}")
+        self.copilot.await_text("boxes", lambda boxes: title not in boxes)
+
+    def fill(self, kind, **texts):
+        self.copilot.ask(f"press {kind}")
+        for name, text in texts.items():
+            self.copilot.ask(f"field {globals()[name]} ={text}")
+        self.copilot.ask(f"press {OK}")
+
+    def test_1_every_refusal_is_told(self):
+        self.copilot.ask(f"command {ADD}")
+        self.box("Add Feed|")
+        self.assertEqual(self.copilot.ask(f"field {URL}"), "http://feeds.example/")
+        for texts, title in (({"ICAO": "EG"}, "ICAO - Invalid format"),
+                             ({"ICAO": "EGLL", "FREQ": "118"}, "Frequency - Invalid format"),
+                             ({"FREQ": "118.53"}, "Frequency - Invalid format"),
+                             ({"FREQ": TORONTO.frequency}, "Available Frequencies"),
+                             ({"FREQ": "", "CITY": ""}, "Missing Data"),
+                             ({"CITY": "a|b"}, "Invalid character")):
+            self.fill(LIVE, **texts)
+            self.close_by_keyboard(title)
+
+    def test_2_a_feed_of_each_kind_is_added(self):
+        address = self.world.feeds.address
+        waves = "C:\\users\\" + self.world.data.parts[-4] + "\\AppData\\Roaming\\Quillon\\ATC\\"
+        (self.world.data / "list.wpl").write_text(
+            f'<smil><body><seq><media src="{address(NEW_YORK)}"/></seq></body></smil>')
+        chatter = next(path for path in (self.world.data / "ATC").iterdir() if path.is_dir()).name
+        self.fill(LIVE, ICAO="EGLL", CITY="Added Tower", URL=address(TORONTO), FREQ="120.00")
+        self.fill(RADIO, ICAO="EGLL", CITY="Radio - Added", URL=address(LONDON), FREQ="120.05")
+        self.fill(PLAYLIST, ICAO="EGLL", CITY="Playlist Added", URL=waves[:-4] + "list.wpl", FREQ="120.10")
+        self.fill(WAVES, ICAO="EGLL", CITY="Wav - Added", URL=waves + chatter + "\\", FREQ="120.15")
+        wait_until("four feeds", lambda: b"|120.15\r\n" in self.catalogue.read_bytes(), 8)
+        self.close_by_keyboard("Add Feed")
+        for frequency, heard in (("120.00", TORONTO.icao), ("120.05", LONDON.icao), ("120.10", NEW_YORK.icao)):
+            self.copilot.ask(f"tune com2stby {frequency}")
+            self.ear.await_(heard)
+        self.copilot.ask("tune com2stby 120.15")
+        self.copilot.await_text("panel 3", "EGLL - Wav - Added")
+
+    def test_3_backup_and_restore_go_through_the_recycle_bin(self):
+        mine = self.catalogue.read_bytes()
+        self.copilot.ask(f"command {BACKUP}")
+        self.box("Please confirm you want to backup")
+        self.copilot.ask(f"press {YES}")
+        self.close_by_keyboard("Success")
+        self.assertEqual((self.world.data / "live_atc_feeds.bak").read_bytes(), mine)
+        self.catalogue.write_bytes(b"EGLL|Spoilt|http://x.example/|118.20\r\n")
+        self.restore()
+        wait_until("the old catalogue", lambda: self.catalogue.exists() and self.catalogue.read_bytes() == mine, 8)
+        trash = self.world.folder / "home/.local/share/Trash/files"
+        self.assertIn(b"Spoilt", b"".join(path.read_bytes() for path in trash.iterdir()))
+        (self.world.data / "live_atc_feeds.bak").unlink()
+        self.restore()
+        self.close_by_keyboard("Restore Error")
+        self.catalogue.write_bytes(mine)
+
+    def restore(self):
+        self.copilot.ask(f"command {RESTORE}")
+        self.box("Restoring will move")
+        self.copilot.ask(f"press {YES}")
+        self.box("Confirm file deletion")
+        self.copilot.ask(f"press {YES}")
+
+    def test_4_notepad_edits_while_the_window_lives(self):
+        self.copilot.ask(f"command {EDIT}")
+        self.copilot.ask("wait Notepad 20000")
+        self.copilot.await_text("enabled 1001", "0")
+        self.copilot.ask(f"command {RANGE}")  # without effect
+        rows = self.catalogue.read_bytes().count(b"\n")
+        for keys in ((CONTROL, HOME), (SHIFT, DOWN), (DELETE,), (CONTROL, KEY_S)):
+            for key in keys[:-1]:
+                self.copilot.ask(f"hold {key}")
+            self.copilot.ask(f"key {keys[-1]}")
+            for key in keys[:-1]:
+                self.copilot.ask(f"release {key}")
+        wait_until("a shorter file", lambda: self.catalogue.read_bytes().count(b"\n") == rows - 1, 8)
+        self.assertEqual(self.copilot.ask("boxes"), "")
+        self.copilot.ask("close Notepad")
+        self.copilot.await_text("enabled 1001", "1")
+
+    def test_5_small_dialogs_open_and_close_by_keyboard(self):
+        for command, title in ((FOLDERS, "Program Folders"), (ABOUT, "About Quillon")):
+            self.copilot.ask(f"command {command}")
+            self.close_by_keyboard(title)
+
+    def test_6_closing_leaves_notepad_alone(self):
+        self.copilot.ask(f"command {EDIT}")
+        self.copilot.ask("wait Notepad 20000")
+        self.copilot.ask("close QuillonMain")
+        self.assertEqual(self.world.quillon.wait(20), 0)
+        self.copilot.ask("title Notepad")
+        self.copilot.ask("close Notepad")
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
