@@ -1,7 +1,6 @@
 #include "catalogue/Folders.h"
 
 #include <algorithm>
-#include <system_error>
 
 namespace quillon {
 
@@ -10,8 +9,7 @@ namespace {
 std::string FindAppPath(const InstallationFolders& installations) {
     const auto found = std::find_if(installations.begin(), installations.end(), FolderExists);
     if (found != installations.end()) return std::string(*found);
-    std::error_code ignored;
-    return TextOf(std::filesystem::current_path(ignored)) + "\\";
+    return CurrentFolder() + "\\";
 }
 
 } // namespace

@@ -9,30 +9,9 @@ namespace quillon {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-/// Nothing for a name that is not well-formed Unicode, which no path could be made of.
-std::optional<std::string> WaveName(const fs::directory_entry& entry) {
-    try {
-        const std::string name = TextOf(entry.path().filename());
-        std::error_code ignored;
-        if (LCase(Right(name, 4)) == ".wav" && entry.is_regular_file(ignored)) return name;
-    } catch (const std::system_error&) {
-    }
-    return std::nullopt;
-}
-
-/// Whether a path leads to the same place wherever one starts. GCC's library takes network paths for relative
-/// ones.
-bool IsWhole(const std::string& path) {
-    return path.starts_with("\\\\") || PathOf(path).is_absolute();
-}
-
-std::vector<std::string> WaveFilesOf(const fs::path& folder) {
-    std::vector<std::string> names;
-    std::error_code failure;
-    for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end; entry.increment(failure))
-        if (auto name = WaveName(*entry)) names.push_back(std::move(*name));
+std::vector<std::string> WaveFilesOf(const std::string& folder) {
+    std::vector<std::string> names = FileNamesIn(folder);
+    std::erase_if(names, [](const std::string& name) { return LCase(Right(name, 4)) != ".wav"; });
     std::sort(names.begin(), names.end(),
               [](const std::string& a, const std::string& b) { return LCase(a) < LCase(b); });
     return names;
@@ -52,8 +31,8 @@ void RefillShuffleBag(ProgramState& state) {
     chatter.List4.clear();
     state.StartupStep = "Adding Wave Files";
     const std::string prefix = chatter.File1Path + "\\"; // "C:" alone would be wherever drive C happens to be
-    if (!IsWhole(prefix)) return;
-    for (const std::string& name : WaveFilesOf(PathOf(prefix))) {
+    if (!IsWholePath(prefix)) return;
+    for (const std::string& name : WaveFilesOf(chatter.File1Path)) {
         chatter.List3.push_back(prefix + name);
         state.StartupStep = "Adding " + chatter.List3.back();
     }

@@ -1,25 +1,22 @@
 #include "player/FileSource.h"
 
 #include "player/ContentKind.h"
-#include "runtime/Files.h"
+#include "runtime/RuntimeError.h"
 
 namespace quillon {
-
-FileSource::FileSource(const std::string& path) : path_(path), file_(PathOf(path), std::ios::binary) {}
 
 bool FileSource::AnnouncesPlaylist() const {
     return quillon::AnnouncesPlaylist({}, path_);
 }
 
 Got FileSource::Read(std::span<std::uint8_t> room) {
-    if (!file_) return {Supply::Failed};
-    file_.read(reinterpret_cast<char*>(room.data()), static_cast<std::streamsize>(room.size()));
-    const auto count = static_cast<std::size_t>(file_.gcount());
-    if (count > 0) {
-        if (file_.eof()) file_.clear(); // so that the next call finds the end
-        return {Supply::Bytes, count};
+    try {
+        if (!file_) file_.emplace(path_);
+        const std::size_t count = file_->Read({reinterpret_cast<char*>(room.data()), room.size()});
+        return {count > 0 ? Supply::Bytes : Supply::End, count};
+    } catch (const RuntimeError&) {
+        return {Supply::Failed};
     }
-    return {file_.bad() || !file_.eof() ? Supply::Failed : Supply::End};
 }
 
 } // namespace quillon

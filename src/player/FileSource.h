@@ -1,8 +1,9 @@
 #pragma once
 
 #include "player/ByteSource.h"
+#include "runtime/Files.h"
 
-#include <fstream>
+#include <optional>
 #include <string>
 
 namespace quillon {
@@ -11,7 +12,7 @@ namespace quillon {
 class FileSource : public ByteSource {
   public:
     /// `path` is UTF-8 text. A file that cannot be opened fails when it is read.
-    explicit FileSource(const std::string& path);
+    explicit FileSource(const std::string& path) : path_(path) {}
 
     Got Read(std::span<std::uint8_t> room) override;
     bool IsLive() const override { return false; }
@@ -20,7 +21,7 @@ class FileSource : public ByteSource {
 
   private:
     std::string path_;
-    std::ifstream file_;
+    std::optional<FileReader> file_; // opened by the first reading
 };
 
 } // namespace quillon

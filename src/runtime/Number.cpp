@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 #include <cmath>
 #include <limits>
 
@@ -49,11 +50,8 @@ double ParseDecimal(std::string digits) {
     if (!digits.empty() && digits[0] == '+') digits.erase(0, 1);
     std::replace_if(
         digits.begin(), digits.end(), [](char c) { return c == 'D' || c == 'd'; }, 'E');
-    double value = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    // from_chars reports too large and too small alike; only the first is an error here.
-    const bool tiny = digits.find("E-") != std::string::npos || digits.find("e-") != std::string::npos;
-    if (result.ec == std::errc::result_out_of_range) return tiny ? 0 : (Raise(Overflow), 0);
+    const double value = std::strtod(digits.c_str(), nullptr); // the program never leaves the "C" locale
+    if (std::isinf(value)) Raise(Overflow);
     return value;
 }
 

@@ -3,7 +3,7 @@
 #include "runtime/Number.h"
 
 #include <algorithm>
-#include <charconv>
+#include <cstdio>
 #include <cstring>
 
 namespace quillon {
@@ -49,8 +49,9 @@ std::string DecodeFrequency(std::uint8_t high, std::uint8_t low, bool& zero_inse
 
 std::string DegreesText(double degrees) {
     char digits[64];
-    const auto end = std::to_chars(digits, digits + sizeof digits, degrees, std::chars_format::fixed, 12).ptr;
-    std::string text(digits, end);
+    const int length = std::snprintf(digits, sizeof digits, "%.12f", degrees);
+    std::string text(digits,
+                     static_cast<std::size_t>(std::clamp(length, 0, static_cast<int>(sizeof digits) - 1)));
     text.erase(std::max(text.find_last_not_of('0') + 1, text.find('.') + 2));
     return text == "-0.0" ? "0.0" : text;
 }

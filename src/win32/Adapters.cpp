@@ -133,11 +133,8 @@ bool WinUserFiles::SetFileDateTime(const std::string& path, TimePoint local) {
 }
 
 std::string WinShell::ApplicationDataFolder() {
-    PWSTR path = nullptr;
-    std::string folder;
-    if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_RoamingAppData, 0, nullptr, &path))) folder = Narrow(path);
-    CoTaskMemFree(path);
-    return folder;
+    std::array<wchar_t, MAX_PATH> path{};
+    return SHGetSpecialFolderPathW(nullptr, path.data(), CSIDL_APPDATA, FALSE) ? Narrow(path.data()) : "";
 }
 
 std::string WinShell::ProgramFolder() {

@@ -2,11 +2,26 @@
 
 #include "runtime/Files.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
 
 namespace quillon {
+
+/// A path of ours as the standard library wants it on this system, and one of the library's as ours.
+inline std::filesystem::path PathOf(std::string_view text) {
+    std::u8string path(text.begin(), text.end());
+#ifndef _WIN32
+    std::replace(path.begin(), path.end(), u8'\\', u8'/');
+#endif
+    return {path};
+}
+inline std::string TextOf(const std::filesystem::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
 
 /// A test with an empty folder of its own, whose name is not ASCII. It is removed afterwards.
 class TempFolder : public testing::Test {

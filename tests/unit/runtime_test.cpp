@@ -1,5 +1,6 @@
 // Numbers and texts follow the classic runtime's rules, whatever the user's locale.
 #include "ErrorOf.h"
+#include "TempFolder.h"
 #include "runtime/ErrorTrap.h"
 #include "runtime/Files.h"
 #include "runtime/Number.h"
