@@ -28,6 +28,7 @@ class Upkeep(unittest.TestCase):
         cls.world.start_quillon()
         cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
         cls.catalogue = cls.world.data / "live_atc_feeds.txt"
+        cls.opened = cls.world.prefix.use_browser()
 
     def box(self, expected):
         return self.copilot.await_text("boxes", lambda boxes: expected in boxes)
@@ -122,6 +123,8 @@ class Upkeep(unittest.TestCase):
         self.copilot.await_text("enabled 1001", "1")
 
     def test_5_small_dialogs_open_and_close_by_keyboard(self):
+        self.copilot.ask(f"command {HELP}")
+        wait_until("the help pages", lambda: self.opened.exists() and "help/index.html" in self.opened.read_text(), 8)
         for command, title in ((FOLDERS, "Program Folders"), (ABOUT, "About Quillon")):
             self.copilot.ask(f"command {command}")
             self.close_by_keyboard(title)
