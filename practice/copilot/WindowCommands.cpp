@@ -1,5 +1,6 @@
 #include "Commands.h"
 #include "Windows.h"
+#include "win32/Handle.h"
 #include "win32/Utf16.h"
 
 namespace practice {
@@ -181,6 +182,13 @@ std::string Close(const Words& words) {
     return Post(TheTopLevel(Wide(words[0])), WM_CLOSE);
 }
 
+std::string Kill(const Words& words) {
+    const quillon::Handle<HANDLE, CloseHandle> process(
+        OpenProcess(PROCESS_TERMINATE, FALSE, ProcessOf(TheTopLevel(Wide(words[0])))));
+    if (!TerminateProcess(process.Get(), 9)) throw Failure("the process goes on");
+    return "ok";
+}
+
 } // namespace
 
 const std::vector<Command> WindowCommands = {
@@ -190,7 +198,7 @@ const std::vector<Command> WindowCommands = {
     {"boxes", 0, 0, ShowBoxes}, {"press", 1, 1, Press},         {"wait", 2, 2, Wait},
     {"pid", 1, 1, Pid},         {"close", 1, 1, Close},         {"move", 3, 3, Move},
     {"answer", 0, 99, Answer},  {"pick", 2, 2, PickEntry},      {"hold", 1, 1, Hold},
-    {"release", 1, 1, Release}, {"field", 1, 99, Field},
+    {"release", 1, 1, Release}, {"field", 1, 99, Field},        {"kill", 1, 1, Kill},
 };
 
 } // namespace practice

@@ -1,23 +1,69 @@
 #include "app/RegionalNumbers.h"
 
+#include "runtime/Files.h"
+#include "runtime/RuntimeError.h"
+
 namespace quillon {
+
+namespace {
 
 using Separator = RegionalSettings::Separator;
 
-void RegionalNumbers::ReadAndReplace() {
+constexpr const char* OurDecimal = ".";
+constexpr const char* OurThousand = ",";
+
+/// The note of a run that did not come to its end; empty when there is none.
+std::string ReadNote(const std::string& path) {
+    try {
+        return FileExists(path) ? ReadFile(path) : "";
+    } catch (const RuntimeError&) {
+        return "";
+    }
+}
+
+} // namespace
+
+void RegionalNumbers::ReadAndReplace(const std::string& note_path) {
+    note_path_ = note_path;
     SavedDecimal = settings_.Read(Separator::Decimal);
     SavedThousand = settings_.Read(Separator::Thousand);
+    Recover(ReadNote(note_path_));
     // An unreadable separator is left alone: it could not be put back.
-    DecimalChanged = !SavedDecimal.empty() && SavedDecimal != ".";
-    ThousandChanged = !SavedThousand.empty() && SavedThousand != ",";
-    if (DecimalChanged) settings_.Write(Separator::Decimal, ".");
-    if (ThousandChanged) settings_.Write(Separator::Thousand, ",");
+    DecimalChanged = !SavedDecimal.empty() && SavedDecimal != OurDecimal;
+    ThousandChanged = !SavedThousand.empty() && SavedThousand != OurThousand;
+    if (!WriteNote()) DecimalChanged = ThousandChanged = false;
+    if (DecimalChanged) settings_.Write(Separator::Decimal, OurDecimal);
+    if (ThousandChanged) settings_.Write(Separator::Thousand, OurThousand);
+}
+
+/// A note holds the decimal separator and, behind a line feed, the thousands separator. It counts where the
+/// separator in force is still ours; another one the user has chosen since.
+void RegionalNumbers::Recover(const std::string& note) {
+    const std::size_t end = note.find('\n');
+    if (end == std::string::npos) return;
+    if (SavedDecimal == OurDecimal) SavedDecimal = note.substr(0, end);
+    if (SavedThousand == OurThousand) SavedThousand = note.substr(end + 1);
+}
+
+bool RegionalNumbers::WriteNote() const {
+    try {
+        if (DecimalChanged || ThousandChanged) ReplaceFile(note_path_, SavedDecimal + "\n" + SavedThousand);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
 }
 
 void RegionalNumbers::Restore() {
+    const bool changed = DecimalChanged || ThousandChanged;
     if (DecimalChanged) settings_.Write(Separator::Decimal, SavedDecimal);
     if (ThousandChanged) settings_.Write(Separator::Thousand, SavedThousand);
     DecimalChanged = ThousandChanged = false;
+    try {
+        if (changed) DeleteFileAt(note_path_);
+    } catch (const RuntimeError&) {
+        // A note that stays behind does no harm: it only counts while our separators are in force.
+    }
 }
 
 } // namespace quillon

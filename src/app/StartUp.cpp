@@ -43,7 +43,7 @@ void StartUp::SetUpForm() {
     form.lvwDB.Clear();
     form.lvwDB.ToolTipText = " Click on a column header to sort by column. Click again to change sort order "
                              "(ascending or decending) ";
-    parts_.regional.ReadAndReplace();
+    parts_.regional.ReadAndReplace(DataFolder(ports_.shell) + "Quillon.separators");
     state_.radio.PreviousFrequency = ForcedFrequency;
     state_.radio.MasterFrequency = UnreadFrequency;
     for (std::size_t i = 0; i < PanelWidths.size(); ++i) form.StatusBar1[i].WidthTwips = PanelWidths[i];

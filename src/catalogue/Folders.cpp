@@ -14,17 +14,20 @@ std::string FindAppPath(const InstallationFolders& installations) {
 
 } // namespace
 
+std::string DataFolder(Shell& shell) {
+    const std::string all = shell.ApplicationDataFolder() + "\\";
+    return FolderExists(all + "Quillon") ? all + "Quillon\\" : all;
+}
+
 bool FindFolders(Folders& folders, std::string& startup_step, Shell& shell,
                  const InstallationFolders& installations) {
     startup_step = "Setting Application Path";
     folders.AppPath = FindAppPath(installations);
     startup_step = "Getting the DataPath";
-    folders.DataPath = shell.ApplicationDataFolder() + "\\";
+    folders.DataPath = DataFolder(shell);
     startup_step = "Verify Data Path";
-    const bool found = FolderExists(folders.DataPath + "Quillon");
-    if (found) folders.DataPath += "Quillon\\";
     folders.WavePath = folders.DataPath + "ATC\\";
-    return found;
+    return folders.DataPath != shell.ApplicationDataFolder() + "\\";
 }
 
 } // namespace quillon

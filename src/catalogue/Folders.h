@@ -15,8 +15,12 @@ using InstallationFolders = std::array<std::string_view, 2>;
 inline constexpr InstallationFolders DefaultInstallationFolders{"C:\\Program Files\\Quillon\\",
                                                                 "C:\\Program Files (x86)\\Quillon\\"};
 
+/// The folder "Quillon" in the user's application data, or that folder itself when there is none. Ends in a
+/// backslash.
+std::string DataFolder(Shell& shell);
+
 /// Finds `AppPath`, the first installation folder that exists, else the current directory; `DataPath`, the
-/// folder "Quillon" in the user's application data, else that folder itself; and `WavePath`, the folder "ATC"
+/// data folder; and `WavePath`, the folder "ATC"
 /// in `DataPath`. Returns whether the program's own data folder exists.
 bool FindFolders(Folders& folders, std::string& startup_step, Shell& shell,
                  const InstallationFolders& installations = DefaultInstallationFolders);

@@ -1,4 +1,6 @@
 #include "win32/Adapters.h"
+#include "win32/ControlIds.h"
+#include "win32/Handle.h"
 #include "win32/MainWindow.h"
 #include "win32/StreamPlayer.h"
 #include "win32/Utf16.h"
@@ -17,10 +19,28 @@ std::string Arguments() {
     return quillon::Narrow(text);
 }
 
+/// Whether no other Quillon runs, as the mark tells that each holds while it runs. The window of one that does
+/// is brought forward; one that is just ending is waited for.
+bool IsTheOnlyOne(HANDLE mark) {
+    constexpr DWORD WaitMs = 6000; // longer than a start takes to show its window
+    constexpr DWORD SliceMs = 100;
+    for (DWORD waited = 0; waited < WaitMs; waited += SliceMs) {
+        if (WaitForSingleObject(mark, SliceMs) != WAIT_TIMEOUT) return true;
+        HWND other = FindWindowW(quillon::MainWindowClass, nullptr);
+        if (other == nullptr || !IsWindowVisible(other)) continue;
+        if (IsIconic(other)) ShowWindowAsync(other, SW_RESTORE);
+        SetForegroundWindow(GetLastActivePopup(other));
+        break;
+    }
+    return false;
+}
+
 } // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     using namespace quillon;
+    const Handle<HANDLE, CloseHandle> mark(CreateMutexW(nullptr, FALSE, L"Local\\Quillon.Running"));
+    if (!IsTheOnlyOne(mark.Get())) return 0;
     MainWindow window;
     WinMessageLink link;
     WinSharedMemory memory;

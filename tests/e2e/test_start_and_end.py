@@ -36,10 +36,21 @@ class Starts(unittest.TestCase):
     def test_separators_are_changed_for_the_run_only(self):
         for name, text in (("sDecimal", ","), ("sThousand", ".")):
             self.world.prefix.run("reg", "add", INTERNATIONAL, "/v", name, "/d", text, "/f")
-        quillon = self.world.start_quillon()
-        self.assertEqual(self.separators(), [".", ","])
-        self.close(quillon)
+        for crash in (True, False):
+            quillon = self.world.start_quillon()
+            self.assertEqual(self.separators(), [".", ","])
+            if crash:
+                self.copilot.ask("kill QuillonMain")
+            else:
+                self.close(quillon)
+            quillon.wait(20)
         self.assertEqual(self.separators(), [",", "."])
+
+    def test_a_second_start_leaves_everything_to_the_first(self):
+        quillon = self.world.start_quillon()
+        self.assertEqual(self.world.start("Quillon.exe").wait(20), 0)
+        self.assertIsNone(quillon.poll())
+        self.close(quillon)
 
     def test_without_a_simulator_the_window_looks_for_one_and_finds_it(self):
         quillon = self.world.start_quillon()

@@ -28,6 +28,21 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     EXPECT_EQ(regional.writes, 4); // the way out is taken once
 }
 
+TEST_F(Flight, TheNextRunPutsACrashedOnesSeparatorsBack) {
+    for (const std::string chosen_since : {"", "'"}) {
+        regional.decimal = ",";
+        regional.thousand = ".";
+        Start();
+        program.reset(); // a crash: nothing is put back
+        if (!chosen_since.empty()) regional.decimal = chosen_since;
+        Start();
+        EXPECT_EQ(regional.decimal + regional.thousand, ".,");
+        program->mnuQuit_Click();
+        EXPECT_EQ(regional.decimal + regional.thousand, (chosen_since.empty() ? "," : chosen_since) + ".");
+        EXPECT_FALSE(FileExists(At("Quillon\\Quillon.separators")));
+    }
+}
+
 TEST_F(Flight, StartVolumeIsANumberFromOneToAHundred) {
     const std::pair<const char*, int> rows[] = {{"100", 100}, {"1", 1},   {" 30 ", 30}, {"101", 0},  {"0", 0},
                                                 {"-5", 0},    {"abc", 0}, {"", 0},      {"1e999", 0}};
