@@ -107,7 +107,16 @@ void FeedListCommands::PickSelectedFeed(const FeedRecord& picked) {
 }
 
 void FeedListCommands::lvwDB_DblClick() {
-    if (state_.form.optManual() || !keyboard_.IsDown(ControlKey)) return;
+    if (keyboard_.IsDown(ControlKey)) mnuTuneFeed_Click();
+}
+
+void FeedListCommands::mnuCopyAddress_Click() {
+    const auto selected = state_.form.lvwDB.Selected();
+    if (selected) shell_.CopyText(state_.form.lvwDB.Items()[*selected].URL);
+}
+
+void FeedListCommands::mnuTuneFeed_Click() {
+    if (state_.form.optManual()) return;
     trap_.Run("Set Feed Errors", Icon::Exclamation, [this] {
         state_.StartupStep = "Set Feed Details";
         TuneToSelectedFeed();

@@ -3,6 +3,7 @@
 #include "ports/Keyboard.h"
 #include "ports/MediaPlayer.h"
 #include "ports/Prompts.h"
+#include "ports/Shell.h"
 #include "runtime/ErrorTrap.h"
 #include "simlink/RadioTuning.h"
 #include "state/ProgramState.h"
@@ -16,11 +17,12 @@ namespace quillon {
 class FeedListCommands {
   public:
     FeedListCommands(ProgramState& state, MediaPlayer& player, Prompts& prompts, Keyboard& keyboard,
-                     RadioTuning& tuning, ErrorTrap& trap)
+                     Shell& shell, RadioTuning& tuning, ErrorTrap& trap)
         : state_(state),
           player_(player),
           prompts_(prompts),
           keyboard_(keyboard),
+          shell_(shell),
           tuning_(tuning),
           trap_(trap) {}
 
@@ -29,6 +31,11 @@ class FeedListCommands {
 
     /// A click on a row, or Enter: in Manual mode it picks the selected feed.
     void lvwDB_ItemClick();
+
+    /// In Automatic mode, tunes the simulator's followed radio to the selected feed.
+    void mnuTuneFeed_Click();
+
+    void mnuCopyAddress_Click();
 
     /// With Ctrl held down, in Automatic mode, tunes the simulator's followed radio to the selected feed.
     void lvwDB_DblClick();
@@ -53,6 +60,7 @@ class FeedListCommands {
     MediaPlayer& player_;
     Prompts& prompts_;
     Keyboard& keyboard_;
+    Shell& shell_;
     RadioTuning& tuning_;
     ErrorTrap& trap_;
     std::optional<Column> last_clicked_;

@@ -71,7 +71,7 @@ struct Program::Logic {
           modes(state, ports.player),
           manual(state, display, ports.player, trap),
           radio_tuning(state, link),
-          list(state, ports.player, ports.prompts, ports.keyboard, radio_tuning, trap),
+          list(state, ports.player, ports.prompts, ports.keyboard, ports.shell, radio_tuning, trap),
           preferences(state, ports.prompts, ports.dialogs, ports.shell, trap),
           reload(state, loader),
           maintenance(state, ports.prompts, ports.shell, ports.files, clock, reload, trap),
@@ -182,6 +182,21 @@ void Program::lvwDB_DblClick() {
 
 void Program::lvwDB_ColumnClick(Column column) {
     Handle([this, column] { logic_->list.lvwDB_ColumnClick(column); });
+}
+
+void Program::mnuPlayFeed_Click() {
+    Handle([this] {
+        if (!state_.form.optManual()) logic_->modes.optManual_Click();
+        logic_->list.lvwDB_ItemClick();
+    });
+}
+
+void Program::mnuTuneFeed_Click() {
+    Handle([this] { logic_->list.mnuTuneFeed_Click(); });
+}
+
+void Program::mnuCopyAddress_Click() {
+    Handle([this] { logic_->list.mnuCopyAddress_Click(); });
 }
 
 void Program::mnuSearch_Click() {

@@ -39,6 +39,12 @@ class Program {
     void lvwDB_DblClick();
     void lvwDB_ColumnClick(Column column);
 
+    /// The list's own menu: plays the selected feed, in Manual mode from now on, tunes the simulator to it,
+    /// copies its address.
+    void mnuPlayFeed_Click();
+    void mnuTuneFeed_Click();
+    void mnuCopyAddress_Click();
+
     void mnuSearch_Click();
     void mnuCitySearch_Click();
     void mnuSearchAgain_Click();

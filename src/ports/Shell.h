@@ -31,6 +31,9 @@ class Shell {
     /// Starts a program on a file in a normal window. Raises error 53 when there is no such program.
     virtual std::unique_ptr<StartedProgram> Start(const std::string& program, const std::string& file) = 0;
 
+    /// Puts a text on the clipboard.
+    virtual void CopyText(const std::string& text) = 0;
+
     /// Plays a sound file; does not wait, and says nothing when it cannot.
     virtual void PlaySoundFile(const std::string& path) = 0;
 };

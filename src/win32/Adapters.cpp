@@ -182,6 +182,20 @@ std::unique_ptr<StartedProgram> WinShell::Start(const std::string& program, cons
     return std::make_unique<WinStartedProgram>(started.hProcess);
 }
 
+void WinShell::CopyText(const std::string& text) {
+    const std::wstring wide = Wide(text);
+    const std::size_t bytes = (wide.size() + 1) * sizeof(wchar_t);
+    if (!OpenClipboard(nullptr)) return; // another program holds it
+    EmptyClipboard();
+    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes); // the clipboard's from SetClipboardData on
+    if (memory != nullptr) {
+        CopyMemory(GlobalLock(memory), wide.c_str(), bytes);
+        GlobalUnlock(memory);
+        if (SetClipboardData(CF_UNICODETEXT, memory) == nullptr) GlobalFree(memory);
+    }
+    CloseClipboard();
+}
+
 void WinShell::PlaySoundFile(const std::string& path) {
     sndPlaySoundW(Wide(path).c_str(), SND_ASYNC);
 }

@@ -74,6 +74,7 @@ class WinShell : public Shell {
     std::string ProgramFolder() override;
     bool OpenAddress(const std::string& address) override;
     std::unique_ptr<StartedProgram> Start(const std::string& program, const std::string& file) override;
+    void CopyText(const std::string& text) override;
     void PlaySoundFile(const std::string& path) override;
 };
 

@@ -45,6 +45,9 @@ enum ControlId : int {
     IdMnuContents = 2015,
     IdMnuFolders = 2016,
     IdMnuAbout = 2017,
+    IdMnuPlayFeed = 2018,
+    IdMnuTuneFeed = 2019,
+    IdMnuCopyAddress = 2020,
 };
 
 } // namespace quillon

@@ -94,6 +94,14 @@ std::optional<std::size_t> FeedList::SelectedRow() const {
     return row < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(row));
 }
 
+POINT FeedList::PlaceOf(std::size_t row) const {
+    RECT area{};
+    ListView_GetItemRect(window_, static_cast<int>(row), &area, LVIR_LABEL);
+    POINT place{area.left, area.bottom};
+    ClientToScreen(window_, &place);
+    return place;
+}
+
 LRESULT FeedList::Notify(NMHDR& header) {
     switch (header.code) {
     case LVN_GETDISPINFOW:

@@ -28,6 +28,9 @@ class FeedList {
     /// The row that the control has selected.
     std::optional<std::size_t> SelectedRow() const;
 
+    /// Where on the screen a row begins, below its text.
+    POINT PlaceOf(std::size_t row) const;
+
     /// Whether a selection message comes from the user's hand rather than from Sync.
     bool UserIsSelecting() const { return !syncing_; }
 

@@ -18,6 +18,10 @@ class MainControls {
     /// Fonts and pictures for a resolution.
     void SetTheme(const Theme& theme);
 
+    /// What takes the keyboard when it comes to that part of the band.
+    HWND ModePane() const { return shown_mode_ == SelectionMode::Manual ? manual_ : auto_; }
+    HWND PlayerPane() const { return buttons_[0]; }
+
     /// Places the band at the top of an area of that width and returns its height. Sizes follow the texts.
     int Place(const Theme& theme, int width);
 

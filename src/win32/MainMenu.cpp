@@ -1,6 +1,7 @@
 #include "win32/MainMenu.h"
 
 #include "win32/ControlIds.h"
+#include "win32/Handle.h"
 #include "win32/Utf16.h"
 
 #include <initializer_list>
@@ -14,12 +15,16 @@ struct Entry {
     const wchar_t* text;
 };
 
-void AddPopup(HMENU bar, const wchar_t* title, std::initializer_list<Entry> entries) {
+HMENU MakePopup(std::initializer_list<Entry> entries) {
     HMENU popup = CreatePopupMenu();
     for (const Entry& entry : entries)
         AppendMenuW(popup, entry.id == 0 ? MF_SEPARATOR : MF_STRING, static_cast<UINT_PTR>(entry.id),
                     entry.text);
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), title);
+    return popup;
+}
+
+void AddPopup(HMENU bar, const wchar_t* title, std::initializer_list<Entry> entries) {
+    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(MakePopup(entries)), title);
 }
 
 HMENU MakeBar() {
@@ -107,6 +112,17 @@ void MainMenu::Sync(const frmATC& form, bool busy) {
         const bool enabled = !busy && (rule.enabled == nullptr || form.*rule.enabled);
         EnableMenuItem(bar_, static_cast<UINT>(rule.id), enabled ? MF_ENABLED : MF_GRAYED);
     }
+}
+
+void MainMenu::ShowForRow(HWND window, POINT where, const frmATC& form) {
+    const Handle<HMENU, DestroyMenu> menu(MakePopup({{IdMnuPlayFeed, L"&Play"},
+                                                     {IdMnuTuneFeed, L"&Tune the Simulator"},
+                                                     {0, nullptr},
+                                                     {IdMnuCopyAddress, L"&Copy Address"},
+                                                     {IdMnuEditData, L"&Edit Feeds in Notepad"}}));
+    SetMenuDefaultItem(menu.Get(), IdMnuPlayFeed, FALSE);
+    if (form.optManual()) EnableMenuItem(menu.Get(), IdMnuTuneFeed, MF_GRAYED);
+    TrackPopupMenu(menu.Get(), TPM_RIGHTBUTTON, where.x, where.y, 0, window, nullptr);
 }
 
 bool MainMenu::Translate(HWND window, MSG& message) const {

@@ -4,9 +4,12 @@
 #include "win32/ToolTips.h"
 #include "win32/Utf16.h"
 
+#include <windowsx.h>
+
 #include <algorithm>
 #include <commctrl.h>
 #include <numeric>
+#include <vector>
 
 namespace quillon {
 
@@ -42,10 +45,23 @@ constexpr Click Clicks[] = {
     {IdMnuBackup, &Program::mnuBackup_Click},
     {IdMnuRestore, &Program::mnuRestore_Click},
     {IdMnuEditData, &Program::mnuEditData_Click},
+    {IdMnuPlayFeed, &Program::mnuPlayFeed_Click},
+    {IdMnuTuneFeed, &Program::mnuTuneFeed_Click},
+    {IdMnuCopyAddress, &Program::mnuCopyAddress_Click},
     {IdMnuContents, &Program::mnuContents_Click},
     {IdMnuFolders, &Program::mnuFolders_Click},
     {IdMnuAbout, &Program::mnuAbout_Click},
 };
+
+/// Whether a control, or the one it is part of, is in the same group as the pane's first.
+bool IsInPane(HWND window, HWND pane, HWND control) {
+    HWND member = pane;
+    do {
+        if (member == control || IsChild(member, control)) return true;
+        member = GetNextDlgGroupItem(window, member, FALSE);
+    } while (member != nullptr && member != pane);
+    return false;
+}
 
 } // namespace
 
@@ -76,6 +92,7 @@ bool MainWindow::Create(Program& program) {
                     CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, menu_.Bar(), window_class.hInstance,
                     this);
     if (window_ == nullptr) return false;
+    MatchTitleToApps(window_);
     SetInitialSize();
     Sync();
     return true;
@@ -123,6 +140,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
+        MatchTitleToApps(window_);
         if (controls_) SetDpi(theme_.Dpi());
         return 0;
     case WM_TIMER:
@@ -137,6 +155,9 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_HSCROLL:
         program_->sldVolume_Change(controls_->VolumePosition());
         Sync();
+        return 0;
+    case WM_CONTEXTMENU:
+        ShowRowMenu(reinterpret_cast<HWND>(wparam), {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
         return 0;
     case WM_NEXTDLGCTL:
         MoveFocus(wparam, lparam);
@@ -172,6 +193,25 @@ void MainWindow::MoveFocus(WPARAM wparam, LPARAM lparam) {
     HWND next = LOWORD(lparam) != 0 ? reinterpret_cast<HWND>(wparam)
                                     : GetNextDlgTabItem(window_, GetFocus(), wparam != 0 ? TRUE : FALSE);
     SetFocus(next);
+}
+
+/// A point of (-1, -1) is the menu key's: the menu then opens at the row.
+void MainWindow::ShowRowMenu(HWND control, POINT where) {
+    const auto row = list_->SelectedRow();
+    if (control != list_->Window() || !row || program_->State().Busy) return;
+    if (where.x == -1 && where.y == -1) where = list_->PlaceOf(*row);
+    MainMenu::ShowForRow(window_, where, program_->State().form);
+}
+
+/// F6: the list, the selection mode, the player, and the preference frames that are shown, in a circle.
+void MainWindow::NextPane(bool back) {
+    std::vector<HWND> panes{list_->Window(), controls_->ModePane(), controls_->PlayerPane()};
+    for (HWND frame : frames_->Panes()) panes.push_back(frame);
+    const HWND focus = GetFocus();
+    std::size_t current = 0;
+    for (std::size_t i = 0; i < panes.size(); ++i)
+        if (IsInPane(window_, panes[i], focus)) current = i;
+    SetFocus(panes[(current + (back ? panes.size() - 1 : 1)) % panes.size()]);
 }
 
 void MainWindow::CreateControls() {
@@ -347,6 +387,10 @@ bool MainWindow::Keystroke(MSG& message) {
     if (status != nullptr && IsDialogMessageW(status, &message)) return true;
     if (add_feed_.Window() != nullptr) return IsDialogMessageW(add_feed_.Window(), &message) != 0;
     if (menu_.Translate(window_, message)) return true;
+    if (message.message == WM_KEYDOWN && message.wParam == VK_F6) {
+        NextPane(GetKeyState(VK_SHIFT) < 0);
+        return true;
+    }
     if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && message.hwnd == list_->Window()) {
         program_->lvwDB_ItemClick();
         Sync();

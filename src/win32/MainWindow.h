@@ -55,6 +55,8 @@ class MainWindow : public Display {
     void Layout();
     void SetInitialSize();
     void MoveFocus(WPARAM wparam, LPARAM lparam);
+    void ShowRowMenu(HWND control, POINT where);
+    void NextPane(bool back);
 
     void Sync();
     void SyncTimers();

@@ -4,6 +4,7 @@
 #include "win32/Controls.h"
 #include "win32/Utf16.h"
 
+#include <algorithm>
 #include <commctrl.h>
 
 namespace quillon {
@@ -63,6 +64,13 @@ void PreferenceFrames::SetTheme(const Theme& theme) {
     SetFonts({radio_group_, radios_[0], radios_[1], radios_[2], radios_[3], radio_close_, chatter_group_,
               interval_, min_, to_, max_, seconds_, chatter_close_},
              theme.Text());
+}
+
+std::vector<HWND> PreferenceFrames::Panes() const {
+    std::vector<HWND> panes;
+    if (radios_shown_) panes.push_back(radios_[static_cast<std::size_t>(std::clamp(shown_radio_, 1, 4)) - 1]);
+    if (chatter_shown_) panes.push_back(min_);
+    return panes;
 }
 
 int PreferenceFrames::Place(const Theme& theme, int y) {

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <array>
+#include <vector>
 
 namespace quillon {
 
@@ -15,6 +16,9 @@ class PreferenceFrames {
     explicit PreferenceFrames(HWND parent);
 
     void SetTheme(const Theme& theme);
+
+    /// What takes the keyboard when it comes to one of the frames that are shown.
+    std::vector<HWND> Panes() const;
 
     /// Places the frames that are shown from `y` down; returns the height they take.
     int Place(const Theme& theme, int y);

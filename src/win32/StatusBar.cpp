@@ -35,6 +35,10 @@ void StatusBar::Place(const Theme& theme) {
         edge += std::max(theme.TwipsToPx(shown_[index].WidthTwips), least);
         edges[index] = edge;
     }
+    RECT bar{};
+    GetClientRect(window_, &bar);
+    const int surplus = std::max(0L, bar.right - edges.back());
+    edges[2] += surplus; // the feed's name is the longest
     edges.back() = -1;
     SendMessageW(window_, SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
     for (int index = 0; index < 4; ++index) {

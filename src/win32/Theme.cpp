@@ -1,6 +1,7 @@
 #include "win32/Theme.h"
 
 #include <cmath>
+#include <dwmapi.h>
 #include <vector>
 
 namespace quillon {
@@ -59,6 +60,16 @@ SIZE Theme::Measure(HFONT font, const std::wstring& text) const {
     SelectObject(screen, old);
     ReleaseDC(nullptr, screen);
     return size;
+}
+
+void MatchTitleToApps(HWND window) {
+    DWORD light = 1;
+    DWORD size = sizeof light;
+    RegGetValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
+                 L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &light, &size);
+    constexpr DWORD UseImmersiveDarkMode = 20; // of Windows 10 2004 and later
+    const BOOL dark = light == 0 ? TRUE : FALSE;
+    DwmSetWindowAttribute(window, UseImmersiveDarkMode, &dark, sizeof dark);
 }
 
 IconHandle DrawGlyph(Glyph glyph, int size_px) {

@@ -38,6 +38,10 @@ class Theme {
     Font huge_;
 };
 
+/// Gives the window's title bar the light or dark look that the user has chosen for apps. Does nothing on
+/// systems that know only one.
+void MatchTitleToApps(HWND window);
+
 enum class Glyph { Play, Pause, Stop };
 
 /// A player button's picture in the colour of button texts.

@@ -9,7 +9,7 @@ from world.world import World
 
 TORONTO, LONDON, NEW_YORK = FEEDS
 AUTOMATIC, MANUAL, CLOSE_RADIOS, LABEL, CLOSE_GAPS = 1003, 1004, 1025, 1005, 1033
-SEARCH, CITY_SEARCH, RADIOS, RANGE, GAPS, STATUS = 2002, 2003, 2005, 2006, 2007, 2009
+SEARCH, CITY_SEARCH, RADIOS, RANGE, GAPS, STATUS, PLAY, TUNE = 2002, 2003, 2005, 2006, 2007, 2009, 2018, 2019
 CONTROL, ENTER, F3 = 17, 13, 0x72
 
 
@@ -82,6 +82,19 @@ class ByHand(unittest.TestCase):
         self.copilot.ask(f"rowdouble {self.row_of(LONDON)}")
         self.copilot.await_text("read 311C 4", "00001972")
         self.copilot.ask(f"release {CONTROL}")
+        self.ear.await_(LONDON.icao)
+
+    def test_5a_the_lists_menu_plays_and_tunes(self):
+        self.copilot.ask(f"rowclick {self.row_of(NEW_YORK)}")
+        self.copilot.ask(f"command {PLAY}")
+        self.copilot.await_text(f"checked {MANUAL}", "1")
+        self.ear.await_(NEW_YORK.icao)
+        self.copilot.ask(f"click {AUTOMATIC}")
+        self.copilot.await_text(f"checked {AUTOMATIC}", "1")
+        self.copilot.ask(f"rowclick {self.row_of(TORONTO)}")
+        self.copilot.ask(f"command {TUNE}")
+        self.copilot.await_text("read 311C 4", "00001870")
+        self.copilot.ask(f"tune com2stby {LONDON.frequency}")
         self.ear.await_(LONDON.icao)
 
     def test_6_the_range_reaches_label_and_sound(self):

@@ -179,6 +179,7 @@ class FakeShell : public Shell {
         opened.push_back(program + " " + file);
         return std::make_unique<Ended>(ended);
     }
+    void CopyText(const std::string& text) override { opened.push_back(text); }
     void PlaySoundFile(const std::string& path) override { opened.push_back(path); }
 
     std::string application_data;
