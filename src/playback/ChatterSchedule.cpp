@@ -31,7 +31,8 @@ void ChatterSchedule::MeasureElapsed() {
     state_.StartupStep = "Check elapsed time";
     chatter.ChatterNowTime = clock_.Now();
     chatter.ChatterElapsed = DateDiffSeconds(chatter.ChatterStartTime, chatter.ChatterNowTime);
-    if (chatter.ChatterElapsed > LongestElapsed) {
+    // Less than nothing: the clock was set back, which would stretch the gap by as much.
+    if (chatter.ChatterElapsed > LongestElapsed || chatter.ChatterElapsed < 0) {
         chatter.ChatterElapsed = 1;
         chatter.ChatterStartTime = chatter.ChatterNowTime - std::chrono::seconds(1);
     }

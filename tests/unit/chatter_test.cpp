@@ -136,7 +136,8 @@ TEST_F(Chatter, CountsDownInTheGap) {
         EXPECT_EQ(state().chatter.List4, std::vector<std::string>{player.url});
         HearRecording();
         const std::pair<int, int> rows[] = {
-            {1, 1}, {4999, 5000}, {1, 1} /* too long to be true */, {1, 2}}; // seconds on, elapsed
+            {1, 1}, {4999, 5000}, {1, 1} /* too long to be true */, {1, 2}, {-3600, 1} /* set back */,
+            {1, 2}}; // seconds on, elapsed
         for (const auto& [seconds, elapsed] : rows) {
             clock.now += std::chrono::seconds(seconds - 1);
             Seconds(1);
