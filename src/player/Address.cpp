@@ -20,6 +20,11 @@ bool IsPlain(char c) {
     return c > ' ' && c < '\x7F';
 }
 
+/// A bracket within a host would be taken for the start or the end of a literal address when it is read again.
+bool IsOfHost(char c) {
+    return static_cast<unsigned char>(c) > ' ' && c != '[' && c != ']';
+}
+
 /// Cuts `text` at the first of `marks` and returns what stood before it; the mark stays at the front of the
 /// rest.
 std::string_view CutAtFirstOf(std::string_view& text, std::string_view marks) {
@@ -60,9 +65,7 @@ bool ParseAuthority(std::string_view authority, StreamAddress& address) {
         if (authority.empty()) return false;
         authority.remove_prefix(1);
     }
-    if (address.host.empty() || std::any_of(address.host.begin(), address.host.end(),
-                                            [](char c) { return static_cast<unsigned char>(c) <= ' '; }))
-        return false;
+    if (address.host.empty() || !std::all_of(address.host.begin(), address.host.end(), IsOfHost)) return false;
     if (authority.empty() || authority == ":") return true;
     const auto port = authority.starts_with(':') ? ParsePort(authority.substr(1)) : std::nullopt;
     address.port = port.value_or(0);

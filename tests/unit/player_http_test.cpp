@@ -30,6 +30,7 @@ TEST(Address, IsReadFromText) {
         {"http://h:8x/", "none"},
         {"http://h\r\nX: y/", "none"},
         {"http://[::1", "none"},
+        {"http://[[]/", "none"},
         {"http://[::1]x/", "none"},
         {"http://:80/", "none"},
         {"http:///a", "none"},
