@@ -22,6 +22,7 @@ using std::chrono::milliseconds;
 struct Script {
     std::string bytes;
     Supply then = Supply::NothingYet; // Bytes: sound as it is made, without end
+    std::size_t piece = 1000;         // the most that one Read gives
 };
 
 /// The world outside, its clock, and what was heard of it.
@@ -61,7 +62,7 @@ class FakeConnection : public Connection {
             return {Supply::NothingYet};
         }
         if (left_.bytes.empty()) return {left_.then};
-        const std::size_t count = std::min({room.size(), left_.bytes.size(), std::size_t{1000}});
+        const std::size_t count = std::min({room.size(), left_.bytes.size(), left_.piece});
         std::copy_n(left_.bytes.begin(), count, room.begin());
         left_.bytes.erase(0, count);
         return {Supply::Bytes, count};
