@@ -37,7 +37,7 @@ std::string AddFeed::CataloguePath() const {
 }
 
 void AddFeed::mnuAddATC_Click() {
-    StopCycle(state_);
+    cycle_ran_ = StopCycle(state_);
     state_.Busy = true;
     state_.addFeed = {};
     state_.addFeed.PromptCaption = AddressPrompt;
@@ -69,7 +69,7 @@ void AddFeed::CollectFrequencies() {
 void AddFeed::cmdCancel_Click() {
     state_.addFeed.Visible = false;
     state_.Busy = false;
-    reload_.Run();
+    reload_.Run(cycle_ran_);
 }
 
 void AddFeed::optKind_Click(SourceKind kind) {

@@ -60,6 +60,7 @@ class AddFeed {
     AnsiCodePage& page_;
     CatalogueReload& reload_;
     ErrorTrap& trap_;
+    bool cycle_ran_ = false;
     std::array<int, 4> previous_keys_{};
 };
 

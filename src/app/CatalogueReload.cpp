@@ -4,14 +4,14 @@
 
 namespace quillon {
 
-void CatalogueReload::Run() {
+void CatalogueReload::Run(bool cycle_ran) {
     loader_.LoadList();
     FeedState& feed = state_.feed;
     if (!state_.form.optManual()) {
         feed.ForceRetune = true;
         if (feed.ActiveTimerId == 3) feed.ActiveTimerId = 1; // only Timer1 looks feeds up
     }
-    ResumeCycle(state_);
+    if (cycle_ran) PutInCharge(state_, feed.ActiveTimerId);
 }
 
 } // namespace quillon

@@ -10,9 +10,9 @@ class CatalogueReload {
   public:
     CatalogueReload(ProgramState& state, FeedLoader& loader) : state_(state), loader_(loader) {}
 
-    /// Loads the list anew and lets the cycle run. In Automatic mode the next tick tunes anew; in Manual mode
-    /// what plays goes on.
-    void Run();
+    /// Loads the list anew and lets the cycle run if it did before the command. In Automatic mode the next tick
+    /// tunes anew; in Manual mode what plays goes on.
+    void Run(bool cycle_ran);
 
   private:
     ProgramState& state_;

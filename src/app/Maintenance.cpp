@@ -55,16 +55,16 @@ void Maintenance::Restore() {
         if (FileExists(catalogue)) throw; // the user kept it when the shell asked
         throw RuntimeError{error.Number, error.Description + "\r\rThe old catalogue lies in the Recycle Bin."};
     }
-    reload_.Run();
+    reload_.Run(StopCycle(state_));
     state_.StartupStep.clear();
 }
 
 void Maintenance::mnuEditData_Click() {
-    StopCycle(state_);
+    const bool cycle_ran = StopCycle(state_);
     state_.Busy = true;
     trap_.Run("Edit Data Errors", Icon::Exclamation, [this] { Edit(); });
     state_.Busy = false;
-    if (!state_.Ended) reload_.Run();
+    if (!state_.Ended) reload_.Run(cycle_ran);
 }
 
 void Maintenance::Edit() {

@@ -2,6 +2,8 @@
 
 #include "state/FeedMarkers.h"
 
+#include <utility>
+
 namespace quillon {
 
 void MakeCurrent(ProgramState& state, const FeedRecord& record) {
@@ -32,13 +34,10 @@ void PutInCharge(ProgramState& state, std::int16_t timer_id) {
     state.feed.ActiveTimerId = timer_id;
 }
 
-void StopCycle(ProgramState& state) {
-    for (int id = 1; id <= 4; ++id) state.form.Timer(id).Enabled = false;
-}
-
-void ResumeCycle(ProgramState& state) {
-    for (int id = 1; id <= 4; ++id)
-        state.form.Timer(id).Enabled = id == state.feed.ActiveTimerId && !state.mute.Muted;
+bool StopCycle(ProgramState& state) {
+    bool ran = false;
+    for (int id = 1; id <= 4; ++id) ran |= std::exchange(state.form.Timer(id).Enabled, false);
+    return ran;
 }
 
 } // namespace quillon

@@ -18,10 +18,8 @@ void EmptyPlayer(MediaPlayer& player);
 /// Puts one of the four cycle timers in charge; the other three stop.
 void PutInCharge(ProgramState& state, std::int16_t timer_id);
 
-/// Stops the four cycle timers; the one in charge stays so.
-void StopCycle(ProgramState& state);
-
-/// Lets the timer in charge run again, alone. While the sound is muted none runs.
-void ResumeCycle(ProgramState& state);
+/// Stops the four cycle timers; the one in charge stays so. Returns whether it ran: while the sound is muted it
+/// does not.
+bool StopCycle(ProgramState& state);
 
 } // namespace quillon

@@ -71,7 +71,7 @@ class Day : public Flight {
         {"a flight anywhere", [this] { simulator.FlyTo(Below(180) - 90, Below(360) - 180); }},
         {"the clock was set", [this] { clock.now += std::chrono::hours(Below(3) - 1); }},
         {"the mute key", [this] { Press(state().mute.MuteKeyCode, [this] { program->Timer_Timer(5); }); }},
-        {"another mute key", [this] { prompts.set_option = Below(5), program->mnuSetMute_Click(); }},
+        {"another mute key", [this] { dialogs.set_option = Below(5), program->mnuSetMute_Click(); }},
         {"optAuto", Click(&Program::optAuto_Click)},
         {"optManual", Click(&Program::optManual_Click)},
         {"a pick", [this] { program->lvwDB_Select(AnyRow()), program->lvwDB_ItemClick(); }},
@@ -86,6 +86,14 @@ class Day : public Flight {
         {"a frame closed", Click(&Program::cmdComClose_Click)},
         {"a gap", [this] { program->cboMin_Click(random() % 20), program->cboMax_Click(random() % 20); }},
         {"the status dialog", Click(&Program::mnuFSUPIC_Click)},
+        {"the list's menu", Click(&Program::mnuPlayFeed_Click)},
+        {"a backup", Click(&Program::mnuBackup_Click)},
+        {"Notepad", Click(&Program::mnuEditData_Click)},
+        {"the add-feed dialog",
+         [this] {
+             program->mnuAddATC_Click();
+             program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdCancel_Click(); });
+         }},
         {"play", Click(&Program::cmdPlay_Click)},
         {"pause", Click(&Program::cmdPause_Click)},
         {"stop", Click(&Program::cmdStop_Click)},
@@ -108,13 +116,14 @@ std::string Day::BrokenRule() const {
     recordings.insert(recordings.end(), now.chatter.List4.begin(), now.chatter.List4.end());
     std::sort(recordings.begin(), recordings.end());
     const std::string& path = now.chatter.File1Path;
-    std::vector<std::string> files;
-    if (path.ends_with("CYYZ_T")) files = {path + "\\a.wav", path + "\\b.WAV"};
-    if (path.ends_with("YPPH_A")) files = {path + "\\1.wav", path + "\\2.wav", path + "\\3.wav"};
-    if (recordings != files) return "a recording is lost or there twice";
+    std::vector<std::string> there;
+    if (path.ends_with("CYYZ_T")) there = {path + "\\a.wav", path + "\\b.WAV"};
+    if (path.ends_with("YPPH_A")) there = {path + "\\1.wav", path + "\\2.wav", path + "\\3.wav"};
+    if (recordings != there) return "a recording is lost or there twice";
     if (now.chatter.ChatterElapsed < 0) return "less than nothing of the gap has passed";
     for (const auto& message : prompts.messages)
-        if (message.title != "*NOT FOUND*" && message.title != "Set Range Error") return message.text;
+        if (message.title != "*NOT FOUND*" && message.title != "Set Range Error" && message.title != "Success")
+            return message.text;
     return "";
 }
 
