@@ -43,7 +43,7 @@ void AddFeed::mnuAddATC_Click() {
     state_.addFeed.PromptCaption = AddressPrompt;
     state_.addFeed[AddBox::txtURL] = services::LiveAtcFeedPrefix;
     state_.addFeed.WantedFocus = {AddBox::txtICAO, 0, 0};
-    trap_.Run("Add Feed Errors", Icon::Exclamation, [this] { CollectFrequencies(); });
+    trap_.RunCommand("Add Feed Errors", Icon::Exclamation, [this] { CollectFrequencies(); });
     state_.addFeed.Visible = true;
 }
 

@@ -20,7 +20,7 @@ void Maintenance::mnuBackup_Click() {
     state_.MessageText =
         "Please confirm you want to backup the \r\r" + state_.folders.DataPath + ShownCatalogueName + " file?";
     if (!prompts_.Confirm("Confirmation", state_.MessageText, Choices::YesNo)) return;
-    trap_.Run("Backup Error", Icon::Exclamation, [this] { BackUp(); });
+    trap_.RunCommand("Backup Error", Icon::Exclamation, [this] { BackUp(); });
 }
 
 void Maintenance::BackUp() {
@@ -41,7 +41,7 @@ void Maintenance::mnuRestore_Click() {
         "(Windows may ask about the Recycle Bin as well. If you decline that question, the file is "
         "still replaced.)";
     if (!prompts_.Confirm("Confirmation", state_.MessageText, Choices::YesNoCancel)) return;
-    trap_.Run("Restore Error", Icon::Exclamation, [this] { Restore(); });
+    trap_.RunCommand("Restore Error", Icon::Exclamation, [this] { Restore(); });
 }
 
 void Maintenance::Restore() {
@@ -62,7 +62,7 @@ void Maintenance::Restore() {
 void Maintenance::mnuEditData_Click() {
     const bool cycle_ran = StopCycle(state_);
     state_.Busy = true;
-    trap_.Run("Edit Data Errors", Icon::Exclamation, [this] { Edit(); });
+    trap_.RunCommand("Edit Data Errors", Icon::Exclamation, [this] { Edit(); });
     state_.Busy = false;
     if (!state_.Ended) reload_.Run(cycle_ran);
 }

@@ -7,6 +7,7 @@
 #include "ports/Keyboard.h"
 #include "ports/MediaPlayer.h"
 #include "ports/MessageLink.h"
+#include "ports/Printer.h"
 #include "ports/Prompts.h"
 #include "ports/RegionalSettings.h"
 #include "ports/Shell.h"
@@ -28,6 +29,7 @@ struct Ports {
     RegionalSettings& regional;
     AnsiCodePage& code_page;
     Keyboard& keyboard;
+    Printer& printer;
 };
 
 } // namespace quillon

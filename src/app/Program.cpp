@@ -7,6 +7,7 @@
 #include "app/Maintenance.h"
 #include "app/PlayerStrip.h"
 #include "app/Preferences.h"
+#include "app/PrintCommand.h"
 #include "app/ShutDown.h"
 #include "app/StartUp.h"
 #include "playback/AutomaticTuning.h"
@@ -40,8 +41,9 @@ class GatedClock : public Clock {
 };
 
 Ports WithClock(const Ports& ports, Clock& clock) {
-    return {ports.link,    ports.memory, clock,       ports.player,   ports.prompts,   ports.dialogs,
-            ports.display, ports.shell,  ports.files, ports.regional, ports.code_page, ports.keyboard};
+    return {ports.link,      ports.memory,   clock,        ports.player, ports.prompts,
+            ports.dialogs,   ports.display,  ports.shell,  ports.files,  ports.regional,
+            ports.code_page, ports.keyboard, ports.printer};
 }
 
 } // namespace
@@ -77,6 +79,7 @@ struct Program::Logic {
           maintenance(state, ports.prompts, ports.shell, ports.files, clock, reload, trap),
           add_feed(state, ports.prompts, ports.code_page, reload, trap),
           help(state, ports.prompts, ports.dialogs, ports.shell),
+          print(state, ports.prompts, ports.printer, clock, trap),
           status(state, link, readout),
           mute(state, ports.player),
           mute_key(state, mute, ports.keyboard, ports.display, clock),
@@ -108,6 +111,7 @@ struct Program::Logic {
     Maintenance maintenance;
     AddFeed add_feed;
     HelpCommands help;
+    PrintCommand print;
     FsuipcStatus status;
     Mute mute;
     MuteKey mute_key;
@@ -209,6 +213,10 @@ void Program::mnuCitySearch_Click() {
 
 void Program::mnuSearchAgain_Click() {
     Handle([this] { logic_->list.mnuSearchAgain_Click(); });
+}
+
+void Program::mnuPrint_Click() {
+    Handle([this] { logic_->print.mnuPrint_Click(); });
 }
 
 void Program::mnuSelComm_Click() {

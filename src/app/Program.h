@@ -49,6 +49,8 @@ class Program {
     void mnuCitySearch_Click();
     void mnuSearchAgain_Click();
 
+    void mnuPrint_Click();
+
     void mnuSelComm_Click();
     void cmdComClose_Click();
     void optCom_Click(std::int16_t number);

@@ -26,6 +26,12 @@ class ErrorTrap {
     /// Returns whether the procedure ended without error. `title` names the procedure in its reports.
     bool Run(const std::string& title, Icon icon, const std::function<void()>& procedure);
 
+    /// The same for what the user has asked for just now, who is told of a failure each time.
+    bool RunCommand(const std::string& title, Icon icon, const std::function<void()>& procedure) {
+        last_report_.erase(title);
+        return Run(title, icon, procedure);
+    }
+
   private:
     void Caught(const std::string& title, Icon icon, const RuntimeError& error);
 

@@ -32,6 +32,8 @@ const char* Describe(ErrorNumber number) {
         return "Path/File access error";
     case PathNotFound:
         return "Path not found";
+    case PrinterError:
+        return "Printer error";
     }
     return "Application-defined or object-defined error";
 }

@@ -20,6 +20,7 @@ enum ErrorNumber : std::int32_t {
     PermissionDenied = 70,
     PathFileAccessError = 75,
     PathNotFound = 76,
+    PrinterError = 482,
 };
 
 /// An error that ends the running handler and is shown by its error trap.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -63,6 +64,9 @@ struct frmATC {
 
     bool Frame1Visible = false;           ///< "Com Radio"
     bool frmRandomChatterVisible = false; ///< recorded chatter's gaps
+
+    std::int16_t PageNumber = 0; ///< pages of the print run that are finished
+    std::int16_t TotalPages = 0; ///< the page count that its footers state
 
     Label Label2; ///< distance to the feed's airport, or what plays instead
     Label Label3; ///< seconds of the gap between recordings that have passed

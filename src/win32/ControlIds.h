@@ -48,6 +48,7 @@ enum ControlId : int {
     IdMnuPlayFeed = 2018,
     IdMnuTuneFeed = 2019,
     IdMnuCopyAddress = 2020,
+    IdMnuPrint = 2021,
 };
 
 } // namespace quillon

@@ -9,6 +9,9 @@
 
 namespace quillon {
 
+/// Moves a dialog to the middle of the window that owns it, if there is one.
+void CenterOverOwner(HWND dialog);
+
 /// Asks for a line of text in a modal dialog; empty when the user cancelled.
 std::string AskForText(HWND owner, const std::string& title, const std::string& prompt,
                        const std::string& default_answer);
@@ -25,9 +28,6 @@ std::string ShowFolders(HWND owner, const Folders& folders);
 
 /// A carriage return ends a line in the program's texts; Windows wants a line feed behind it.
 std::wstring WithLineFeeds(const std::string& text);
-
-/// Places a dialog over the middle of the window that owns it.
-void CenterOverOwner(HWND dialog);
 
 /// The text of a dialog's control.
 std::string TextOfItem(HWND dialog, int id);

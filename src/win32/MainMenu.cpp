@@ -36,6 +36,8 @@ HMENU MakeBar() {
               {IdMnuRestore, L"&Restore Feeds ..."},
               {IdMnuEditData, L"&Edit Feeds in Notepad"},
               {0, nullptr},
+              {IdMnuPrint, L"&Print Master List\tCtrl+P"},
+              {0, nullptr},
               {IdMnuQuit, L"&Quit\tAlt+F4"}});
     AddPopup(bar, L"&Search",
              {{IdMnuSearch, L"By &ICAO ...\tCtrl+F"},
@@ -71,6 +73,7 @@ constexpr Rule Rules[] = {
     {IdMnuBackup, &frmATC::mnuBackupEnabled},
     {IdMnuRestore, &frmATC::mnuRestoreEnabled},
     {IdMnuEditData, nullptr},
+    {IdMnuPrint, &frmATC::mnuPrintEnabled},
     {IdMnuSearch, &frmATC::mnuSearchMenuEnabled},
     {IdMnuCitySearch, &frmATC::mnuSearchMenuEnabled},
     {IdMnuSearchAgain, &frmATC::mnuSearchMenuEnabled},
@@ -89,7 +92,7 @@ HACCEL MakeKeys() {
     ACCEL keys[] = {
         {FVIRTKEY | FCONTROL, 'F', IdMnuSearch}, {FVIRTKEY | FCONTROL | FSHIFT, 'F', IdMnuCitySearch},
         {FVIRTKEY, VK_F3, IdMnuSearchAgain},     {FVIRTKEY | FCONTROL, 'N', IdMnuAddAtc},
-        {FVIRTKEY, VK_F1, IdMnuContents},
+        {FVIRTKEY, VK_F1, IdMnuContents},        {FVIRTKEY | FCONTROL, 'P', IdMnuPrint},
     };
     return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
 }

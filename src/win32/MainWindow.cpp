@@ -33,6 +33,7 @@ constexpr Click Clicks[] = {
     {IdComClose, &Program::cmdComClose_Click},
     {IdClose2, &Program::cmdClose2_Click},
     {IdMnuQuit, &Program::mnuQuit_Click},
+    {IdMnuPrint, &Program::mnuPrint_Click},
     {IdMnuSearch, &Program::mnuSearch_Click},
     {IdMnuCitySearch, &Program::mnuCitySearch_Click},
     {IdMnuSearchAgain, &Program::mnuSearchAgain_Click},

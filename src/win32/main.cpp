@@ -5,6 +5,7 @@
 #include "win32/StreamPlayer.h"
 #include "win32/Utf16.h"
 #include "win32/WinMessageLink.h"
+#include "win32/WinPrinter.h"
 
 #include <windows.h>
 
@@ -52,10 +53,11 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     WinRegionalSettings regional;
     WinCodePage code_page;
     WinKeyboard keyboard;
+    WinPrinter printer([&] { return window.BoxOwner(); });
     StreamPlayer player(QUILLON_VERSION);
-    Program program(
-        {link, memory, clock, player, prompts, dialogs, window, shell, files, regional, code_page, keyboard},
-        Arguments());
+    Program program({link, memory, clock, player, prompts, dialogs, window, shell, files, regional, code_page,
+                     keyboard, printer},
+                    Arguments());
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();
     window.Run();

@@ -6,6 +6,7 @@
 #include "ports/Display.h"
 #include "ports/Keyboard.h"
 #include "ports/MediaPlayer.h"
+#include "ports/Printer.h"
 #include "ports/Prompts.h"
 #include "ports/RegionalSettings.h"
 #include "ports/Shell.h"
@@ -186,6 +187,30 @@ class FakeShell : public Shell {
     std::vector<std::string> opened;
     bool opens = true;
     bool ended = true; ///< the started program
+};
+
+/// Keeps the pages it is given.
+class FakePrinter : public Printer {
+  public:
+    bool ShowPrinter() override { return chosen; }
+    std::unique_ptr<PrintJob> StartJob(const std::string&, int) override {
+        pages.clear();
+        return std::make_unique<Job>(*this);
+    }
+    struct Job : PrintJob {
+        explicit Job(FakePrinter& printer) : printer_(printer) {}
+        bool PrintPage(const PrintedPage& page) override {
+            printer_.pages.push_back(page);
+            if (printer_.pages.size() == printer_.fails_at) throw RuntimeError{PrinterError, "On fire"};
+            return printer_.pages.size() != printer_.cancelled_at;
+        }
+        bool Finish() override { return printer_.finished = true; }
+        FakePrinter& printer_;
+    };
+    bool chosen = true;                         ///< in the print dialog
+    std::size_t fails_at = 0, cancelled_at = 0; ///< page, counted from 1
+    std::vector<PrintedPage> pages;
+    bool finished = false;
 };
 
 /// Windows-1252.

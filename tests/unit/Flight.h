@@ -38,8 +38,8 @@ class Flight : public TempFolder {
     }
 
     void Start(const std::string& command_line = "") {
-        const Ports ports{simulator, simulator, clock, player,   prompts, dialogs,
-                          display,   shell,     files, regional, page,    keyboard};
+        const Ports ports{simulator, simulator, clock,    player, prompts,  dialogs, display,
+                          shell,     files,     regional, page,   keyboard, printer};
         program = std::make_unique<Program>(ports, command_line);
         program->ConnectToSimulator();
     }
@@ -72,6 +72,7 @@ class Flight : public TempFolder {
     FakeRegionalSettings regional;
     FakeCodePage page;
     FakeKeyboard keyboard;
+    FakePrinter printer;
     std::unique_ptr<Program> program;
 };
 

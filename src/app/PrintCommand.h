@@ -1,0 +1,32 @@
+#pragma once
+
+#include "ports/Clock.h"
+#include "ports/Printer.h"
+#include "ports/Prompts.h"
+#include "runtime/ErrorTrap.h"
+#include "state/ProgramState.h"
+
+namespace quillon {
+
+/// Printing the list of feeds, in the order in which it is sorted.
+class PrintCommand {
+  public:
+    PrintCommand(ProgramState& state, Prompts& prompts, Printer& printer, Clock& clock, ErrorTrap& trap)
+        : state_(state), prompts_(prompts), printer_(printer), clock_(clock), trap_(trap) {}
+
+    /// Asks, lets the user choose a printer and prints. Cancelling anywhere ends it without a word.
+    void mnuPrint_Click();
+
+  private:
+    void Print();
+    bool PrintList();
+    bool PrintPages(PrintJob& job, std::int16_t sheets);
+
+    ProgramState& state_;
+    Prompts& prompts_;
+    Printer& printer_;
+    Clock& clock_;
+    ErrorTrap& trap_;
+};
+
+} // namespace quillon
