@@ -60,7 +60,7 @@ class PlayerSystem {
     virtual ~PlayerSystem() = default;
 
     /// Null when the host's name is unknown. Looking it up may take long. A connection to a secure address
-    /// fails when the server cannot prove that it is that host.
+    /// is Supply::Refused when the server cannot prove that it is that host.
     virtual std::unique_ptr<Connection> Connect(const StreamAddress& address) = 0;
 
     /// Null when the system cannot decode that.

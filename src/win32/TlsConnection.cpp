@@ -41,7 +41,7 @@ TlsConnection::TlsConnection(std::unique_ptr<Connection> carrier, const std::str
     : carrier_(std::move(carrier)), host_(Wide(host)) {
     SecInvalidateHandle(&credentials_);
     SecInvalidateHandle(&context_);
-    has_failed_ = !HaveCredentials();
+    if (!HaveCredentials()) failure_ = Supply::Failed;
 }
 
 TlsConnection::~TlsConnection() {
@@ -60,16 +60,18 @@ bool TlsConnection::HaveCredentials() {
 
 /// Goes on with the handshake; Supply::Bytes when the server is known and talks in secret.
 Supply TlsConnection::Secured() {
-    while (!is_secured_ && !has_failed_) {
+    while (!is_secured_ && !failure_) {
         Supply supply = Flush();
         if (supply == Supply::Bytes && needs_input_) supply = Receive();
         if (supply == Supply::NothingYet || supply == Supply::Connecting) return Supply::Connecting;
-        has_failed_ = supply != Supply::Bytes || !ShakeHands();
+        if (supply == Supply::Bytes) supply = ShakeHands();
+        if (supply != Supply::Bytes) failure_ = supply == Supply::Refused ? supply : Supply::Failed;
     }
-    return has_failed_ ? Supply::Failed : Supply::Bytes;
+    return failure_.value_or(Supply::Bytes);
 }
 
-bool TlsConnection::ShakeHands() {
+/// One step; Supply::Bytes when it was good.
+Supply TlsConnection::ShakeHands() {
     const bool is_first = !SecIsValidHandle(&context_);
     std::array input{Buffer(SECBUFFER_TOKEN, received_.data(), received_.size()), Buffer(SECBUFFER_EMPTY)};
     std::array output{Buffer(SECBUFFER_TOKEN)};
@@ -84,17 +86,18 @@ bool TlsConnection::ShakeHands() {
         FreeContextBuffer(output[0].pvBuffer);
     }
     needs_input_ = true;
-    if (status == SEC_E_INCOMPLETE_MESSAGE) return true;
+    if (status == SEC_E_INCOMPLETE_MESSAGE) return Supply::Bytes;
     KeepLast(Unused(input));
     needs_input_ = received_.empty();
     if (status == SEC_E_OK) return AcceptServer();
-    return status == SEC_I_CONTINUE_NEEDED;
+    return status == SEC_I_CONTINUE_NEEDED ? Supply::Bytes : Supply::Failed;
 }
 
-bool TlsConnection::AcceptServer() {
-    is_secured_ = QueryContextAttributesW(&context_, SECPKG_ATTR_STREAM_SIZES, &sizes_) == SEC_E_OK &&
-                  IsServerTrusted(context_, host_);
-    return is_secured_;
+/// A server that is not trusted will not be at the next try either.
+Supply TlsConnection::AcceptServer() {
+    if (!IsServerTrusted(context_, host_)) return Supply::Refused;
+    is_secured_ = QueryContextAttributesW(&context_, SECPKG_ATTR_STREAM_SIZES, &sizes_) == SEC_E_OK;
+    return is_secured_ ? Supply::Bytes : Supply::Failed;
 }
 
 void TlsConnection::KeepLast(std::size_t count) {

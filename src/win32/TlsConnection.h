@@ -5,13 +5,14 @@
 #include <windows.h>
 
 #define SECURITY_WIN32
+#include <optional>
 #include <security.h>
 #include <vector>
 
 namespace quillon {
 
 /// A connection that Windows' security package encrypts, to a server whose certificate Windows trusts for the
-/// host asked for. Nothing is sent to any other.
+/// host asked for. Nothing is sent to any other, which is Supply::Refused.
 class TlsConnection : public Connection {
   public:
     /// `host` is a name, or a literal address without brackets.
@@ -27,8 +28,8 @@ class TlsConnection : public Connection {
   private:
     bool HaveCredentials();
     Supply Secured();
-    bool ShakeHands();
-    bool AcceptServer();
+    Supply ShakeHands();
+    Supply AcceptServer();
     Supply Receive();
     Supply Flush();
     Supply Decrypt();
@@ -41,7 +42,7 @@ class TlsConnection : public Connection {
     CtxtHandle context_;
     SecPkgContext_StreamSizes sizes_{};
     bool is_secured_ = false;
-    bool has_failed_ = false;
+    std::optional<Supply> failure_;      // for good
     bool has_ended_ = false;
     bool needs_input_ = false;           // before the next step of the handshake
     std::vector<std::uint8_t> received_; // not decrypted yet

@@ -240,6 +240,7 @@ TEST(Session, GivesUpForGoodOnlyWithReason) {
     const std::tuple<const char*, Script, std::size_t> rows[] = {
         {"unauthorised", {"HTTP/1.0 401 No\r\n\r\n"}, 1},
         {"gone", {"HTTP/1.0 410 Gone\r\n\r\n"}, 1},
+        {"not who it should be", {"", Supply::Refused}, 1},
         {"web page", {"HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n<html>"}, 3},
         {"unannounced web page", {Ok + "<!DOCTYPE html><p>Hello", Supply::End}, 3},
         {"noise", {Ok + std::string(9000, 'x'), Supply::End}, 3},
