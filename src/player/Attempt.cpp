@@ -43,6 +43,7 @@ void Attempt::ObeyPause() {
     const bool paused = wishes_.paused;
     if (paused == held_since_.has_value()) return;
     held_since_ = paused ? std::optional(system_.Now()) : std::nullopt;
+    buffering_since_.reset();
     if (!output_) return;
     if (source_->IsLive()) {
         output_.reset();
@@ -100,7 +101,10 @@ void Attempt::TakeSupply(Supply supply) {
     default:
         break;
     }
-    if (!WaitIsOver()) return;
+    if (HasLasted(waiting_since_, LongestWait)) GiveUp();
+}
+
+void Attempt::GiveUp() {
     queue_ = {}; // too little to start with, and too old by now
     End(Ending::Dropped);
 }
@@ -111,23 +115,30 @@ void Attempt::End(Ending ending) {
     ending_ = is_playlist && reader_.Playlist().size() <= LongestPlaylist ? Ending::Playlist : ending;
 }
 
-bool Attempt::WaitIsOver() {
+/// Whether what was noticed at `since`, or is now for the first time, has lasted so long.
+bool Attempt::HasLasted(std::optional<std::chrono::milliseconds>& since, std::chrono::milliseconds length) {
     const auto now = system_.Now();
-    if (!waiting_since_) waiting_since_ = now;
-    return now - *waiting_since_ >= LongestWait;
+    if (!since) since = now;
+    return now - *since >= length;
 }
 
 std::optional<Ending> Attempt::PlayAhead() {
-    if (!sounding_ && !ending_ && queue_.Length() < lead_) {
+    if (AwaitsSound()) {
         if (state_ != Transitioning) state_ = Buffering;
+        if (HasLasted(buffering_since_, LongestBuffering)) GiveUp();
         return {};
     }
+    buffering_since_.reset();
     if (!FillOutput()) return Ending::NoDevice;
     if (!output_ || output_->IsIdle()) return AfterSilence();
     const bool is_dead = system_.Now() - last_write_ >= LongestSilentDevice;
     if (is_dead && !ReplaceDeadOutput()) return Ending::NoDevice;
     state_ = Playing;
     return {};
+}
+
+bool Attempt::AwaitsSound() const {
+    return !sounding_ && !ending_ && queue_.Length() < lead_;
 }
 
 std::optional<Ending> Attempt::AfterSilence() {

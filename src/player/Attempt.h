@@ -25,6 +25,9 @@ class Attempt {
     /// Without bytes for so long, the source is given up.
     static constexpr std::chrono::seconds LongestWait{10};
 
+    /// The source is given up, too, when its bytes make no sound to start with in so long.
+    static constexpr std::chrono::seconds LongestBuffering{30};
+
     /// A live stream is let go after so long a pause.
     static constexpr std::chrono::seconds LongestPause{60};
 
@@ -51,7 +54,9 @@ class Attempt {
     bool WantsBytes() const;
     void TakeBytes(ByteView bytes);
     void TakeSupply(Supply supply);
-    bool WaitIsOver();
+    bool HasLasted(std::optional<std::chrono::milliseconds>& since, std::chrono::milliseconds length);
+    void GiveUp();
+    bool AwaitsSound() const;
     void End(Ending ending);
     std::optional<Ending> PlayAhead();
     std::optional<Ending> AfterSilence();
@@ -70,12 +75,13 @@ class Attempt {
     PlayState state_ = Transitioning;
     std::chrono::microseconds heard_{0};
     std::chrono::milliseconds last_write_{0};
-    std::chrono::milliseconds lead_;                         // sound to have ready before it is heard
-    std::optional<std::chrono::milliseconds> waiting_since_; // when the bytes stopped coming
-    std::optional<std::chrono::milliseconds> held_since_;    // when the pause was carried out
-    std::optional<std::chrono::milliseconds> replaced_at_;   // when a silent device was given up for another
-    std::optional<Ending> ending_;                           // how it ends once the queue is empty
-    std::size_t taken_ = 0;                                  // bytes of the source
+    std::chrono::milliseconds lead_;                           // sound to have ready before it is heard
+    std::optional<std::chrono::milliseconds> waiting_since_;   // when the bytes stopped coming
+    std::optional<std::chrono::milliseconds> buffering_since_; // when there was too little sound to go on with
+    std::optional<std::chrono::milliseconds> held_since_;      // when the pause was carried out
+    std::optional<std::chrono::milliseconds> replaced_at_;     // when a silent device was given up for another
+    std::optional<Ending> ending_;                             // how it ends once the queue is empty
+    std::size_t taken_ = 0;                                    // bytes of the source
     bool sounding_ = false;
 };
 

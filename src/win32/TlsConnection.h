@@ -42,7 +42,7 @@ class TlsConnection : public Connection {
     CtxtHandle context_;
     SecPkgContext_StreamSizes sizes_{};
     bool is_secured_ = false;
-    std::optional<Supply> failure_;      // for good
+    std::optional<Supply> failure_; // for good
     bool has_ended_ = false;
     bool needs_input_ = false;           // before the next step of the handshake
     std::vector<std::uint8_t> received_; // not decrypted yet

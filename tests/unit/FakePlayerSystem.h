@@ -4,6 +4,7 @@
 #include "player/Session.h"
 
 #include <functional>
+#include <gtest/gtest.h>
 #include <map>
 #include <memory>
 #include <set>
@@ -23,6 +24,7 @@ struct Script {
     std::string bytes;
     Supply then = Supply::NothingYet; // Bytes: sound as it is made, without end
     std::size_t piece = 1000;         // the most that one Read gives
+    milliseconds between_bytes{0};
 };
 
 /// The world outside, its clock, and what was heard of it.
@@ -43,6 +45,7 @@ struct World {
     std::vector<std::pair<milliseconds, std::string>> asked; // when, and for what
     std::shared_ptr<Session> session;                        // the one that runs
     std::function<bool()> audible = [] { return false; };
+    std::shared_ptr<int> online = std::make_shared<int>(); // shared by the connections
 };
 
 class FakeConnection : public Connection {
@@ -57,6 +60,11 @@ class FakeConnection : public Connection {
         return {Supply::Bytes, bytes.size()};
     }
     Got Read(std::span<std::uint8_t> room) override {
+        if (left_.between_bytes > 0ms) {
+            if (world_.now < next_byte_) return {Supply::NothingYet};
+            next_byte_ = world_.now + left_.between_bytes;
+            room = room.first(1);
+        }
         if (left_.then == Supply::Bytes && left_.bytes.empty()) {
             left_.bytes = Frames(1);
             return {Supply::NothingYet};
@@ -71,7 +79,9 @@ class FakeConnection : public Connection {
   private:
     World& world_;
     Script left_;
+    milliseconds next_byte_{0};
     bool accepted_ = false;
+    std::shared_ptr<int> online_ = world_.online;
 };
 
 /// Every sample of a frame comes out as 1000.
@@ -138,6 +148,7 @@ class FakeSystem : public PlayerSystem {
     }
     milliseconds Now() override { return world_.now; }
     void Wait(milliseconds) override {
+        EXPECT_TRUE(!world_.session->IsWaiting() || world_.online.use_count() == 1) << "keeps a connection";
         const std::string state = std::to_string(world_.session->State()) + " ";
         if (!world_.states.ends_with(" " + state) && world_.states != state) world_.states += state;
         world_.now += 10ms;
