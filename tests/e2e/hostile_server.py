@@ -1,0 +1,147 @@
+"""A server of live audio with bad manners, on loopback. The path asked for names the behaviour."""
+import collections
+import random
+import socket
+import socketserver
+import ssl
+import struct
+import subprocess
+import threading
+import time
+
+SECONDS = 60  # length of the tones
+BYTES_A_SECOND = 8000
+FRAME = 288  # bytes: 64 kbit/s at 32 kHz never needs padding
+OK = b"HTTP/1.0 200 OK\r\nContent-Type: audio/mpeg\r\n\r\n"
+GARBAGE = random.Random(1).randbytes(700)
+
+
+def make_tone(path, tone, rate=32000, channels=1, quality="-b:a 64k -reservoir 0"):
+    if not path.exists():
+        wave = f"sine=frequency={tone}:sample_rate={rate}:duration={SECONDS},volume=3"
+        subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", wave, "-ac", str(channels), *quality.split(),
+                        "-write_xing", "0", "-id3v2_version", "0", path], check=True)
+    return path.read_bytes()
+
+
+def with_titles(sound, every, title):
+    """With announcements of no, odd and the greatest length in it."""
+    pieces = [sound[at:at + every] for at in range(0, len(sound), every)]
+    lengths = (0, 1, 3, 0, 255, 0, 7) * len(pieces)
+    return b"".join(piece + bytes([length]) + title[:16 * length] for piece, length in zip(pieces, lengths))
+
+
+class Visit(socketserver.BaseRequestHandler):
+    """One request. The methods send or wait, and can be chained."""
+
+    def handle(self):
+        try:
+            name = self.request.recv(4096).decode("latin-1").split(" ")[1].lstrip("/").split("?")[0]
+            self.server.asked[name] += 1
+            self.number = self.server.asked[name]  # of this name's visits, from 1
+            self.tone = self.server.tones.get(name.split(".")[0], b"")
+            self.request.settimeout(90)
+            BEHAVIOURS.get(name, lambda visit: visit.answer("404 Not Found"))(self)
+        except (OSError, IndexError):
+            pass  # the other side has gone
+
+    def send(self, data):
+        self.request.sendall(data)
+        return self
+
+    def answer(self, status, more=""):
+        return self.send(f"HTTP/1.1 {status}\r\n{more}\r\n".encode())
+
+    def body(self, kind, body):
+        return self.answer("200 OK", f"Content-Type: {kind}\r\n").send(body)
+
+    def wait(self, seconds):
+        time.sleep(max(0, seconds))
+        return self
+
+    def drip(self, data, pause):
+        for byte in data:
+            self.send(bytes([byte])).wait(pause)
+        return self
+
+    def play(self, seconds=SECONDS, sound=None, rate=BYTES_A_SECOND, packed=lambda piece: piece):
+        """Sound as it is made, but for one second that is there at once."""
+        sound = (sound or self.tone)[:int(seconds * rate)]
+        start = time.monotonic() - 1
+        for at in range(0, len(sound), FRAME * 5):
+            self.send(packed(sound[at:at + FRAME * 5])).wait(start + at / rate - time.monotonic())
+        return self
+
+    def fine(self):
+        return self.send(OK).play()
+
+    def reset(self):
+        self.request.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+        self.request.close()
+
+
+def on_first(spoil):
+    """Does that at first and plays the next time."""
+    return lambda visit: spoil(visit) if visit.number == 1 else visit.fine()
+
+
+BEHAVIOURS = {
+    **dict.fromkeys(("relative-redirect.end", "nested.mp3", "wpl.2"), Visit.fine),
+    "mute": on_first(lambda v: v.wait(40)), "hang-up": lambda v: v, "empty": lambda v: v.send(OK),
+    "slow-head": lambda v: v.drip(OK, 0.08).play(),
+    "endless-head": lambda v: v.send(b"HTTP/1.1 200 OK\r\n" + b"X-More: and more\r\n" * 20000),
+    "stranger": lambda v: v.send(b"SSH-2.0-OpenSSH_9.2\r\n").wait(5),
+    "endless-playlist": lambda v: v.body("audio/x-mpegurl", b"#EXTM3U\n" + b"# more\n" * 90000),
+    "redirect-loop": lambda v: v.answer("302 Found", "Location:redirect-loop\r\n"),
+    "relative-redirect": lambda v: v.answer("302 Found", "location: ../relative-redirect.end?a=b\r\n"),
+    "untrusted": lambda v: v.answer("302 Found", f"Location: https://{v.server.secure.address('untrusted')}\r\n"),
+    "length-too-short": lambda v: v.answer("200 OK", "Content-Length: 24000\r\n").play(),
+    "length-too-long": on_first(lambda v: v.answer("200 OK", "Content-Length: 99999999\r\n").play(3)),
+    "icy": lambda v: v.send(b"ICY 200 OK\nicy-name:x\nContent-Type:audio/mpeg\n\n").play(),
+    "chunked": lambda v: v.answer("200 OK", "Transfer-Encoding: chunked\r\n").play(
+        packed=lambda p: b"1\r\n" + p[:1] + b"\r\n%X;x=y\r\n" % (len(p) - 1) + p[1:] + b"\r\n"),
+    "close-in-frame": on_first(lambda v: v.send(OK).play(sound=v.tone[:FRAME * 85 + 100])),
+    "reset": on_first(lambda v: v.send(OK).play(4).reset()),
+    "garbage": lambda v: v.send(OK).play(packed=lambda p: p + GARBAGE),
+    "format-change": lambda v: v.send(OK).play(3).play(sound=v.server.tones["other"]),
+    "404-then-fine": lambda v: v.answer("404 Not Found") if v.number < 3 else v.fine(),
+    "401": lambda v: v.answer("401 Unauthorized"), "410": lambda v: v.answer("410 Gone"),
+    "html": lambda v: v.body("text/html", b"<html>Log in to listen</html>"),
+    "sly-html": lambda v: v.body("audio/mpeg", b"\r\n<!DOCTYPE html><p>Log in to listen"),
+    "aac": lambda v: v.body("audio/aac", v.server.tones["adts"]),
+    "drip": on_first(lambda v: v.send(OK).drip(v.tone[:60], 1)),
+    "titles": lambda v: v.send(b"ICY 200 OK\r\nicy-metaint:997\r\n\r\n").play(
+        sound=with_titles(v.tone, 997, v.server.tones["none"]), rate=2 * BYTES_A_SECOND),
+    "tagged": lambda v: v.send(OK + b"ID3\4\0\0\0\x0c\0\0" + GARBAGE * 280 + b"\0" * 608).play(),
+    "nested": lambda v: v.body("audio/x-mpegurl", b"\xef\xbb\xbf#EXTM3U\r#\r\r  gone \rnested.pls\r"),
+    "nested.pls": lambda v: v.body(
+        "audio/x-scpls", b"[Playlist]\r\n\r\nFile7 = /x/../nested.asx\r\nTitle7=x\rNumberOfEntries=9\n"),
+    "nested.asx": lambda v: v.body("video/x-ms-asf", b"<ASX><Entry>\n<REF HREF='/nested.mp3?a=1&b=2' ></ASX>").wait(2),
+    "wpl": lambda v: v.body("text/plain", b"<?wpl?><smil><media src='/wpl.1'/><media src='wpl.2'/></smil>"),
+    "silence": lambda v: v.send(OK).play(14, v.server.tones["none"]).play(),
+    "stall": on_first(lambda v: v.send(OK).play(4).wait(40)),
+    **{f"mp3-{number}": lambda v: v.send(OK).play(  # joined in the middle of a frame, most likely
+        sound=v.tone[len(v.tone) // 3:], rate=len(v.tone) / SECONDS) for number in range(12)},
+}
+
+
+class HostileServer(socketserver.ThreadingTCPServer):
+    """`tones` are the sounds, by the behaviour's name."""
+    daemon_threads = True
+
+    def __init__(self, tones, folder, certificate=None):
+        super().__init__(("127.0.0.1", 0), Visit)
+        self.tones, self.asked = tones, collections.Counter()
+        if certificate:
+            context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+            context.load_cert_chain(certificate)
+            self.socket = context.wrap_socket(self.socket, server_side=True)
+        else:
+            certificate = folder / "untrusted.pem"
+            subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=127.0.0.1",
+                            "-keyout", certificate, "-out", certificate], check=True, capture_output=True)
+            self.secure = HostileServer(tones, folder, certificate)
+        threading.Thread(target=self.serve_forever, daemon=True).start()
+
+    def address(self, name):
+        return f"127.0.0.1:{1 if name == 'refuse' else self.server_address[1]}/{name}"
