@@ -51,6 +51,7 @@ void Session::Run() {
 PlayState Session::PlayUntilDone() {
     if (not_before_.load() > system_->Now()) {
         WaitUntil(not_before_, Ready);
+        if (wishes_.cancelled) return Stopped; // and the moment stands, for nothing was asked
         not_before_ = system_->Now() + Grudge; // for what comes of it is not known yet
     }
     while (!wishes_.cancelled) {

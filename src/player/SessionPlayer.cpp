@@ -50,8 +50,8 @@ void SessionPlayer::Start() {
 void SessionPlayer::EndSession() {
     paused_ = false;
     if (!session_) return;
-    session_->Cancel();
     if (const auto moment = session_->NotBefore(); moment.count() > 0) not_before_[url_] = moment;
+    session_->Cancel();
     session_.reset();
 }
 

@@ -273,6 +273,16 @@ TEST(Session, ComesBackWhenADeviceAppears) {
     EXPECT_EQ(Gaps(world, "/a"), "0 5 5 5 ");
 }
 
+TEST(Session, CancelledInItsWaitLeavesTheMomentAsItWas) {
+    World world;
+    world.events.emplace(5s, [](Session& session) { session.Cancel(); });
+    world.session =
+        std::make_shared<Session>("http://h/a", "1.0", 100, std::make_unique<FakeSystem>(world), 10s);
+    world.session->Run();
+    EXPECT_EQ(world.session->NotBefore(), 10s);
+    EXPECT_TRUE(world.asked.empty());
+}
+
 TEST(Session, MovesToAnotherDeviceWhenItsOwnDies) {
     World world;
     world.servers["/a"] = {Ok + Frames(1000)};
