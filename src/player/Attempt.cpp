@@ -15,16 +15,18 @@ constexpr auto FirstLead = 120ms;
 constexpr auto LongestLead = 2000ms;
 constexpr auto KeptWhilePaused = 2s;
 
-/// A device that plays nothing of what it holds for so long is gone, though it may not say so.
-constexpr auto LongestSilentDevice = 2s;
-
 /// So many bytes hold a frame if they are MP3 at all.
 constexpr std::size_t EnoughToTell = 4096;
 
 } // namespace
 
 Attempt::Attempt(std::unique_ptr<ByteSource> source, const Wishes& wishes, PlayerSystem& system)
-    : source_(std::move(source)), wishes_(wishes), system_(system), reader_(system), lead_(FirstLead) {}
+    : source_(std::move(source)),
+      wishes_(wishes),
+      system_(system),
+      reader_(system),
+      speaker_(system),
+      lead_(FirstLead) {}
 
 std::chrono::milliseconds Attempt::Heard() const {
     return std::chrono::duration_cast<std::chrono::milliseconds>(heard_);
@@ -44,13 +46,11 @@ void Attempt::ObeyPause() {
     if (paused == held_since_.has_value()) return;
     held_since_ = paused ? std::optional(system_.Now()) : std::nullopt;
     buffering_since_.reset();
-    if (!output_) return;
     if (source_->IsLive()) {
-        output_.reset();
+        speaker_.Close();
         sounding_ = false;
     } else {
-        output_->Hold(paused);
-        last_write_ = system_.Now();
+        speaker_.Hold(paused);
     }
 }
 
@@ -130,9 +130,8 @@ std::optional<Ending> Attempt::PlayAhead() {
     }
     buffering_since_.reset();
     if (!FillOutput()) return Ending::NoDevice;
-    if (!output_ || output_->IsIdle()) return AfterSilence();
-    const bool is_dead = system_.Now() - last_write_ >= LongestSilentDevice;
-    if (is_dead && !ReplaceDeadOutput()) return Ending::NoDevice;
+    if (speaker_.IsIdle()) return AfterSilence();
+    if (!speaker_.Watch()) return Ending::NoDevice;
     state_ = Playing;
     return {};
 }
@@ -153,40 +152,24 @@ std::optional<Ending> Attempt::AfterSilence() {
 /// False when there is no device to play on.
 bool Attempt::FillOutput() {
     while (!queue_.Empty() && !wishes_.cancelled && !wishes_.paused) {
-        if (!output_ || queue_.NextFormat() != output_format_) {
-            if (output_ && !output_->IsIdle()) return true; // plays out the sound of the format before
-            if (!OpenOutput()) return false;
+        if (!speaker_.IsOpen() || queue_.NextFormat() != speaker_.Format()) {
+            if (!speaker_.IsIdle()) return true; // plays out the sound of the format before
+            if (!speaker_.Open(queue_.NextFormat())) return false;
             continue; // for that may have taken a while
         }
-        if (!output_->HasRoom()) return true;
+        if (!speaker_.HasRoom()) return true;
         if (!Deliver()) return false;
     }
     return true;
 }
 
-/// A device that fails may have been unplugged; then another one takes its place.
 bool Attempt::Deliver() {
     Samples block = queue_.Take(SoundOutput::BlockLength);
     Scale(block, wishes_.volume);
-    if (!output_->Write(block) && !(OpenOutput() && output_->Write(block))) return false;
-    heard_ += Duration(output_format_, block.size());
-    last_write_ = system_.Now();
+    if (!speaker_.Write(block)) return false;
+    heard_ += Duration(speaker_.Format(), block.size());
     sounding_ = true;
     return true;
-}
-
-bool Attempt::OpenOutput() {
-    output_.reset();
-    if (!queue_.Empty()) output_format_ = queue_.NextFormat();
-    output_ = system_.OpenOutput(output_format_);
-    return output_ != nullptr;
-}
-
-/// Once: when the next device plays nothing either, there is none.
-bool Attempt::ReplaceDeadOutput() {
-    if (replaced_at_ && last_write_ - *replaced_at_ < 1s) return false;
-    replaced_at_ = last_write_ = system_.Now();
-    return OpenOutput();
 }
 
 } // namespace quillon

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "player/Ending.h"
-#include "player/PlayerSystem.h"
+#include "player/Loudspeaker.h"
 #include "player/SoundReader.h"
 #include "ports/MediaPlayer.h"
 
@@ -62,24 +62,19 @@ class Attempt {
     std::optional<Ending> AfterSilence();
     bool FillOutput();
     bool Deliver();
-    bool OpenOutput();
-    bool ReplaceDeadOutput();
 
     const std::unique_ptr<ByteSource> source_;
     const Wishes& wishes_;
     PlayerSystem& system_;
     SoundReader reader_;
     PcmQueue queue_;
-    std::unique_ptr<SoundOutput> output_;
-    PcmFormat output_format_;
+    Loudspeaker speaker_;
     PlayState state_ = Transitioning;
     std::chrono::microseconds heard_{0};
-    std::chrono::milliseconds last_write_{0};
     std::chrono::milliseconds lead_;                           // sound to have ready before it is heard
     std::optional<std::chrono::milliseconds> waiting_since_;   // when the bytes stopped coming
     std::optional<std::chrono::milliseconds> buffering_since_; // when there was too little sound to go on with
     std::optional<std::chrono::milliseconds> held_since_;      // when the pause was carried out
-    std::optional<std::chrono::milliseconds> replaced_at_;     // when a silent device was given up for another
     std::optional<Ending> ending_;                             // how it ends once the queue is empty
     std::size_t taken_ = 0;                                    // bytes of the source
     bool sounding_ = false;

@@ -27,12 +27,16 @@ struct Script {
     milliseconds between_bytes{0};
 };
 
+enum class Fault { Stuck, Refuses, Swallows };
+
 /// The world outside, its clock, and what was heard of it.
 struct World {
     std::map<std::string, Script> servers; // by path
     bool has_codec = true;
-    int devices = 100; // how many more can be opened
-    milliseconds device_dies_at{1h};
+    int devices = 100;                      // how many more can be opened
+    Fault fault = Fault::Stuck;             // of the devices,
+    milliseconds fault_from{1h};            // from then on,
+    milliseconds fault_until{1h};           // for those opened before
     std::function<bool(const World&)> over; ///< ends the session under test
 
     std::multimap<milliseconds, std::function<void(Session&)>> events;
@@ -96,7 +100,7 @@ class FakeDecoder : public Mp3Decoder {
 
 class FakeOutput : public SoundOutput {
   public:
-    FakeOutput(World& world, PcmFormat format) : world_(world), format_(format) {
+    FakeOutput(World& world, PcmFormat format) : world_(world), format_(format), opened_(world.now) {
         world_.audible = [this] { return !held_ && !IsIdle(); };
     }
     ~FakeOutput() override {
@@ -107,6 +111,8 @@ class FakeOutput : public SoundOutput {
     bool HasRoom() override { return Left() < 160ms; }
     bool IsIdle() override { return Left() == 0ms; }
     bool Write(const Samples& samples) override {
+        if (IsFaulty(Fault::Refuses)) return false;
+        if (IsFaulty(Fault::Swallows)) return true;
         const auto length = std::chrono::duration_cast<milliseconds>(Duration(format_, samples.size()));
         end_ = Now() + Left() + length;
         world_.heard += length;
@@ -121,11 +127,17 @@ class FakeOutput : public SoundOutput {
     }
 
   private:
-    milliseconds Now() const { return std::min(world_.now, world_.device_dies_at); }
+    bool IsFaulty(Fault fault) const {
+        return fault == world_.fault && world_.now >= world_.fault_from && opened_ < world_.fault_until;
+    }
+    milliseconds Now() const {
+        return IsFaulty(Fault::Stuck) ? std::max(world_.fault_from, opened_) : world_.now;
+    }
     milliseconds Left() const { return held_ ? held_left_ : std::max(end_ - Now(), milliseconds(0)); }
 
     World& world_;
     PcmFormat format_;
+    milliseconds opened_;
     milliseconds end_{0};
     milliseconds held_left_{0};
     bool held_ = false;

@@ -113,7 +113,6 @@ TEST(Session, SaysSoWhenTheSystemCannotPlay) {
              world.over = After(1h);
          }},
         {"no device", [](World& world) { world.devices = 0; }},
-        {"device dies", [](World& world) { world.device_dies_at = 500ms; }},
     };
     for (const auto& [name, spoil] : rows) {
         World world;
@@ -283,15 +282,28 @@ TEST(Session, CancelledInItsWaitLeavesTheMomentAsItWas) {
     EXPECT_TRUE(world.asked.empty());
 }
 
-TEST(Session, MovesToAnotherDeviceWhenItsOwnDies) {
-    World world;
-    world.servers["/a"] = {Ok + Frames(1000)};
-    world.device_dies_at = 1s;
-    world.events.emplace(3500ms, [&](Session&) { world.device_dies_at = 1h; });
-    world.over = After(10s);
-    RunSession(world, "http://h/a");
-    EXPECT_EQ(world.states, "9 3 1");
-    EXPECT_EQ(world.asked.size(), 1U);
+TEST(Session, MovesToAnotherDeviceWhenItsOwnFails) {
+    // From 1 s on, until devices are good again; how many are opened, how long it is silent at most.
+    const std::tuple<Fault, milliseconds, const char*, int, milliseconds> rows[] = {
+        {Fault::Stuck, 1s, "9 6 3 1", 2, 2200ms},
+        {Fault::Refuses, 1s, "9 6 3 1", 2, 300ms},
+        {Fault::Swallows, 1s, "9 6 3 6 3 1", 2, 1s},
+        {Fault::Stuck, 8s, "9 6 3 10 9 6 3 1", 3, 9500ms},
+        {Fault::Refuses, 8s, "9 6 3 10 9 6 10 9 6 3 1", 5, 10500ms},
+        {Fault::Swallows, 8s, "9 6 3 6 10 9 6 3 1", 4, 9500ms},
+    };
+    for (const auto& [fault, until, states, opened, silence] : rows) {
+        World world;
+        world.servers["/a"] = {Ok, Supply::Bytes};
+        world.fault = fault;
+        world.fault_from = 1s;
+        world.fault_until = until;
+        world.over = After(15s);
+        RunSession(world, "http://h/a");
+        EXPECT_EQ(world.states, states) << static_cast<int>(fault);
+        EXPECT_EQ(100 - world.devices, opened) << static_cast<int>(fault);
+        EXPECT_GE(world.heard, 15s - silence) << static_cast<int>(fault);
+    }
 }
 
 TEST(Session, LetsALongPausedStreamGoAndPlaysItAnew) {
