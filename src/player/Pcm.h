@@ -23,7 +23,7 @@ struct PcmFormat {
 /// How long that many samples of the format last.
 std::chrono::microseconds Duration(const PcmFormat& format, std::size_t samples);
 
-/// Adds samples of 8 (unsigned), 16 or 24 bits, little-endian, as 16 bits. `data` holds whole samples.
+/// Adds samples of 8 (unsigned), 16, 24 or 32 bits, little-endian, as 16 bits. `data` holds whole samples.
 void AppendAs16Bit(ByteView data, unsigned bits, Samples& samples);
 
 /// Makes the samples softer, `volume` 0 to 100 per cent of their amplitude.

@@ -4,6 +4,7 @@
 #include "player/ByteSource.h"
 #include "player/Mp3Frames.h"
 #include "player/Pcm.h"
+#include "player/WaveFormat.h"
 
 #include <chrono>
 #include <memory>
@@ -24,13 +25,13 @@ class Connection {
     virtual Got Write(std::string_view bytes) = 0;
 };
 
-class Mp3Decoder {
+class SoundDecoder {
   public:
-    virtual ~Mp3Decoder() = default;
+    virtual ~SoundDecoder() = default;
 
-    /// Adds what the frame sounds like, which may be some frames behind. False when the decoder has failed for
-    /// good.
-    virtual bool Decode(ByteView frame, Samples& samples) = 0;
+    /// Adds what the bytes sound like (a frame, or whole blocks of a wave), which may be some frames behind.
+    /// False when the decoder has failed for good.
+    virtual bool Decode(ByteView bytes, Samples& samples) = 0;
 };
 
 /// A sound device playing one format. No call waits for sound to be played. Destroying it is silence at once.
@@ -64,7 +65,8 @@ class PlayerSystem {
     virtual std::unique_ptr<Connection> Connect(const StreamAddress& address) = 0;
 
     /// Null when the system cannot decode that.
-    virtual std::unique_ptr<Mp3Decoder> OpenMp3Decoder(const Mp3Format& format) = 0;
+    virtual std::unique_ptr<SoundDecoder> OpenMp3Decoder(const Mp3Format& format) = 0;
+    virtual std::unique_ptr<SoundDecoder> OpenWaveDecoder(const WaveFormat& format) = 0;
 
     /// Null when there is no sound device, or none that plays the format.
     virtual std::unique_ptr<SoundOutput> OpenOutput(const PcmFormat& format) = 0;

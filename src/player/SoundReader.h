@@ -13,7 +13,9 @@ namespace quillon {
 /// Turns the bytes of a source into sound, as the kind of sound they hold demands. A playlist is collected.
 class SoundReader {
   public:
-    explicit SoundReader(PlayerSystem& system) : system_(system) {}
+    explicit SoundReader(PlayerSystem& system)
+        : system_(system),
+          wav_([&system](const WaveFormat& format) { return system.OpenWaveDecoder(format); }) {}
 
     /// Says beforehand that the bytes were announced as a playlist.
     void ExpectPlaylist() { expects_playlist_ = true; }
@@ -44,7 +46,7 @@ class SoundReader {
     std::string playlist_;
     WavFile wav_;
     Mp3Frames frames_;
-    std::unique_ptr<Mp3Decoder> decoder_;
+    std::unique_ptr<SoundDecoder> decoder_;
     Mp3Format decoded_{};
 };
 

@@ -7,17 +7,12 @@ namespace quillon {
 
 namespace {
 
-constexpr unsigned LinearSamples = 1;
-constexpr unsigned ExtensibleFormat = 0xFFFE; // the real one then starts at byte 24
-constexpr std::size_t PlainFormatBytes = 16;
-constexpr std::size_t ExtensibleFormatBytes = 40;
-
-unsigned Word(ByteView bytes, std::size_t at) {
-    return bytes[at] | static_cast<unsigned>(bytes[at + 1]) << 8U;
-}
+constexpr std::uint32_t MostFormatBytes = 1024; // more than any coding has
 
 std::uint32_t DoubleWord(ByteView bytes, std::size_t at) {
-    return Word(bytes, at) | Word(bytes, at + 2) << 16U;
+    std::uint32_t value = 0;
+    for (std::size_t i = 4; i-- > 0;) value = value << 8U | bytes[at + i];
+    return value;
 }
 
 bool Is(ByteView bytes, std::size_t at, std::string_view mark) {
@@ -33,8 +28,7 @@ bool WavFile::Feed(ByteView bytes, Samples& samples) {
     buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
     while (part_ != Part::Data && to_skip_ == 0 && buffer_.size() >= needed_)
         if (!TakePart()) return false;
-    if (part_ == Part::Data) TakeData(samples);
-    return true;
+    return part_ != Part::Data || TakeData(samples);
 }
 
 bool WavFile::TakePart() {
@@ -68,11 +62,10 @@ bool WavFile::TakeChunkHeader() {
     if (Is(buffer_, 0, "data")) {
         chunk_left_ = size;
         Expect(Part::Data, 0);
-        return bits_ != 0;
+        return format_.block_bytes != 0;
     }
     if (Is(buffer_, 0, "fmt ")) {
-        if (size < PlainFormatBytes) return false;
-        const std::size_t read = size < ExtensibleFormatBytes ? PlainFormatBytes : ExtensibleFormatBytes;
+        const std::uint32_t read = std::min(size, MostFormatBytes);
         chunk_left_ = padded - read;
         Expect(Part::FormatChunk, read);
         return true;
@@ -83,27 +76,28 @@ bool WavFile::TakeChunkHeader() {
 }
 
 bool WavFile::TakeFormat() {
-    unsigned kind = Word(buffer_, 0);
-    if (kind == ExtensibleFormat && needed_ == ExtensibleFormatBytes) kind = Word(buffer_, 24);
-    format_.channels = static_cast<std::uint16_t>(Word(buffer_, 2));
-    format_.sample_rate = DoubleWord(buffer_, 4);
-    const unsigned block = Word(buffer_, 12);
-    bits_ = Word(buffer_, 14);
+    const auto format = ReadWaveFormat(ByteView(buffer_).first(needed_));
+    if (!format) return false;
+    format_ = *format;
+    decoder_ = format_.IsLinear() || !open_ ? nullptr : open_(format_);
     to_skip_ = chunk_left_;
     Expect(Part::Chunk, 8);
-    return kind == LinearSamples && (format_.channels == 1 || format_.channels == 2) &&
-           (bits_ == 8 || bits_ == 16 || bits_ == 24) && block == format_.channels * bits_ / 8 &&
-           format_.sample_rate >= 4000 && format_.sample_rate <= 192000;
+    return format_.IsLinear() || decoder_;
 }
 
-void WavFile::TakeData(Samples& samples) {
-    const std::size_t block = format_.channels * bits_ / 8;
+bool WavFile::TakeData(Samples& samples) {
+    const std::size_t block = format_.block_bytes;
     const auto present = static_cast<std::size_t>(std::min<std::uint64_t>(buffer_.size(), chunk_left_));
-    const std::size_t whole = present / block * block;
-    AppendAs16Bit(ByteView(buffer_).first(whole), bits_, samples);
-    chunk_left_ -= whole;
-    buffer_.erase(buffer_.begin(), buffer_.begin() + static_cast<std::ptrdiff_t>(whole));
+    const ByteView whole = ByteView(buffer_).first(present / block * block);
+    if (decoder_) {
+        if (!decoder_->Decode(whole, samples)) return false;
+    } else {
+        AppendAs16Bit(whole, format_.bits, samples);
+    }
+    chunk_left_ -= whole.size();
+    buffer_.erase(buffer_.begin(), buffer_.begin() + static_cast<std::ptrdiff_t>(whole.size()));
     if (chunk_left_ < block) buffer_.clear(); // other chunks may follow; they are no sound
+    return true;
 }
 
 } // namespace quillon

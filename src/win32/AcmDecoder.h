@@ -5,34 +5,38 @@
 
 #include <windows.h>
 
-#include <array>
 #include <mmreg.h>
 #include <mmsystem.h>
 #include <msacm.h>
+#include <vector>
 
 namespace quillon {
 
-/// MPEG layer III by the system's codec manager.
-class AcmDecoder : public Mp3Decoder {
+/// Whatever the system's codec manager knows.
+class AcmDecoder : public SoundDecoder {
   public:
-    /// Null when the system has no codec for it.
+    // Null when the system has no codec for it.
     static std::unique_ptr<AcmDecoder> Open(const Mp3Format& format);
+    static std::unique_ptr<AcmDecoder> Open(const WaveFormat& format);
 
     explicit AcmDecoder(HACMSTREAM stream) : stream_(stream) {}
     ~AcmDecoder() override;
 
-    bool Decode(ByteView frame, Samples& samples) override;
+    bool Decode(ByteView bytes, Samples& samples) override;
 
   private:
-    bool Prepare();
+    static std::unique_ptr<AcmDecoder> Open(WAVEFORMATEX& source);
+
+    bool Prepare(std::size_t input_bytes);
+    bool Convert(Samples& samples);
 
     static void Close(HACMSTREAM stream) { acmStreamClose(stream, 0); }
 
     Handle<HACMSTREAM, Close> stream_;
     ACMSTREAMHEADER header_{};
-    std::array<std::uint8_t, 8192> input_{};
+    std::vector<std::uint8_t> input_;
     std::size_t waiting_ = 0; // bytes of the input that the codec has not taken yet
-    std::array<std::int16_t, 8192> output_{};
+    std::vector<std::int16_t> output_;
     int failures_ = 0; // in a row
 };
 

@@ -15,7 +15,11 @@ std::unique_ptr<Connection> WinPlayerSystem::Connect(const StreamAddress& addres
     return std::make_unique<TlsConnection>(std::move(socket), address.host);
 }
 
-std::unique_ptr<Mp3Decoder> WinPlayerSystem::OpenMp3Decoder(const Mp3Format& format) {
+std::unique_ptr<SoundDecoder> WinPlayerSystem::OpenMp3Decoder(const Mp3Format& format) {
+    return AcmDecoder::Open(format);
+}
+
+std::unique_ptr<SoundDecoder> WinPlayerSystem::OpenWaveDecoder(const WaveFormat& format) {
     return AcmDecoder::Open(format);
 }
 

@@ -89,7 +89,7 @@ class FakeConnection : public Connection {
 };
 
 /// Every sample of a frame comes out as 1000.
-class FakeDecoder : public Mp3Decoder {
+class FakeDecoder : public SoundDecoder {
   public:
     bool Decode(ByteView frame, Samples& samples) override {
         const auto format = ParseMp3Header(frame);
@@ -150,9 +150,10 @@ class FakeSystem : public PlayerSystem {
     std::unique_ptr<Connection> Connect(const StreamAddress& address) override {
         return address.host == "h" ? std::make_unique<FakeConnection>(world_) : nullptr;
     }
-    std::unique_ptr<Mp3Decoder> OpenMp3Decoder(const Mp3Format&) override {
+    std::unique_ptr<SoundDecoder> OpenMp3Decoder(const Mp3Format&) override {
         return world_.has_codec ? std::make_unique<FakeDecoder>() : nullptr;
     }
+    std::unique_ptr<SoundDecoder> OpenWaveDecoder(const WaveFormat&) override { return nullptr; }
     std::unique_ptr<SoundOutput> OpenOutput(const PcmFormat& format) override {
         if (world_.devices-- <= 0) return nullptr;
         world_.opened += std::to_string(format.sample_rate) + "/" + std::to_string(format.channels) + " ";

@@ -4,6 +4,7 @@
 #include "player/WavFile.h"
 
 #include <gtest/gtest.h>
+#include <numeric>
 #include <random>
 
 using namespace quillon;
@@ -98,8 +99,8 @@ struct Heard {
     Samples samples;
 };
 
-Heard ReadWav(std::string_view bytes, std::size_t step) {
-    WavFile file;
+Heard ReadWav(std::string_view bytes, std::size_t step, WavFile::OpenDecoder open = {}) {
+    WavFile file(std::move(open));
     Heard heard;
     for (; !bytes.empty() && heard.good; bytes.remove_prefix(std::min(step, bytes.size())))
         heard.good = file.Feed(View(bytes.substr(0, step)), heard.samples);
@@ -130,6 +131,7 @@ TEST(WavFile, GivesItsSamplesAs16Bits) {
          Riff(FormatChunk(1, 2, 48000, 24) + Chunk("data", "\x99\x02\x01\x99\xFE\xFF")),
          {48000, 2},
          {258, -2}},
+        {"32 bits", Riff(FormatChunk(1, 1, 96000, 32) + Chunk("data", "\x99\x99\x02\x01")), {96000, 1}, {258}},
         {"extensible", Riff(extensible + Chunk("data", two)), {8000, 1}, {-2, -32767}},
         {"odd chunk first",
          Riff(odd_chunk + mono16 + odd_chunk + Chunk("data", two)),
@@ -162,7 +164,7 @@ TEST(WavFile, RefusesWhatItCannotPlay) {
         {"other form", "RIFF\x04\x01\x01\x01"
                        "AVI " +
                            FormatChunk(1, 1, 8000, 16)},
-        {"compressed", Riff(FormatChunk(2, 1, 8000, 16))},
+        {"no codec", Riff(FormatChunk(7, 1, 8000, 8))},
         {"three channels", Riff(FormatChunk(1, 3, 8000, 16))},
         {"no channels", Riff(FormatChunk(1, 0, 8000, 16))},
         {"12 bits", Riff(FormatChunk(1, 1, 8000, 12))},
@@ -172,6 +174,54 @@ TEST(WavFile, RefusesWhatItCannotPlay) {
         {"data first", Riff(Chunk("data", "xx") + FormatChunk(1, 1, 8000, 16))},
     };
     for (const auto& [name, bytes] : rows) EXPECT_FALSE(ReadWav(bytes, 1000).good) << name;
+}
+
+/// A codec for whatever comes; a block sounds like its number of bytes.
+class AnyCodec : public SoundDecoder {
+  public:
+    bool Decode(ByteView bytes, Samples& samples) override {
+        if (!bytes.empty()) samples.push_back(static_cast<std::int16_t>(bytes.size()));
+        return true;
+    }
+};
+
+/// A file of 200 bytes of sound in that coding.
+std::string Coded(unsigned kind, unsigned channels, unsigned block, unsigned bits, const std::string& extra) {
+    return Riff(Chunk("fmt ", LittleEndian(kind, 2) + LittleEndian(channels, 2) + LittleEndian(8000, 4) +
+                                  LittleEndian(1, 4) + LittleEndian(block, 2) + LittleEndian(bits, 2) + extra) +
+                Chunk("data", std::string(200, 'x')));
+}
+
+TEST(WavFile, GivesACodecWholeBlocksOfACodingThatIsSound) {
+    const auto extra = [](unsigned samples, unsigned rest = 0) {
+        return LittleEndian(2 + rest, 2) + LittleEndian(samples, 2) + std::string(rest, '\7');
+    };
+    const std::string factors = LittleEndian(32, 2) + LittleEndian(2 * (50 - 7) + 2, 2) + LittleEndian(7, 2);
+    const std::string all_factors = factors + std::string(28, 'x');
+    const std::tuple<const char*, std::string, int> rows[] = {
+        {"mu-law", Coded(7, 1, 1, 8, ""), 200},
+        {"A-law", Coded(6, 2, 2, 8, LittleEndian(99, 2)), 200}, // announces more than there is
+        {"A-law, odd block", Coded(6, 2, 1, 8, ""), 0},
+        {"ADPCM", Coded(2, 1, 50, 4, all_factors), 200},
+        {"ADPCM, factors missing", Coded(2, 1, 50, 4, factors), 0},
+        {"ADPCM, more samples than bytes", Coded(2, 1, 48, 4, all_factors), 0},
+        {"IMA", Coded(0x11, 2, 72, 4, extra(65)), 144},
+        {"IMA, no samples", Coded(0x11, 2, 72, 4, extra(0)), 0},
+        {"IMA, small block", Coded(0x11, 2, 8, 4, extra(1)), 0},
+        {"GSM", Coded(0x31, 1, 65, 0, extra(320)), 195},
+        {"MP3", Coded(0x55, 1, 1152, 0, extra(1, 10)), 200},
+        {"MP3, cut short", Coded(0x55, 1, 1152, 0, extra(1, 9)), 0},
+        {"other", Coded(0x22, 1, 32, 1, ""), 192},
+        {"other, no block", Coded(0x22, 1, 0, 1, ""), 0},
+    };
+    for (const auto& [name, bytes, taken] : rows) {
+        for (const std::size_t step : {7U, 1000U}) {
+            const Heard heard =
+                ReadWav(bytes, step, [](const WaveFormat&) { return std::make_unique<AnyCodec>(); });
+            EXPECT_EQ(heard.good, taken > 0) << name;
+            EXPECT_EQ(std::accumulate(heard.samples.begin(), heard.samples.end(), 0), taken) << name << step;
+        }
+    }
 }
 
 TEST(PcmQueue, KeepsOrderFormatAndLength) {
