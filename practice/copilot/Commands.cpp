@@ -10,7 +10,7 @@ namespace practice {
 namespace {
 
 const Command* FindCommand(const std::string& name) {
-    for (const auto* commands : {&LinkCommands, &WindowCommands, &ContentCommands})
+    for (const auto* commands : {&LinkCommands, &WindowCommands, &ContentCommands, &PlayerCommands})
         for (const Command& command : *commands)
             if (name == command.name) return &command;
     return nullptr;

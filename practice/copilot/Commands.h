@@ -25,6 +25,7 @@ struct Command {
 extern const std::vector<Command> LinkCommands;    ///< the simulator, over its link
 extern const std::vector<Command> WindowCommands;  ///< windows, message boxes and keys
 extern const std::vector<Command> ContentCommands; ///< what status bar and list show
+extern const std::vector<Command> PlayerCommands;  ///< the Windows Media Player control
 
 /// The answer to one line.
 std::string Obey(const std::string& line);

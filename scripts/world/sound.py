@@ -18,17 +18,26 @@ class SoundServer:
         self.folder.mkdir(mode=0o700)
         self.env = {"XDG_RUNTIME_DIR": str(folder), "PULSE_SERVER": f"unix:{folder}/socket", "HOME": str(folder),
                     "XDG_CONFIG_HOME": str(folder)}
-        env = {**os.environ, **self.env}
         processes.start("pulseaudio", [
             "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "--disable-shm=yes",
-            "-L", "module-null-sink sink_name=q rate=44100", "-L",
-            f"module-native-protocol-unix socket={folder}/socket auth-anonymous=1"], env)
-        wait_until("the sound server", lambda: subprocess.run(
-            ["pactl", "info"], env=env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0, 10)
+            "-L", f"module-native-protocol-unix socket={folder}/socket auth-anonymous=1"], {**os.environ, **self.env})
+        wait_until("the sound server", lambda: self.control("info").returncode == 0, 10)
+        self.processes = processes
         self.recording = folder / "heard.raw"
-        with open(self.recording, "wb") as file:
-            processes.start("parec", ["parec", "-d", "q.monitor", "--format=s16le", f"--rate={RATE}", "--channels=1",
-                                      "--latency-msec=20"], env, stdout=file)
+        self.plug_in()
+
+    def control(self, *arguments):
+        return subprocess.run(["pactl", *arguments], env={**os.environ, **self.env}, capture_output=True)
+
+    def plug_in(self):
+        self.control("load-module", "module-null-sink", "sink_name=q", "rate=44100").check_returncode()
+        with open(self.recording, "ab") as file:
+            self.processes.start("parec", ["parec", "-d", "q.monitor", "--format=s16le", f"--rate={RATE}",
+                                           "--channels=1", "--latency-msec=20"], {**os.environ, **self.env}, stdout=file)
+
+    def unplug(self):
+        """Leaves nothing to play on, and nothing to hear."""
+        self.control("unload-module", "module-null-sink").check_returncode()
 
     def last(self, seconds):
         """The newest sound, as samples."""

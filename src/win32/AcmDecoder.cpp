@@ -101,7 +101,8 @@ bool AcmDecoder::Convert(Samples& samples) {
     const std::size_t used = std::min<std::size_t>(header_.cbSrcLengthUsed, waiting_);
     std::memmove(input_.data(), input_.data() + used, waiting_ - used);
     waiting_ -= used;
-    const std::size_t made = std::min(header_.cbDstLengthUsed / sizeof(std::int16_t), output_.size());
+    const std::size_t made =
+        std::min<std::size_t>(header_.cbDstLengthUsed / sizeof(std::int16_t), output_.size());
     samples.insert(samples.end(), output_.begin(), output_.begin() + static_cast<std::ptrdiff_t>(made));
     return true;
 }

@@ -6,6 +6,7 @@
 #include "win32/Utf16.h"
 #include "win32/WinMessageLink.h"
 #include "win32/WinPrinter.h"
+#include "win32/WindowsMediaPlayer.h"
 
 #include <windows.h>
 
@@ -36,12 +37,19 @@ bool IsTheOnlyOne(HANDLE mark) {
     return false;
 }
 
+/// The Windows Media Player control; null when the system has none or only a part of it.
+std::unique_ptr<quillon::WindowsMediaPlayer> AnsweringControl() {
+    auto control = std::make_unique<quillon::WindowsMediaPlayer>();
+    return control->Answers() ? std::move(control) : nullptr;
+}
+
 } // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     using namespace quillon;
     const Handle<HANDLE, CloseHandle> mark(CreateMutexW(nullptr, FALSE, L"Local\\Quillon.Running"));
     if (!IsTheOnlyOne(mark.Get())) return 0;
+    const ComApartment apartment;
     MainWindow window;
     WinMessageLink link;
     WinSharedMemory memory;
@@ -54,7 +62,9 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     WinCodePage code_page;
     WinKeyboard keyboard;
     WinPrinter printer([&] { return window.BoxOwner(); });
-    StreamPlayer player(QUILLON_VERSION);
+    StreamPlayer built_in(QUILLON_VERSION);
+    const auto control = AnsweringControl();
+    MediaPlayer& player = control ? static_cast<MediaPlayer&>(*control) : built_in;
     Program program({link, memory, clock, player, prompts, dialogs, window, shell, files, regional, code_page,
                      keyboard, printer},
                     Arguments());

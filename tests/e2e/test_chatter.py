@@ -11,7 +11,7 @@ from world.sound import Ear
 from world.world import World
 
 TORONTO, LONDON, _ = FEEDS
-RECORDINGS = {"one": 500, "two": 900, "three": 1300}  # name -> Hz
+RECORDINGS = {"adpcm_ms": 500, "pcm_mulaw": 900, "pcm_u8": 1300}  # name, which is that of the coding -> Hz
 TAB = 9
 LABEL3, LABEL4 = 1013, 1014
 
@@ -28,7 +28,7 @@ class Chatter(unittest.TestCase):
             recording.unlink()
         for name, tone in RECORDINGS.items():
             subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", f"sine=frequency={tone}:duration=1.5",
-                            folder / f"{name}.WAV"], check=True)
+                            "-c:a", name, folder / f"{name}.WAV"], check=True)
         (cls.world.data / "Quillon.ini").write_bytes(b" 50 \r\nCom2Stby\r\n 2 \r\n 3 \r\n 9 \r\n")
         cls.world.start_simulator()
         cls.world.start_quillon()
