@@ -60,7 +60,7 @@ TEST(Session, TellsHowAStreamFares) {
         {"a file cut short", {ok_with_length + Frames(50), Supply::End}, "9 3 9 1", 50},
         {"too little to start", {Ok + Frames(3)}, "9 6 9 1", 0},
         {"ends before the lead is full", {Ok + Frames(3), Supply::End}, "9 3 9 1", 3},
-        {"drips", {Ok + Frames(100), Supply::NothingYet, 400ms}, "9 6 9 1", 0},
+        {"drips", {.bytes = Ok + Frames(100), .between_bytes = 400ms}, "9 6 9 1", 0},
         {"no body", {Ok, Supply::End}, "9 1", 0},
         {"says nothing", {""}, "9 1", 0},
         {"closes at once", {"", Supply::End}, "9 1", 0},
