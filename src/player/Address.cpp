@@ -1,7 +1,7 @@
 #include "player/Address.h"
 
-#include "player/Trim.h"
 #include "runtime/Text.h"
+#include "runtime/Trim.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,7 +1,7 @@
 #include "player/HttpReply.h"
 
-#include "player/Trim.h"
 #include "runtime/Text.h"
+#include "runtime/Trim.h"
 
 #include <algorithm>
 

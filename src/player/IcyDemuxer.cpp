@@ -1,11 +1,17 @@
 #include "player/IcyDemuxer.h"
 
 #include "player/PlainText.h"
-#include "player/Trim.h"
 
 #include <algorithm>
 
 namespace quillon {
+
+namespace {
+
+/// A tool tip of some lines, in characters.
+constexpr std::ptrdiff_t LongestTitle = 120;
+
+} // namespace
 
 std::size_t IcyDemuxer::Strip(std::span<std::uint8_t> bytes) {
     std::size_t kept = 0;
@@ -46,11 +52,7 @@ std::string TitleOf(std::string_view announcement) {
     announcement.remove_prefix(start + mark.size());
     announcement = announcement.substr(0, announcement.find('\0'));
     const std::size_t end = std::min(announcement.find("';"), announcement.rfind('\''));
-    std::string title = PlainText(announcement.substr(0, end));
-    std::replace_if(
-        title.begin(), title.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; },
-        ' ');
-    return std::string(Trimmed(title));
+    return OneLine(PlainText(announcement.substr(0, end)), LongestTitle);
 }
 
 } // namespace quillon

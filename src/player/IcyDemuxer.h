@@ -20,7 +20,7 @@ class IcyDemuxer {
     /// Takes bytes as they come; moves what is sound to their front and returns how many that is.
     std::size_t Strip(std::span<std::uint8_t> bytes);
 
-    /// The title announced last, as UTF-8 text without control characters.
+    /// The title announced last: one line of at most 120 characters, none of them a control character. UTF-8.
     const std::string& Title() const { return title_; }
 
   private:

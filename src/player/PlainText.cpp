@@ -1,7 +1,9 @@
 #include "player/PlainText.h"
 
 #include "runtime/Text.h"
+#include "runtime/Trim.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <utility>
@@ -11,6 +13,22 @@ namespace quillon {
 namespace {
 
 constexpr std::size_t LongestEntity = 10;
+
+bool IsBetween(std::string_view text, std::string_view first, std::string_view last) {
+    return text.size() >= first.size() && text.substr(0, first.size()) >= first &&
+           text.substr(0, last.size()) <= last;
+}
+
+/// Bytes of the blank at the front of the text, or of what counts as one; 0 for any other character.
+std::size_t BlankLength(std::string_view text) {
+    const auto byte = static_cast<unsigned char>(text.front());
+    if (byte <= ' ' || byte == 0x7F) return 1;
+    if (IsBetween(text, "\xC2\x80", "\xC2\xA0")) return 2;
+    const bool steers = IsBetween(text, "\xE2\x80\xA8", "\xE2\x80\xAE") || // U+2028: lines, directions
+                        IsBetween(text, "\xE2\x81\xA6", "\xE2\x81\xA9") || // U+2066: isolates
+                        IsBetween(text, "\xE2\x80\x8E", "\xE2\x80\x8F");   // U+200E: marks
+    return steers ? 3 : 0;
+}
 
 /// The character that stands between "&" and ";".
 std::optional<unsigned long> EntityCode(std::string_view name) {
@@ -37,6 +55,19 @@ std::string PlainText(std::string_view bytes) {
     std::string text;
     for (const char byte : bytes) AppendCharacter(text, static_cast<unsigned char>(byte));
     return text;
+}
+
+std::string OneLine(std::string_view text, std::ptrdiff_t longest) {
+    std::string line;
+    while (!text.empty()) {
+        const std::size_t blank = BlankLength(text);
+        if (blank == 0)
+            line += text.front();
+        else if (!line.empty() && line.back() != ' ')
+            line += ' ';
+        text.remove_prefix(std::max<std::size_t>(blank, 1));
+    }
+    return std::string(Trimmed(Left(line, longest)));
 }
 
 void AppendCharacter(std::string& text, unsigned long code) {

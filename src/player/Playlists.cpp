@@ -2,8 +2,8 @@
 
 #include "player/Address.h"
 #include "player/PlainText.h"
-#include "player/Trim.h"
 #include "runtime/Text.h"
+#include "runtime/Trim.h"
 
 #include <algorithm>
 #include <charconv>
