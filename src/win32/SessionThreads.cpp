@@ -2,6 +2,7 @@
 
 #include "player/Session.h"
 
+#include <system_error>
 #include <thread>
 
 namespace quillon {
@@ -15,17 +16,42 @@ constexpr std::size_t MostIdle = 2; // one ends its session while the next one s
 
 } // namespace
 
+void SessionThreads::Open() {
+    std::unique_lock lock(mutex_);
+    KeepOneFree(lock);
+}
+
 void SessionThreads::Run(std::shared_ptr<Session> session) {
-    const std::lock_guard lock(mutex_);
-    if (idle_ <= waiting_.size()) AddThread();
+    std::unique_lock lock(mutex_);
+    if (idle_ <= waiting_.size()) AddThread(lock);
     waiting_.push_back(std::move(session));
     changed_.notify_all();
 }
 
-void SessionThreads::AddThread() {
-    std::thread([self = shared_from_this()] { self->Work(); }).detach();
+/// Counts it before it is there and lets others in meanwhile, so that no caller waits for a thread in the
+/// making.
+void SessionThreads::AddThread(std::unique_lock<std::mutex>& lock) {
     ++threads_;
     ++idle_;
+    lock.unlock();
+    try {
+        std::thread([self = shared_from_this()] { self->Work(); }).detach();
+        lock.lock();
+    } catch (const std::system_error&) {
+        lock.lock();
+        --threads_;
+        --idle_;
+        throw;
+    }
+}
+
+void SessionThreads::KeepOneFree(std::unique_lock<std::mutex>& lock) {
+    if (closed_ || idle_ > waiting_.size()) return;
+    try {
+        AddThread(lock);
+    } catch (const std::system_error&) {
+        // The next caller tries again, and is told.
+    }
 }
 
 void SessionThreads::Work() {
@@ -36,6 +62,7 @@ void SessionThreads::Work() {
         const std::shared_ptr<Session> session = std::move(waiting_.front());
         waiting_.pop_front();
         --idle_;
+        KeepOneFree(lock);
         lock.unlock();
         session->Run();
         lock.lock();

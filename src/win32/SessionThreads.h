@@ -9,11 +9,14 @@ namespace quillon {
 
 class Session;
 
-/// The threads that sessions run on. They are kept for the next session, because making one takes a system call
-/// that is too slow for a caller who may not wait; they share this object, because one that hangs outlives the
-/// player.
+/// The threads that sessions run on. Making one takes a system call that is too slow for a caller who may not
+/// wait: they are kept for the next session, and one that begins a session first sees to it that another is
+/// free for the next caller. They share this object, because one that hangs outlives the player.
 class SessionThreads : public std::enable_shared_from_this<SessionThreads> {
   public:
+    /// Makes the first thread, so that not even the first session has to wait for one.
+    void Open();
+
     /// Runs the session at once. Raises std::system_error when the system gives no more threads.
     void Run(std::shared_ptr<Session> session);
 
@@ -21,7 +24,8 @@ class SessionThreads : public std::enable_shared_from_this<SessionThreads> {
     void Close();
 
   private:
-    void AddThread();
+    void AddThread(std::unique_lock<std::mutex>& lock);
+    void KeepOneFree(std::unique_lock<std::mutex>& lock);
     void Work();
 
     std::mutex mutex_;

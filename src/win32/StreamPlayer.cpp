@@ -6,14 +6,16 @@
 
 namespace quillon {
 
-StreamPlayer::StreamPlayer(std::string program_version)
-    : StreamPlayer(std::move(program_version), std::make_shared<SessionThreads>()) {}
+StreamPlayer::StreamPlayer(const std::string& program_version)
+    : StreamPlayer(program_version, std::make_shared<SessionThreads>()) {}
 
-StreamPlayer::StreamPlayer(std::string program_version, std::shared_ptr<SessionThreads> threads)
+StreamPlayer::StreamPlayer(const std::string& program_version, std::shared_ptr<SessionThreads> threads)
     : SessionPlayer(
-          std::move(program_version), [] { return std::make_unique<WinPlayerSystem>(); },
+          program_version, [] { return std::make_unique<WinPlayerSystem>(); },
           [threads](std::shared_ptr<Session> session) { threads->Run(std::move(session)); }),
-      threads_(std::move(threads)) {}
+      threads_(std::move(threads)) {
+    threads_->Open();
+}
 
 StreamPlayer::~StreamPlayer() {
     Stop();

@@ -9,14 +9,14 @@ class SessionThreads;
 /// The built-in player on Windows' sockets, codecs and wave device, its sessions on threads of their own.
 class StreamPlayer : public SessionPlayer {
   public:
-    /// `program_version` is what servers are told.
-    explicit StreamPlayer(std::string program_version);
+    /// Servers are told "Quillon/" and `program_version` unless SetUserAgent says otherwise.
+    explicit StreamPlayer(const std::string& program_version);
 
     /// Silence; then waits for the sessions' threads, but not for one that hangs.
     ~StreamPlayer() override;
 
   private:
-    StreamPlayer(std::string program_version, std::shared_ptr<SessionThreads> threads);
+    StreamPlayer(const std::string& program_version, std::shared_ptr<SessionThreads> threads);
 
     std::shared_ptr<SessionThreads> threads_;
 };
