@@ -1,5 +1,7 @@
 #include "app/PlayerStrip.h"
 
+#include "playback/CurrentFeed.h"
+
 #include <algorithm>
 
 namespace quillon {
@@ -28,6 +30,14 @@ void PlayerStrip::cmdStop_Click() {
 void PlayerStrip::sldVolume_Change(int volume) {
     state_.form.Volume = std::clamp(volume, 0, 100);
     player_.SetVolume(state_.form.Volume);
+}
+
+void PlayerStrip::mnuReload_Click() {
+    if (IsStream(state_.feed)) live_.Reload();
+}
+
+void PlayerStrip::OfferReload() {
+    state_.form.mnuReloadEnabled = IsStream(state_.feed);
 }
 
 } // namespace quillon

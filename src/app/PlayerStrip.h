@@ -1,23 +1,31 @@
 #pragma once
 
 #include "playback/Mute.h"
+#include "ports/LiveFeed.h"
 
 namespace quillon {
 
-/// The play, pause and stop buttons and the volume of the main window.
+/// The play, pause and stop buttons and the volume of the main window, and the command that reloads the feed.
 class PlayerStrip {
   public:
-    PlayerStrip(ProgramState& state, MediaPlayer& player, Mute& mute)
-        : state_(state), player_(player), mute_(mute) {}
+    PlayerStrip(ProgramState& state, MediaPlayer& player, LiveFeed& live, Mute& mute)
+        : state_(state), player_(player), live_(live), mute_(mute) {}
 
     void cmdPlay_Click();
     void cmdPause_Click();
     void cmdStop_Click();
     void sldVolume_Change(int volume);
 
+    /// Connects the current stream anew; what is silent stays silent.
+    void mnuReload_Click();
+
+    /// Offers that while a stream is current.
+    void OfferReload();
+
   private:
     ProgramState& state_;
     MediaPlayer& player_;
+    LiveFeed& live_;
     Mute& mute_;
 };
 

@@ -5,6 +5,7 @@
 #include "ports/Dialogs.h"
 #include "ports/Display.h"
 #include "ports/Keyboard.h"
+#include "ports/LiveFeed.h"
 #include "ports/MediaPlayer.h"
 #include "ports/MessageLink.h"
 #include "ports/Printer.h"
@@ -21,6 +22,7 @@ struct Ports {
     SharedMemory& memory;
     Clock& clock;
     MediaPlayer& player;
+    LiveFeed& live; ///< of the same player
     Prompts& prompts;
     Dialogs& dialogs;
     Display& display;

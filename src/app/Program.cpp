@@ -41,7 +41,7 @@ class GatedClock : public Clock {
 };
 
 Ports WithClock(const Ports& ports, Clock& clock) {
-    return {ports.link,      ports.memory,   clock,        ports.player, ports.prompts,
+    return {ports.link,      ports.memory,   clock,        ports.player, ports.live, ports.prompts,
             ports.dialogs,   ports.display,  ports.shell,  ports.files,  ports.regional,
             ports.code_page, ports.keyboard, ports.printer};
 }
@@ -66,7 +66,7 @@ struct Program::Logic {
           range(state, trap),
           shut_down(state, settings, regional, link, ports.player),
           start_up(state, ports, trap, {regional, settings, airports, loader}, command_line),
-          display(state, ports.player, ports.shell),
+          display(state, ports.player, ports.live, ports.shell),
           sim(state, link, readout, range, ports.player, [this] { shut_down.Run(); }),
           tuning(state, sim, display, ports.player, trap),
           chatter(state, sim, display, ports.player, clock, trap),
@@ -83,7 +83,7 @@ struct Program::Logic {
           status(state, link, readout),
           mute(state, ports.player),
           mute_key(state, mute, ports.keyboard, ports.display, clock),
-          strip(state, ports.player, mute) {}
+          strip(state, ports.player, ports.live, mute) {}
 
     GatedClock clock;
     Ports ports;
@@ -134,6 +134,7 @@ void Program::HandleAlways(Handler handler) {
     if (in_handler_ || state_.Ended) return;
     in_handler_ = true;
     handler();
+    logic_->strip.OfferReload();
     if (quit_requested_) logic_->shut_down.Run();
     in_handler_ = false;
 }
@@ -313,6 +314,10 @@ void Program::cmdStop_Click() {
 
 void Program::sldVolume_Change(int volume) {
     Handle([this, volume] { logic_->strip.sldVolume_Change(volume); });
+}
+
+void Program::mnuReload_Click() {
+    Handle([this] { logic_->strip.mnuReload_Click(); });
 }
 
 void Program::mnuQuit_Click() {

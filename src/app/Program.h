@@ -86,6 +86,7 @@ class Program {
     void cmdPause_Click();
     void cmdStop_Click();
     void sldVolume_Change(int volume);
+    void mnuReload_Click();
 
     /// The list has taken the keyboard as a handler had asked.
     void FocusTaken() { state_.form.lvwDBFocus = false; }

@@ -15,9 +15,14 @@ void MakeCurrent(ProgramState& state, const FeedRecord& record) {
     feed.RadioFeedMarker = RadioMarker(feed.FeedCity);
     feed.WplMarker = PlaylistMarker(feed.FeedUrl);
     feed.FeedUrlMarker = feed.WplMarker > 0 ? "1" : std::to_string(StreamMarker(feed.FeedUrl));
+    state.form.PanelAt(3).ToolTipText.clear(); // was what the station before said
     state.form.Label2 = {feed.RadioFeedMarker > 0 ? "Net Radio" : "", ""};
     state.range.InRange = false;
     state.range.AirportSearchStart = 1;
+}
+
+bool IsStream(const FeedState& feed) {
+    return !feed.FeedUrl.empty() && feed.FeedUrlMarker != "0";
 }
 
 void ClearCurrentFeed(ProgramState& state) {

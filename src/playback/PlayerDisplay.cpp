@@ -45,6 +45,7 @@ void PlayerDisplay::GetWMPState() {
     if (play_state == Playing) texts.Suffix = ShowPlaying();
     state_.form.PanelAt(1).Text = texts.Panel;
     state_.form.Caption = state_.feed.CaptionBase + texts.Suffix;
+    state_.form.PanelAt(3).ToolTipText = live_.Title();
     state_.form.picATCNetVisible = IsLiveAtc(state_.feed.FeedUrl);
 }
 

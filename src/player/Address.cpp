@@ -15,6 +15,7 @@ constexpr std::string_view HttpScheme = "http://";
 constexpr std::string_view HttpsScheme = "https://";
 constexpr std::uint16_t HttpPort = 80;
 constexpr std::uint16_t HttpsPort = 443;
+constexpr std::size_t LongestUserAgent = 200;
 
 bool IsPlain(char c) {
     return c > ' ' && c < '\x7F';
@@ -146,10 +147,15 @@ std::string AddressText(const StreamAddress& address) {
     return std::string(address.secure ? HttpsScheme : HttpScheme) + HostText(address) + address.target;
 }
 
-std::string RequestText(const StreamAddress& address, std::string_view program_version) {
-    return "GET " + address.target + " HTTP/1.0\r\nHost: " + HostText(address) + "\r\nUser-Agent: Quillon/" +
-           std::string(program_version) +
+std::string RequestText(const StreamAddress& address, std::string_view user_agent) {
+    return "GET " + address.target + " HTTP/1.0\r\nHost: " + HostText(address) +
+           "\r\nUser-Agent: " + std::string(user_agent) +
            "\r\nAccept: audio/mpeg, audio/*;q=0.9, */*;q=0.1\r\nIcy-MetaData: 1\r\nConnection: close\r\n\r\n";
+}
+
+bool IsUserAgent(std::string_view text) {
+    return !text.empty() && text.size() <= LongestUserAgent &&
+           std::all_of(text.begin(), text.end(), [](char c) { return c == ' ' || IsPlain(c); });
 }
 
 } // namespace quillon

@@ -32,7 +32,11 @@ std::optional<StreamAddress> ResolveLocation(const StreamAddress& from, std::str
 std::string AddressText(const StreamAddress& address);
 
 /// The request for the stream. It asks for version 1.0 of the protocol, whose replies carry the body as it is,
-/// and for the titles that come between the sound.
-std::string RequestText(const StreamAddress& address, std::string_view program_version);
+/// and for the titles that come between the sound. `user_agent` is to be fit for a header.
+std::string RequestText(const StreamAddress& address, std::string_view user_agent);
+
+/// Whether a text may stand for the program in a request: 1 to 200 visible ASCII characters and blanks, which
+/// cannot end the line.
+bool IsUserAgent(std::string_view text);
 
 } // namespace quillon

@@ -23,8 +23,8 @@ constexpr int Gone = 410;
 
 } // namespace
 
-HttpStream::HttpStream(StreamAddress address, std::string program_version, PlayerSystem& system)
-    : address_(std::move(address)), program_version_(std::move(program_version)), system_(system) {}
+HttpStream::HttpStream(StreamAddress address, std::string user_agent, PlayerSystem& system)
+    : address_(std::move(address)), user_agent_(std::move(user_agent)), system_(system) {}
 
 Got HttpStream::Read(std::span<std::uint8_t> room) {
     while (!in_body_)
@@ -37,7 +37,7 @@ Supply HttpStream::Ask() {
     if (!connection_) {
         connection_ = system_.Connect(address_);
         if (!connection_) return Supply::Failed;
-        unsent_ = RequestText(address_, program_version_);
+        unsent_ = RequestText(address_, user_agent_);
         reply_ = {};
     }
     return unsent_.empty() ? ReadHead() : SendRequest();

@@ -18,7 +18,7 @@ class HttpStream : public ByteSource {
   public:
     static constexpr int MaximumRedirects = 8;
 
-    HttpStream(StreamAddress address, std::string program_version, PlayerSystem& system);
+    HttpStream(StreamAddress address, std::string user_agent, PlayerSystem& system);
 
     Got Read(std::span<std::uint8_t> room) override;
 
@@ -40,7 +40,7 @@ class HttpStream : public ByteSource {
     Got ReadRaw(std::span<std::uint8_t> room);
 
     StreamAddress address_;
-    std::string program_version_;
+    std::string user_agent_;
     PlayerSystem& system_;
     std::unique_ptr<Connection> connection_;
     std::string unsent_;

@@ -21,10 +21,10 @@ constexpr int MostTries = 30;
 
 } // namespace
 
-Session::Session(std::string url, std::string program_version, int volume, std::unique_ptr<PlayerSystem> system,
+Session::Session(std::string url, std::string user_agent, int volume, std::unique_ptr<PlayerSystem> system,
                  milliseconds not_before)
     : url_(std::move(url)),
-      program_version_(std::move(program_version)),
+      user_agent_(std::move(user_agent)),
       system_(std::move(system)),
       not_before_(not_before),
       policy_(static_cast<std::uint32_t>(system_->Now().count())) {
@@ -113,7 +113,7 @@ std::unique_ptr<ByteSource> Session::Open(const std::string& address) {
     is_online_ = true;
     const auto parsed = ParseAddress(address);
     if (!parsed) return nullptr;
-    return std::make_unique<HttpStream>(*parsed, program_version_, *system_);
+    return std::make_unique<HttpStream>(*parsed, user_agent_, *system_);
 }
 
 /// False when there is to be no next try.

@@ -20,7 +20,7 @@ class Session {
 
     /// `url` is the address of a stream or the path of a file; `volume` 0 to 100. Nothing is asked for before
     /// `not_before`, a moment of the system's clock.
-    Session(std::string url, std::string program_version, int volume, std::unique_ptr<PlayerSystem> system,
+    Session(std::string url, std::string user_agent, int volume, std::unique_ptr<PlayerSystem> system,
             std::chrono::milliseconds not_before = {});
 
     /// Plays; returns when there is no more to play, when the address is given up, or soon after Cancel.
@@ -62,7 +62,7 @@ class Session {
     void ShowTitle(const std::string& title);
 
     const std::string url_;
-    const std::string program_version_;
+    const std::string user_agent_;
     const std::unique_ptr<PlayerSystem> system_;
     Wishes wishes_;
     std::atomic<PlayState> state_ = Transitioning;

@@ -7,10 +7,8 @@
 
 namespace quillon {
 
-SessionPlayer::SessionPlayer(std::string program_version, MakeSystem make_system, RunSession run)
-    : program_version_(std::move(program_version)),
-      make_system_(std::move(make_system)),
-      run_(std::move(run)) {}
+SessionPlayer::SessionPlayer(const std::string& program_version, MakeSystem make_system, RunSession run)
+    : user_agent_("Quillon/" + program_version), make_system_(std::move(make_system)), run_(std::move(run)) {}
 
 SessionPlayer::~SessionPlayer() {
     EndSession();
@@ -19,6 +17,7 @@ SessionPlayer::~SessionPlayer() {
 void SessionPlayer::SetUrl(const std::string& url) {
     if (url == url_ && session_ && session_->IsWaiting()) return Play();
     EndSession();
+    held_ = false;
     url_ = url;
     idle_state_ = Stopped;
     if (!url_.empty()) Start();
@@ -26,9 +25,16 @@ void SessionPlayer::SetUrl(const std::string& url) {
 
 void SessionPlayer::Reload() {
     if (url_.empty()) return;
+    const bool is_stopped = !session_ && idle_state_ == Stopped;
     EndSession();
     not_before_.erase(url_);
+    if (is_stopped) return;
     Start();
+    if (held_) Pause();
+}
+
+void SessionPlayer::SetUserAgent(const std::string& user_agent) {
+    if (IsUserAgent(user_agent)) user_agent_ = user_agent;
 }
 
 void SessionPlayer::Start() {
@@ -38,7 +44,7 @@ void SessionPlayer::Start() {
     std::erase_if(not_before_, [now](const auto& entry) { return entry.second <= now; });
     const auto held = not_before_.find(url_);
     const auto moment = held == not_before_.end() ? std::chrono::milliseconds(0) : held->second;
-    auto session = std::make_shared<Session>(url_, program_version_, volume_, std::move(system), moment);
+    auto session = std::make_shared<Session>(url_, user_agent_, volume_, std::move(system), moment);
     try {
         run_(session);
         session_ = std::move(session);
@@ -61,6 +67,7 @@ PlayState SessionPlayer::State() {
 }
 
 void SessionPlayer::Play() {
+    held_ = false;
     if (url_.empty()) return;
     if (!session_ || session_->HasEnded()) {
         Start();
@@ -71,6 +78,7 @@ void SessionPlayer::Play() {
 }
 
 void SessionPlayer::Pause() {
+    held_ = true;
     if (!session_ || session_->HasEnded()) return;
     paused_ = true;
     session_->Pause();

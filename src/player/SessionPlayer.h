@@ -1,6 +1,7 @@
 #pragma once
 
 #include "player/PlayerSystem.h"
+#include "ports/LiveFeed.h"
 #include "ports/MediaPlayer.h"
 
 #include <functional>
@@ -14,14 +15,14 @@ class Session;
 
 /// The built-in player: streams and playlists over HTTP, and files. Each address is played by a session of its
 /// own; one that has been replaced is silent at once and ends when it can, however long the system keeps it.
-class SessionPlayer : public MediaPlayer {
+class SessionPlayer : public MediaPlayer, public LiveFeed {
   public:
     using MakeSystem = std::function<std::unique_ptr<PlayerSystem>()>;
     using RunSession = std::function<void(std::shared_ptr<Session>)>;
 
-    /// `program_version` is what servers are told. `run` runs a session at once without waiting for it; it
-    /// raises std::system_error when it cannot.
-    SessionPlayer(std::string program_version, MakeSystem make_system, RunSession run);
+    /// Servers are told "Quillon/" and `program_version` unless SetUserAgent says otherwise. `run` runs a
+    /// session at once without waiting for it; it raises std::system_error when it cannot.
+    SessionPlayer(const std::string& program_version, MakeSystem make_system, RunSession run);
 
     /// Cancels what plays.
     ~SessionPlayer() override;
@@ -38,23 +39,22 @@ class SessionPlayer : public MediaPlayer {
     void Stop() override;
     void SetVolume(int volume) override;
 
-    /// Connects anew at once, even to an address that was given up; does nothing with an empty address.
-    void Reload();
-
-    /// What the server says is to be heard now; empty without.
-    std::string Title() const;
+    std::string Title() const override;
+    void Reload() override;
+    void SetUserAgent(const std::string& user_agent) override;
 
   private:
     void Start();
     void EndSession();
 
-    std::string program_version_;
+    std::string user_agent_;
     MakeSystem make_system_;
     RunSession run_;
     std::string url_;
     int volume_ = 100;
     PlayState idle_state_ = Undefined; // while there is no session
     bool paused_ = false;
+    bool held_ = false; // pause was the last word, though there may have been nothing to pause
     std::shared_ptr<Session> session_;
     std::map<std::string, std::chrono::milliseconds> not_before_; // of addresses that were given up
 };

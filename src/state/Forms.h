@@ -83,6 +83,7 @@ struct frmATC {
     bool mnuBackupEnabled = false;
     bool mnuSearchMenuEnabled = false;
     bool mnuRestoreEnabled = false;
+    bool mnuReloadEnabled = false;
 
     std::array<FormTimer, 5> Timers{{{true, 1000}, {false, 1000}, {false, 1000}, {false, 1000}, {true, 100}}};
     FormTimer& Timer(int id) { return Timers.at(static_cast<std::size_t>(id) - 1); }

@@ -49,6 +49,7 @@ enum ControlId : int {
     IdMnuTuneFeed = 2019,
     IdMnuCopyAddress = 2020,
     IdMnuPrint = 2021,
+    IdMnuReload = 2022,
 };
 
 } // namespace quillon

@@ -30,7 +30,9 @@ void AddPopup(HMENU bar, const wchar_t* title, std::initializer_list<Entry> entr
 HMENU MakeBar() {
     HMENU bar = CreateMenu();
     AddPopup(bar, L"&File",
-             {{IdMnuAddAtc, L"&Add Feed ...\tCtrl+N"},
+             {{IdMnuReload, L"Re&load Feed\tF5"},
+              {0, nullptr},
+              {IdMnuAddAtc, L"&Add Feed ...\tCtrl+N"},
               {0, nullptr},
               {IdMnuBackup, L"&Back Up Feeds ..."},
               {IdMnuRestore, L"&Restore Feeds ..."},
@@ -74,6 +76,7 @@ constexpr Rule Rules[] = {
     {IdMnuRestore, &frmATC::mnuRestoreEnabled},
     {IdMnuEditData, nullptr},
     {IdMnuPrint, &frmATC::mnuPrintEnabled},
+    {IdMnuReload, &frmATC::mnuReloadEnabled},
     {IdMnuSearch, &frmATC::mnuSearchMenuEnabled},
     {IdMnuCitySearch, &frmATC::mnuSearchMenuEnabled},
     {IdMnuSearchAgain, &frmATC::mnuSearchMenuEnabled},
@@ -88,11 +91,20 @@ constexpr Rule Rules[] = {
     {IdMnuAbout, nullptr},
 };
 
+std::uint32_t Enabled(const frmATC& form) {
+    static_assert(std::size(Rules) <= 32);
+    std::uint32_t bits = 0;
+    for (std::size_t i = 0; i < std::size(Rules); ++i)
+        if (Rules[i].enabled == nullptr || form.*Rules[i].enabled) bits |= 1U << i;
+    return bits;
+}
+
 HACCEL MakeKeys() {
     ACCEL keys[] = {
         {FVIRTKEY | FCONTROL, 'F', IdMnuSearch}, {FVIRTKEY | FCONTROL | FSHIFT, 'F', IdMnuCitySearch},
         {FVIRTKEY, VK_F3, IdMnuSearchAgain},     {FVIRTKEY | FCONTROL, 'N', IdMnuAddAtc},
         {FVIRTKEY, VK_F1, IdMnuContents},        {FVIRTKEY | FCONTROL, 'P', IdMnuPrint},
+        {FVIRTKEY, VK_F5, IdMnuReload},
     };
     return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
 }
@@ -111,10 +123,11 @@ void MainMenu::Sync(const frmATC& form, bool busy) {
         item.dwTypeData = text.data();
         SetMenuItemInfoW(bar_, IdMnuRange, FALSE, &item);
     }
-    for (const Rule& rule : Rules) {
-        const bool enabled = !busy && (rule.enabled == nullptr || form.*rule.enabled);
-        EnableMenuItem(bar_, static_cast<UINT>(rule.id), enabled ? MF_ENABLED : MF_GRAYED);
-    }
+    const std::uint32_t enabled = busy ? 0 : Enabled(form);
+    if (enabled_ == enabled) return; // asked several times a second
+    enabled_ = enabled;
+    for (std::size_t i = 0; i < std::size(Rules); ++i)
+        EnableMenuItem(bar_, static_cast<UINT>(Rules[i].id), (enabled >> i & 1U) != 0 ? MF_ENABLED : MF_GRAYED);
 }
 
 void MainMenu::ShowForRow(HWND window, POINT where, const frmATC& form) {

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace quillon {
@@ -30,6 +32,7 @@ class MainMenu {
     HMENU bar_;
     HACCEL keys_; // lives as long as the program
     std::string range_caption_;
+    std::optional<std::uint32_t> enabled_; // a bit for each rule
 };
 
 } // namespace quillon

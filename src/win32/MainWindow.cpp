@@ -41,6 +41,7 @@ constexpr Click Clicks[] = {
     {IdMnuRange, &Program::mnuRange_Click},
     {IdMnuSetMute, &Program::mnuSetMute_Click},
     {IdMnuRecordedChatter, &Program::mnuRecordedChatter_Click},
+    {IdMnuReload, &Program::mnuReload_Click},
     {IdMnuFsuipc, &Program::mnuFSUPIC_Click},
     {IdMnuAddAtc, &Program::mnuAddATC_Click},
     {IdMnuBackup, &Program::mnuBackup_Click},

@@ -143,6 +143,13 @@ void WindowsMediaPlayer::SetVolume(int volume) {
     if (settings_) settings_->put_volume(std::clamp(volume, 0, 100));
 }
 
+void WindowsMediaPlayer::Reload() {
+    const PlayState state = State();
+    if (url_.empty() || state == Paused || state == Stopped) return;
+    given_up_.clear();
+    Open();
+}
+
 bool WindowsMediaPlayer::IsAvailable(const wchar_t* command) {
     VARIANT_BOOL available = VARIANT_FALSE;
     return SUCCEEDED(controls_->get_isAvailable(ComText(command).Get(), &available)) &&

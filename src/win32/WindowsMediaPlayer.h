@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ports/LiveFeed.h"
 #include "ports/MediaPlayer.h"
 #include "win32/ControlEvents.h"
 
@@ -13,7 +14,7 @@ namespace quillon {
 
 /// The Windows Media Player control, without a window. It works on the thread that makes it, which must serve
 /// its messages. Where the control or a part of it is missing, calls do nothing.
-class WindowsMediaPlayer : public MediaPlayer {
+class WindowsMediaPlayer : public MediaPlayer, public LiveFeed {
   public:
     WindowsMediaPlayer();
     ~WindowsMediaPlayer() override;
@@ -33,6 +34,11 @@ class WindowsMediaPlayer : public MediaPlayer {
     void Pause() override;
     void Stop() override;
     void SetVolume(int volume) override;
+
+    /// The control keeps a station's title to itself, and tells servers its own name.
+    std::string Title() const override { return {}; }
+    void Reload() override;
+    void SetUserAgent(const std::string&) override {}
 
   private:
     void Prepare();

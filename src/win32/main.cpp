@@ -65,8 +65,9 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     StreamPlayer built_in(QUILLON_VERSION);
     const auto control = AnsweringControl();
     MediaPlayer& player = control ? static_cast<MediaPlayer&>(*control) : built_in;
-    Program program({link, memory, clock, player, prompts, dialogs, window, shell, files, regional, code_page,
-                     keyboard, printer},
+    LiveFeed& live = control ? static_cast<LiveFeed&>(*control) : built_in;
+    Program program({link, memory, clock, player, live, prompts, dialogs, window, shell, files, regional,
+                     code_page, keyboard, printer},
                     Arguments());
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();

@@ -47,6 +47,7 @@ struct World {
     milliseconds heard{0};
     std::set<int> levels;                                    // samples heard
     std::vector<std::pair<milliseconds, std::string>> asked; // when, and for what
+    std::set<std::string> agents;                            // as which it was asked
     std::shared_ptr<Session> session;                        // the one that runs
     std::function<bool()> audible = [] { return false; };
     std::shared_ptr<int> online = std::make_shared<int>(); // shared by the connections
@@ -61,6 +62,8 @@ class FakeConnection : public Connection {
         const std::string path(bytes.substr(4, bytes.find(" HTTP") - 4));
         left_ = world_.servers[path];
         world_.asked.emplace_back(world_.now, path);
+        const std::size_t agent = bytes.find("User-Agent: ") + 12;
+        world_.agents.emplace(bytes.substr(agent, bytes.find("\r\n", agent) - agent));
         return {Supply::Bytes, bytes.size()};
     }
     Got Read(std::span<std::uint8_t> room) override {

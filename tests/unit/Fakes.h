@@ -5,6 +5,7 @@
 #include "ports/Dialogs.h"
 #include "ports/Display.h"
 #include "ports/Keyboard.h"
+#include "ports/LiveFeed.h"
 #include "ports/MediaPlayer.h"
 #include "ports/Printer.h"
 #include "ports/Prompts.h"
@@ -109,7 +110,7 @@ class FakeClock : public Clock {
 };
 
 /// Plays at once whatever it is given, as the real players' states would tell.
-class FakePlayer : public MediaPlayer {
+class FakePlayer : public MediaPlayer, public LiveFeed {
   public:
     void SetUrl(const std::string& new_url) override {
         url = new_url;
@@ -125,11 +126,17 @@ class FakePlayer : public MediaPlayer {
     }
     void Stop() override { state = Stopped; }
     void SetVolume(int new_volume) override { volume = new_volume; }
+    std::string Title() const override { return title; }
+    void Reload() override { ++reloads; }
+    void SetUserAgent(const std::string& text) override { user_agent = text; }
 
     std::string url;
     std::vector<std::string> urls; ///< all it was given
     PlayState state = Undefined;
     int volume = -1;
+    std::string title;
+    int reloads = 0;
+    std::string user_agent;
 };
 
 class FakeKeyboard : public Keyboard {

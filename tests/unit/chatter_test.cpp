@@ -253,7 +253,7 @@ struct Bench {
     FsuipcClient link{simulator, simulator, clock};
     RadioReadout readout{state, link};
     ReceptionRange range{state, trap};
-    PlayerDisplay display{state, player, shell};
+    PlayerDisplay display{state, player, player, shell};
     SimWatch sim{state, link, readout, range, player, [] {}};
     RecordedChatter chatter{state, sim, display, player, clock, trap};
     Mute mute{state, player};

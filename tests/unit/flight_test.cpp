@@ -49,6 +49,21 @@ TEST_F(Flight, StartVolumeIsANumberFromOneToAHundred) {
     for (const auto& [text, volume] : rows) EXPECT_EQ(StartVolume(text).value_or(0), volume) << text;
 }
 
+TEST_F(Flight, ShowsTheTitleOfAStreamAndReloadsIt) {
+    Start();
+    player.title = "KJFK Tower";
+    for (const char* frequency : {"118.70", "118.00"}) { // a stream; a folder of recordings
+        TuneTo(frequency);
+        EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, "") << frequency;
+        Tick();
+        const bool streams = player.url == "http://feeds.example/a";
+        EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, streams ? "KJFK Tower" : "");
+        EXPECT_EQ(state().form.mnuReloadEnabled, streams);
+        program->mnuReload_Click();
+        EXPECT_EQ(player.reloads, 1);
+    }
+}
+
 TEST_F(Flight, TunesTheFeedOfEachFrequency) {
     Start();
     simulator.FlyTo(51.01, -1.01);

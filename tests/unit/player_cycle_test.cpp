@@ -137,6 +137,48 @@ TEST(Player, ReloadsAtOnce) {
     EXPECT_EQ(in.Asked(), 2U);
 }
 
+TEST(Player, ReloadsSilentlyWhatIsSilent) {
+    const Script sounds{Ok, Supply::Bytes};
+    for (const Script& script : {sounds, Unauthorised}) {
+        PlayerInWorld in;
+        in.world.servers["/a"] = script;
+        in.player.SetUrl(Url);
+        in.At(1s, [&in, sounds] {
+            in.player.Pause();
+            in.world.servers["/a"] = sounds;
+            in.player.Reload();
+        });
+        in.At(4s, [&in] {
+            EXPECT_EQ(in.player.State(), Paused);
+            EXPECT_FALSE(in.world.audible());
+            in.player.Play();
+        });
+        in.At(5s, [&in] {
+            EXPECT_TRUE(in.world.audible());
+            in.player.Stop();
+            in.player.Reload();
+        });
+        in.RunTo(6s);
+        EXPECT_EQ(in.player.State(), Stopped);
+        EXPECT_EQ(in.Asked(), 2U) << script.bytes;
+    }
+}
+
+TEST(Player, KeepsVolumeAndNameFromFeedToFeed) {
+    PlayerInWorld in;
+    in.world.servers["/a"] = in.world.servers["/b"] = {Ok, Supply::Bytes};
+    in.player.SetVolume(50);
+    in.player.SetUrl(Url);
+    in.At(1s, [&in] {
+        in.player.SetUserAgent("me (at home)");
+        for (const char* bad : {"", "a\rX: y", "a\nX: y", "\x7F", "\xC3\xBC"}) in.player.SetUserAgent(bad);
+        in.player.SetUrl("http://h/b");
+    });
+    in.RunTo(2s);
+    EXPECT_EQ(in.world.levels, (std::set<int>{500}));
+    EXPECT_EQ(in.world.agents, (std::set<std::string>{"Quillon/1.0", "me (at home)"}));
+}
+
 TEST(Player, KeepsItsWaitWhenItIsToldTheSameAgain) {
     PlayerInWorld in;
     in.world.servers["/a"] = NotFound;

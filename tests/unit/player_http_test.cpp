@@ -74,7 +74,7 @@ TEST(Address, KeepsItsSchemeBesideTheRoadAndReadsBackTheSame) {
 }
 
 TEST(Address, MakesARequest) {
-    const std::string request = RequestText({"::1", 8000, "/a"}, "1.2");
+    const std::string request = RequestText({"::1", 8000, "/a"}, "Quillon/1.2");
     EXPECT_TRUE(request.starts_with("GET /a HTTP/1.0\r\nHost: [::1]:8000\r\nUser-Agent: Quillon/1.2\r\n"));
     EXPECT_TRUE(request.ends_with("\r\n\r\n"));
     EXPECT_NE(RequestText({"h", 80, "/"}, "1.2").find("\r\nHost: h\r\n"), std::string::npos);
