@@ -61,11 +61,12 @@ struct Program::Logic {
           connection(state, link, clock),
           regional(ports.regional),
           settings(state, trap),
+          remembered(state),
           airports(state, ports.code_page, trap),
           loader(state, ports.prompts, ports.code_page, trap),
           range(state, trap),
-          shut_down(state, settings, regional, link, ports.player),
-          start_up(state, ports, trap, {regional, settings, airports, loader}, command_line),
+          shut_down(state, settings, remembered, regional, link, ports.player),
+          start_up(state, ports, trap, {regional, settings, remembered, airports, loader}, command_line),
           display(state, ports.player, ports.live, ports.shell),
           sim(state, link, readout, range, ports.player, [this] { shut_down.Run(); }),
           tuning(state, sim, display, ports.player, trap),
@@ -93,6 +94,7 @@ struct Program::Logic {
     SimConnection connection;
     RegionalNumbers regional;
     Settings settings;
+    RememberedState remembered;
     Airports airports;
     FeedLoader loader;
     ReceptionRange range;

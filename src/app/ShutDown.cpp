@@ -5,6 +5,7 @@ namespace quillon {
 void ShutDown::Run() {
     if (state_.Ended) return;
     settings_.WriteIni();
+    remembered_.Write();
     RunUnsaved();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/RegionalNumbers.h"
+#include "catalogue/RememberedState.h"
 #include "catalogue/Settings.h"
 #include "ports/MediaPlayer.h"
 #include "simlink/FsuipcClient.h"
@@ -11,19 +12,26 @@ namespace quillon {
 /// The way out. It is taken once, whichever caller comes first.
 class ShutDown {
   public:
-    ShutDown(ProgramState& state, Settings& settings, RegionalNumbers& regional, FsuipcClient& link,
-             MediaPlayer& player)
-        : state_(state), settings_(settings), regional_(regional), link_(link), player_(player) {}
+    ShutDown(ProgramState& state, Settings& settings, RememberedState& remembered, RegionalNumbers& regional,
+             FsuipcClient& link, MediaPlayer& player)
+        : state_(state),
+          settings_(settings),
+          remembered_(remembered),
+          regional_(regional),
+          link_(link),
+          player_(player) {}
 
-    /// Writes the settings, puts the user's separators back, closes the link and ends the program.
+    /// Writes the settings and what is to be remembered, puts the user's separators back, closes the link and
+    /// ends the program.
     void Run();
 
-    /// The same without writing the settings.
+    /// The same without writing anything.
     void RunUnsaved();
 
   private:
     ProgramState& state_;
     Settings& settings_;
+    RememberedState& remembered_;
     RegionalNumbers& regional_;
     FsuipcClient& link_;
     MediaPlayer& player_;

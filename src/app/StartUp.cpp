@@ -64,6 +64,7 @@ void StartUp::PrepareFiles() {
     if (own_folder) AddDefaultFeeds(state_.folders, state_.StartupStep, ports_.code_page);
     EnableMenus();
     parts_.settings.ReadIni();
+    RestorePlayer();
     TraceLog(state_.folders).Clear();
     state_.StartupStep.clear();
 }
@@ -74,14 +75,22 @@ void StartUp::EnableMenus() {
     form.mnuRestoreEnabled = FExists(state_.folders.DataPath + "live_atc_feeds.bak");
 }
 
+void StartUp::RestorePlayer() {
+    parts_.remembered.Read();
+    ports_.player.SetVolume(state_.form.Volume);
+    ports_.live.SetUserAgent(state_.UserAgent);
+}
+
 void StartUp::LoadData() {
     parts_.airports.LoadAirports();
     parts_.loader.LoadList();
 }
 
 void StartUp::ApplyStartVolume() {
-    if (const auto volume = StartVolume(command_line_)) state_.form.Volume = *volume;
-    ports_.player.SetVolume(state_.form.Volume);
+    const auto volume = StartVolume(command_line_);
+    if (!volume) return;
+    state_.form.Volume = *volume;
+    ports_.player.SetVolume(*volume);
 }
 
 } // namespace quillon

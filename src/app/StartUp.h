@@ -3,6 +3,7 @@
 #include "app/Ports.h"
 #include "app/RegionalNumbers.h"
 #include "catalogue/FeedLoader.h"
+#include "catalogue/RememberedState.h"
 #include "catalogue/Settings.h"
 #include "geo/Airports.h"
 #include "runtime/ErrorTrap.h"
@@ -22,6 +23,7 @@ class StartUp {
     struct Parts {
         RegionalNumbers& regional;
         Settings& settings;
+        RememberedState& remembered;
         Airports& airports;
         FeedLoader& loader;
     };
@@ -39,6 +41,7 @@ class StartUp {
     void FillGapCombos();
     void PrepareFiles();
     void EnableMenus();
+    void RestorePlayer();
     void LoadData();
     void ApplyStartVolume();
 

@@ -110,8 +110,9 @@ struct ProgramState {
     std::string LastSearchText; ///< of the last search that found something
     std::string StartupStep;
     std::string MessageText;
-    bool Busy = false;  ///< a dialog or another program has the user: no timer ticks, no other command runs
-    bool Ended = false; ///< the shut-down has run; the window closes
+    std::string UserAgent; ///< what feed servers are told; empty: the program's own name
+    bool Busy = false;     ///< a dialog or another program has the user: no timer ticks, no other command runs
+    bool Ended = false;    ///< the shut-down has run; the window closes
 };
 
 } // namespace quillon

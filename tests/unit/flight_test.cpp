@@ -9,6 +9,7 @@ namespace {
 TEST_F(Flight, StartsConnectsAndEnds) {
     regional.decimal = ",";
     regional.thousand = ".";
+    Write("Quillon\\Quillon.state", "user-agent=me\nvolume=40\n");
     Start("30");
     EXPECT_TRUE(prompts.messages.empty());
     EXPECT_TRUE(state().form.Visible);
@@ -17,15 +18,20 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     EXPECT_EQ(state().radio.FsuipcVersionText, "4.999");
     EXPECT_EQ(state().form.lvwDB.Items().size(), 8U); // three folders of recordings have joined
     EXPECT_EQ(player.volume, 30);
+    EXPECT_EQ(player.user_agent, "me");
     EXPECT_EQ(regional.decimal + regional.thousand, ".,");
 
     ReplaceFile(At("Quillon\\Quillon.ini"), "spoilt");
+    program->sldVolume_Change(0);
     program->mnuQuit_Click();
     EXPECT_TRUE(state().Ended);
+    EXPECT_EQ(Read("Quillon\\Quillon.state"), "volume=0\r\nuser-agent=me\r\n");
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n");
     EXPECT_EQ(regional.decimal + regional.thousand, ",.");
     program->EndSession();
     EXPECT_EQ(regional.writes, 4); // the way out is taken once
+    Start();
+    EXPECT_EQ(player.volume, 0);
 }
 
 TEST_F(Flight, TheNextRunPutsACrashedOnesSeparatorsBack) {

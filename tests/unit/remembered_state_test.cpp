@@ -1,0 +1,34 @@
+// The file of what is remembered from run to run: its values, and that it is never a reason for a message.
+#include "TempFolder.h"
+#include "catalogue/RememberedState.h"
+
+using namespace quillon;
+
+namespace {
+
+TEST(RememberedState, DefaultsStandInForWhatMakesNoSense) {
+    const std::pair<std::string, RememberedValues> rows[] = {
+        {"volume=0\r\nuser-agent=me/1 (a=b)\r\n", {0, "me/1 (a=b)"}},
+        {"\xEF\xBB\xBF volume = 7 \nother=1\nnothing\n=\n", {7, ""}},
+        {"volume=5\nvolume=101\nvolume=-1\nvolume=1e1\nvolume=\nvolume=99999999999", {5, ""}},
+    };
+    for (const auto& [text, values] : rows) EXPECT_EQ(ParseRemembered(text), values) << text;
+}
+
+using RememberedStateFile = TempFolder;
+
+TEST_F(RememberedStateFile, IsNotReplacedWhenItCouldNotBeRead) {
+    ProgramState state;
+    state.folders.DataPath = folder + "\\";
+    RememberedState remembered(state);
+    MakeFolder("Quillon.state");
+    remembered.Read();
+    DeleteFileAt(At("Quillon.state"));
+    remembered.Write();
+    EXPECT_FALSE(FileExists(At("Quillon.state")));
+    remembered.Read(); // now it is missing, which is no failure
+    MakeFolder("Quillon.state");
+    remembered.Write();
+}
+
+} // namespace
