@@ -41,9 +41,9 @@ class GatedClock : public Clock {
 };
 
 Ports WithClock(const Ports& ports, Clock& clock) {
-    return {ports.link,      ports.memory,   clock,        ports.player, ports.live, ports.prompts,
-            ports.dialogs,   ports.display,  ports.shell,  ports.files,  ports.regional,
-            ports.code_page, ports.keyboard, ports.printer};
+    return {ports.link,     ports.memory,    clock,          ports.player, ports.live,
+            ports.prompts,  ports.dialogs,   ports.display,  ports.shell,  ports.files,
+            ports.regional, ports.code_page, ports.keyboard, ports.printer};
 }
 
 } // namespace
@@ -189,6 +189,10 @@ void Program::lvwDB_DblClick() {
 
 void Program::lvwDB_ColumnClick(Column column) {
     Handle([this, column] { logic_->list.lvwDB_ColumnClick(column); });
+}
+
+void Program::lvwDB_ColumnResize(Column column, int width) {
+    state_.form.lvwDB.ColumnHeaders.at(static_cast<std::size_t>(column)).WidthTwips = width;
 }
 
 void Program::mnuPlayFeed_Click() {

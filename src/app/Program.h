@@ -88,6 +88,10 @@ class Program {
     void sldVolume_Change(int volume);
     void mnuReload_Click();
 
+    /// The user gave the window another size, or a column another width (twips).
+    void Form_Resize(WindowSize size) { state_.form.Size = size; }
+    void lvwDB_ColumnResize(Column column, int width);
+
     /// The list has taken the keyboard as a handler had asked.
     void FocusTaken() { state_.form.lvwDBFocus = false; }
 

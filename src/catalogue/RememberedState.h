@@ -2,6 +2,7 @@
 
 #include "state/ProgramState.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,8 @@ namespace quillon {
 struct RememberedValues {
     int Volume = 100;      ///< of the player strip, 0 to 100
     std::string UserAgent; ///< what servers are told; empty: the program's own name
+    WindowSize Window;
+    std::array<int, 4> Columns{}; ///< widths of the list's columns, twips; 0 is the first one
 
     bool operator==(const RememberedValues&) const = default;
 };

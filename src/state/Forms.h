@@ -49,8 +49,17 @@ inline constexpr std::array<int, 4> PanelWidths{1200, 1200, 3500, 3000};
 
 enum class SelectionMode { Automatic, Manual };
 
+/// Size of a window's outside, in pixels at 96 dpi; 0 by 0 is the one that the window has by itself.
+struct WindowSize {
+    int Width = 0;
+    int Height = 0;
+
+    bool operator==(const WindowSize&) const = default;
+};
+
 struct frmATC {
     bool Visible = false;
+    WindowSize Size;
     std::string Caption = "Quillon";
 
     ListView lvwDB;

@@ -7,6 +7,12 @@
 
 namespace quillon {
 
+namespace {
+
+constexpr int TwipsPerInch = 1440;
+
+} // namespace
+
 FeedList::FeedList(HWND parent, const ListView& data) : data_(data) {
     constexpr DWORD Style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_GROUP | LVS_REPORT | LVS_OWNERDATA |
                             LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
@@ -19,26 +25,38 @@ FeedList::FeedList(HWND parent, const ListView& data) : data_(data) {
 void FeedList::SetTheme(const Theme& theme) {
     theme_ = &theme;
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), TRUE);
-    if (columns_dpi_ != 0 && columns_dpi_ != theme.Dpi())
-        for (int column = 0; column < static_cast<int>(data_.ColumnHeaders.size()); ++column)
-            ListView_SetColumnWidth(window_, column,
-                                    MulDiv(ListView_GetColumnWidth(window_, column),
-                                           static_cast<int>(theme.Dpi()), static_cast<int>(columns_dpi_)));
-    if (columns_dpi_ != 0) columns_dpi_ = theme.Dpi();
+    shown_widths_ = {};
+    SyncColumns();
 }
 
 void FeedList::SyncColumns() {
-    if (columns_dpi_ != 0 || data_.ColumnHeaders.empty() || theme_ == nullptr) return;
-    columns_dpi_ = theme_->Dpi();
-    int index = 0;
-    for (const ListView::ColumnHeader& header : data_.ColumnHeaders) {
-        std::wstring text = Wide(header.Text);
-        LVCOLUMNW column{};
-        column.mask = LVCF_TEXT | LVCF_WIDTH;
-        column.pszText = text.data();
-        column.cx = theme_->TwipsToPx(header.WidthTwips);
-        ListView_InsertColumn(window_, index++, &column);
+    if (theme_ == nullptr) return;
+    for (std::size_t index = 0; index < data_.ColumnHeaders.size() && index < shown_widths_.size(); ++index) {
+        const ListView::ColumnHeader& header = data_.ColumnHeaders[index];
+        const int column = static_cast<int>(index);
+        if (column >= Header_GetItemCount(ListView_GetHeader(window_))) AddColumn(column, header.Text);
+        if (shown_widths_[index] == header.WidthTwips) continue;
+        shown_widths_[index] = header.WidthTwips;
+        ListView_SetColumnWidth(window_, column, theme_->TwipsToPx(header.WidthTwips));
     }
+}
+
+void FeedList::AddColumn(int index, const std::string& name) {
+    std::wstring text = Wide(name);
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT;
+    column.pszText = text.data();
+    ListView_InsertColumn(window_, index, &column);
+}
+
+std::optional<std::pair<Column, int>> FeedList::DraggedColumn(const NMHDR& header) {
+    if (header.code != HDN_ENDTRACKW || header.hwndFrom != ListView_GetHeader(window_)) return std::nullopt;
+    const auto& drag = reinterpret_cast<const NMHEADERW&>(header);
+    const auto index = static_cast<std::size_t>(drag.iItem);
+    if (index >= shown_widths_.size() || drag.pitem == nullptr || (drag.pitem->mask & HDI_WIDTH) == 0)
+        return std::nullopt;
+    shown_widths_[index] = MulDiv(drag.pitem->cxy, TwipsPerInch, static_cast<int>(theme_->Dpi()));
+    return std::pair(static_cast<Column>(index), shown_widths_[index]);
 }
 
 void FeedList::Sync() {

@@ -5,10 +5,12 @@
 
 #include <windows.h>
 
+#include <array>
 #include <commctrl.h>
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace quillon {
 
@@ -19,7 +21,7 @@ class FeedList {
 
     HWND Window() const { return window_; }
 
-    /// Columns, font and widths for a resolution. Widths that the user has dragged are scaled with it.
+    /// Columns, font and widths for a resolution.
     void SetTheme(const Theme& theme);
 
     /// Brings rows, selection and scroll position up to the data.
@@ -34,11 +36,16 @@ class FeedList {
     /// Whether a selection message comes from the user's hand rather than from Sync.
     bool UserIsSelecting() const { return !syncing_; }
 
+    /// The column that the user has just made wider or narrower, if that is what the message says, and its
+    /// width in twips.
+    std::optional<std::pair<Column, int>> DraggedColumn(const NMHDR& header);
+
     /// The control's notifications that only the list itself understands.
     LRESULT Notify(NMHDR& header);
 
   private:
     void SyncColumns();
+    void AddColumn(int index, const std::string& name);
     void SyncArrow();
     void FillItem(LVITEMW& item);
     LRESULT Draw(NMLVCUSTOMDRAW& draw) const;
@@ -47,7 +54,7 @@ class FeedList {
     const ListView& data_;
     HWND window_;
     Theme const* theme_ = nullptr;
-    UINT columns_dpi_ = 0;
+    std::array<int, 4> shown_widths_{}; // twips
     bool syncing_ = false;
     std::uint64_t revision_ = 0;
     std::uint64_t visible_request_ = 0;

@@ -125,6 +125,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         return 0;
     case WM_SIZE:
         Layout();
+        if (wparam == SIZE_RESTORED) KeepSize();
         return 0;
     case WM_GETMINMAXINFO:
         if (controls_) {
@@ -188,6 +189,28 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     default:
         return DefWindowProcW(window_, message, wparam, lparam);
     }
+}
+
+/// The size counts from the moment on at which the user can change it.
+void MainWindow::KeepSize() {
+    if (!IsWindowVisible(window_)) return;
+    RECT area{};
+    GetWindowRect(window_, &area);
+    size_ = {MulDiv(area.right - area.left, 96, static_cast<int>(theme_.Dpi())),
+             MulDiv(area.bottom - area.top, 96, static_cast<int>(theme_.Dpi()))};
+    program_->Form_Resize(size_);
+}
+
+void MainWindow::SyncSize() {
+    const WindowSize size = program_->State().form.Size;
+    if (size_ == size) return;
+    size_ = size;
+    RECT screen{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+    SetWindowPos(window_, nullptr, 0, 0,
+                 std::min(theme_.Px(size.Width), static_cast<int>(screen.right - screen.left)),
+                 std::min(theme_.Px(size.Height), static_cast<int>(screen.bottom - screen.top)),
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 /// A label's mnemonic moves the focus through this message, which only dialogs answer by themselves.
@@ -258,7 +281,10 @@ void MainWindow::Clicked(int id) {
 }
 
 LRESULT MainWindow::Notify(NMHDR& header) {
-    if (!list_ || header.hwndFrom != list_->Window()) return 0;
+    if (!list_) return 0;
+    if (const auto dragged = list_->DraggedColumn(header))
+        program_->lvwDB_ColumnResize(dragged->first, dragged->second);
+    if (header.hwndFrom != list_->Window()) return 0;
     if (!list_->UserIsSelecting()) return list_->Notify(header);
     switch (header.code) {
     case LVN_ITEMCHANGED:
@@ -351,6 +377,7 @@ void MainWindow::SyncTimers() {
 
 void MainWindow::SyncVisibility() {
     const frmATC& form = program_->State().form;
+    SyncSize();
     if (form.Visible && !IsWindowVisible(window_)) {
         ShowWindow(window_, SW_SHOWNORMAL);
         UpdateWindow(window_);

@@ -54,6 +54,8 @@ class MainWindow : public Display {
     LRESULT Notify(NMHDR& header);
     void Layout();
     void SetInitialSize();
+    void KeepSize();
+    void SyncSize();
     void MoveFocus(WPARAM wparam, LPARAM lparam);
     void ShowRowMenu(HWND control, POINT where);
     void NextPane(bool back);
@@ -78,6 +80,7 @@ class MainWindow : public Display {
     AddFeedWindow add_feed_;
     std::string caption_;
     bool busy_ = false;
+    WindowSize size_;
     std::array<FormTimer, 5> timers_{};
 };
 

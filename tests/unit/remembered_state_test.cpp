@@ -8,11 +8,16 @@ namespace {
 
 TEST(RememberedState, DefaultsStandInForWhatMakesNoSense) {
     const std::pair<std::string, RememberedValues> rows[] = {
-        {"volume=0\r\nuser-agent=me/1 (a=b)\r\n", {0, "me/1 (a=b)"}},
-        {"\xEF\xBB\xBF volume = 7 \nother=1\nnothing\n=\n", {7, ""}},
-        {"volume=5\nvolume=101\nvolume=-1\nvolume=1e1\nvolume=\nvolume=99999999999", {5, ""}},
+        {"volume=0\r\nuser-agent=me/1 (a=b)\r\n", {0, "me/1 (a=b)", {}, {}}},
+        {"\xEF\xBB\xBF volume = 7 \nother=1\nnothing\n=\n", {7, "", {}, {}}},
+        {"volume=5\nvolume=101\nvolume=-1\nvolume=1e1\nvolume=\nvolume=99999999999", {5, "", {}, {}}},
+        {"window=800 600\ncolumns=700 3500 800 2400", {100, "", {800, 600}, {700, 3500, 800, 2400}}},
+        {"window=800 -600\nwindow=9\ncolumns=700 3500 800\ncolumns=700  800 2400 99999", {100, "", {}, {}}},
     };
-    for (const auto& [text, values] : rows) EXPECT_EQ(ParseRemembered(text), values) << text;
+    for (const auto& [text, values] : rows) {
+        EXPECT_EQ(ParseRemembered(text), values) << text;
+        EXPECT_EQ(ParseRemembered(RememberedText(values)), values) << text;
+    }
 }
 
 using RememberedStateFile = TempFolder;
@@ -23,7 +28,7 @@ TEST_F(RememberedStateFile, IsNotReplacedWhenItCouldNotBeRead) {
     RememberedState remembered(state);
     MakeFolder("Quillon.state");
     remembered.Read();
-    DeleteFileAt(At("Quillon.state"));
+    std::filesystem::remove(PathOf(At("Quillon.state")));
     remembered.Write();
     EXPECT_FALSE(FileExists(At("Quillon.state")));
     remembered.Read(); // now it is missing, which is no failure
