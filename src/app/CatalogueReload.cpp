@@ -6,6 +6,10 @@ namespace quillon {
 
 void CatalogueReload::Run(bool cycle_ran) {
     loader_.LoadList();
+    TakeUpList(cycle_ran);
+}
+
+void CatalogueReload::TakeUpList(bool cycle_ran) {
     FeedState& feed = state_.feed;
     if (!state_.form.optManual()) {
         feed.ForceRetune = true;

@@ -14,6 +14,9 @@ class CatalogueReload {
     /// tunes anew; in Manual mode what plays goes on.
     void Run(bool cycle_ran);
 
+    /// The second half of Run, for a list that has just been loaded.
+    void TakeUpList(bool cycle_ran);
+
   private:
     ProgramState& state_;
     FeedLoader& loader_;

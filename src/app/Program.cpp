@@ -66,7 +66,10 @@ struct Program::Logic {
           loader(state, ports.prompts, ports.code_page, trap),
           range(state, trap),
           shut_down(state, settings, remembered, regional, link, ports.player),
-          start_up(state, ports, trap, {regional, settings, remembered, airports, loader}, command_line),
+          reload(state, loader),
+          starter(state, ports.prompts, ports.shell),
+          start_up(state, ports, trap, {regional, settings, remembered, airports, loader, starter, reload},
+                   command_line),
           display(state, ports.player, ports.live, ports.shell),
           sim(state, link, readout, range, ports.player, [this] { shut_down.Run(); }),
           tuning(state, sim, display, ports.player, trap),
@@ -76,7 +79,6 @@ struct Program::Logic {
           radio_tuning(state, link),
           list(state, ports.player, ports.prompts, ports.keyboard, ports.shell, radio_tuning, trap),
           preferences(state, ports.prompts, ports.dialogs, ports.shell, trap),
-          reload(state, loader),
           maintenance(state, ports.prompts, ports.shell, ports.files, clock, reload, trap),
           add_feed(state, ports.prompts, ports.code_page, reload, trap),
           help(state, ports.prompts, ports.dialogs, ports.shell),
@@ -99,6 +101,8 @@ struct Program::Logic {
     FeedLoader loader;
     ReceptionRange range;
     ShutDown shut_down;
+    CatalogueReload reload;
+    StarterData starter;
     StartUp start_up;
     PlayerDisplay display;
     SimWatch sim;
@@ -109,7 +113,6 @@ struct Program::Logic {
     RadioTuning radio_tuning;
     FeedListCommands list;
     Preferences preferences;
-    CatalogueReload reload;
     Maintenance maintenance;
     AddFeed add_feed;
     HelpCommands help;

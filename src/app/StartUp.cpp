@@ -3,6 +3,7 @@
 #include "catalogue/DefaultFeeds.h"
 #include "catalogue/Folders.h"
 #include "catalogue/TraceLog.h"
+#include "playback/CurrentFeed.h"
 #include "runtime/Number.h"
 
 namespace quillon {
@@ -21,20 +22,34 @@ void StartUp::Form_Load() {
     state_.splash.Visible = true;
     ports_.display.Repaint();
     SetUpForm();
-    const bool loaded = trap_.Run("ATC from load errors", Icon::Exclamation, [this] {
+    Load(4);
+    state_.splash.Visible = false;
+    state_.form.Visible = !state_.Ended;
+    if (!state_.Ended && parts_.starter.Offer() && !state_.Ended) TakeUpStarterData();
+}
+
+/// Takes `least_seconds` if all goes well.
+void StartUp::Load(std::int16_t least_seconds) {
+    const bool loaded = trap_.Run("ATC from load errors", Icon::Exclamation, [this, least_seconds] {
         PrepareFiles();
         LoadData();
         ApplyStartVolume();
-        WaiT(ports_.clock, 4);
+        WaiT(ports_.clock, least_seconds);
         state_.MessageText.clear();
         state_.StartupStep.clear();
     });
-    if (!loaded) {
-        parts_.regional.Restore();
-        parts_.settings.LeaveFileAlone();
-    }
-    state_.splash.Visible = false;
-    state_.form.Visible = !state_.Ended;
+    if (loaded) return;
+    parts_.regional.Restore();
+    parts_.settings.LeaveFileAlone();
+}
+
+void StartUp::TakeUpStarterData() {
+    if (!trap_.Run("Starter data error", Icon::Exclamation, [this] { parts_.starter.Create(); })) return;
+    parts_.regional.Restore(); // its note belongs into the new data folder
+    ReplaceSeparators();
+    const bool cycle_ran = StopCycle(state_); // it has been running since the window was made
+    Load(0);
+    parts_.reload.TakeUpList(cycle_ran);
 }
 
 void StartUp::SetUpForm() {
@@ -43,12 +58,16 @@ void StartUp::SetUpForm() {
     form.lvwDB.Clear();
     form.lvwDB.ToolTipText = " Click on a column header to sort by column. Click again to change sort order "
                              "(ascending or decending) ";
-    parts_.regional.ReadAndReplace(DataFolder(ports_.shell) + "Quillon.separators");
+    ReplaceSeparators();
     state_.radio.PreviousFrequency = ForcedFrequency;
     state_.radio.MasterFrequency = UnreadFrequency;
     for (std::size_t i = 0; i < PanelWidths.size(); ++i) form.StatusBar1[i].WidthTwips = PanelWidths[i];
     form.PanelAt(4).Text = "Selection Mode: Automatic";
     FillGapCombos();
+}
+
+void StartUp::ReplaceSeparators() {
+    parts_.regional.ReadAndReplace(DataFolder(ports_.shell) + "Quillon.separators");
 }
 
 void StartUp::FillGapCombos() {

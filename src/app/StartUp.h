@@ -1,7 +1,9 @@
 #pragma once
 
+#include "app/CatalogueReload.h"
 #include "app/Ports.h"
 #include "app/RegionalNumbers.h"
+#include "app/StarterData.h"
 #include "catalogue/FeedLoader.h"
 #include "catalogue/RememberedState.h"
 #include "catalogue/Settings.h"
@@ -26,6 +28,8 @@ class StartUp {
         RememberedState& remembered;
         Airports& airports;
         FeedLoader& loader;
+        StarterData& starter;
+        CatalogueReload& reload;
     };
 
     StartUp(ProgramState& state, const Ports& ports, ErrorTrap& trap, const Parts& parts,
@@ -33,10 +37,14 @@ class StartUp {
         : state_(state), ports_(ports), trap_(trap), parts_(parts), command_line_(std::move(command_line)) {}
 
     /// Prepares the data, shows the splash meanwhile and then the main window, which is shown as far as it was
-    /// made when a step fails. Takes about four seconds, serving window events.
+    /// made when a step fails. Takes about four seconds, serving window events. What is missing may then be
+    /// created, if the user wants to, and loaded.
     void Form_Load();
 
   private:
+    void Load(std::int16_t least_seconds);
+    void TakeUpStarterData();
+    void ReplaceSeparators();
     void SetUpForm();
     void FillGapCombos();
     void PrepareFiles();

@@ -44,8 +44,14 @@ void MoveFileOver(std::string_view from, std::string_view to);
 
 void DeleteFileAt(std::string_view path);
 
-/// Names of the files (not the folders) in a folder, in no particular order; none when it cannot be read.
-std::vector<std::string> FileNamesIn(std::string_view folder);
+/// Creates a folder in an existing one. One that is there already is left as it is.
+void MakeFolder(std::string_view path);
+
+/// Names of what is of one kind in a folder, in no particular order; none when it cannot be read.
+std::vector<std::string> NamesIn(std::string_view folder, PathKind kind);
+inline std::vector<std::string> FileNamesIn(std::string_view folder) {
+    return NamesIn(folder, PathKind::File);
+}
 
 /// Whether a path leads to the same place wherever one starts.
 bool IsWholePath(std::string_view path);

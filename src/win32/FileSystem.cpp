@@ -68,12 +68,15 @@ void Close(void* file) {
     CloseHandle(file);
 }
 
+PathKind KindOf(DWORD attributes) {
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathKind::Folder : PathKind::File;
+}
+
 } // namespace
 
 PathKind KindOf(std::string_view path) {
     const DWORD attributes = GetFileAttributesW(Local(path).c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES) return PathKind::Nothing;
-    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathKind::Folder : PathKind::File;
+    return attributes == INVALID_FILE_ATTRIBUTES ? PathKind::Nothing : KindOf(attributes);
 }
 
 std::optional<std::uint64_t> FileLength(std::string_view path) {
@@ -122,14 +125,23 @@ void DeleteFileAt(std::string_view path) {
     if (!DeleteFileW(local.c_str())) RaiseFor(local, GetLastError());
 }
 
-std::vector<std::string> FileNamesIn(std::string_view folder) {
+void MakeFolder(std::string_view path) {
+    const std::wstring local = Local(path);
+    if (CreateDirectoryW(local.c_str(), nullptr)) return;
+    const DWORD cause = GetLastError();
+    if (!IsFolder(local)) RaiseFor(local, cause);
+}
+
+std::vector<std::string> NamesIn(std::string_view folder, PathKind kind) {
     std::vector<std::string> names;
     WIN32_FIND_DATAW entry{};
     HANDLE search = FindFirstFileW((Local(folder) + L"\\*").c_str(), &entry);
     if (search == INVALID_HANDLE_VALUE) return names;
     const Handle<HANDLE, FindClose> open(search);
     do {
-        if ((entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) names.push_back(Narrow(entry.cFileName));
+        const std::wstring name = entry.cFileName;
+        if (name != L"." && name != L".." && KindOf(entry.dwFileAttributes) == kind)
+            names.push_back(Narrow(name));
     } while (FindNextFileW(open.Get(), &entry));
     return names;
 }

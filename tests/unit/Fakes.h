@@ -173,7 +173,7 @@ class FakeRegionalSettings : public RegionalSettings {
 class FakeShell : public Shell {
   public:
     std::string ApplicationDataFolder() override { return application_data; }
-    std::string ProgramFolder() override { return "C:\\Quillon\\"; }
+    std::string ProgramFolder() override { return program_folder; }
     bool OpenAddress(const std::string& address) override {
         opened.push_back(address);
         return opens;
@@ -191,6 +191,7 @@ class FakeShell : public Shell {
     void PlaySoundFile(const std::string& path) override { opened.push_back(path); }
 
     std::string application_data;
+    std::string program_folder = "C:\\Quillon\\";
     std::vector<std::string> opened;
     bool opens = true;
     bool ended = true; ///< the started program

@@ -97,13 +97,20 @@ void DeleteFileAt(std::string_view path) {
     if (unlink(local.c_str()) != 0) RaiseFor(local, errno);
 }
 
-std::vector<std::string> FileNamesIn(std::string_view folder) {
+void MakeFolder(std::string_view path) {
+    const std::string local = Local(path);
+    if (mkdir(local.c_str(), 0777) != 0 && !IsFolder(local)) RaiseFor(local, errno);
+}
+
+std::vector<std::string> NamesIn(std::string_view folder, PathKind kind) {
     std::vector<std::string> names;
     const std::string local = Local(folder) + "/";
     const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(local.c_str()), closedir);
     if (!open) return names;
-    while (const dirent* entry = readdir(open.get()))
-        if (!IsFolder(local + entry->d_name)) names.emplace_back(entry->d_name);
+    while (const dirent* entry = readdir(open.get())) {
+        const std::string name = entry->d_name;
+        if (name != "." && name != ".." && KindOf(local + name) == kind) names.push_back(name);
+    }
     return names;
 }
 

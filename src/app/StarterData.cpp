@@ -1,0 +1,82 @@
+#include "app/StarterData.h"
+
+#include "catalogue/FeedFile.h"
+#include "runtime/Files.h"
+#include "state/FeedMarkers.h"
+
+#include <algorithm>
+
+namespace quillon {
+
+namespace {
+
+bool CanBeHeard(const FeedRecord& feed) {
+    return StreamMarker(feed.URL) > 0 || PlaylistMarker(feed.URL) > 0 || FolderExists(feed.URL);
+}
+
+/// Adds the paths, from `root` on, of all files in the folder `below` it and in its folders.
+void CollectFiles(const std::string& root, const std::string& below, std::vector<std::string>& files) {
+    for (const std::string& name : NamesIn(root + below, PathKind::File)) files.push_back(below + name);
+    for (const std::string& name : NamesIn(root + below, PathKind::Folder))
+        CollectFiles(root, below + name + "\\", files);
+}
+
+void CreateWithFolders(const std::string& root, const std::string& file, const std::string& content) {
+    for (auto end = file.find('\\'); end != std::string::npos; end = file.find('\\', end + 1))
+        MakeFolder(root + file.substr(0, end));
+    ReplaceFile(root + file, content);
+}
+
+} // namespace
+
+bool StarterData::Offer() {
+    if (shell_.ApplicationDataFolder().empty() || !Needed() || Lacking().empty()) return false;
+    return prompts_.Confirm(
+        "Welcome to Quillon",
+        "Quillon has not found all that it plays from. Shall it create what is missing in\r\r" + Target() +
+            "\r\rYou get a catalogue to begin with, the airports of the world and recordings "
+            "that play without a simulator or internet. Nothing you have is overwritten.",
+        Choices::YesNo);
+}
+
+bool StarterData::Needed() {
+    const std::string folder = Target();
+    return !FileExists(folder + CatalogueName) || !FileExists(folder + "Airport.dat") || NothingToHear();
+}
+
+bool StarterData::NothingToHear() const {
+    const std::vector<FeedRecord>& feeds = state_.form.lvwDB.Items();
+    return std::none_of(feeds.begin(), feeds.end(), CanBeHeard);
+}
+
+std::vector<std::string> StarterData::Lacking() {
+    std::vector<std::string> files;
+    CollectFiles(Source(), "", files);
+    std::erase_if(files, [folder = Target()](const std::string& file) { return FileExists(folder + file); });
+    return files;
+}
+
+void StarterData::Create() {
+    const std::string folder = Target();
+    state_.StartupStep = "Creating " + folder;
+    MakeFolder(folder);
+    if (state_.folders.DataPath != folder) MoveFromBareFolder();
+    for (const std::string& file : Lacking()) {
+        state_.StartupStep = "Creating " + folder + file;
+        CreateWithFolders(folder, file, ReadFile(Source() + file));
+    }
+    state_.StartupStep.clear();
+}
+
+/// Without a data folder, the application-data folder above it has served as one.
+void StarterData::MoveFromBareFolder() {
+    for (const char* name :
+         {CatalogueName, "live_atc_feeds.bak", "Airport.dat", "Quillon.ini", "Quillon.state", "Trace.log"}) {
+        const std::string file = state_.folders.DataPath + name;
+        if (!FileExists(file) || FileExists(Target() + name)) continue;
+        state_.StartupStep = "Moving " + file;
+        MoveFileOver(file, Target() + name);
+    }
+}
+
+} // namespace quillon

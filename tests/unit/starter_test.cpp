@@ -1,0 +1,64 @@
+#include "Flight.h"
+
+namespace quillon {
+
+class StarterTest : public Flight {
+  protected:
+    StarterTest() {
+        MakeFolder("program\\starter\\ATC\\CYYZ_T");
+        Write("program\\starter\\live_atc_feeds.txt", "EGLL|Example|http://feeds.example/e|119.72\r\n");
+        Write("program\\starter\\Airport.dat", AirportLines);
+        Write("program\\starter\\ATC\\CYYZ_T\\one.wav", "RIFF");
+        shell.program_folder = At("program\\");
+        regional.decimal = ",";
+    }
+    void Remove(const std::string& name) const { std::filesystem::remove_all(PathOf(At(name))); }
+};
+
+TEST_F(StarterTest, WhatIsMissingIsCreatedAndTakenUpAtOnce) {
+    simulator.Tune(Com2Standby, "119.72");
+    clock.events = [this] { return program->Timer_Timer(1), !program->State().Ended; };
+    for (const char* missing : {"Quillon", "Quillon\\live_atc_feeds.txt", "Quillon\\Airport.dat"}) {
+        SCOPED_TRACE(missing);
+        Remove(missing);
+        prompts.messages.clear();
+        Start();
+        EXPECT_FALSE(prompts.messages.empty());
+        EXPECT_EQ(state().form.lvwDB.Items().size(), 4U);
+        EXPECT_EQ(state().Airports.size(), 3U);
+        EXPECT_EQ(Read("Quillon\\ATC\\CYYZ_T\\one.wav"), "RIFF");
+        EXPECT_EQ(regional.decimal, ".");
+        Tick();
+        EXPECT_EQ(state().feed.FeedIcao, "EGLL") << "tuned anew if a tick of the start has tuned already";
+        program->mnuQuit_Click();
+        EXPECT_EQ(regional.decimal, ",");
+    }
+    EXPECT_EQ(prompts.questions.size(), 3U);
+}
+
+TEST_F(StarterTest, TheOfferIsMadeOnlyIfThereIsNothingToPlayAndSomethingToCreate) {
+    Start();
+    EXPECT_TRUE(prompts.questions.empty()) << "nothing is missing but a recording";
+    Write("Quillon\\live_atc_feeds.txt", "// no feeds\r\n");
+    Remove("Quillon\\ATC");
+    prompts.yes = false;
+    Start();
+    EXPECT_EQ(prompts.questions.size(), 1U);
+    EXPECT_FALSE(FolderExists(At("Quillon\\ATC"))) << "No is No";
+    Remove("program\\starter");
+    Start();
+    EXPECT_EQ(prompts.questions.size(), 1U);
+}
+
+TEST_F(StarterTest, FilesOfARunWithoutDataFolderMoveIntoTheNewOneAndStayAsTheyAre) {
+    Remove("Quillon");
+    Write("live_atc_feeds.txt", "CYYZ|Mine|http://own.example/|118.70\r\n");
+    Write("Quillon.ini", "12\r\nCom1\r\n20\r\n30\r\n35\r\n");
+    Start();
+    EXPECT_EQ(state().form.lvwDB.Items().front().City, "Mine");
+    program->mnuQuit_Click();
+    EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 12 \r\nCom1\r\n 20 \r\n 30 \r\n 35 \r\n");
+    EXPECT_FALSE(FileExists(At("Quillon.ini")));
+}
+
+} // namespace quillon
