@@ -26,6 +26,14 @@ std::wstring ProgramOf(HWND window) {
     return text.substr(text.find_last_of(L'\\') + 1);
 }
 
+/// The installer and the uninstaller run under changing names.
+bool IsOurs(HWND window) {
+    wchar_t text[64];
+    const std::wstring title(text, static_cast<std::size_t>(GetWindowTextW(window, text, 64)));
+    return title.starts_with(L"Quillon Setup") || title.starts_with(L"Quillon Uninstall") ||
+           CompareStringOrdinal(ProgramOf(window).c_str(), -1, L"Quillon.exe", -1, TRUE) == CSTR_EQUAL;
+}
+
 } // namespace
 
 std::wstring ClassOf(HWND window) {
@@ -63,8 +71,7 @@ std::vector<HWND> Boxes() {
     std::vector<HWND> windows;
     EnumWindows(Collect, reinterpret_cast<LPARAM>(&windows));
     std::erase_if(windows, [](HWND window) {
-        return !IsWindowVisible(window) || ClassOf(window) != L"#32770" ||
-               CompareStringOrdinal(ProgramOf(window).c_str(), -1, L"Quillon.exe", -1, TRUE) != CSTR_EQUAL;
+        return !IsWindowVisible(window) || ClassOf(window) != L"#32770" || !IsOurs(window);
     });
     return windows;
 }

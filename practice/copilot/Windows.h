@@ -21,7 +21,8 @@ HWND TheTopLevel(const std::wstring& window_class);
 HWND TheMainWindow();
 HWND TheChild(HWND parent, const std::function<bool(HWND)>& fits, const std::string& what);
 
-/// Quillon's visible dialog and message boxes, the topmost first. They may be there before the main window is.
+/// Visible dialog and message boxes of Quillon and its installer, the topmost first. They may be there before
+/// the main window is.
 std::vector<HWND> Boxes();
 
 /// Descendants in the order of the tab key.

@@ -27,24 +27,36 @@ FEEDS = (
          "Kennedy Tower. Delta four one two, runway three one left, line up and wait, traffic on a four mile final."),
 )
 
+# Recorded chatter, as it comes with Quillon.
 RECORDINGS = {
-    "CYYZ_T": ("Air Canada eight eight one, contact ground point niner.", "Jazz seven one, cleared for take off.",
-               "Porter four two, hold short runway two three."),
-    "Kestrune - YPPH_A": ("Perth Approach, Qantas five six eight, descend flight level one two zero.",
-                          "Velocity six nine one, expect the visual approach.", "Network three, reduce to two one zero knots."),
-    "Kestrune-Los Angeles-Tower": ("Southwest ten forty two, runway two four left, cleared to land.",
-                                   "United two three, traffic holding in position.", "Skywest five, taxi via alpha alpha."),
+    "CYYZ_T": ("Charlie golf alpha bravo kilo, contact ground on one two one decimal niner.",
+               "Charlie foxtrot lima mike november, wind two four zero at eight, runway two four right, cleared for take off.",
+               "Traffic on final, hold short of runway two three."),
+    "Kestrune - YPPH_A": ("Victor hotel alpha tango delta, Perth Approach, descend to flight level one two zero.",
+                          "Victor hotel kilo zulu papa, expect the visual approach, runway two one.",
+                          "All stations, Perth information delta is now current."),
+    "Kestrune-Los Angeles-Tower": ("November four two one papa sierra, runway two four left, cleared to land.",
+                                   "November eight niner whiskey, traffic holding in position.",
+                                   "November six five kilo, taxi via alpha alpha, hold short of runway two five right."),
 }
+
+RADIO = "highpass=f=350,lowpass=f=2800,acompressor,volume=1.5"  # what a radio lets through
+
+
+def speak(path, speech, voice="en", *encoding):
+    wave = path.with_suffix(".speech.wav")
+    subprocess.run(["espeak-ng", "-v", voice, "-s", "165", "-w", wave, speech], check=True)
+    subprocess.run(["ffmpeg", "-v", "error", "-y", "-i", wave, "-af", RADIO, "-ac", "1", *encoding, path], check=True)
+    wave.unlink()
 
 
 def make_sound(path, speech, tone, seconds, *encoding):
     """Speech as a radio lets it through, over a soft tone."""
-    wave = path.with_suffix(".speech.wav")
-    subprocess.run(["espeak-ng", "-v", "en", "-s", "165", "-w", wave, speech], check=True)
-    radio = "aresample=22050,highpass=f=350,lowpass=f=2800,acompressor,volume=1.5,apad"
+    wave = path.with_suffix(".radio.wav")
+    speak(wave, speech)
     subprocess.run(
         ["ffmpeg", "-v", "error", "-y", "-i", wave, "-f", "lavfi", "-i", f"sine=frequency={tone}:sample_rate=22050",
-         "-filter_complex", f"[0]{radio}[s];[1]volume=1.2[t];[s][t]amix=inputs=2:normalize=0", "-t", str(seconds),
+         "-filter_complex", "[0]apad[s];[1]volume=1.2[t];[s][t]amix=inputs=2:normalize=0", "-t", str(seconds),
          "-ac", "1", *encoding, path], check=True)
     wave.unlink()
 
