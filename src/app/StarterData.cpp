@@ -62,7 +62,8 @@ void StarterData::Create() {
     MakeFolder(folder);
     if (state_.folders.DataPath != folder) MoveFromBareFolder();
     for (const std::string& file : Lacking()) {
-        state_.StartupStep = "Creating " + folder + file;
+        state_.StartupStep = "Creating " + folder;
+        state_.StartupStep += file;
         CreateWithFolders(folder, file, ReadFile(Source() + file));
     }
     state_.StartupStep.clear();
