@@ -133,7 +133,8 @@ class ByHand(unittest.TestCase):
         self.copilot.ask("close QuillonMain")
         self.world.quillon.wait(20)
         self.assertEqual((self.world.data / "Quillon.ini").read_bytes(), b" 0 \r\nCom1\r\n 7 \r\n 40 \r\n 9 \r\n")
-        self.assertEqual((self.world.data / "Quillon.state").read_bytes(), b"volume=100\r\nuser-agent=\r\n")
+        self.assertRegex((self.world.data / "Quillon.state").read_bytes(),
+                         rb"volume=100\r\nuser-agent=\r\nwindow=\d+ \d+\r\ncolumns=700 3500 800 2400\r\n")
         self.world.start_quillon()
         self.assertEqual([self.copilot.ask(f"text {box}") for box in (1031, 1032)], ["7", "40"])
         self.assertEqual(self.copilot.ask("checked 1021"), "1")
