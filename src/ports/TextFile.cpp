@@ -25,6 +25,21 @@ std::string_view MissingLineEnd(std::string_view text) {
     return text.back() == '\r' ? "\n" : "\r\n";
 }
 
+/// The file's bytes with the text behind them.
+std::string Extended(std::string bytes, const std::string& text, AnsiCodePage& page) {
+    const std::string_view body = SkipByteOrderMark(bytes);
+    std::optional<std::string> added = text;
+    if (!IsUtf8(body)) {
+        added = page.Encode(text);
+        if (!added) {
+            bytes = page.Decode(body);
+            added = text;
+        }
+    }
+    bytes += MissingLineEnd(SkipByteOrderMark(bytes));
+    return bytes + *added;
+}
+
 std::string Joined(const std::vector<std::string>& lines) {
     std::string text;
     for (const std::string& line : lines) text += line + "\r\n";
@@ -55,19 +70,14 @@ std::optional<std::string_view> TakeLine(std::string_view& text) {
 }
 
 void AppendLines(std::string_view path, const std::vector<std::string>& lines, AnsiCodePage& page) {
-    std::string bytes = ReadIfThere(path);
-    const std::string_view body = SkipByteOrderMark(bytes);
-    std::optional<std::string> added = Joined(lines);
-    if (!IsUtf8(body)) {
-        const std::string text = *added;
-        added = page.Encode(text);
-        if (!added) {
-            bytes = page.Decode(body);
-            added = text;
-        }
+    constexpr int MostTries = 10;
+    for (int tries = 0; tries < MostTries; ++tries) {
+        const std::string before = ReadIfThere(path);
+        if (ReplaceFileIf(path, Extended(before, Joined(lines), page),
+                          [&] { return ReadIfThere(path) == before; }))
+            return;
     }
-    bytes += MissingLineEnd(SkipByteOrderMark(bytes));
-    ReplaceFile(path, bytes + *added);
+    Raise(PermissionDenied); // somebody writes all the time
 }
 
 } // namespace quillon

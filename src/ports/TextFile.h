@@ -24,7 +24,8 @@ std::optional<std::string_view> TakeLine(std::string_view& text);
 
 /// Adds lines, each ended by CR LF, at the end of a file, which is created if it is missing. The file keeps its
 /// encoding unless its code page lacks one of the new characters: it then becomes UTF-8 as a whole. An open
-/// last line is ended first. Either all lines are added, or the file stays as it was.
+/// last line is ended first. Either all lines are added, or the file stays as it was. What another program
+/// writes into the file meanwhile is kept.
 void AppendLines(std::string_view path, const std::vector<std::string>& lines, AnsiCodePage& page);
 
 } // namespace quillon

@@ -15,11 +15,20 @@ std::string ReadFile(std::string_view path) {
 }
 
 void ReplaceFile(std::string_view path, std::string_view content) {
+    ReplaceFileIf(path, content, [] { return true; });
+}
+
+bool ReplaceFileIf(std::string_view path, std::string_view content, const std::function<bool()>& still_wanted) {
     if (FolderExists(path)) Raise(PathFileAccessError);
     const std::string beside = std::string(path) + ".new";
     try {
         WriteFile(beside, WriteMode::Anew, content);
-        MoveFileOver(beside, path);
+        const bool wanted = still_wanted();
+        if (wanted)
+            MoveFileOver(beside, path);
+        else
+            DeleteFileAt(beside);
+        return wanted;
     } catch (const RuntimeError&) {
         if (FileExists(beside)) DeleteFileAt(beside);
         throw;

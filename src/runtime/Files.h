@@ -2,6 +2,7 @@
 
 #include "runtime/FileSystem.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,9 @@ std::string ReadFile(std::string_view path);
 /// Replaces the file's content, or creates it. The content is written whole beside the old file and then put in
 /// its place, so that no failure on the way leaves a half-written file.
 void ReplaceFile(std::string_view path, std::string_view content);
+
+/// The same, unless `still_wanted` says no once the content lies beside the old file; returns what it said.
+bool ReplaceFileIf(std::string_view path, std::string_view content, const std::function<bool()>& still_wanted);
 
 /// Adds bytes at the end of the file, which is created if needed.
 void AppendFile(std::string_view path, std::string_view content);

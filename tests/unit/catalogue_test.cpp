@@ -168,6 +168,26 @@ TEST_F(Catalogue, AppendingKeepsTheEncodingWhileItCan) {
     EXPECT_EQ(Read("new.txt"), "a\r\nb\r\n");
 }
 
+TEST_F(Catalogue, WhatAnotherProgramWritesWhileALineIsAddedIsKept) {
+    struct SavingEditor : FakeCodePage {
+        std::function<void()> save;
+        std::optional<std::string> Encode(std::string_view text) override {
+            return save(), FakeCodePage::Encode(text);
+        }
+    } editor;
+    int saves = 0;
+    editor.save = [&] {
+        if (++saves == 1) Write("f.txt", "\xE9 and more\r\n");
+    };
+    Write("f.txt", "\xE9\r\n");
+    AppendLines(At("f.txt"), {"a"}, editor);
+    EXPECT_EQ(Read("f.txt"), "\xE9 and more\r\na\r\n");
+    editor.save = [&] { Write("f.txt", "\xE9" + std::to_string(++saves)); };
+    EXPECT_THROW(AppendLines(At("f.txt"), {"a"}, editor), RuntimeError);
+    EXPECT_EQ(Read("f.txt"), "\xE9" + std::to_string(saves));
+    EXPECT_FALSE(FileExists(At("f.txt.new")));
+}
+
 TEST_F(Catalogue, DefaultFeedsAreAddedOnceWhenTorontoIsMissing) {
     const auto add = [this] { AddDefaultFeeds(state.folders, state.StartupStep, page); };
     EXPECT_THROW(add(), RuntimeError) << "no catalogue";
