@@ -116,6 +116,10 @@ void WriteFile(std::string_view path, WriteMode mode, std::string_view content) 
 
 void MoveFileOver(std::string_view from, std::string_view to) {
     const std::wstring target = Local(to);
+    const DWORD attributes = GetFileAttributesW(target.c_str());
+    // Windows refuses by itself, Wine does not.
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+        Raise(PermissionDenied);
     if (!MoveFileExW(Local(from).c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
         RaiseFor(target, GetLastError());
 }
