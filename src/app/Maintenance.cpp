@@ -14,6 +14,15 @@ constexpr const char* BackupName = "live_atc_feeds.bak";
 constexpr const char* ShownCatalogueName = "Live_ATC_Feeds.txt";
 constexpr const char* ShownBackupName = "Live_ATC_Feeds.bak";
 
+/// The step names the file that is written, so a failure to read the other one has to name it.
+std::string ReadOther(const std::string& path) {
+    try {
+        return ReadFile(path);
+    } catch (const RuntimeError& error) {
+        throw RuntimeError{error.Number, error.Description + ": " + path};
+    }
+}
+
 } // namespace
 
 void Maintenance::mnuBackup_Click() {
@@ -26,7 +35,7 @@ void Maintenance::mnuBackup_Click() {
 void Maintenance::BackUp() {
     const std::string backup = state_.folders.DataPath + BackupName;
     state_.StartupStep = "Backup " + state_.folders.DataPath + ShownBackupName;
-    ReplaceFile(backup, ReadFile(state_.folders.DataPath + CatalogueName));
+    ReplaceFile(backup, ReadOther(state_.folders.DataPath + CatalogueName));
     files_.SetFileDateTime(backup, clock_.Now());
     state_.form.mnuRestoreEnabled = true;
     state_.StartupStep.clear();
@@ -50,7 +59,7 @@ void Maintenance::Restore() {
     state_.StartupStep = "Restore " + catalogue;
     files_.Delete2Recycle(catalogue);
     try {
-        ReplaceFile(catalogue, ReadFile(backup));
+        ReplaceFile(catalogue, ReadOther(backup));
     } catch (const RuntimeError& error) {
         if (FileExists(catalogue)) throw; // the user kept it when the shell asked
         throw RuntimeError{error.Number, error.Description + "\r\rThe old catalogue lies in the Recycle Bin."};
