@@ -84,7 +84,9 @@ void StartUp::PrepareFiles() {
     EnableMenus();
     parts_.settings.ReadIni();
     RestorePlayer();
-    TraceLog(state_.folders).Clear();
+    TraceLog log(state_.folders);
+    state_.StartupStep = "Opening " + log.Path();
+    log.Clear();
     state_.StartupStep.clear();
 }
 

@@ -19,9 +19,9 @@ class TraceLog {
     /// At start-up: deletes a log longer than 10 bytes, creates a missing one.
     void Clear();
 
-  private:
     std::string Path() const { return folders_.DataPath + "Trace.log"; }
 
+  private:
     const Folders& folders_;
 };
 
