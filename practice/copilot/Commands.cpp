@@ -10,7 +10,8 @@ namespace practice {
 namespace {
 
 const Command* FindCommand(const std::string& name) {
-    for (const auto* commands : {&LinkCommands, &WindowCommands, &ContentCommands, &PlayerCommands})
+    for (const auto* commands :
+         {&LinkCommands, &WindowCommands, &ContentCommands, &PlayerCommands, &SystemCommands})
         for (const Command& command : *commands)
             if (name == command.name) return &command;
     return nullptr;
@@ -59,6 +60,12 @@ unsigned NumberArgument(const std::string& text) {
     const auto number = NumberOf(text);
     if (!number) throw Failure(text + " is no number");
     return *number;
+}
+
+std::string Rest(const Words& words, std::size_t first) {
+    std::string text;
+    for (std::size_t i = first; i < words.size(); ++i) text += (i == first ? "" : " ") + words[i];
+    return text;
 }
 
 } // namespace practice

@@ -26,11 +26,15 @@ extern const std::vector<Command> LinkCommands;    ///< the simulator, over its 
 extern const std::vector<Command> WindowCommands;  ///< windows, message boxes and keys
 extern const std::vector<Command> ContentCommands; ///< what status bar and list show
 extern const std::vector<Command> PlayerCommands;  ///< the Windows Media Player control
+extern const std::vector<Command> SystemCommands;  ///< files held, objects in use
 
 /// The answer to one line.
 std::string Obey(const std::string& line);
 
 /// A decimal number, or a hexadecimal one after "0x". Raises Failure.
 unsigned NumberArgument(const std::string& text);
+
+/// The rest of the line from that word on, blanks between its words folded.
+std::string Rest(const Words& words, std::size_t first);
 
 } // namespace practice

@@ -109,13 +109,6 @@ std::string Press(const Words& words) {
     return Post(TheChild(TopBox(), fits, words[0]), BM_CLICK);
 }
 
-/// The rest of the line from that word on, blanks between its words folded.
-std::string Rest(const Words& words, std::size_t first) {
-    std::string text;
-    for (std::size_t i = first; i < words.size(); ++i) text += (i == first ? "" : " ") + words[i];
-    return text;
-}
-
 std::string Enter(HWND edit, const std::string& text) {
     Ask(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(text).c_str()));
     return "ok";

@@ -1,0 +1,100 @@
+#include "Commands.h"
+#include "Windows.h"
+#include "win32/Handle.h"
+#include "win32/Utf16.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <winternl.h>
+
+namespace practice {
+
+namespace {
+
+/// A file that no other program can open from now on; without a path all of them are let go.
+std::string Lock(const Words& words) {
+    static std::vector<quillon::Handle<HANDLE, CloseHandle>> locked;
+    if (words.empty()) return locked.clear(), "ok";
+    HANDLE file = CreateFileW(quillon::Wide(Rest(words, 0)).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                              OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) throw Failure("cannot lock " + Rest(words, 0));
+    locked.emplace_back(file);
+    return "ok";
+}
+
+BOOL CALLBACK CountWindows(HWND window, LPARAM counted) {
+    auto& [process, count] = *reinterpret_cast<std::pair<DWORD, std::size_t>*>(counted);
+    if (ProcessOf(window) == process) count += 1 + Descendants(window).size();
+    return TRUE;
+}
+
+std::size_t WindowCount(DWORD process) {
+    std::pair<DWORD, std::size_t> counted{process, 0};
+    EnumWindows(CountWindows, reinterpret_cast<LPARAM>(&counted));
+    return counted.second;
+}
+
+/// The system's list of handles, which has no declaration in the toolchain.
+struct HandleList {
+    ULONG count;
+    struct {
+        ULONG process;
+        BYTE type, flags;
+        USHORT value;
+        void* object;
+        ULONG access;
+    } entry[1];
+};
+
+std::size_t HandleCount(DWORD process) {
+    constexpr auto AllHandles = static_cast<SYSTEM_INFORMATION_CLASS>(16);
+    std::vector<std::uint64_t> room(1U << 16U);
+    ULONG needed = 0;
+    while (NtQuerySystemInformation(AllHandles, room.data(), static_cast<ULONG>(room.size() * sizeof room[0]),
+                                    &needed) != 0) {
+        if (room.size() > 1U << 24U) throw Failure("no list of handles");
+        room.resize(room.size() * 2);
+    }
+    const auto* list = reinterpret_cast<const HandleList*>(room.data());
+    return static_cast<std::size_t>(std::count_if(list->entry, list->entry + list->count,
+                                                  [&](const auto& entry) { return entry.process == process; }));
+}
+
+/// One of the drawing objects in the table that the process keeps of them.
+struct DrawingObject {
+    std::uint64_t object;
+    std::uint32_t owner;
+    std::uint16_t unique;
+    std::uint8_t type, flags;
+    std::uint64_t user;
+};
+
+std::size_t DrawingObjectCount(HANDLE process) {
+    constexpr std::size_t TableInBlock = 0xF8; // GdiSharedHandleTable of a 64-bit process' environment block
+    constexpr std::size_t Most = 0x4000;
+    PROCESS_BASIC_INFORMATION basic{};
+    NtQueryInformationProcess(process, ProcessBasicInformation, &basic, sizeof basic, nullptr);
+    const char* table = nullptr;
+    std::vector<DrawingObject> objects(Most);
+    if (!ReadProcessMemory(process, reinterpret_cast<const char*>(basic.PebBaseAddress) + TableInBlock, &table,
+                           sizeof table, nullptr) ||
+        !ReadProcessMemory(process, table, objects.data(), Most * sizeof objects[0], nullptr))
+        throw Failure("no table of drawing objects");
+    return static_cast<std::size_t>(
+        std::count_if(objects.begin(), objects.end(), [](const DrawingObject& one) { return one.type != 0; }));
+}
+
+std::string Objects(const Words&) {
+    const DWORD id = ProcessOf(TheMainWindow());
+    const quillon::Handle<HANDLE, CloseHandle> process(
+        OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE, id));
+    return std::to_string(HandleCount(id)) + " " + std::to_string(WindowCount(id)) + " " +
+           std::to_string(DrawingObjectCount(process.Get()));
+}
+
+} // namespace
+
+const std::vector<Command> SystemCommands = {{"lock", 0, 99, Lock}, {"objects", 0, 0, Objects}};
+
+} // namespace practice
