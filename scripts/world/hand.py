@@ -1,0 +1,60 @@
+"""A random hand on Quillon and on what surrounds it, and what Quillon takes of the system meanwhile."""
+import random
+import time
+from pathlib import Path
+
+from .feeds import FEEDS
+from .processes import wait_until
+
+OK, CANCEL, NO = 1, 2, 7
+AUTOMATIC, RADIOS, COM2_STANDBY, CLOSE_RADIOS, TAB = 1003, 2005, 1024, 1025, 9
+
+ACTIONS = [f"tune com2stby {frequency}" for frequency in ("122.80", *(feed.frequency for feed in FEEDS))]
+ACTIONS += [f"command {number}" for number in (*range(2002, 2008), *range(2009, 2014), *range(2016, 2020))]
+ACTIONS += [f"click {number}" for number in (AUTOMATIC, 1004, 1006, 1007, 1008, 1021, COM2_STANDBY, CLOSE_RADIOS, 1033)]
+ACTIONS += [f"{what} {number}" for what in ("rowclick", "rowdouble", "header") for number in (1, 2, 3)]
+ACTIONS += ["pause 0", "pause 1", "fly 43.7 -79.6", "fly 51.4 -0.4", f"key {TAB}", "pick 1031 3"]
+
+MEASURED = ("resident MB", "threads", "open files", "handles", "windows", "drawing objects")
+
+
+def clear_boxes(station, buttons):
+    while station.copilot.await_text("boxes", lambda text: not text.startswith("boxes:")):
+        station.try_to(*(f"press {button}" for button in buttons))
+
+
+def measure(station):
+    """The six of MEASURED while nothing goes on."""
+    def quiet():
+        station.try_to(f"click {AUTOMATIC}", f"command {RADIOS}", f"click {COM2_STANDBY}", f"click {CLOSE_RADIOS}",
+                       f"key {TAB}")  # muted is not quiet
+        clear_boxes(station, (CANCEL, NO, OK))
+        time.sleep(4)
+        return station.copilot.ask("title") == "Quillon -S"
+
+    station.try_to("pause 0", "tune com2stby 122.80")
+    wait_until("quiet", quiet, 90)
+    process = Path(f"/proc/{station.quillon.pid}")
+    status = dict(line.split(":\t", 1) for line in (process / "status").read_text().splitlines())
+    return [int(status["VmRSS"].split()[0]) // 1024, int(status["Threads"]), len(list((process / "fd").iterdir())),
+            *map(int, station.copilot.ask("objects").split())]
+
+
+def play(station, minutes, seed=1):
+    """Does anything at any moment; returns what was measured about once a minute."""
+    chance, samples = random.Random(seed), []
+    end = time.monotonic() + 60 * minutes
+    while time.monotonic() < end:
+        for _ in range(100):
+            station.try_to(chance.choice(ACTIONS))
+            time.sleep(chance.uniform(0, 0.5))
+            clear_boxes(station, chance.sample((OK, CANCEL, NO), 3))
+        samples.append(measure(station))
+    return samples
+
+
+def grows(samples):
+    """Which of the six is larger in the second half of the time than it was in the first."""
+    half = len(samples) // 2
+    largest = zip(MEASURED, map(max, zip(*samples[:half])), map(max, zip(*samples[half:])))
+    return [name for name, before, after in largest if after > before * 1.05 + 2]

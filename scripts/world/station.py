@@ -1,0 +1,127 @@
+"""Several Quillons side by side, each in a Wine prefix of its own, on one screen and with one sound."""
+import queue
+import shutil
+import time
+from concurrent.futures import ThreadPoolExecutor
+
+from .feeds import FEEDS
+from .wine import Copilot, Prefix
+from .world import World
+
+INTERNATIONAL = r"HKCU\Control Panel\International"
+SEPARATORS = {"sDecimal": ",", "sThousand": "."}  # of a user whose own Quillon changes
+
+
+class Station(World):
+    """A prefix on another world's screen; everything in it is made anew for each job."""
+
+    def __init__(self, base):
+        self.base = base
+        super().__init__()
+
+    def open(self, _):
+        self.env, self.feeds = self.base.env, self.base.feeds
+        self.prefix = Prefix(self.folder / "prefix", self.env)
+        self.data = self.prefix.data_folder
+        self.catalogue, self.settings, self.backup = (
+            self.data / name for name in ("live_atc_feeds.txt", "Quillon.ini", "live_atc_feeds.bak"))
+
+    def windows_path(self, path):
+        return "C:\\" + str(path.relative_to(self.prefix.folder / "drive_c")).replace("/", "\\")
+
+    def work(self, job):
+        for folder in self.data.parent.glob("Quillon*"):
+            shutil.rmtree(folder)
+        self.fill_data_folder()
+        self.copilot = Copilot(self.processes, self.prefix)
+        self.copilot.ask("ping")
+        for name, text in SEPARATORS.items():
+            self.prefix.run("reg", "add", INTERNATIONAL, "/v", name, "/d", text, "/f")
+        try:
+            return job(self)
+        finally:
+            self.processes.close()
+
+    def fly(self, *options):
+        """Over Toronto and tuned to its tower."""
+        self.simulator = self.start_simulator("--com2stby", FEEDS[0].frequency, *options)
+        self.start_quillon()
+
+    def await_tuned(self, feed=FEEDS[0]):
+        self.copilot.await_text("panel 2", feed.frequency, 40)
+        self.copilot.await_text("panel 3", f"{feed.icao} - {feed.city}")
+
+    def open_add_dialog(self):
+        self.copilot.ask("command 2011")
+        self.box("Add Feed")
+
+    def add(self, line):
+        for field, text in enumerate(line.decode().strip().split("|"), 1611):
+            self.copilot.ask(f"field {field} ={text}")
+        self.copilot.ask("press 1")
+
+    def back_up(self):
+        self.copilot.ask("command 2012")
+        self.box("Please confirm", press=6)
+
+    def try_to(self, *commands):
+        for command in commands:
+            try:
+                self.copilot.ask(command)
+            except RuntimeError:
+                pass  # a button that is not there, a window that is just going
+
+    def box(self, *texts, press=None):
+        """Waits for boxes with these texts, and until one of them is gone by a button."""
+        boxes = self.copilot.await_text("boxes", lambda now: all(text in now for text in texts), 15)
+        if press:
+            self.copilot.ask(f"press {press}")
+            self.copilot.await_text("boxes", lambda now: now != boxes)
+
+    def silence(self, seconds):
+        """The longest time without an answer of the window, until the program ends or for so long."""
+        start = last = time.monotonic()
+        worst = 0
+        while self.quillon.poll() is None and time.monotonic() - start < seconds:
+            try:
+                self.copilot.ask("text 1005")
+                worst, last = max(worst, time.monotonic() - last), time.monotonic()
+            except RuntimeError:
+                pass  # no answer for ten seconds, or just ending
+            time.sleep(0.05)
+        return max(worst, time.monotonic() - last)
+
+    def close_quillon(self):
+        self.copilot.ask("close QuillonMain")
+        self.has_ended_well()
+
+    def has_ended_well(self):
+        assert self.quillon.wait(20) == 0
+        values = self.prefix.run("reg", "query", INTERNATIONAL).stdout.split()
+        for name, text in SEPARATORS.items():
+            assert values[values.index(name) + 2] == text, values
+
+
+class Stations:
+    """Does jobs, which are functions of a station, on a few stations at once."""
+
+    def __init__(self, base, count):
+        self.all = [Station(base) for _ in range(count)]
+        self.free = queue.Queue()
+        for station in self.all:
+            self.free.put(station)
+        self.pool = ThreadPoolExecutor(count)
+
+    def submit(self, job):
+        def run():
+            station = self.free.get()
+            try:
+                return station.work(job)
+            finally:
+                self.free.put(station)
+        return self.pool.submit(run)
+
+    def close(self):
+        self.pool.shutdown(cancel_futures=True)
+        for station in self.all:
+            station.close()

@@ -1,0 +1,221 @@
+"""Simulators that fail, files that cannot be used, being killed: what the real Quillon.exe makes of them.
+
+The jobs are done on four Wine prefixes side by side. Does some of them; --all does every one, 200 kills and half an
+hour (or HAND_MINUTES) under a random hand, and tells the figures; Faults.test_NAME does one.
+"""
+import contextlib
+import os
+import random
+import shutil
+import signal
+import sys
+import time
+import unittest
+from itertools import cycle, islice
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from world import hand, spoiling
+from world.feeds import FEEDS
+from world.processes import wait_until
+from world.sound import Ear
+from world.station import Stations
+from world.world import World
+
+TORONTO, LONDON, NEW_YORK = FEEDS
+OK, CANCEL = 1, 2
+DEFAULTS = b" 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n"
+MINE, MINE_SAVED = DEFAULTS.replace(b"50", b"12").replace(b" ", b""), DEFAULTS.replace(b"50", b"12")
+OLD_BACKUP = b"old backup"
+NEW_LINE = b"EGLL|Added|http://127.0.0.1:1/x|120.00\r\n"
+ALL = "--all" in sys.argv
+
+
+def in_flight(misdeed, ends=True):
+    """Ends within what the link's retries take, or goes on as if nothing had been."""
+    def job(station):
+        station.fly()
+        station.await_tuned()
+        station.settings.unlink()
+        station.copilot.ask("kill UIPCMAIN" if misdeed == "killed" else f"misbehave {misdeed}")
+        worst = station.silence(40 if ends or "hang" in misdeed else 5)
+        assert worst < (30 if "hang" in misdeed else 5), worst
+        assert (station.quillon.poll() is not None) == ends
+        if not ends:
+            station.copilot.ask("misbehave none")
+            station.await_tuned()
+            station.copilot.ask("close QuillonMain")
+        station.has_ended_well()
+        assert station.settings.read_bytes() == DEFAULTS
+        return f"silent for {worst:.1f} s at worst, " + ("ends" if ends else "goes on")
+    return job
+
+
+def at_start(*options):
+    """Is looked for until it behaves."""
+    def job(station):
+        station.fly(*options)
+        worst = 0
+        if "--misbehave" in options:
+            station.copilot.await_text("panel 3", "Looking for the simulator ...", 40)
+            worst = station.silence(3)
+            station.copilot.ask("misbehave none")
+        station.await_tuned()
+        station.close_quillon()
+        return f"silent for {worst:.1f} s at worst"
+    return job
+
+
+def others(station):
+    """Two simulators at once, and one restarted between two ticks."""
+    station.fly()
+    station.await_tuned()
+    second = station.start("PracticeSim.exe", "--com2stby", LONDON.frequency)
+    time.sleep(2)
+    station.simulator.kill()
+    station.await_tuned(LONDON)
+    station.quillon.send_signal(signal.SIGSTOP)
+    second.kill()
+    second.wait()
+    station.start("PracticeSim.exe", "--com2stby", NEW_YORK.frequency)
+    station.copilot.ask("wait UIPCMAIN 20000")
+    station.quillon.send_signal(signal.SIGCONT)
+    station.await_tuned(NEW_YORK)
+    station.close_quillon()
+
+
+def unusable(spoil, error, readable=False):
+    """Nothing that was there is lost; each message says which file and why."""
+    def job(station):
+        before = {station.catalogue: station.catalogue.read_bytes(), station.backup: OLD_BACKUP, station.settings: MINE}
+        with spoiling.small_disk(station) if spoil is spoiling.fill_disk else contextlib.nullcontext():
+            for path, content in before.items():
+                path.write_bytes(content)
+            check(station, before)
+
+    def check(station, before):
+        (station.data / "Airport.dat").touch()
+        station.start_quillon()
+        station.open_add_dialog()
+        before[station.catalogue] = station.catalogue.read_bytes()
+        for path in before:
+            spoil(station, path)
+        station.add(NEW_LINE)
+        station.box("Opening ", "live_atc_feeds.txt", error, NEW_LINE.decode().strip(), press=OK)
+        station.box("Add Feed", press=CANCEL)
+        for title in () if readable else ("Load User Frequency Error", "LoadList Error"):
+            station.box(title, "live_atc_feeds.txt", error, press=OK)
+        station.back_up()
+        station.box("Backup Error", "ive_" if readable else "live_atc_feeds.txt", error, press=OK)
+        station.copilot.ask("close QuillonMain")
+        station.box("Write QuillonATC.ini error", "Quillon.ini", error, press=OK)
+        station.copilot.ask("lock")
+        station.has_ended_well()
+        now = [path.read_bytes() for path in station.data.parent.glob("Quillon*/*") if path.is_file()]
+        assert all(content in now for content in before.values())
+        assert not list(station.data.parent.glob("Quillon*/*.new"))
+    return job
+
+
+def deep(station):
+    """Recordings are played from a folder whose path is longer than Windows usually takes."""
+    folder = station.data.joinpath("ATC", *("long" * 15 for _ in range(5)))
+    shutil.copytree(station.data / "ATC" / "CYYZ_T", folder)
+    line = f"CYYZ|Wav - Deep|{station.windows_path(folder)}\\|{TORONTO.frequency}\r\n"
+    station.catalogue.write_bytes(line.encode())
+    station.fly()
+    ear = Ear(station.base.sound, {number: 2200 + 100 * number for number in (1, 2, 3)})
+    wait_until("a recording", lambda: ear.hears() in (1, 2, 3), 40)
+    station.close_quillon()
+
+
+def kill_once(station, stage, seconds):
+    """Every file is the old one or the new one as a whole. Returns whether one was the new one already."""
+    lines = b"".join(b"// %07d\r\n" % number for number in range(200_000)) + station.feeds.catalogue().encode()
+    for path, content in ((station.catalogue, lines), (station.settings, MINE), (station.backup, OLD_BACKUP)):
+        path.write_bytes(content)
+    if stage == "start":
+        station.settings.unlink()
+        station.quillon = station.start("Quillon.exe")
+        seconds *= 10
+    else:
+        station.start_quillon()
+        lines = station.catalogue.read_bytes()
+    if stage == "add":
+        station.open_add_dialog()
+        station.add(NEW_LINE)
+    elif stage == "backup":
+        station.back_up()
+    elif stage == "exit":
+        station.copilot.ask("close QuillonMain")
+    time.sleep(seconds)
+    station.quillon.kill()
+    station.quillon.wait()
+    catalogue, backup = station.catalogue.read_bytes(), station.backup.read_bytes()
+    settings = station.settings.read_bytes() if station.settings.exists() else None
+    added = catalogue[len(lines):]
+    assert catalogue.startswith(lines)
+    assert added in (b"", NEW_LINE) or stage == "start" and added.endswith(b"Los Angeles-Tower|\r\n"), added
+    assert settings in ((None, DEFAULTS) if stage == "start" else (MINE, MINE_SAVED)), settings
+    assert backup in (OLD_BACKUP, lines)
+    return bool(added) or settings in (DEFAULTS, MINE_SAVED) or backup == lines
+
+
+def killed(seed, times):
+    def job(station):
+        chance = random.Random(seed)
+        late = sum(kill_once(station, stage, chance.uniform(0.01, 0.15))
+                   for stage in islice(cycle(("start", "add", "backup", "exit")), times))
+        station.start_quillon()
+        station.close_quillon()
+        return f"{times} kills, {late} of them after a file was replaced"
+    return job
+
+
+def under_a_random_hand(station):
+    station.fly()
+    samples = hand.play(station, float(os.environ.get("HAND_MINUTES", 30)))
+    station.close_quillon()
+    assert not hand.grows(samples), samples
+    return f"{hand.MEASURED} {samples[0]} at first, {samples[-1]} at last"
+
+
+DAMAGED = ("zero", "wrong-version", "no-fade", "unknown-id", "overrun", "size", "offset", "destination")
+JOBS = {
+    "hand": under_a_random_hand,
+    **{f"kill_{seed}": killed(seed, 50 if ALL else 5) for seed in range(4)},
+    **{f"flight_{name}": in_flight(name)
+       for name in ("hang=3000", "hang=30000", "killed", "vanish", "vanish-in-flight", *DAMAGED)},
+    **{f"flight_{name}": in_flight(name, ends=False) for name in ("hang=1000", "old-version")},
+    **{f"start_{name}": at_start("--misbehave", name) for name in (*DAMAGED, "hang=3000")},
+    "start_wide": at_start("--class", "FS98MAIN"),
+    "start_wide-no-fade": at_start("--class", "FS98MAIN", "--misbehave", "no-fade"),
+    "others": others, "deep": deep,
+    "read-only": unusable(spoiling.read_only, "Error 70 Permission denied", readable=True),
+    "locked": unusable(spoiling.lock, "Error 70 Permission denied"),
+    "folder": unusable(spoiling.put_folder, "Error 75 Path/File access error"),
+    "gone": unusable(spoiling.take_folder, "Error 76 Path not found"),
+    "full": unusable(spoiling.fill_disk, "Error 61 Disk full", readable=True),
+}
+IN_EVERY_TEST = ("kill_0", "kill_1", "flight_hang=3000", "flight_killed", "flight_vanish-in-flight", "flight_overrun",
+                 "start_zero", "others", "deep", "read-only", "locked", "folder", "gone", "full")
+WANTED = [name.removeprefix("Faults.test_") for name in sys.argv[1:] if name != "--all"]
+WANTED = [name for name in WANTED or (JOBS if ALL else IN_EVERY_TEST)
+          if name != "full" or os.geteuid() == 0]  # only root can mount a small disk
+
+
+class Faults(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        world = World()
+        cls.addClassCleanup(world.close)
+        stations = Stations(world, 4)
+        cls.addClassCleanup(stations.close)
+        cls.results = {name: stations.submit(JOBS[name]) for name in WANTED}
+
+
+for job in WANTED:
+    setattr(Faults, f"test_{job}", lambda self, name=job: print(self.results[name].result() or "", end=" ... "))
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], defaultTest=[f"Faults.test_{name}" for name in WANTED], verbosity=2)
