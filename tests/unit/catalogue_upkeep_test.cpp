@@ -208,8 +208,9 @@ TEST_F(Upkeep, BackupAndRestoreKeepBothFiles) {
     DeleteFileAt(At("Quillon\\live_atc_feeds.bak"));
     program->mnuRestore_Click();
     EXPECT_EQ(files.bin.back(), mine);
-    EXPECT_NE(prompts.messages.back().text.find("live_atc_feeds.bak\r\rThe old catalogue lies in the Recycle Bin."),
-              std::string::npos);
+    EXPECT_NE(
+        prompts.messages.back().text.find("live_atc_feeds.bak\r\rThe old catalogue lies in the Recycle Bin."),
+        std::string::npos);
 }
 
 TEST_F(Upkeep, EditingStopsEverythingButTheWayOut) {
