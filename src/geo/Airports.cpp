@@ -27,19 +27,14 @@ void Airports::LoadAirports() {
     trap_.Run("LoadAirports Error", Icon::Exclamation, [this] {
         const std::string path = state_.folders.DataPath + "Airport.dat";
         state_.StartupStep = "Opening " + path;
-        state_.Airports.clear();
+        state_.Airports = {};
         const std::string text = ReadText(path, page_);
         std::string_view rest = text;
-        while (const auto line = TakeLine(rest)) state_.Airports.emplace_back(*line);
+        std::vector<std::string> lines;
+        while (const auto line = TakeLine(rest)) lines.emplace_back(*line);
+        state_.Airports = std::move(lines);
         state_.StartupStep.clear();
     });
-}
-
-std::optional<std::size_t> FindAirport(const std::vector<std::string>& lines, const std::string& icao,
-                                       std::size_t start) {
-    for (std::size_t i = start; i < lines.size(); ++i)
-        if (lines[i].starts_with(icao) && lines[i].find(',') == icao.size()) return i;
-    return std::nullopt;
 }
 
 AirportPosition ParseAirport(std::string_view line) {

@@ -5,11 +5,7 @@
 #include "runtime/ErrorTrap.h"
 #include "state/ProgramState.h"
 
-#include <cstddef>
-#include <optional>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace quillon {
 
@@ -29,11 +25,6 @@ class Airports {
     AnsiCodePage& page_;
     ErrorTrap& trap_;
 };
-
-/// Index of the first line at or after `start` whose text before its first comma is `icao`, letter case
-/// included.
-std::optional<std::size_t> FindAirport(const std::vector<std::string>& lines, const std::string& icao,
-                                       std::size_t start);
 
 struct AirportPosition {
     DmsRecord latitude;

@@ -66,7 +66,7 @@ void ReceptionRange::Measure() {
     const bool found = FindFeedAirport();
     AirportPosition airport;
     if (found)
-        airport = ParseAirport(state_.Airports[static_cast<std::size_t>(state_.range.AirportSearchStart)]);
+        airport = ParseAirport(state_.Airports.Lines()[static_cast<std::size_t>(state_.range.AirportSearchStart)]);
 
     state_.StartupStep = "Calculating Arrival lat and lon";
     if (!found || Val(state_.radio.AircraftLatitudeText) == 0) {
@@ -87,7 +87,7 @@ bool ReceptionRange::FindFeedAirport() {
     if (state_.form.Label2.Caption == NetRadio) return false;
     std::int32_t& start = state_.range.AirportSearchStart;
     start = std::max(start, 1);
-    const auto found = FindAirport(state_.Airports, state_.feed.FeedIcao, static_cast<std::size_t>(start));
+    const auto found = state_.Airports.Find(state_.feed.FeedIcao, static_cast<std::size_t>(start));
     if (found) start = static_cast<std::int32_t>(*found);
     return found.has_value();
 }

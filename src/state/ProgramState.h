@@ -1,5 +1,6 @@
 #pragma once
 
+#include "state/AirportList.h"
 #include "state/Forms.h"
 
 #include <array>
@@ -105,7 +106,7 @@ struct ProgramState {
 
     std::set<std::string> List1;       ///< free frequencies, lowest first
     std::vector<std::string> lstUFreq; ///< frequencies that the catalogue states, sorted
-    std::vector<std::string> Airports; ///< lines of the airport file
+    AirportList Airports;              ///< the airport file
 
     std::string LastSearchText; ///< of the last search that found something
     std::string StartupStep;

@@ -76,7 +76,7 @@ void AirportFile(Bytes bytes) {
     ProgramState state;
     FakePrompts prompts;
     ErrorTrap trap(state.StartupStep, state.MessageText, prompts.AsReport());
-    state.Airports = {"heading", std::string(bytes)};
+    state.Airports = {{"heading", std::string(bytes)}};
     state.feed.FeedIcao = bytes.substr(0, bytes.find(','));
     state.radio.AircraftLatitudeText = "43.01";
     state.radio.AircraftLongitudeText = "-79.01";

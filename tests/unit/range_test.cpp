@@ -25,7 +25,7 @@ TEST_F(AirportFile, KeepsTheTextOfEveryLine) {
     using namespace std::string_literals;
     Write("Airport.dat", "\xEF\xBB\xBFICAO,x\r\n KJFK,N \r\r\n\nEGLL\n\0,\xFF\r\nlast\r"s);
     airports.LoadAirports();
-    EXPECT_EQ(state.Airports, (std::vector{"ICAO,x"s, " KJFK,N \r"s, ""s, "EGLL"s, "\0,\xC3\xBF"s, "last"s}));
+    EXPECT_EQ(state.Airports.Lines(), (std::vector{"ICAO,x"s, " KJFK,N \r"s, ""s, "EGLL"s, "\0,\xC3\xBF"s, "last"s}));
     EXPECT_EQ(state.StartupStep, "");
     EXPECT_TRUE(prompts.messages.empty());
 }
@@ -39,7 +39,7 @@ TEST_F(AirportFile, ThatCannotBeReadIsReported) {
         prompts.messages,
         (std::vector<Shown>{{"LoadAirports Error", step + "53 File not found", Icon::Exclamation},
                             {"LoadAirports Error", step + "75 Path/File access error", Icon::Exclamation}}));
-    EXPECT_TRUE(state.Airports.empty());
+    EXPECT_TRUE(state.Airports.Lines().empty());
 }
 
 TEST(Convert2DMS, SecondsComeFromMinutesRoundedToATenth) {
@@ -60,8 +60,8 @@ TEST(Convert2DMS, SecondsComeFromMinutesRoundedToATenth) {
 class CalcDistance : public testing::Test {
   protected:
     CalcDistance() {
-        state.Airports = {"KXYZ,N40*38.00,W073*46.00", "KXYZ,N40*38.00,W073*46.00", "KABC,N50*00.00,W073*46.00",
-                          "EGLL,N51*28.00,W000*27.00", "KABC2,N10*00.00,E010*00.00"};
+        state.Airports = {{"KXYZ,N40*38.00,W073*46.00", "KXYZ,N40*38.00,W073*46.00", "KABC,N50*00.00,W073*46.00",
+                          "EGLL,N51*28.00,W000*27.00", "KABC2,N10*00.00,E010*00.00"}};
         state.feed.FeedIcao = "KXYZ";
         Fly("41.6333", "-73.7667"); // 60 NM north of KXYZ
     }
@@ -199,7 +199,7 @@ TEST_F(CalcDistance, ReadsTheAirportsLine) {
     for (const Row& row : rows) {
         state.feed.FeedIcao = std::string(row.line, 4);
         Fly(row.latitude, row.longitude);
-        state.Airports = {"", row.line};
+        state.Airports = {{"", row.line}};
         state.range = {100, false, 1};
         range.CalcDistance();
         EXPECT_EQ(label.Caption, row.caption) << row.rule;
@@ -229,7 +229,7 @@ TEST_F(CalcDistance, BadLinesAreReportedOnceAndLeaveLabelAndRangeAlone) {
         {"KXYZ,N00*30.00,W074*46.00", "-0.5", "Calculating flight distance\rError 11 Division by zero"}};
     for (const Row& row : rows)
         for (const bool in_range : {false, true}) {
-            state.Airports = {"", row.line};
+            state.Airports = {{"", row.line}};
             state.range = {50, in_range, 1};
             label = {"caption", "tip"};
             prompts.messages.clear();
