@@ -16,8 +16,9 @@ inline std::string CatalogueOf(std::size_t feeds) {
     std::string text;
     for (std::size_t i = 0; i < feeds; ++i) {
         const std::string number = std::to_string(200'000 + (i * 7919) % 700'001); // a prime: shuffled
-        text += "K" + number.substr(2) + "|Springfield " + number + " - Tower and Ground|http://feeds.example/" +
-                number + "/stream|" + (i % 2 == 0 ? number : "") + "\r\n";
+        text += "K" + number.substr(2) + "|Springfield " + number +
+                " - Tower and Ground|http://feeds.example/" + number + "/stream|" + (i % 2 == 0 ? number : "") +
+                "\r\n";
     }
     return text;
 }
@@ -35,7 +36,10 @@ struct Folder {
     std::string path;
 };
 
+inline constexpr std::uint32_t FollowedRadio = 0x311C; ///< unless the user chooses another
+
 /// The whole program on fakes, connected and in range of the feed that is tuned and playing.
+template <typename Simulator = FakeSimulator>
 struct Cockpit {
     Cockpit(const std::string& catalogue, const std::string& airports) {
         std::filesystem::create_directories(folder.path + "/Quillon");
@@ -44,14 +48,13 @@ struct Cockpit {
         WriteFile(folder.path + "\\Quillon\\Airport.dat", WriteMode::Anew, airports);
         shell.application_data = folder.path;
         simulator.FlyTo(43.01, -79.01);
-        simulator.Tune(Radio, "118.70");
+        simulator.Tune(FollowedRadio, "118.70");
         program.ConnectToSimulator();
         program.Timer_Timer(1);
     }
 
-    static constexpr std::uint32_t Radio = 0x311C; // the one that is followed unless the user chose another
     Folder folder;
-    FakeSimulator simulator;
+    Simulator simulator;
     FakeClock clock;
     FakePlayer player;
     FakePrompts prompts;

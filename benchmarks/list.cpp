@@ -13,8 +13,8 @@ namespace {
 constexpr std::size_t Rows = 100'000;
 constexpr const char* NoSuchCity = "No such city";
 
-Cockpit& LoadedCockpit() {
-    static Cockpit cockpit(CatalogueOf(Rows), "");
+Cockpit<>& LoadedCockpit() {
+    static Cockpit<> cockpit(CatalogueOf(Rows), "");
     return cockpit;
 }
 
@@ -55,7 +55,7 @@ void StableSort(benchmark::State& state) {
 BENCHMARK(StableSort)->Name("sort/stable_sort")->Unit(benchmark::kMillisecond);
 
 void Search(benchmark::State& state) {
-    Cockpit& cockpit = LoadedCockpit();
+    Cockpit<>& cockpit = LoadedCockpit();
     cockpit.prompts.answer = NoSuchCity;
     cockpit.prompts.messages.clear();
     for (auto _ : state) cockpit.program.mnuCitySearch_Click();

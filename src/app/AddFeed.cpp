@@ -56,12 +56,12 @@ void AddFeed::CollectFrequencies() {
     while (const auto line = TakeLine(rest)) {
         state_.StartupStep.assign("Data: ").append(*line);
         if (!IsFeedLine(*line)) continue;
-        const FeedRecord record = SplitFeedLine(*line);
-        state_.feed.FeedIcao = record.ICAO;
-        state_.feed.FeedCity = record.City;
-        state_.feed.FeedUrl = record.URL;
-        state_.feed.FeedFrequency = record.Freq;
-        if (StatesFrequency(record)) state_.addFeed.lstAdd.push_back(record.Freq);
+        const FeedLine feed = SplitFeedLine(*line);
+        state_.feed.FeedIcao = feed.ICAO;
+        state_.feed.FeedCity = feed.City;
+        state_.feed.FeedUrl = feed.URL;
+        state_.feed.FeedFrequency = feed.Freq;
+        if (feed.StatesFrequency()) state_.addFeed.lstAdd.emplace_back(feed.Freq);
     }
     state_.StartupStep.clear();
 }

@@ -9,10 +9,10 @@ namespace {
 
 // Works on bytes: "|" is never part of another character in UTF-8, and counting characters would walk each line
 // from its front again for every field.
-std::string TakeField(std::string_view& line) {
+std::string_view TakeField(std::string_view& line) {
     const std::size_t end = line.find('|');
     if (end == std::string_view::npos) Raise(InvalidCall);
-    std::string field(line.substr(0, end));
+    const std::string_view field = line.substr(0, end);
     line.remove_prefix(end + 1);
     return field;
 }
@@ -23,17 +23,17 @@ bool IsFeedLine(std::string_view line) {
     return !line.starts_with("//") && line.find('|') != std::string_view::npos;
 }
 
-FeedRecord SplitFeedLine(std::string_view line) {
-    FeedRecord record;
-    record.ICAO = TakeField(line);
-    record.City = TakeField(line);
-    record.URL = TakeField(line);
-    record.Freq = line;
-    return record;
+FeedLine SplitFeedLine(std::string_view line) {
+    FeedLine feed;
+    feed.ICAO = TakeField(line);
+    feed.City = TakeField(line);
+    feed.URL = TakeField(line);
+    feed.Freq = line;
+    return feed;
 }
 
-bool StatesFrequency(const FeedRecord& record) {
-    return Len(record.Freq) == 6;
+bool FeedLine::StatesFrequency() const {
+    return Len(Freq) == 6;
 }
 
 } // namespace quillon

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "state/ListView.h"
-
 #include <string_view>
 
 namespace quillon {
@@ -11,11 +9,19 @@ inline constexpr const char* CatalogueName = "live_atc_feeds.txt";
 /// Whether a line of the catalogue holds a feed: no comment ("//" in front), and a "|" somewhere.
 bool IsFeedLine(std::string_view line);
 
+/// The fields of a feed's line, which must outlive them.
+struct FeedLine {
+    std::string_view ICAO;
+    std::string_view City;
+    std::string_view URL;
+    std::string_view Freq;
+
+    /// Whether the line states its frequency. Anything but six characters is none.
+    bool StatesFrequency() const;
+};
+
 /// Splits a feed's line "ICAO|City|URL|Freq" at its first three "|". Nothing is trimmed; a fourth "|" belongs
 /// to the frequency. Raises error 5 when there are fewer than three.
-FeedRecord SplitFeedLine(std::string_view line);
-
-/// Whether the line states its frequency. Anything but six characters is none.
-bool StatesFrequency(const FeedRecord& record);
+FeedLine SplitFeedLine(std::string_view line);
 
 } // namespace quillon

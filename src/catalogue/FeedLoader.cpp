@@ -1,13 +1,31 @@
 #include "catalogue/FeedLoader.h"
 
-#include "catalogue/FeedFile.h"
 #include "catalogue/FrequencyPool.h"
 #include "ports/TextFile.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace quillon {
+
+namespace {
+
+/// In the order of their bytes. Most texts differ in the first eight, which are compared as one number.
+void SortTexts(std::vector<std::string>& texts) {
+    std::vector<std::pair<std::uint64_t, std::string>> keyed;
+    keyed.reserve(texts.size());
+    for (std::string& text : texts) {
+        std::uint64_t key = 0;
+        for (std::size_t i = 0; i < sizeof key; ++i)
+            key = key << 8U | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
+        keyed.emplace_back(key, std::move(text));
+    }
+    std::sort(keyed.begin(), keyed.end());
+    for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = std::move(keyed[i].second);
+}
+
+} // namespace
 
 void FeedLoader::LoadList() {
     ListView& list = state_.form.lvwDB;
@@ -15,6 +33,7 @@ void FeedLoader::LoadList() {
     const bool sorted = list.Sorted();
     list.SetSorted(false);
     trap_.Run("LoadList Error", Icon::Critical, [this] { RebuildList(); });
+    text_.reset();
     if (sorted) list.SetSorted(true);
     state_.feed.FeedIcao.clear();
     state_.feed.FeedCity.clear();
@@ -27,17 +46,24 @@ void FeedLoader::RebuildList() {
     LoadFrequencies(state_.List1);
     state_.StartupStep = "Loading User Frequencies";
     LoadUserFreq();
-    state_.form.lvwDB.Clear();
-    ForEachFeed("Getting Data: ", [this](FeedRecord record) { AddFeed(std::move(record)); });
+    ListView& list = state_.form.lvwDB;
+    list.Clear();
+    if (text_) list.Reserve(static_cast<std::size_t>(std::count(text_->begin(), text_->end(), '\n')) + 1);
+    ForEachFeed("Getting Data: ", [this](const FeedLine& feed) { AddFeed(feed); });
     if (FirstListLoad) ShowFirst();
     state_.MessageText.clear();
     state_.StartupStep.clear();
 }
 
-void FeedLoader::AddFeed(FeedRecord record) {
-    if (!StatesFrequency(record)) record.Freq = LowestFree(state_.List1);
-    RemFreq(state_.List1, record.Freq);
-    state_.form.lvwDB.Add(std::move(record));
+/// A stated frequency has left the pool by now.
+void FeedLoader::AddFeed(const FeedLine& feed) {
+    std::string frequency(feed.Freq);
+    if (!feed.StatesFrequency()) {
+        frequency = LowestFree(state_.List1);
+        RemFreq(state_.List1, frequency);
+    }
+    state_.form.lvwDB.Add(
+        {std::string(feed.ICAO), std::string(feed.City), std::move(frequency), std::string(feed.URL)});
 }
 
 void FeedLoader::ShowFirst() {
@@ -65,12 +91,12 @@ void FeedLoader::LoadUserFreq() {
 
 void FeedLoader::CollectUserFreq() {
     state_.lstUFreq.clear();
-    ForEachFeed("Data: ", [this](FeedRecord record) {
-        if (!StatesFrequency(record)) return;
-        RemFreq(state_.List1, record.Freq);
-        state_.lstUFreq.push_back(std::move(record.Freq));
+    ForEachFeed("Data: ", [this](const FeedLine& feed) {
+        if (!feed.StatesFrequency()) return;
+        state_.lstUFreq.emplace_back(feed.Freq);
+        RemFreq(state_.List1, state_.lstUFreq.back());
     });
-    std::sort(state_.lstUFreq.begin(), state_.lstUFreq.end());
+    SortTexts(state_.lstUFreq);
 }
 
 void FeedLoader::ReportDuplicates() {
@@ -83,14 +109,18 @@ void FeedLoader::ReportDuplicates() {
 }
 
 void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {
-    const std::string path = state_.folders.DataPath + CatalogueName;
-    state_.StartupStep = "Opening " + path;
-    const std::string text = ReadText(path, page_);
-    std::string_view rest = text;
+    std::string_view rest = Text();
     while (const auto line = TakeLine(rest)) {
         state_.StartupStep.assign(step).append(*line);
         if (IsFeedLine(*line)) handler(SplitFeedLine(*line));
     }
+}
+
+const std::string& FeedLoader::Text() {
+    const std::string path = state_.folders.DataPath + CatalogueName;
+    state_.StartupStep = "Opening " + path;
+    if (!text_) text_ = ReadText(path, page_);
+    return *text_;
 }
 
 } // namespace quillon

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "catalogue/FeedFile.h"
 #include "ports/AnsiCodePage.h"
 #include "ports/Prompts.h"
 #include "state/ProgramState.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace quillon {
@@ -20,28 +22,31 @@ class FeedLoader {
     /// afterwards.
     void LoadList();
 
-    /// Rebuilds `lstUFreq` and takes its frequencies out of the pool. Reports duplicates, one box for each
-    /// neighbour that is equal to the one before it, and failures.
-    void LoadUserFreq();
-
     /// Sorts the list by frequency in the next load and selects "CYEE" in it. Nothing sets it, so that the list
     /// keeps the file's order until the user sorts it.
     bool FirstListLoad = false;
 
   private:
-    using FeedHandler = std::function<void(FeedRecord)>;
+    using FeedHandler = std::function<void(const FeedLine&)>;
 
     void RebuildList();
-    void AddFeed(FeedRecord record);
+
+    /// Rebuilds `lstUFreq` and takes its frequencies out of the pool. Reports duplicates, one box for each
+    /// neighbour that is equal to the one before it, and failures.
+    void LoadUserFreq();
+
+    void AddFeed(const FeedLine& feed);
     void ShowFirst();
     void CollectUserFreq();
     void ReportDuplicates();
     void ForEachFeed(const char* step, const FeedHandler& handler);
+    const std::string& Text();
 
     ProgramState& state_;
     Prompts& prompts_;
     AnsiCodePage& page_;
     ErrorTrap& trap_;
+    std::optional<std::string> text_; // of the catalogue, while a load goes over it twice
 };
 
 } // namespace quillon

@@ -66,7 +66,8 @@ void ReceptionRange::Measure() {
     const bool found = FindFeedAirport();
     AirportPosition airport;
     if (found)
-        airport = ParseAirport(state_.Airports.Lines()[static_cast<std::size_t>(state_.range.AirportSearchStart)]);
+        airport =
+            ParseAirport(state_.Airports.Lines()[static_cast<std::size_t>(state_.range.AirportSearchStart)]);
 
     state_.StartupStep = "Calculating Arrival lat and lon";
     if (!found || Val(state_.radio.AircraftLatitudeText) == 0) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace quillon {
 
@@ -22,6 +23,16 @@ std::size_t OffsetOf(std::string_view text, std::ptrdiff_t position) {
         --position;
     }
     return offset;
+}
+
+/// How many bytes at the front are known to be ASCII, eight at a glance.
+std::size_t AsciiLength(std::string_view bytes) {
+    std::size_t length = 0;
+    for (std::uint64_t glance = 0; length + sizeof glance <= bytes.size(); length += sizeof glance) {
+        std::memcpy(&glance, bytes.data() + length, sizeof glance);
+        if ((glance & 0x8080808080808080U) != 0) break;
+    }
+    return length;
 }
 
 /// Length of the well-formed sequence at the front of `bytes`, 0 if it is none.
@@ -116,6 +127,8 @@ std::string UCase(std::string_view text) {
 
 bool IsUtf8(std::string_view bytes) {
     while (!bytes.empty()) {
+        bytes.remove_prefix(AsciiLength(bytes));
+        if (bytes.empty()) break;
         const std::size_t length = SequenceLength(bytes);
         if (length == 0) return false;
         bytes.remove_prefix(length);

@@ -19,11 +19,10 @@ std::string_view AirportList::IcaoOf(std::uint32_t line) const {
 }
 
 std::optional<std::size_t> AirportList::Find(std::string_view icao, std::size_t start) const {
-    const auto found =
-        std::partition_point(by_icao_.begin(), by_icao_.end(), [&](std::uint32_t line) {
-            const int order = IcaoOf(line).compare(icao);
-            return order < 0 || (order == 0 && line < start);
-        });
+    const auto found = std::partition_point(by_icao_.begin(), by_icao_.end(), [&](std::uint32_t line) {
+        const int order = IcaoOf(line).compare(icao);
+        return order < 0 || (order == 0 && line < start);
+    });
     if (found == by_icao_.end() || IcaoOf(*found) != icao) return std::nullopt;
     return *found;
 }

@@ -46,6 +46,9 @@ class ListView {
 
     void Clear();
 
+    /// Makes room for that many rows.
+    void Reserve(std::size_t rows) { items_.reserve(rows); }
+
     /// Adds a row: at its sorted place (behind its equals) while sorting is on, else at the end.
     void Add(FeedRecord record);
 

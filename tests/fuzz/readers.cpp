@@ -58,8 +58,11 @@ void Catalogue(Bytes bytes) {
     Bytes rest = text;
     while (const auto line = TakeLine(rest)) {
         if (!IsFeedLine(*line) || std::count(line->begin(), line->end(), '|') < 3) continue;
-        const FeedRecord row = SplitFeedLine(*line);
-        Require(row.ICAO + "|" + row.City + "|" + row.URL + "|" + row.Freq == *line, "the fields are the line");
+        const FeedLine row = SplitFeedLine(*line);
+        Require(
+            std::string(row.ICAO).append("|").append(row.City).append("|").append(row.URL).append("|").append(
+                row.Freq) == *line,
+            "the fields are the line");
     }
     AppendLines(CatalogueName, {"K\xC3\xBC|new"}, page);
     const std::string longer = ReadText(CatalogueName, page);

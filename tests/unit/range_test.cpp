@@ -25,7 +25,8 @@ TEST_F(AirportFile, KeepsTheTextOfEveryLine) {
     using namespace std::string_literals;
     Write("Airport.dat", "\xEF\xBB\xBFICAO,x\r\n KJFK,N \r\r\n\nEGLL\n\0,\xFF\r\nlast\r"s);
     airports.LoadAirports();
-    EXPECT_EQ(state.Airports.Lines(), (std::vector{"ICAO,x"s, " KJFK,N \r"s, ""s, "EGLL"s, "\0,\xC3\xBF"s, "last"s}));
+    EXPECT_EQ(state.Airports.Lines(),
+              (std::vector{"ICAO,x"s, " KJFK,N \r"s, ""s, "EGLL"s, "\0,\xC3\xBF"s, "last"s}));
     EXPECT_EQ(state.StartupStep, "");
     EXPECT_TRUE(prompts.messages.empty());
 }
@@ -60,8 +61,9 @@ TEST(Convert2DMS, SecondsComeFromMinutesRoundedToATenth) {
 class CalcDistance : public testing::Test {
   protected:
     CalcDistance() {
-        state.Airports = {{"KXYZ,N40*38.00,W073*46.00", "KXYZ,N40*38.00,W073*46.00", "KABC,N50*00.00,W073*46.00",
-                          "EGLL,N51*28.00,W000*27.00", "KABC2,N10*00.00,E010*00.00"}};
+        state.Airports = {{"KXYZ,N40*38.00,W073*46.00", "KXYZ,N40*38.00,W073*46.00",
+                           "KABC,N50*00.00,W073*46.00", "EGLL,N51*28.00,W000*27.00",
+                           "KABC2,N10*00.00,E010*00.00"}};
         state.feed.FeedIcao = "KXYZ";
         Fly("41.6333", "-73.7667"); // 60 NM north of KXYZ
     }
