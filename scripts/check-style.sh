@@ -2,7 +2,7 @@
 # Formatting and static checks of all our C++ sources. Both build folders must have been configured.
 set -eu
 cd "$(dirname "$0")/.."
-find src practice tests -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run --Werror
+find src practice tests benchmarks -name '*.cpp' -o -name '*.h' | xargs clang-format --dry-run --Werror
 
 tidy() { # build folder, folders of sources, options
   build=$1 folders=$2
