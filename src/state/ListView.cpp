@@ -3,7 +3,6 @@
 #include "runtime/Text.h"
 
 #include <algorithm>
-#include <numeric>
 #include <utility>
 
 namespace quillon {
@@ -70,21 +69,27 @@ void ListView::SetSorted(bool sorted) {
 
 void ListView::Sort() {
     ++revision_;
-    std::vector<std::string> keys(items_.size());
-    std::transform(items_.begin(), items_.end(), keys.begin(),
-                   [this](const FeedRecord& item) { return LCase(TextOf(item, sort_key_)); });
-    std::vector<std::size_t> rows(items_.size());
-    std::iota(rows.begin(), rows.end(), std::size_t{0});
-    std::stable_sort(rows.begin(), rows.end(), [&](std::size_t a, std::size_t b) {
-        return order_ == SortOrder::Ascending ? keys[a] < keys[b] : keys[b] < keys[a];
+    struct Key {
+        std::string text;
+        std::size_t row;
+    };
+    std::vector<Key> keys;
+    keys.reserve(items_.size());
+    for (const FeedRecord& item : items_) keys.push_back({LCase(TextOf(item, sort_key_)), keys.size()});
+    const bool ascending = order_ == SortOrder::Ascending;
+    std::stable_sort(keys.begin(), keys.end(), [ascending](const Key& a, const Key& b) {
+        return ascending ? a.text < b.text : b.text < a.text;
     });
 
     std::vector<FeedRecord> sorted;
     sorted.reserve(items_.size());
-    for (const std::size_t row : rows) sorted.push_back(std::move(items_[row]));
+    for (const Key& key : keys) sorted.push_back(std::move(items_[key.row]));
     items_ = std::move(sorted);
     for (auto* kept : {&selected_, &marked_})
-        if (*kept) *kept = static_cast<std::size_t>(std::find(rows.begin(), rows.end(), **kept) - rows.begin());
+        if (*kept)
+            *kept = static_cast<std::size_t>(
+                std::find_if(keys.begin(), keys.end(), [&](const Key& key) { return key.row == **kept; }) -
+                keys.begin());
 }
 
 } // namespace quillon
