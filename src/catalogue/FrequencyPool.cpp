@@ -1,16 +1,14 @@
 #include "catalogue/FrequencyPool.h"
 
-#include "runtime/Number.h"
-
 namespace quillon {
 
 void LoadFrequencies(std::set<std::string>& pool) {
     constexpr int Channels = 759;
     pool.clear();
-    std::string frequency = "118.00";
+    int hundredths = 11800; // of a megahertz
     for (int channel = 0; channel < Channels; ++channel) {
-        pool.insert(frequency);
-        frequency = Format(Val(frequency) + (channel % 2 == 0 ? 0.02 : 0.03), "###.00");
+        pool.insert(pool.end(), std::to_string(hundredths).insert(3, "."));
+        hundredths += channel % 2 == 0 ? 2 : 3;
     }
 }
 
