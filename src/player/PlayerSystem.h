@@ -40,7 +40,7 @@ class SoundOutput {
     virtual ~SoundOutput() = default;
 
     /// The longest sound that one Write takes.
-    static constexpr std::chrono::milliseconds BlockLength{40};
+    static constexpr std::chrono::milliseconds BlockLength{100};
 
     /// Whether Write would take a block now; false while about 200 ms are waiting in the device.
     virtual bool HasRoom() = 0;

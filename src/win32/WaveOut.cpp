@@ -22,7 +22,7 @@ std::unique_ptr<WaveOut> WaveOut::Open(const PcmFormat& format, HANDLE wake) {
     if (waveOutOpen(&device, WAVE_MAPPER, &wave, reinterpret_cast<DWORD_PTR>(wake), 0, CALLBACK_EVENT) !=
         MMSYSERR_NOERROR)
         return nullptr;
-    return std::make_unique<WaveOut>(device);
+    return std::make_unique<WaveOut>(device, format);
 }
 
 WaveOut::~WaveOut() {
@@ -31,7 +31,14 @@ WaveOut::~WaveOut() {
 }
 
 bool WaveOut::HasRoom() {
-    return std::any_of(blocks_.begin(), blocks_.end(), [](const Block& block) { return !block.IsQueued(); });
+    std::size_t queued = 0;
+    std::size_t free = blocks_.size();
+    for (const Block& block : blocks_) {
+        if (!block.IsQueued()) continue;
+        queued += block.samples.size();
+        --free;
+    }
+    return free > 0 && queued < most_queued_;
 }
 
 bool WaveOut::IsIdle() {

@@ -16,7 +16,8 @@ class WaveOut : public SoundOutput {
     /// Null when there is no device. `wake` is set whenever a block has been played.
     static std::unique_ptr<WaveOut> Open(const PcmFormat& format, HANDLE wake);
 
-    explicit WaveOut(HWAVEOUT device) : device_(device) {}
+    WaveOut(HWAVEOUT device, const PcmFormat& format)
+        : device_(device), most_queued_(std::size_t{format.sample_rate} * format.channels / 5) {}
     ~WaveOut() override;
 
     bool HasRoom() override;
@@ -37,7 +38,8 @@ class WaveOut : public SoundOutput {
     static void Close(HWAVEOUT device) { waveOutClose(device); }
 
     Handle<HWAVEOUT, Close> device_;
-    std::array<Block, 5> blocks_; // 200 ms: the worker may come late, but a new volume is heard soon
+    std::array<Block, 5> blocks_;
+    std::size_t most_queued_; // samples of 200 ms: the worker may come late, but a new volume is heard soon
 };
 
 } // namespace quillon
