@@ -1,23 +1,10 @@
 #include "playback/ShuffleBag.h"
 
 #include "runtime/Files.h"
-#include "runtime/Text.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace quillon {
-
-namespace {
-
-std::vector<std::string> WaveFilesOf(const std::string& folder) {
-    std::vector<std::string> names = FileNamesIn(folder);
-    std::erase_if(names, [](const std::string& name) { return LCase(Right(name, 4)) != ".wav"; });
-    std::sort(names.begin(), names.end(),
-              [](const std::string& a, const std::string& b) { return LCase(a) < LCase(b); });
-    return names;
-}
-
-} // namespace
 
 void FillShuffleBag(ProgramState& state, const std::string& folder) {
     std::string& path = state.chatter.File1Path = folder;
@@ -30,11 +17,9 @@ void RefillShuffleBag(ProgramState& state) {
     chatter.List3.clear();
     chatter.List4.clear();
     state.StartupStep = "Adding Wave Files";
-    const std::string prefix = chatter.File1Path + "\\"; // "C:" alone would be wherever drive C happens to be
-    if (!IsWholePath(prefix)) return;
-    for (const std::string& name : WaveFilesOf(chatter.File1Path)) {
-        chatter.List3.push_back(prefix + name);
-        state.StartupStep = "Adding " + chatter.List3.back();
+    for (std::string& path : WaveFilesIn(chatter.File1Path)) {
+        state.StartupStep = "Adding " + path;
+        chatter.List3.push_back(std::move(path));
     }
 }
 

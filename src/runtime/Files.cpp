@@ -1,10 +1,24 @@
 #include "runtime/Files.h"
 
 #include "runtime/RuntimeError.h"
+#include "runtime/Text.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quillon {
+
+std::vector<std::string> WaveFilesIn(std::string_view folder) {
+    while (folder.ends_with('\\')) folder.remove_suffix(1);
+    const std::string prefix = std::string(folder) + "\\"; // "C:" alone would be wherever drive C happens to be
+    if (!IsWholePath(prefix)) return {};
+    std::vector<std::string> paths = FileNamesIn(folder);
+    std::erase_if(paths, [](const std::string& name) { return LCase(Right(name, 4)) != ".wav"; });
+    std::sort(paths.begin(), paths.end(),
+              [](const std::string& a, const std::string& b) { return LCase(a) < LCase(b); });
+    for (std::string& path : paths) path.insert(0, prefix);
+    return paths;
+}
 
 std::string ReadFile(std::string_view path) {
     FileReader file(path);

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillon {
 
@@ -17,6 +18,10 @@ inline bool FileExists(std::string_view path) {
 inline bool FolderExists(std::string_view path) {
     return KindOf(path) == PathKind::Folder;
 }
+
+/// Paths of the "*.wav" files in a folder, sorted by name without regard to case. None when the folder is
+/// missing, or not named by its whole path; a backslash may end it.
+std::vector<std::string> WaveFilesIn(std::string_view folder);
 
 /// The whole content of a file.
 std::string ReadFile(std::string_view path);
