@@ -76,8 +76,17 @@ std::string Panel(const Words& words) {
     return memory.Text(0);
 }
 
-std::string Rows(const Words&) {
-    return std::to_string(Ask(TheControl(WC_LISTVIEWW), LVM_GETITEMCOUNT, 0, 0));
+/// The main window's list, or that of a box when the argument, its id, is there.
+HWND ListArgument(const Words& words, std::size_t at) {
+    if (words.size() <= at) return TheControl(WC_LISTVIEWW);
+    const int id = static_cast<int>(NumberArgument(words[at]));
+    for (HWND box : Boxes())
+        if (HWND list = GetDlgItem(box, id)) return list;
+    throw Failure("no list " + words[at]);
+}
+
+std::string Rows(const Words& words) {
+    return std::to_string(Ask(ListArgument(words, 0), LVM_GETITEMCOUNT, 0, 0));
 }
 
 std::string CellText(HWND list, WPARAM row, int column) {
@@ -93,7 +102,7 @@ std::string CellText(HWND list, WPARAM row, int column) {
 
 std::string Row(const Words& words) {
     constexpr int Columns = 4;
-    HWND list = TheControl(WC_LISTVIEWW);
+    HWND list = ListArgument(words, 1);
     const unsigned row = NumberArgument(words[0]);
     if (row < 1 || row > Ask(list, LVM_GETITEMCOUNT, 0, 0)) throw Failure("no row " + words[0]);
     std::string texts = CellText(list, row - 1, 0);
@@ -128,7 +137,7 @@ std::string RowClick(const Words& words) {
 }
 
 std::string RowDouble(const Words& words) {
-    HWND list = TheControl(WC_LISTVIEWW);
+    HWND list = ListArgument(words, 1);
     return Mouse(list, RowArgument(list, words[0]),
                  {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP});
 }
@@ -148,8 +157,8 @@ std::string ListKey(const Words& words) {
 } // namespace
 
 const std::vector<Command> ContentCommands = {
-    {"panel", 1, 1, Panel},       {"rows", 0, 0, Rows},           {"row", 1, 1, Row},
-    {"rowclick", 1, 1, RowClick}, {"rowdouble", 1, 1, RowDouble}, {"header", 1, 1, HeaderClick},
+    {"panel", 1, 1, Panel},       {"rows", 0, 1, Rows},           {"row", 1, 2, Row},
+    {"rowclick", 1, 1, RowClick}, {"rowdouble", 1, 2, RowDouble}, {"header", 1, 1, HeaderClick},
     {"listkey", 1, 1, ListKey},
 };
 

@@ -4,6 +4,7 @@
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/Display.h"
+#include "ports/FeedProbe.h"
 #include "ports/Keyboard.h"
 #include "ports/LiveFeed.h"
 #include "ports/MediaPlayer.h"
@@ -32,6 +33,7 @@ struct Ports {
     AnsiCodePage& code_page;
     Keyboard& keyboard;
     Printer& printer;
+    FeedProbe& probe;
 };
 
 } // namespace quillon

@@ -41,9 +41,9 @@ class GatedClock : public Clock {
 };
 
 Ports WithClock(const Ports& ports, Clock& clock) {
-    return {ports.link,     ports.memory,    clock,          ports.player, ports.live,
-            ports.prompts,  ports.dialogs,   ports.display,  ports.shell,  ports.files,
-            ports.regional, ports.code_page, ports.keyboard, ports.printer};
+    return {ports.link,     ports.memory,    clock,          ports.player,  ports.live,
+            ports.prompts,  ports.dialogs,   ports.display,  ports.shell,   ports.files,
+            ports.regional, ports.code_page, ports.keyboard, ports.printer, ports.probe};
 }
 
 } // namespace
@@ -81,6 +81,7 @@ struct Program::Logic {
           preferences(state, ports.prompts, ports.dialogs, ports.shell, trap),
           maintenance(state, ports.prompts, ports.shell, ports.files, clock, reload, trap),
           add_feed(state, ports.prompts, ports.code_page, reload, trap),
+          feed_check(state, ports.probe, ports.code_page, clock, trap),
           help(state, ports.prompts, ports.dialogs, ports.shell),
           print(state, ports.prompts, ports.printer, clock, trap),
           status(state, link, readout),
@@ -115,6 +116,7 @@ struct Program::Logic {
     Preferences preferences;
     Maintenance maintenance;
     AddFeed add_feed;
+    FeedCheck feed_check;
     HelpCommands help;
     PrintCommand print;
     FsuipcStatus status;
@@ -287,6 +289,14 @@ void Program::mnuAddATC_Click() {
 
 void Program::AddFeedEvent(const std::function<void(AddFeed&)>& event) {
     if (state_.addFeed.Visible) HandleAlways([&] { event(logic_->add_feed); });
+}
+
+void Program::mnuCheckFeeds_Click() {
+    Handle([this] { logic_->feed_check.mnuCheckFeeds_Click(); });
+}
+
+void Program::CheckFeedsEvent(const std::function<void(FeedCheck&)>& event) {
+    if (state_.checkFeeds.Visible) HandleAlways([&] { event(logic_->feed_check); });
 }
 
 void Program::mnuContents_Click() {

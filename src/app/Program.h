@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AddFeed.h"
+#include "app/FeedCheck.h"
 #include "app/Ports.h"
 #include "state/ProgramState.h"
 
@@ -73,6 +74,11 @@ class Program {
 
     /// The dialog has moved the keyboard as a handler had asked.
     void AddFeedFocusTaken() { state_.addFeed.WantedFocus.reset(); }
+
+    void mnuCheckFeeds_Click();
+
+    /// An event of the catalogue check's dialog, while it is shown.
+    void CheckFeedsEvent(const std::function<void(FeedCheck&)>& event);
 
     void mnuContents_Click();
     void mnuFolders_Click();

@@ -90,6 +90,12 @@ bool HttpStream::AnnouncesPlaylist() const {
     return quillon::AnnouncesPlaylist(reply_.ContentType(), address_.target);
 }
 
+HttpStream::Stage HttpStream::Reached() const {
+    if (!connection_) return Stage::NoServer;
+    if (!unsent_.empty()) return Stage::NoConnection;
+    return reply_.Status() == 0 ? Stage::NoAnswer : Stage::Answered;
+}
+
 Supply HttpStream::Redirect() {
     const std::string location = reply_.Header("location");
     const auto target = ResolveLocation(address_, location);

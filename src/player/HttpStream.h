@@ -27,6 +27,13 @@ class HttpStream : public ByteSource {
 
     std::string Address() const override { return AddressText(address_); }
     bool AnnouncesPlaylist() const override;
+    /// How far the asking has come.
+    enum class Stage { NoServer, NoConnection, NoAnswer, Answered };
+    Stage Reached() const;
+
+    /// Of the answer.
+    int Status() const { return reply_.Status(); }
+
     std::string Title() const override { return titles_ ? titles_->Title() : std::string(); }
 
   private:

@@ -150,6 +150,29 @@ struct frmAddATC {
     const std::string& operator[](AddBox box) const { return Texts.at(static_cast<std::size_t>(box)); }
 };
 
+/// What the check of the catalogue has found, the worst first.
+enum class Finding { FaultyLine, Fails, Redirects, Answers };
+
+/// The check of the catalogue. Modeless.
+struct frmCheckFeeds {
+    struct Row {
+        Finding Kind;
+        int Line; ///< of the catalogue, from 1
+        std::string Feed;
+        std::string Address;
+        std::string Result;
+    };
+
+    bool Visible = false;
+    bool Running = false;
+    int Calls = 0; ///< changes whenever the user has asked for it
+    std::string LabelCaption;
+    std::size_t Done = 0; ///< feeds tried
+    std::size_t Total = 0;
+    std::vector<Row> Rows;
+    std::uint64_t Revision = 0; ///< changes whenever the rows do
+};
+
 struct frmMuteKey {
     OptionGroup Option; ///< 1 "Tab", 2 "Home", 3 "Shift", 4 "End"
 };

@@ -96,6 +96,7 @@ struct ProgramState {
     frmShow_FSUIPC fsuipcStatus;
     frmMuteKey muteKeyDialog;
     frmAddATC addFeed;
+    frmCheckFeeds checkFeeds;
 
     Folders folders;
     RadioState radio;

@@ -50,6 +50,7 @@ enum ControlId : int {
     IdMnuCopyAddress = 2020,
     IdMnuPrint = 2021,
     IdMnuReload = 2022,
+    IdMnuCheckFeeds = 2023,
 };
 
 } // namespace quillon

@@ -47,6 +47,7 @@ constexpr Click Clicks[] = {
     {IdMnuBackup, &Program::mnuBackup_Click},
     {IdMnuRestore, &Program::mnuRestore_Click},
     {IdMnuEditData, &Program::mnuEditData_Click},
+    {IdMnuCheckFeeds, &Program::mnuCheckFeeds_Click},
     {IdMnuPlayFeed, &Program::mnuPlayFeed_Click},
     {IdMnuTuneFeed, &Program::mnuTuneFeed_Click},
     {IdMnuCopyAddress, &Program::mnuCopyAddress_Click},
@@ -72,7 +73,8 @@ MainWindow::MainWindow()
           program_->frmShow_FSUIPC_Command1_Click();
           Sync();
       }),
-      add_feed_([this] { Sync(); }) {}
+      add_feed_([this] { Sync(); }),
+      check_feeds_([this] { Sync(); }) {}
 MainWindow::~MainWindow() = default;
 
 bool MainWindow::Create(Program& program) {
@@ -357,6 +359,7 @@ void MainWindow::Sync() {
     }
     fsuipc_status_.Sync(window_, state.fsuipcStatus);
     add_feed_.Sync(window_, *program_);
+    check_feeds_.Sync(window_, *program_);
     status_->Sync(state.form.StatusBar1, theme_);
     list_->Sync();
     SyncTimers();
@@ -412,8 +415,8 @@ bool MainWindow::Dispatch() {
 }
 
 bool MainWindow::Keystroke(MSG& message) {
-    HWND status = fsuipc_status_.Window();
-    if (status != nullptr && IsDialogMessageW(status, &message)) return true;
+    for (HWND modeless : {fsuipc_status_.Window(), check_feeds_.Window()})
+        if (modeless != nullptr && IsDialogMessageW(modeless, &message)) return true;
     if (add_feed_.Window() != nullptr) return IsDialogMessageW(add_feed_.Window(), &message) != 0;
     if (menu_.Translate(window_, message)) return true;
     if (message.message == WM_KEYDOWN && message.wParam == VK_F6) {

@@ -3,6 +3,7 @@
 #include "app/Program.h"
 #include "ports/Display.h"
 #include "win32/AddFeedWindow.h"
+#include "win32/CheckFeedsWindow.h"
 #include "win32/Dialogs.h"
 #include "win32/FeedList.h"
 #include "win32/MainControls.h"
@@ -78,6 +79,7 @@ class MainWindow : public Display {
     SplashWindow splash_;
     FsuipcStatusWindow fsuipc_status_;
     AddFeedWindow add_feed_;
+    CheckFeedsWindow check_feeds_;
     std::string caption_;
     bool busy_ = false;
     WindowSize size_;

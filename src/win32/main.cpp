@@ -4,6 +4,7 @@
 #include "win32/MainWindow.h"
 #include "win32/StreamPlayer.h"
 #include "win32/Utf16.h"
+#include "win32/WinFeedProbe.h"
 #include "win32/WinMessageLink.h"
 #include "win32/WinPrinter.h"
 #include "win32/WindowsMediaPlayer.h"
@@ -63,11 +64,12 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     WinKeyboard keyboard;
     WinPrinter printer([&] { return window.BoxOwner(); });
     StreamPlayer built_in(QUILLON_VERSION);
+    WinFeedProbe probe(QUILLON_VERSION);
     const auto control = AnsweringControl();
     MediaPlayer& player = control ? static_cast<MediaPlayer&>(*control) : built_in;
     LiveFeed& live = control ? static_cast<LiveFeed&>(*control) : built_in;
     Program program({link, memory, clock, player, live, prompts, dialogs, window, shell, files, regional,
-                     code_page, keyboard, printer},
+                     code_page, keyboard, printer, probe},
                     Arguments());
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();

@@ -4,6 +4,7 @@
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/Display.h"
+#include "ports/FeedProbe.h"
 #include "ports/Keyboard.h"
 #include "ports/LiveFeed.h"
 #include "ports/MediaPlayer.h"
@@ -18,6 +19,7 @@
 #include <functional>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quillon {
@@ -219,6 +221,17 @@ class FakePrinter : public Printer {
     std::size_t fails_at = 0, cancelled_at = 0; ///< page, counted from 1
     std::vector<PrintedPage> pages;
     bool finished = false;
+};
+
+/// Keeps what it was to try; answers when it is told to.
+class FakeProbe : public FeedProbe {
+  public:
+    void Start(const std::string& address, const std::string&) override { tried += address + " "; }
+    std::optional<FeedAnswer> Result() override { return std::exchange(answer, std::nullopt); }
+    void Cancel() override { tried += "cancelled "; }
+
+    std::string tried;
+    std::optional<FeedAnswer> answer;
 };
 
 /// Windows-1252.

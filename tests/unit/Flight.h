@@ -38,8 +38,8 @@ class Flight : public TempFolder {
     }
 
     void Start(const std::string& command_line = "") {
-        const Ports ports{simulator, simulator, clock, player,   player, prompts,  dialogs,
-                          display,   shell,     files, regional, page,   keyboard, printer};
+        const Ports ports{simulator, simulator, clock,    player, player,   prompts, dialogs, display,
+                          shell,     files,     regional, page,   keyboard, printer, probe};
         program = std::make_unique<Program>(ports, command_line);
         program->ConnectToSimulator();
     }
@@ -73,6 +73,7 @@ class Flight : public TempFolder {
     FakeCodePage page;
     FakeKeyboard keyboard;
     FakePrinter printer;
+    FakeProbe probe;
     std::unique_ptr<Program> program;
 };
 

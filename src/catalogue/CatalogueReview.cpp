@@ -1,0 +1,64 @@
+#include "catalogue/CatalogueReview.h"
+
+#include "catalogue/FeedFile.h"
+#include "ports/TextFile.h"
+#include "runtime/Number.h"
+
+#include <algorithm>
+#include <map>
+
+namespace quillon {
+
+namespace {
+
+constexpr double BelowAnyRadio = 118; // MHz
+constexpr double AboveAnyRadio = 137;
+
+bool CanBeTuned(const std::string& frequency) {
+    const auto is_digit = [&](std::size_t at) { return frequency[at] >= '0' && frequency[at] <= '9'; };
+    for (const std::size_t at : {0U, 1U, 2U, 4U, 5U})
+        if (!is_digit(at)) return false;
+    return frequency[3] == '.' && Val(frequency) >= BelowAnyRadio && Val(frequency) < AboveAnyRadio;
+}
+
+/// Goes through the lines in their order.
+class Reviewer {
+  public:
+    void Take(std::string_view line) {
+        ++number_;
+        line_ = line;
+        if (!IsFeedLine(line)) return;
+        const auto bars = std::count(line.begin(), line.end(), '|');
+        if (bars < 3) return Add(std::to_string(bars) + " \"|\" instead of 3: loading ends here");
+        review.Feeds.push_back({number_, SplitFeedLine(line)});
+        TakeFrequency(review.Feeds.back().Record);
+    }
+
+    CatalogueReview review;
+
+  private:
+    void TakeFrequency(const FeedRecord& record) {
+        const std::string shown = "\"" + record.Freq + "\"";
+        if (record.Freq.empty()) return;
+        if (!StatesFrequency(record)) return Add(shown + " is none: a frequency has six characters");
+        if (!CanBeTuned(record.Freq)) Add("No radio can be tuned to " + shown);
+        const auto [first, is_new] = stated_.emplace(record.Freq, number_);
+        if (!is_new)
+            Add("Line " + std::to_string(first->second) + " has " + record.Freq + " too: only one is found");
+    }
+    void Add(std::string reason) { review.Faults.push_back({number_, std::string(line_), std::move(reason)}); }
+
+    int number_ = 0;
+    std::string_view line_;
+    std::map<std::string, int> stated_; // in which line first
+};
+
+} // namespace
+
+CatalogueReview ReviewCatalogue(std::string_view text) {
+    Reviewer reviewer;
+    while (const auto line = TakeLine(text)) reviewer.Take(*line);
+    return std::move(reviewer.review);
+}
+
+} // namespace quillon

@@ -1,0 +1,105 @@
+// The check of the catalogue: what is wrong with its lines, what becomes of an address, and the dialog's
+// course.
+#include "FakePlayerSystem.h"
+#include "Flight.h"
+#include "player/AddressProbe.h"
+
+using namespace quillon;
+
+namespace {
+
+TEST(CatalogueReview, NamesTheLinesThatDoNotDoWhatTheyLookLike) {
+    const CatalogueReview review =
+        ReviewCatalogue("// a|b\r\nwords\r\n\r\nA|B|u|118.70\r\nA|only\r\nA|B|u\r\nC|D|u|118.70\nC|D|u|118.7\n"
+                        "C|D|u|\nE|F||117.97\nE|F||136.97\nE|F||118x70\nE|F||137.00");
+    std::string faults;
+    for (const auto& fault : review.Faults)
+        faults += std::to_string(fault.Number) + fault.Reason.substr(0, 5) + ",";
+    EXPECT_EQ(faults, "51 \"|\",62 \"|\",7Line ,8\"118.,10No ra,12No ra,13No ra,");
+    EXPECT_EQ(review.Faults[2].Reason.find("4 has 118.70 too"), 5U);
+    ASSERT_EQ(review.Feeds.size(), 8U); // those behind the broken lines too
+    EXPECT_EQ(review.Feeds[1].Line, 7);
+}
+
+class Probe : public TempFolder {};
+
+TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
+    MakeFolder("empty");
+    Write("a.WAV", "");
+    Write("list.wpl", "<smil><media src=\"http://nobody/\"/><media src=\"http://h/good\"/></smil>");
+    World world;
+    world.servers = {{"/good", {Ok, Supply::Bytes}},
+                     {"/moved", {"HTTP/1.0 302 x\r\nLocation: good\r\n\r\n"}},
+                     {"/loop", {"HTTP/1.0 302 x\r\nLocation: loop\r\n\r\n"}},
+                     {"/page", {"HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n"}},
+                     {"/aac", {Ok + std::string(70000, 'x')}},
+                     {"/quiet", {Ok}},
+                     {"/list.m3u", {Ok + "#EXTM3U\nhttp://nobody/\nmoved\n", Supply::End}},
+                     {"/self.m3u", {Ok + "#EXTM3U\nself.m3u\n", Supply::End}}};
+    const std::tuple<std::string, Finding, const char*> rows[] = {
+        {"http://h/moved", Finding::Redirects, "Redirected to http://h/good"},
+        {"http://h/loop", Finding::Fails, "Redirects in circles"},
+        {"http://h/page", Finding::Fails, "A web page"},
+        {"http://h/aac", Finding::Fails, "Nothing that Quillon can play"},
+        {"http://h/quiet", Finding::Fails, "It answers, but"},
+        {"http://nobody/", Finding::Fails, "No such server"},
+        {"http://h:x/", Finding::Fails, "This is no address"},
+        {"mms://h/", Finding::Fails, "Must begin"},
+        {"http://h/list.m3u", Finding::Answers, "Playlist of http://h/moved: Plays"},
+        {"http://h/self.m3u", Finding::Fails, "Playlist of http://h/self.m3u: Playlist of"},
+        {At("list.wpl"), Finding::Answers, "Playlist of http://h/good: Plays"},
+        {At("none.wpl"), Finding::Fails, "There is no such file"},
+        {folder + "\\", Finding::Answers, "Recordings: 1"},
+        {At("empty"), Finding::Fails, "No recordings"}};
+    FakeSystem system(world);
+    for (const auto& [url, kind, words] : rows) {
+        const auto deadline = world.now + 11s;
+        const FeedAnswer answer = AddressProbe("1", system, false).Try(url);
+        EXPECT_TRUE(answer.Words.starts_with(words) && answer.Kind == kind) << url << ": " << answer.Words;
+        EXPECT_LE(world.now, deadline) << url;
+    }
+}
+
+class Check : public Flight {
+  protected:
+    void Poll(std::optional<FeedAnswer> answer) {
+        probe.answer = std::move(answer);
+        program->CheckFeedsEvent([](FeedCheck& check) { check.Timer_Timer(); });
+    }
+    std::string Shown() const {
+        std::string lines;
+        for (const auto& row : state().checkFeeds.Rows) lines += std::to_string(row.Line) + " ";
+        return lines + state().checkFeeds.LabelCaption;
+    }
+};
+
+TEST_F(Check, TriesEachFeedInTurnWhileTheCycleGoesOn) {
+    Start();
+    Write("Quillon\\live_atc_feeds.txt",
+          "A|a|u1|\nB|b|u2|\nbroken|\nEGLL|London Radio|http://radio.example/b|\n");
+    program->mnuCheckFeeds_Click();
+    EXPECT_EQ(Shown(), "3 Trying 1 of 3: A a");
+    TuneTo("119.72");
+    EXPECT_EQ(panel(3), "EGLL - London Director");
+    Poll({{Finding::Answers, ""}});
+    program->mnuCheckFeeds_Click(); // goes on
+    Poll({{Finding::Redirects, ""}});
+    clock.now += FeedCheck::LongestTry + 1s;
+    Poll({});
+    EXPECT_EQ(probe.tried, "u1 u2 http://radio.example/b cancelled ");
+    EXPECT_EQ(Shown(), "3 4 2 1 Done. Good: 1. Redirected: 1. Failed: 1. Faults in the file: 1.");
+    program->CheckFeedsEvent([](FeedCheck& check) { check.lstResults_DblClick(1); });
+    EXPECT_EQ(state().form.lvwDB.Selected(), 2U);
+    program->mnuCheckFeeds_Click();
+    for (const bool visible : {true, false}) {
+        program->CheckFeedsEvent([](FeedCheck& check) { check.cmdCancel_Click(); });
+        EXPECT_EQ(state().checkFeeds.Visible, visible);
+        EXPECT_EQ(Shown().substr(0, 30), "3 Cancelled after 0 of 3. Good");
+    }
+    DeleteFileAt(At("Quillon\\live_atc_feeds.txt"));
+    program->mnuCheckFeeds_Click();
+    EXPECT_FALSE(state().checkFeeds.Visible);
+    EXPECT_EQ(prompts.messages.back().title, "Check Feeds Error");
+}
+
+} // namespace
