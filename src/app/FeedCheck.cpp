@@ -9,8 +9,8 @@ namespace quillon {
 
 namespace {
 
-std::string NameOf(const FeedRecord& record) {
-    return record.ICAO + " " + record.City;
+std::string NameOf(const CatalogueReview::Feed& feed) {
+    return feed.ICAO + " " + feed.City;
 }
 
 } // namespace
@@ -42,11 +42,11 @@ void FeedCheck::Begin() {
 void FeedCheck::TryNext() {
     frmCheckFeeds& form = state_.checkFeeds;
     if (form.Done == form.Total) return End("Done.");
-    const FeedRecord& record = feeds_[form.Done].Record;
+    const CatalogueReview::Feed& feed = feeds_[form.Done];
     form.LabelCaption =
-        "Trying " + std::to_string(form.Done + 1) + " of " + std::to_string(form.Total) + ": " + NameOf(record);
+        "Trying " + std::to_string(form.Done + 1) + " of " + std::to_string(form.Total) + ": " + NameOf(feed);
     try_began_ = clock_.Now();
-    probe_.Start(record.URL, state_.UserAgent);
+    probe_.Start(feed.URL, state_.UserAgent);
 }
 
 void FeedCheck::Timer_Timer() {
@@ -62,7 +62,7 @@ void FeedCheck::Timer_Timer() {
 void FeedCheck::Record(const FeedAnswer& answer) {
     frmCheckFeeds& form = state_.checkFeeds;
     const CatalogueReview::Feed& feed = feeds_[form.Done++];
-    form.Rows.push_back({answer.Kind, feed.Line, NameOf(feed.Record), feed.Record.URL, answer.Words});
+    form.Rows.push_back({answer.Kind, feed.Line, NameOf(feed), feed.URL, answer.Words});
     ++form.Revision;
     TryNext();
 }
@@ -114,8 +114,7 @@ void FeedCheck::lstResults_DblClick(std::size_t row) {
     if (feed == feeds_.end()) return;
     ListView& list = state_.form.lvwDB;
     const auto item = std::find_if(list.Items().begin(), list.Items().end(), [&](const FeedRecord& candidate) {
-        return candidate.URL == feed->Record.URL && candidate.City == feed->Record.City &&
-               candidate.ICAO == feed->Record.ICAO;
+        return candidate.URL == feed->URL && candidate.City == feed->City && candidate.ICAO == feed->ICAO;
     });
     if (item == list.Items().end()) return;
     list.Select(static_cast<std::size_t>(item - list.Items().begin()));

@@ -30,21 +30,24 @@ class Reviewer {
         if (!IsFeedLine(line)) return;
         const auto bars = std::count(line.begin(), line.end(), '|');
         if (bars < 3) return Add(std::to_string(bars) + " \"|\" instead of 3: loading ends here");
-        review.Feeds.push_back({number_, SplitFeedLine(line)});
-        TakeFrequency(review.Feeds.back().Record);
+        const FeedLine feed = SplitFeedLine(line);
+        review.Feeds.push_back(
+            {number_, std::string(feed.ICAO), std::string(feed.City), std::string(feed.URL)});
+        TakeFrequency(feed);
     }
 
     CatalogueReview review;
 
   private:
-    void TakeFrequency(const FeedRecord& record) {
-        const std::string shown = "\"" + record.Freq + "\"";
-        if (record.Freq.empty()) return;
-        if (!StatesFrequency(record)) return Add(shown + " is none: a frequency has six characters");
-        if (!CanBeTuned(record.Freq)) Add("No radio can be tuned to " + shown);
-        const auto [first, is_new] = stated_.emplace(record.Freq, number_);
+    void TakeFrequency(const FeedLine& feed) {
+        if (feed.Freq.empty()) return;
+        const std::string frequency(feed.Freq);
+        const std::string shown = "\"" + frequency + "\"";
+        if (!feed.StatesFrequency()) return Add(shown + " is none: a frequency has six characters");
+        if (!CanBeTuned(frequency)) Add("No radio can be tuned to " + shown);
+        const auto [first, is_new] = stated_.emplace(frequency, number_);
         if (!is_new)
-            Add("Line " + std::to_string(first->second) + " has " + record.Freq + " too: only one is found");
+            Add("Line " + std::to_string(first->second) + " has " + frequency + " too: only one is found");
     }
     void Add(std::string reason) { review.Faults.push_back({number_, std::string(line_), std::move(reason)}); }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "state/ListView.h"
-
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +16,9 @@ struct CatalogueReview {
     };
     struct Feed {
         int Line;
-        FeedRecord Record; ///< as it stands there
+        std::string ICAO;
+        std::string City;
+        std::string URL;
     };
 
     std::vector<FaultyLine> Faults;

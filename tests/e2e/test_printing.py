@@ -9,7 +9,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
 from world.printing import PrintServer
 from world.world import World
 
-PRINT, OK, CANCEL, YES = 2030, 1, 2, 6
+PRINT, OK, CANCEL, YES = 2021, 1, 2, 6
 COLUMN = 559 / 120  # points: A4 within this printer's margins of 18 points
 
 

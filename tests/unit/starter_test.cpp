@@ -23,7 +23,7 @@ TEST_F(StarterTest, WhatIsMissingIsCreatedAndTakenUpAtOnce) {
         Remove(missing);
         Start();
         EXPECT_EQ(state().form.lvwDB.Items().size(), 4U);
-        EXPECT_EQ(state().Airports.size(), 3U);
+        EXPECT_EQ(state().Airports.Lines().size(), 3U);
         EXPECT_EQ(Read("Quillon\\ATC\\CYYZ_T\\one.wav"), "RIFF");
         EXPECT_EQ(regional.decimal, ".");
         Tick();
