@@ -338,7 +338,18 @@ void MainWindow::Repaint() {
     if (splash_.Window() != nullptr) UpdateWindow(splash_.Window());
 }
 
+/// What the windows report while they are changed comes back here. A second pass then follows: a window that is
+/// just being made must not be made twice.
 void MainWindow::Sync() {
+    sync_again_ = syncing_;
+    if (syncing_) return;
+    syncing_ = true;
+    SyncOnce();
+    if (sync_again_) SyncOnce();
+    syncing_ = false;
+}
+
+void MainWindow::SyncOnce() {
     if (window_ == nullptr) return;
     const ProgramState& state = program_->State();
     splash_.Show(state.splash.Visible);

@@ -62,6 +62,7 @@ class MainWindow : public Display {
     void NextPane(bool back);
 
     void Sync();
+    void SyncOnce();
     void SyncTimers();
     void SyncVisibility();
     void SyncBusy();
@@ -81,6 +82,8 @@ class MainWindow : public Display {
     AddFeedWindow add_feed_;
     CheckFeedsWindow check_feeds_;
     std::string caption_;
+    bool syncing_ = false;
+    bool sync_again_ = false;
     bool busy_ = false;
     WindowSize size_;
     std::array<FormTimer, 5> timers_{};
