@@ -19,8 +19,11 @@ MEASURED = ("resident MB", "threads", "open files", "handles", "windows", "drawi
 
 
 def clear_boxes(station, buttons):
-    while station.copilot.await_text("boxes", lambda text: not text.startswith("boxes:")):
+    def cleared():
         station.try_to(*(f"press {button}" for button in buttons))
+        return station.copilot.ask("boxes") == ""
+
+    wait_until("no boxes", lambda: station.copilot.ask("boxes") == "" or cleared(), 60)
 
 
 def measure(station):
