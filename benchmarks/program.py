@@ -25,7 +25,7 @@ from world.world import World
 
 TORONTO = FEEDS[0]
 FREQUENCY, NO_FEED = "119.00", "122.80"
-TUNES, STARTS, PLAYS, PLAY_SECONDS = 11, 5, 3, 60
+TUNES, STARTS, PLAYS, PLAY_SECONDS = 9, 5, 3, 60
 
 
 class Bench:
