@@ -111,8 +111,13 @@ void FeedLoader::ReportDuplicates() {
 void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {
     std::string_view rest = Text();
     while (const auto line = TakeLine(rest)) {
-        state_.StartupStep.assign(step).append(*line);
-        if (IsFeedLine(*line)) handler(SplitFeedLine(*line));
+        if (!IsFeedLine(*line)) continue;
+        try {
+            handler(SplitFeedLine(*line));
+        } catch (...) { // only then is the step of any use, and there are many
+            state_.StartupStep.assign(step).append(*line);
+            throw;
+        }
     }
 }
 
