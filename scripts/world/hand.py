@@ -19,11 +19,12 @@ MEASURED = ("resident MB", "threads", "open files", "handles", "windows", "drawi
 
 
 def clear_boxes(station, buttons):
-    def cleared():
-        station.try_to(*(f"press {button}" for button in buttons))
-        return station.copilot.ask("boxes") == ""
+    def cleared(boxes):
+        if boxes:
+            station.try_to(*(f"press {button}" for button in buttons))
+        return boxes == ""
 
-    wait_until("no boxes", lambda: station.copilot.ask("boxes") == "" or cleared(), 60)
+    station.copilot.await_text("boxes", cleared, 60)
 
 
 def measure(station):
