@@ -1,5 +1,6 @@
 #include "app/StartUp.h"
 
+#include "app/StartVolume.h"
 #include "catalogue/DefaultFeeds.h"
 #include "catalogue/Folders.h"
 #include "catalogue/TraceLog.h"
@@ -7,16 +8,6 @@
 #include "runtime/Number.h"
 
 namespace quillon {
-
-std::optional<int> StartVolume(const std::string& command_line) {
-    try {
-        const double volume = Val(command_line);
-        if (volume > 0 && volume < 101) return CInt(volume);
-    } catch (const RuntimeError&) {
-        // A number too large for any volume is ignored like the others.
-    }
-    return std::nullopt;
-}
 
 void StartUp::Form_Load() {
     state_.splash.Visible = true;

@@ -1,8 +1,9 @@
 // Gives what reads bytes from outside whatever libFuzzer thinks of, and checks what must hold for any bytes.
 #include "FakePlayerSystem.h"
 #include "Fakes.h"
-#include "app/StartUp.h"
+#include "app/StartVolume.h"
 #include "catalogue/FeedFile.h"
+#include "catalogue/Settings.h"
 #include "geo/ReceptionRange.h"
 #include "player/HttpStream.h"
 #include "player/PlainText.h"

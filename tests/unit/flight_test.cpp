@@ -1,6 +1,6 @@
 // Whole flights through the program, on a fake simulator, player, clock and screen.
 #include "Flight.h"
-#include "app/StartUp.h"
+#include "app/StartVolume.h"
 
 using namespace quillon;
 
