@@ -66,8 +66,9 @@ struct Cockpit {
     FakeCodePage page;
     FakeKeyboard keyboard;
     FakePrinter printer;
-    Program program{{simulator, simulator, clock, player, prompts, dialogs, display, shell, files, regional,
-                     page, keyboard, printer},
+    FakeProbe probe;
+    Program program{{simulator, simulator, clock, player, player, prompts, dialogs, display, shell, files,
+                     regional, page, keyboard, printer, probe},
                     ""};
 };
 
