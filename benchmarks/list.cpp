@@ -20,7 +20,8 @@ Cockpit<>& LoadedCockpit() {
 
 std::vector<std::string> Cities() {
     std::vector<std::string> cities;
-    for (const FeedRecord& row : LoadedCockpit().program.State().form.lvwDB.Items()) cities.push_back(row.City);
+    for (const FeedRecord& row : LoadedCockpit().program.State().form.lvwDB.Items())
+        cities.emplace_back(row.City);
     return cities;
 }
 

@@ -102,7 +102,7 @@ void FeedListCommands::PickSelectedFeed(const FeedRecord& picked) {
         return;
     }
     state_.StartupStep = "Adding Wave Files";
-    FillShuffleBag(state_, picked.URL);
+    FillShuffleBag(state_, state_.feed.FeedUrl);
     PutInCharge(state_, 4);
 }
 
@@ -112,7 +112,7 @@ void FeedListCommands::lvwDB_DblClick() {
 
 void FeedListCommands::mnuCopyAddress_Click() {
     const auto selected = state_.form.lvwDB.Selected();
-    if (selected) shell_.CopyText(state_.form.lvwDB.Items()[*selected].URL);
+    if (selected) shell_.CopyText(std::string(state_.form.lvwDB.Items()[*selected].URL));
 }
 
 void FeedListCommands::mnuTuneFeed_Click() {

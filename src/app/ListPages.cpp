@@ -43,9 +43,12 @@ std::int16_t TotalPagesFor(std::size_t rows) {
 PrintedLine PrintRow(const FeedRecord& feed) {
     constexpr std::size_t LongestCity = 33;
     constexpr std::size_t LongestUrl = 40;
-    const std::string city = Len(feed.City) > LongestCity ? Left(feed.City, LongestCity) + "..." : feed.City;
-    const std::string url = Len(feed.URL) > LongestUrl ? "..." + Mid(feed.URL, 6) : feed.URL;
-    return {PrintFont::Normal, {{8, feed.ICAO}, {18, city}, {60, feed.Freq}, {70, LCase(url)}}};
+    std::string city(feed.City);
+    if (Len(city) > LongestCity) city = Left(city, LongestCity) + "...";
+    std::string url = LCase(feed.URL);
+    if (Len(url) > LongestUrl) url = "..." + Mid(url, 6);
+    return {PrintFont::Normal,
+            {{8, std::string(feed.ICAO)}, {18, city}, {60, std::string(feed.Freq)}, {70, url}}};
 }
 
 void PrintHeader(PrintedPage& page) {

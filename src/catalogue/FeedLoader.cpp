@@ -1,31 +1,10 @@
 #include "catalogue/FeedLoader.h"
 
-#include "catalogue/FrequencyPool.h"
 #include "ports/TextFile.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <utility>
 
 namespace quillon {
-
-namespace {
-
-/// In the order of their bytes. Most texts differ in the first eight, which are compared as one number.
-void SortTexts(std::vector<std::string>& texts) {
-    std::vector<std::pair<std::uint64_t, std::string>> keyed;
-    keyed.reserve(texts.size());
-    for (std::string& text : texts) {
-        std::uint64_t key = 0;
-        for (std::size_t i = 0; i < sizeof key; ++i)
-            key = key << 8U | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
-        keyed.emplace_back(key, std::move(text));
-    }
-    std::sort(keyed.begin(), keyed.end());
-    for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = std::move(keyed[i].second);
-}
-
-} // namespace
 
 void FeedLoader::LoadList() {
     ListView& list = state_.form.lvwDB;
@@ -48,7 +27,8 @@ void FeedLoader::RebuildList() {
     LoadUserFreq();
     ListView& list = state_.form.lvwDB;
     list.Clear();
-    if (text_) list.Reserve(static_cast<std::size_t>(std::count(text_->begin(), text_->end(), '\n')) + 1);
+    Open();
+    list.Reserve(static_cast<std::size_t>(std::count(text_->begin(), text_->end(), '\n')) + 1, text_);
     ForEachFeed("Getting Data: ", [this](const FeedLine& feed) { AddFeed(feed); });
     if (FirstListLoad) ShowFirst();
     state_.MessageText.clear();
@@ -57,13 +37,8 @@ void FeedLoader::RebuildList() {
 
 /// A stated frequency has left the pool by now.
 void FeedLoader::AddFeed(const FeedLine& feed) {
-    std::string frequency(feed.Freq);
-    if (!feed.StatesFrequency()) {
-        frequency = LowestFree(state_.List1);
-        RemFreq(state_.List1, frequency);
-    }
     state_.form.lvwDB.Add(
-        {std::string(feed.ICAO), std::string(feed.City), std::move(frequency), std::string(feed.URL)});
+        {feed.ICAO, feed.City, feed.StatesFrequency() ? feed.Freq : TakeLowest(state_.List1), feed.URL});
 }
 
 void FeedLoader::ShowFirst() {
@@ -94,9 +69,9 @@ void FeedLoader::CollectUserFreq() {
     ForEachFeed("Data: ", [this](const FeedLine& feed) {
         if (!feed.StatesFrequency()) return;
         state_.lstUFreq.emplace_back(feed.Freq);
-        RemFreq(state_.List1, state_.lstUFreq.back());
+        RemFreq(state_.List1, feed.Freq);
     });
-    SortTexts(state_.lstUFreq);
+    std::sort(state_.lstUFreq.begin(), state_.lstUFreq.end());
 }
 
 void FeedLoader::ReportDuplicates() {
@@ -109,7 +84,8 @@ void FeedLoader::ReportDuplicates() {
 }
 
 void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {
-    std::string_view rest = Text();
+    Open();
+    std::string_view rest = *text_;
     while (const auto line = TakeLine(rest)) {
         if (!IsFeedLine(*line)) continue;
         try {
@@ -121,11 +97,10 @@ void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {
     }
 }
 
-const std::string& FeedLoader::Text() {
+void FeedLoader::Open() {
     const std::string path = state_.folders.DataPath + CatalogueName;
     state_.StartupStep = "Opening " + path;
-    if (!text_) text_ = ReadText(path, page_);
-    return *text_;
+    if (!text_) text_ = std::make_shared<const std::string>(ReadText(path, page_));
 }
 
 } // namespace quillon

@@ -40,13 +40,13 @@ class FeedLoader {
     void CollectUserFreq();
     void ReportDuplicates();
     void ForEachFeed(const char* step, const FeedHandler& handler);
-    const std::string& Text();
+    void Open();
 
     ProgramState& state_;
     Prompts& prompts_;
     AnsiCodePage& page_;
     ErrorTrap& trap_;
-    std::optional<std::string> text_; // of the catalogue, while a load goes over it twice
+    std::shared_ptr<const std::string> text_; // of the catalogue, while a load goes over it twice
 };
 
 } // namespace quillon

@@ -125,6 +125,17 @@ std::string UCase(std::string_view text) {
     return ChangeCase(text, UpperCodePoint);
 }
 
+int CompareLCase(std::string_view a, std::string_view b) {
+    for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i) {
+        if (a[i] == b[i]) continue;
+        if (!IsAscii(a[i]) || !IsAscii(b[i])) return LCase(a).compare(LCase(b));
+        const std::uint32_t left = LowerCodePoint(static_cast<unsigned char>(a[i]));
+        const std::uint32_t right = LowerCodePoint(static_cast<unsigned char>(b[i]));
+        if (left != right) return left < right ? -1 : 1;
+    }
+    return a.size() == b.size() ? 0 : a.size() < b.size() ? -1 : 1;
+}
+
 bool IsUtf8(std::string_view bytes) {
     while (!bytes.empty()) {
         bytes.remove_prefix(AsciiLength(bytes));

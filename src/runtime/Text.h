@@ -35,6 +35,13 @@ std::uint32_t UpperCodePoint(std::uint32_t character);
 std::string LCase(std::string_view text);
 std::string UCase(std::string_view text);
 
+/// Compares the lower case of two texts by its bytes: negative, 0 or positive.
+int CompareLCase(std::string_view a, std::string_view b);
+
+inline bool IsAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
 /// Whether the bytes are well-formed UTF-8.
 bool IsUtf8(std::string_view bytes);
 

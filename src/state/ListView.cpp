@@ -3,11 +3,28 @@
 #include "runtime/Text.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 #include <utility>
 
 namespace quillon {
 
-const std::string& TextOf(const FeedRecord& record, Column column) {
+namespace {
+
+/// The start of a text in lower case. Most comparisons need no more, and are quick as it lies beside its row.
+struct Entry {
+    std::array<char, 24> start{};
+    std::size_t row;
+
+    Entry(std::string_view text, std::size_t row_number) : row(row_number) {
+        const std::string lower = LCase(text.substr(0, start.size() + 1)); // no letter of two bytes is cut
+        std::copy_n(lower.begin(), std::min(lower.size(), start.size()), start.begin());
+    }
+};
+
+} // namespace
+
+std::string_view TextOf(const FeedRecord& record, Column column) {
     switch (column) {
     case Column::ICAO:
         return record.ICAO;
@@ -23,27 +40,33 @@ const std::string& TextOf(const FeedRecord& record, Column column) {
 
 void ListView::Clear() {
     items_.clear();
+    texts_.reset();
     selected_.reset();
     marked_.reset();
     ++revision_;
 }
 
-bool ListView::Before(const FeedRecord& left, const FeedRecord& right) const {
-    const std::string a = LCase(TextOf(left, sort_key_));
-    const std::string b = LCase(TextOf(right, sort_key_));
-    return order_ == SortOrder::Ascending ? a < b : b < a;
+/// Negative if the left row comes first, 0 if they are equals.
+int ListView::Compare(const FeedRecord& left, const FeedRecord& right) const {
+    const int compared = CompareLCase(TextOf(left, sort_key_), TextOf(right, sort_key_));
+    return order_ == SortOrder::Ascending ? compared : -compared;
 }
 
-void ListView::Add(FeedRecord record) {
+void ListView::Reserve(std::size_t rows, std::shared_ptr<const std::string> texts) {
+    items_.reserve(rows);
+    texts_ = std::move(texts);
+}
+
+void ListView::Add(const FeedRecord& record) {
     ++revision_;
     if (!sorted_) {
-        items_.push_back(std::move(record));
+        items_.push_back(record);
         return;
     }
-    const auto before = [this](const FeedRecord& a, const FeedRecord& b) { return Before(a, b); };
+    const auto before = [this](const FeedRecord& a, const FeedRecord& b) { return Compare(a, b) < 0; };
     const auto place = std::upper_bound(items_.begin(), items_.end(), record, before);
     const auto row = static_cast<std::size_t>(place - items_.begin());
-    items_.insert(place, std::move(record));
+    items_.insert(place, record);
     for (auto* kept : {&selected_, &marked_})
         if (*kept && **kept >= row) ++**kept;
 }
@@ -69,35 +92,24 @@ void ListView::SetSorted(bool sorted) {
 
 void ListView::Sort() {
     ++revision_;
-    // All keys lie in one text, which is what makes comparing them quick.
-    struct Key {
-        std::size_t start, length, row;
-    };
-    std::string texts;
-    std::vector<Key> keys;
-    keys.reserve(items_.size());
-    for (const FeedRecord& item : items_) {
-        const std::string text = LCase(TextOf(item, sort_key_));
-        keys.push_back({texts.size(), text.size(), keys.size()});
-        texts += text;
-    }
-    const auto text_of = [&texts](const Key& key) {
-        return std::string_view(texts).substr(key.start, key.length);
-    };
-    const bool ascending = order_ == SortOrder::Ascending;
-    std::stable_sort(keys.begin(), keys.end(), [&](const Key& a, const Key& b) {
-        return ascending ? text_of(a) < text_of(b) : text_of(b) < text_of(a);
+    std::vector<Entry> entries;
+    entries.reserve(items_.size());
+    for (const FeedRecord& item : items_) entries.emplace_back(TextOf(item, sort_key_), entries.size());
+    std::stable_sort(entries.begin(), entries.end(), [this](const Entry& a, const Entry& b) {
+        const int started = std::memcmp(a.start.data(), b.start.data(), a.start.size());
+        if (started != 0) return (started < 0) == (order_ == SortOrder::Ascending);
+        return Compare(items_[a.row], items_[b.row]) < 0;
     });
 
     std::vector<FeedRecord> sorted;
     sorted.reserve(items_.size());
-    for (const Key& key : keys) sorted.push_back(std::move(items_[key.row]));
+    for (const Entry& entry : entries) sorted.push_back(items_[entry.row]);
     items_ = std::move(sorted);
     for (auto* kept : {&selected_, &marked_})
         if (*kept)
             *kept = static_cast<std::size_t>(
-                std::find_if(keys.begin(), keys.end(), [&](const Key& key) { return key.row == **kept; }) -
-                keys.begin());
+                std::find_if(entries.begin(), entries.end(), [&](const Entry& e) { return e.row == **kept; }) -
+                entries.begin());
 }
 
 } // namespace quillon

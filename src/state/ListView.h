@@ -1,25 +1,28 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillon {
 
-/// One source of radio sound: a line of the catalogue and a row of the list.
+/// One source of radio sound: a line of the catalogue and a row of the list, which keeps the texts until it is
+/// cleared.
 struct FeedRecord {
-    std::string ICAO; ///< airport code, looked up in the airport file
-    std::string City; ///< free description
-    std::string Freq; ///< six characters "###.##", MHz
-    std::string URL;  ///< stream address, playlist, or folder of recordings
+    std::string_view ICAO; ///< airport code, looked up in the airport file
+    std::string_view City; ///< free description
+    std::string_view Freq; ///< six characters "###.##", MHz
+    std::string_view URL;  ///< stream address, playlist, or folder of recordings
 };
 
 enum class Column { ICAO = 0, City = 1, Freq = 2, URL = 3 };
 enum class SortOrder { Ascending, Descending };
 
 /// The text of one of the record's columns.
-const std::string& TextOf(const FeedRecord& record, Column column);
+std::string_view TextOf(const FeedRecord& record, Column column);
 
 /// A list view as data: rows, selection and sorting. Rows are numbered from 0.
 class ListView {
@@ -46,11 +49,12 @@ class ListView {
 
     void Clear();
 
-    /// Makes room for that many rows.
-    void Reserve(std::size_t rows) { items_.reserve(rows); }
+    /// Makes room for that many rows, whose texts are parts of this one.
+    void Reserve(std::size_t rows, std::shared_ptr<const std::string> texts);
 
-    /// Adds a row: at its sorted place (behind its equals) while sorting is on, else at the end.
-    void Add(FeedRecord record);
+    /// Adds a row of the kept texts, or of such as last for ever: at its sorted place (behind its equals) while
+    /// sorting is on, else at the end.
+    void Add(const FeedRecord& record);
 
     /// Selects one row, or none. Rows that do not exist are ignored.
     void Select(std::optional<std::size_t> row);
@@ -69,10 +73,11 @@ class ListView {
     void SetSorted(bool sorted);
 
   private:
-    bool Before(const FeedRecord& left, const FeedRecord& right) const;
+    int Compare(const FeedRecord& left, const FeedRecord& right) const;
     void Sort();
 
     std::vector<FeedRecord> items_;
+    std::shared_ptr<const std::string> texts_; ///< what the rows are parts of
     std::optional<std::size_t> selected_;
     std::optional<std::size_t> marked_;
     bool sorted_ = false;

@@ -2,11 +2,11 @@
 
 #include "state/AirportList.h"
 #include "state/Forms.h"
+#include "state/FrequencyPool.h"
 
 #include <array>
 #include <chrono>
 #include <cstdint>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -105,7 +105,7 @@ struct ProgramState {
     ChatterState chatter;
     MuteState mute;
 
-    std::set<std::string> List1;       ///< free frequencies, lowest first
+    FrequencyPool List1;               ///< free frequencies
     std::vector<std::string> lstUFreq; ///< frequencies that the catalogue states, sorted
     AirportList Airports;              ///< the airport file
 

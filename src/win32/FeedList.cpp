@@ -138,8 +138,8 @@ void FeedList::FillItem(LVITEMW& item) {
     const auto row = static_cast<std::size_t>(item.iItem);
     if ((item.mask & LVIF_TEXT) == 0 || item.iItem < 0 || row >= data_.Items().size()) return;
     // A hand-written line may be of any length; nobody reads more than this in a column.
-    const std::string& text = TextOf(data_.Items()[row], static_cast<Column>(item.iSubItem));
-    cell_ = Wide(std::string_view(text).substr(0, 1024));
+    const std::string_view text = TextOf(data_.Items()[row], static_cast<Column>(item.iSubItem));
+    cell_ = Wide(text.substr(0, 1024));
     item.pszText = cell_.data();
 }
 

@@ -5,7 +5,6 @@
 #include "catalogue/FeedFile.h"
 #include "catalogue/FeedLoader.h"
 #include "catalogue/Folders.h"
-#include "catalogue/FrequencyPool.h"
 #include "catalogue/TraceLog.h"
 #include "ports/TextFile.h"
 
@@ -31,7 +30,9 @@ class Catalogue : public TempFolder {
         loader.LoadList();
         std::string rows;
         for (const FeedRecord& r : state.form.lvwDB.Items())
-            rows += r.ICAO + "/" + r.City + "/" + r.Freq + "/" + r.URL + ";";
+            for (const auto& [field, end] :
+                 {std::pair{r.ICAO, "/"}, {r.City, "/"}, {r.Freq, "/"}, {r.URL, ";"}})
+                rows.append(field) += end;
         return rows;
     }
 
@@ -51,11 +52,21 @@ class Catalogue : public TempFolder {
 };
 
 TEST(FrequencyPool, HoldsTheRasterFrom118To13695) {
-    std::set<std::string> pool;
+    FrequencyPool pool;
     LoadFrequencies(pool);
-    EXPECT_EQ(pool.size(), 759U);
-    for (const char* some : {"118.00", "118.02", "118.05", "118.07", "118.10", "136.92", "136.95"})
-        EXPECT_TRUE(pool.contains(some)) << some;
+    std::vector<std::string> channels;
+    for (auto c = TakeLowest(pool); !c.empty(); c = TakeLowest(pool)) channels.emplace_back(c);
+    EXPECT_EQ(channels.size(), 759U);
+    EXPECT_EQ(std::vector(channels.begin(), channels.begin() + 5),
+              (std::vector{"118.00"s, "118.02"s, "118.05"s, "118.07"s, "118.10"s}));
+    EXPECT_EQ(channels.back(), "136.95");
+    LoadFrequencies(pool);
+    for (const std::string& channel : channels) RemFreq(pool, channel);
+    EXPECT_TRUE(pool.free.none());
+    LoadFrequencies(pool);
+    for (const char* none : {"118.01", "118,00", "136.97", "117.95", "11:.00", "18.00", "118.0 ", ""})
+        RemFreq(pool, none);
+    EXPECT_TRUE(pool.free.all());
 }
 
 TEST_F(Catalogue, LinesBecomeRowsAndMissingFrequenciesTheLowestFreeOnes) {

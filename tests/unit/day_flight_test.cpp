@@ -38,7 +38,7 @@ class Day : public Flight {
     int Below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
     std::size_t AnyRow() { return random() % state().form.lvwDB.Items().size(); }
     void Retune() {
-        const std::string any = Below(5) == 0 ? "121.50" : state().form.lvwDB.Items()[AnyRow()].Freq;
+        const std::string any(Below(5) == 0 ? "121.50" : state().form.lvwDB.Items()[AnyRow()].Freq);
         simulator.Tune(FindCommRadio(state().radio.SelectedComm)->Offset, any);
     }
     void Press(int key, const Deed& meanwhile) { keyboard.down = key, meanwhile(), keyboard.down = 0; }

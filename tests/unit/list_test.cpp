@@ -8,7 +8,7 @@ namespace {
 
 std::string Icaos(const ListView& list) {
     std::string all;
-    for (const FeedRecord& item : list.Items()) all += item.ICAO + " ";
+    for (const FeedRecord& item : list.Items()) all += std::string(item.ICAO) + " ";
     return all;
 }
 
@@ -84,7 +84,7 @@ TEST_F(Hand, SearchesFindMarkAndGoOn) {
     program->mnuSearch_Click();
     std::string cities;
     for (int again = 0; again < 3; ++again) {
-        cities += list().Items()[*list().Selected()].City + ";";
+        cities.append(list().Items()[*list().Selected()].City) += ";";
         program->mnuSearchAgain_Click();
     }
     EXPECT_EQ(cities, "London Director;London Radio;Playlist one;");
