@@ -14,6 +14,6 @@ convert -size 1024x1024 xc:none \
   -fill '#1c5fa8' -draw 'polygon 446,670 578,670 588,712 436,712' \
   "$work/large.png"
 for size in 16 24 32 48 64 256; do
-  convert "$work/large.png" -filter Lanczos -resize ${size}x${size} "$work/$size.png"
+  convert "$work/large.png" -filter Lanczos -resize ${size}x${size} -depth 8 "PNG32:$work/$size.png"
 done
-convert "$work/16.png" "$work/24.png" "$work/32.png" "$work/48.png" "$work/64.png" "$work/256.png" "$out"
+convert "$work/16.png" "$work/24.png" "$work/32.png" "$work/48.png" "$work/64.png" "$work/256.png" -depth 8 "$out"
