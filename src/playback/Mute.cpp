@@ -15,6 +15,7 @@ void Mute::MuteSound() {
     state_.form.Caption = state_.feed.CaptionBase + " -Mute";
     mute.SavedStatusText = state_.form.PanelAt(1).Text;
     state_.form.PanelAt(1).Text = "Muted";
+    state_.form.PanelAt(3).ToolTipText.clear(); // what the station plays is followed no more
 }
 
 void Mute::UnMuteSound() {

@@ -262,6 +262,7 @@ TEST_F(Flight, ModesSwitchTheTimersAndForceANewSearch) {
 
 TEST_F(Flight, TheStripMutesTheCycleInAutomaticMode) {
     Start();
+    player.title = "KJFK Tower";
     TuneTo("118.70");
     Tick();
     program->cmdPause_Click();
@@ -269,6 +270,7 @@ TEST_F(Flight, TheStripMutesTheCycleInAutomaticMode) {
     EXPECT_FALSE(state().form.Timer(1).Enabled);
     EXPECT_EQ(state().form.Caption, "Quillon -Mute");
     EXPECT_EQ(panel(1), "Muted");
+    EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, "");
     program->cmdStop_Click(); // muted is muted
     program->cmdPlay_Click();
     EXPECT_EQ(player.state, Playing);
