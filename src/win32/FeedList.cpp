@@ -5,11 +5,22 @@
 #include "win32/ToolTips.h"
 #include "win32/Utf16.h"
 
+#include <algorithm>
+#include <numeric>
+
 namespace quillon {
 
 namespace {
 
 constexpr int TwipsPerInch = 1440;
+constexpr int ArrowRoom = 36; // at 96 dpi
+
+/// A third of the one colour over the other.
+COLORREF Blend(COLORREF over, COLORREF under) {
+    const auto mix = [](int a, int b) { return (a + 2 * b) / 3; };
+    return RGB(mix(GetRValue(over), GetRValue(under)), mix(GetGValue(over), GetGValue(under)),
+               mix(GetBValue(over), GetBValue(under)));
+}
 
 } // namespace
 
@@ -35,10 +46,26 @@ void FeedList::SyncColumns() {
         const ListView::ColumnHeader& header = data_.ColumnHeaders[index];
         const int column = static_cast<int>(index);
         if (column >= Header_GetItemCount(ListView_GetHeader(window_))) AddColumn(column, header.Text);
-        if (shown_widths_[index] == header.WidthTwips) continue;
-        shown_widths_[index] = header.WidthTwips;
-        ListView_SetColumnWidth(window_, column, theme_->TwipsToPx(header.WidthTwips));
+        const int width = WidthOf(index);
+        if (shown_widths_[index] == width) continue;
+        shown_widths_[index] = width;
+        ListView_SetColumnWidth(window_, column, width);
     }
+}
+
+/// Pixels. The addresses take what room the other columns leave, and a sorted column's header has room for its
+/// arrow.
+int FeedList::WidthOf(std::size_t column) const {
+    const ListView::ColumnHeader& header = data_.ColumnHeaders[column];
+    int width = theme_->TwipsToPx(header.WidthTwips);
+    if (data_.Sorted() && static_cast<std::size_t>(data_.SortKey()) == column)
+        width = std::max(width, static_cast<int>(theme_->Measure(theme_->Text(), Wide(header.Text)).cx) +
+                                    theme_->Px(ArrowRoom));
+    if (column + 1 < shown_widths_.size()) return width;
+    RECT area{};
+    GetClientRect(window_, &area);
+    return std::max(width, static_cast<int>(area.right) -
+                               std::accumulate(shown_widths_.begin(), shown_widths_.end() - 1, 0));
 }
 
 void FeedList::AddColumn(int index, const std::string& name) {
@@ -55,13 +82,13 @@ std::optional<std::pair<Column, int>> FeedList::DraggedColumn(const NMHDR& heade
     const auto index = static_cast<std::size_t>(drag.iItem);
     if (index >= shown_widths_.size() || drag.pitem == nullptr || (drag.pitem->mask & HDI_WIDTH) == 0)
         return std::nullopt;
-    shown_widths_[index] = MulDiv(drag.pitem->cxy, TwipsPerInch, static_cast<int>(theme_->Dpi()));
-    return std::pair(static_cast<Column>(index), shown_widths_[index]);
+    shown_widths_[index] = drag.pitem->cxy;
+    return std::pair(static_cast<Column>(index),
+                     MulDiv(drag.pitem->cxy, TwipsPerInch, static_cast<int>(theme_->Dpi())));
 }
 
 void FeedList::Sync() {
     syncing_ = true;
-    SyncColumns();
     if (!tip_shown_ && !data_.ToolTipText.empty()) {
         tip_shown_ = true; // it speaks of the headers, and over the rows it would hide them
         SetControlTip(tips_, ListView_GetHeader(window_), data_.ToolTipText);
@@ -72,6 +99,7 @@ void FeedList::Sync() {
         InvalidateRect(window_, nullptr, FALSE);
         selected_ = SelectedRow();
     }
+    SyncColumns(); // now that the scroll bar is there or gone
     if (selected_ != data_.Selected()) {
         selected_ = data_.Selected();
         ListView_SetItemState(window_, -1, 0, LVIS_SELECTED);
@@ -159,6 +187,12 @@ LRESULT FeedList::Draw(NMLVCUSTOMDRAW& draw) const {
     if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
     if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
     const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
+    if (row == selected_ && GetFocus() != window_) {
+        // What plays stays in sight; the system's own colour for this is hardly told from the window's.
+        draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+        draw.clrText = GetSysColor(COLOR_WINDOWTEXT);
+        draw.clrTextBk = Blend(GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_WINDOW));
+    }
     if (static_cast<int>(row) + 1 != data_.LastSearchIndex()) return CDRF_DODEFAULT;
     SelectObject(draw.nmcd.hdc, theme_->Bold());
     return CDRF_NEWFONT;

@@ -24,6 +24,9 @@ class FeedList {
     /// Columns, font and widths for a resolution.
     void SetTheme(const Theme& theme);
 
+    /// Brings the columns up to the data and to the list's width, which the last one fills.
+    void SyncColumns();
+
     /// Brings rows, selection and scroll position up to the data.
     void Sync();
 
@@ -44,7 +47,7 @@ class FeedList {
     LRESULT Notify(NMHDR& header);
 
   private:
-    void SyncColumns();
+    int WidthOf(std::size_t column) const;
     void AddColumn(int index, const std::string& name);
     void SyncArrow();
     void FillItem(LVITEMW& item);
@@ -54,7 +57,7 @@ class FeedList {
     const ListView& data_;
     HWND window_;
     Theme const* theme_ = nullptr;
-    std::array<int, 4> shown_widths_{}; // twips
+    std::array<int, 4> shown_widths_{}; // pixels
     bool syncing_ = false;
     std::uint64_t revision_ = 0;
     std::uint64_t visible_request_ = 0;
