@@ -19,6 +19,11 @@ void SetFonts(std::initializer_list<HWND> controls, HFONT font) {
     for (HWND control : controls) SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
+void TellSystemColors(HWND window) {
+    for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+        SendMessageW(child, WM_SYSCOLORCHANGE, 0, 0);
+}
+
 int LineHeight(const Theme& theme) {
     return theme.Measure(theme.Text(), L"Ag").cy;
 }

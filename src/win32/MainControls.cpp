@@ -12,13 +12,12 @@ namespace quillon {
 
 namespace {
 
-constexpr int Margin = 8; // all lengths at 96 dpi
-constexpr int Gap = 6;
-constexpr int CheckMark = 22;
+constexpr int Gap = 6; // all lengths at 96 dpi
 constexpr int ButtonWidth = 34;
 constexpr int GlyphSize = 14;
 constexpr int SliderWidth = 110;
-constexpr int PictureSize = 32;
+constexpr int PictureSize = 22;
+constexpr int LabelHeight = 32;
 
 constexpr const wchar_t* AutoText = L"&Automatic";
 constexpr const wchar_t* ManualText = L"&Manual";
@@ -64,7 +63,8 @@ MainControls::MainControls(HWND parent, const Theme& theme) : tips_(CreateToolTi
     SetControlTip(tips_, elapsed_, "Seconds since the last recording");
     SetControlTip(tips_, gap_, "Seconds from the last recording to the next");
     ShowControls({elapsed_, of_, gap_}, false);
-    picture_ = AddControl(parent, WC_STATICW, L"Live ATC web site", SS_ICON | SS_NOTIFY, IdLiveAtcPicture);
+    picture_ =
+        AddControl(parent, WC_BUTTONW, L"Live ATC web site", BS_ICON | WS_TABSTOP | WS_GROUP, IdLiveAtcPicture);
     picture_label_ = AddControl(parent, WC_STATICW, LiveAtcText, SS_NOTIFY | SS_CENTERIMAGE, IdLiveAtcLabel);
     for (HWND control : {picture_, picture_label_}) SetControlTip(tips_, control, "Open the live ATC web site");
     ShowControls({picture_, picture_label_}, false);
@@ -77,13 +77,11 @@ void MainControls::SetTheme(const Theme& theme) {
         theme.Text());
     SendMessageW(distance_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Large()), TRUE);
     for (std::size_t i = 0; i < Buttons.size(); ++i) {
-        glyphs_[i] = DrawGlyph(Buttons[i].Picture, theme.Px(GlyphSize));
+        glyphs_[i] = DrawGlyph(Buttons[i].Picture, theme.Px(GlyphSize), GetSysColor(COLOR_BTNTEXT));
         SendMessageW(buttons_[i], BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(glyphs_[i].Get()));
     }
-    const int size = theme.Px(PictureSize);
-    picture_icon_ = IconHandle(static_cast<HICON>(
-        LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
-    SendMessageW(picture_, STM_SETICON, reinterpret_cast<WPARAM>(picture_icon_.Get()), 0);
+    picture_icon_ = DrawGlyph(Glyph::Headset, theme.Px(PictureSize), GetSysColor(COLOR_HIGHLIGHT));
+    SendMessageW(picture_, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(picture_icon_.Get()));
 }
 
 int MainControls::ModeGroupWidth(const Theme& theme) const {
@@ -118,7 +116,7 @@ int MainControls::Place(const Theme& theme, int width) {
                 quit_width, quit_height);
     const int labels_y = top + group_height + theme.Px(Gap);
     PlaceLabels(theme, labels_y, width);
-    return labels_y + theme.Px(PictureSize + Gap);
+    return labels_y + theme.Px(LabelHeight + Gap);
 }
 
 void MainControls::PlaceModes(const Theme& theme, int x, int y, int height) {
@@ -154,11 +152,11 @@ void MainControls::PlacePlayer(const Theme& theme, int x, int y, int width, int 
 }
 
 void MainControls::PlaceLabels(const Theme& theme, int y, int width) {
-    const int height = theme.Px(PictureSize);
+    const int height = theme.Px(LabelHeight);
     const int site_width = theme.Measure(theme.Text(), LiveAtcText).cx + theme.Px(Gap);
     const int site_x = width - theme.Px(Margin) - site_width;
     MoveControl(picture_label_, site_x, y, site_width, height);
-    const int picture_x = site_x - theme.Px(PictureSize + Gap);
+    const int picture_x = site_x - theme.Px(LabelHeight + Gap);
     MoveControl(picture_, picture_x, y, height, height);
     const int number_width = theme.Measure(theme.Text(), L"00000").cx;
     const int of_width = theme.Measure(theme.Text(), CountdownText).cx + theme.Px(Gap);

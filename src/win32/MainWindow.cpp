@@ -1,6 +1,7 @@
 #include "win32/MainWindow.h"
 
 #include "win32/ControlIds.h"
+#include "win32/Controls.h"
 #include "win32/ToolTips.h"
 #include "win32/Utf16.h"
 
@@ -16,6 +17,7 @@ namespace quillon {
 namespace {
 
 constexpr int LeastListHeight = 80; // at 96 dpi
+constexpr int LeastHeight = 370;    // room for such a list below both preference frames
 constexpr int FirstHeight = 480;
 
 /// The handlers of everything that is clicked and needs no further word.
@@ -132,7 +134,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_GETMINMAXINFO:
         if (controls_) {
             auto& limits = *reinterpret_cast<MINMAXINFO*>(lparam);
-            limits.ptMinTrackSize = {controls_->LeastWidth(theme_) + theme_.Px(16), theme_.Px(300)};
+            limits.ptMinTrackSize = {controls_->LeastWidth(theme_) + theme_.Px(16), theme_.Px(LeastHeight)};
         }
         return 0;
     case WM_DPICHANGED: {
@@ -143,6 +145,8 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         return 0;
     }
     case WM_SYSCOLORCHANGE:
+        TellSystemColors(window_);
+        [[fallthrough]];
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
         MatchTitleToApps(window_);
@@ -175,7 +179,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         Sync();
         return 0;
     case WM_SETFOCUS:
-        SetFocus(focus_ != nullptr ? focus_ : list_->Window());
+        TakeFocus();
         return 0;
     case WM_CLOSE:
         program_->mnuQuit_Click();
@@ -215,6 +219,11 @@ void MainWindow::SyncSize() {
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+/// Where the keyboard was. What had it may be hidden by now, as a frame is by its own button.
+void MainWindow::TakeFocus() {
+    SetFocus(focus_ != nullptr && IsWindowVisible(focus_) ? focus_ : list_->Window());
+}
+
 /// A label's mnemonic moves the focus through this message, which only dialogs answer by themselves.
 void MainWindow::MoveFocus(WPARAM wparam, LPARAM lparam) {
     HWND next = LOWORD(lparam) != 0 ? reinterpret_cast<HWND>(wparam)
@@ -244,11 +253,11 @@ void MainWindow::NextPane(bool back) {
 void MainWindow::CreateControls() {
     theme_ = Theme(GetDpiForWindow(window_));
     controls_ = std::make_unique<MainControls>(window_, theme_);
+    frames_ = std::make_unique<PreferenceFrames>(window_);
     list_ = std::make_unique<FeedList>(window_, program_->State().form.lvwDB);
     status_ = std::make_unique<StatusBar>(window_);
     list_->SetTheme(theme_);
     status_->SetTheme(theme_);
-    frames_ = std::make_unique<PreferenceFrames>(window_);
     frames_->SetTheme(theme_);
 }
 
@@ -311,7 +320,7 @@ LRESULT MainWindow::Notify(NMHDR& header) {
 }
 
 void MainWindow::Layout() {
-    if (!frames_) return;
+    if (!status_) return;
     RECT area{};
     GetClientRect(window_, &area);
     if (area.right == 0) return; // minimised
@@ -321,6 +330,7 @@ void MainWindow::Layout() {
     const int height =
         std::max(theme_.Px(LeastListHeight), static_cast<int>(area.bottom) - top - status_->Height());
     SetWindowPos(list_->Window(), nullptr, 0, top, area.right, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    list_->SyncColumns();
 }
 
 void MainWindow::SetInitialSize() {
@@ -350,7 +360,7 @@ void MainWindow::Sync() {
 }
 
 void MainWindow::SyncOnce() {
-    if (window_ == nullptr) return;
+    if (window_ == nullptr || !status_) return; // what is being made reports, too
     const ProgramState& state = program_->State();
     splash_.Show(state.splash.Visible);
     if (state.Ended) {
@@ -411,7 +421,7 @@ void MainWindow::SyncBusy() {
     if (busy_ && IsChild(window_, GetFocus())) focus_ = GetFocus();
     for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
         if (GetDlgCtrlID(child) != IdQuit) EnableWindow(child, busy_ ? FALSE : TRUE);
-    if (!busy_ && GetActiveWindow() == window_) SetFocus(focus_ != nullptr ? focus_ : list_->Window());
+    if (!busy_ && GetActiveWindow() == window_) TakeFocus();
 }
 
 bool MainWindow::Dispatch() {

@@ -57,6 +57,7 @@ class MainWindow : public Display {
     void SetInitialSize();
     void KeepSize();
     void SyncSize();
+    void TakeFocus();
     void MoveFocus(WPARAM wparam, LPARAM lparam);
     void ShowRowMenu(HWND control, POINT where);
     void NextPane(bool back);

@@ -11,18 +11,17 @@ namespace quillon {
 
 namespace {
 
-constexpr int Margin = 8; // all lengths at 96 dpi
-constexpr int Gap = 10;
-constexpr int CheckMark = 22;
+constexpr int Gap = 10; // all lengths at 96 dpi
 constexpr int RowHeight = 24;
 constexpr int ComboWidth = 60;
 constexpr int ComboDrop = 240;
 
-constexpr std::array<const wchar_t*, 4> RadioNames{L"Com &1", L"Com1 &Stby", L"Com &2", L"Com2 S&tby"};
+constexpr std::array<const wchar_t*, 4> RadioNames{L"Com &1", L"Com1 St&by", L"Com &2", L"Com2 S&tby"};
 constexpr const wchar_t* IntervalText = L"Interval  Between Chatter is";
 constexpr const wchar_t* ToText = L"to";
 constexpr const wchar_t* SecondsText = L"Seconds";
 constexpr const wchar_t* CloseText = L"&Close";
+constexpr const wchar_t* OtherCloseText = L"C&lose"; // both frames may be open
 
 int TextWidth(const Theme& theme, const wchar_t* text) {
     return theme.Measure(theme.Text(), text).cx;
@@ -32,6 +31,13 @@ HWND AddCombo(HWND parent, int id, const wchar_t* name) {
     HWND combo = AddControl(parent, WC_COMBOBOXW, name, CBS_DROPDOWN | WS_VSCROLL | WS_TABSTOP, id);
     ShowWindow(combo, SW_HIDE);
     return combo;
+}
+
+/// A combo box takes its height from its font, and is given that of its list.
+int ClosedHeight(HWND combo) {
+    RECT area{};
+    GetWindowRect(combo, &area);
+    return area.bottom - area.top;
 }
 
 void Fill(HWND combo, const ComboBox& data) {
@@ -54,7 +60,7 @@ PreferenceFrames::PreferenceFrames(HWND parent) {
     to_ = AddControl(parent, WC_STATICW, ToText, SS_CENTERIMAGE, -1);
     max_ = AddCombo(parent, IdCboMax, L"Longest interval between chatter");
     seconds_ = AddControl(parent, WC_STATICW, SecondsText, SS_CENTERIMAGE, -1);
-    chatter_close_ = AddControl(parent, WC_BUTTONW, CloseText, WS_TABSTOP | WS_GROUP, IdClose2);
+    chatter_close_ = AddControl(parent, WC_BUTTONW, OtherCloseText, WS_TABSTOP | WS_GROUP, IdClose2);
     ShowControls({radio_group_, radios_[0], radios_[1], radios_[2], radios_[3], radio_close_, chatter_group_,
                   interval_, min_, to_, max_, seconds_, chatter_close_},
                  false);
@@ -103,18 +109,22 @@ void PreferenceFrames::PlaceRadios(const Theme& theme, int y, int height) {
 void PreferenceFrames::PlaceChatter(const Theme& theme, int y, int height) {
     const int row = y + LineHeight(theme) + theme.Px(4);
     int x = theme.Px(2 * Margin);
-    const auto put = [&](HWND control, int width, int control_height) {
-        MoveControl(control, x, row, width, control_height);
+    const int row_height = theme.Px(RowHeight);
+    const auto put = [&](HWND control, int width) {
+        MoveControl(control, x, row, width, row_height);
         x += width + theme.Px(Gap);
     };
-    const int row_height = theme.Px(RowHeight);
-    put(interval_, TextWidth(theme, IntervalText), row_height);
-    put(min_, theme.Px(ComboWidth), theme.Px(ComboDrop));
-    put(to_, TextWidth(theme, ToText), row_height);
-    put(max_, theme.Px(ComboWidth), theme.Px(ComboDrop));
-    put(seconds_, TextWidth(theme, SecondsText), row_height);
-    const int close_width = TextWidth(theme, CloseText) + theme.Px(24);
-    put(chatter_close_, close_width, row_height);
+    const auto put_combo = [&](HWND combo) {
+        const int drop = (row_height - ClosedHeight(combo)) / 2;
+        MoveControl(combo, x, row + drop, theme.Px(ComboWidth), theme.Px(ComboDrop));
+        x += theme.Px(ComboWidth + Gap);
+    };
+    put(interval_, TextWidth(theme, IntervalText));
+    put_combo(min_);
+    put(to_, TextWidth(theme, ToText));
+    put_combo(max_);
+    put(seconds_, TextWidth(theme, SecondsText));
+    put(chatter_close_, TextWidth(theme, CloseText) + theme.Px(24));
     MoveControl(chatter_group_, theme.Px(Margin), y, x - theme.Px(Gap), height);
 }
 

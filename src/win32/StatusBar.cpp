@@ -4,9 +4,22 @@
 #include "win32/ToolTips.h"
 #include "win32/Utf16.h"
 
+#include <algorithm>
 #include <commctrl.h>
 
 namespace quillon {
+
+namespace {
+
+/// The first panel must show every state whole; these are the longest.
+int LongestState(const Theme& theme) {
+    int longest = 0;
+    for (const wchar_t* text : {L"No Connection", L"ATC in 300 sec"})
+        longest = std::max(longest, static_cast<int>(theme.Measure(theme.Text(), text).cx));
+    return longest;
+}
+
+} // namespace
 
 StatusBar::StatusBar(HWND parent)
     : window_(CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
@@ -30,8 +43,7 @@ void StatusBar::Place(const Theme& theme) {
     std::array<int, 4> edges{};
     int edge = 0;
     for (std::size_t index = 0; index < edges.size(); ++index) {
-        // A panel is never narrower than the longest of the texts that it must show whole.
-        const int least = index == 0 ? theme.Measure(theme.Text(), L"No Connection").cx + theme.Px(12) : 0;
+        const int least = index == 0 ? LongestState(theme) + theme.Px(12) : 0;
         edge += std::max(theme.TwipsToPx(shown_[index].WidthTwips), least);
         edges[index] = edge;
     }

@@ -19,6 +19,17 @@ Font MakeFont(UINT dpi, double scale, bool bold) {
     return Font(CreateFontIndirectW(&font));
 }
 
+/// Whether a point of the unit square belongs to a headset: band, two ear cups, and a boom with its microphone.
+bool CoversHeadset(double x, double y) {
+    const double side = std::abs(x - 0.5);
+    const double band = std::hypot(side, y - 0.47);
+    if (y < 0.47 && band > 0.35 && band < 0.44) return true;
+    if (side > 0.24 && side < 0.46 && y > 0.47 && y < 0.8) return true;
+    const double boom = std::hypot(x - 0.5, y - 0.55);
+    if (x < 0.5 && y > 0.75 && boom > 0.32 && boom < 0.4) return true;
+    return std::hypot((x - 0.55) / 1.5, y - 0.91) < 0.08;
+}
+
 /// Whether a point of the unit square belongs to the glyph.
 bool Covers(Glyph glyph, double x, double y) {
     switch (glyph) {
@@ -28,6 +39,8 @@ bool Covers(Glyph glyph, double x, double y) {
         return y > 0.12 && y < 0.88 && ((x > 0.18 && x < 0.42) || (x > 0.58 && x < 0.82));
     case Glyph::Stop:
         return x > 0.15 && x < 0.85 && y > 0.15 && y < 0.85;
+    case Glyph::Headset:
+        return CoversHeadset(x, y);
     }
     return false;
 }
@@ -72,7 +85,7 @@ void MatchTitleToApps(HWND window) {
     DwmSetWindowAttribute(window, UseImmersiveDarkMode, &dark, sizeof dark);
 }
 
-IconHandle DrawGlyph(Glyph glyph, int size_px) {
+IconHandle DrawGlyph(Glyph glyph, int size_px, COLORREF ink) {
     BITMAPV5HEADER header{};
     header.bV5Size = sizeof header;
     header.bV5Width = size_px;
@@ -91,7 +104,6 @@ IconHandle DrawGlyph(Glyph glyph, int size_px) {
     ReleaseDC(nullptr, screen);
     if (!picture) return {};
 
-    const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
     const unsigned rgb = unsigned{GetRValue(ink)} << 16U | unsigned{GetGValue(ink)} << 8U | GetBValue(ink);
     auto* pixel = static_cast<unsigned*>(bits);
     for (int y = 0; y < size_px; ++y)

@@ -42,9 +42,9 @@ class Theme {
 /// systems that know only one.
 void MatchTitleToApps(HWND window);
 
-enum class Glyph { Play, Pause, Stop };
+enum class Glyph { Play, Pause, Stop, Headset };
 
-/// A player button's picture in the colour of button texts.
-IconHandle DrawGlyph(Glyph glyph, int size_px);
+/// A button's picture in a colour of the system's.
+IconHandle DrawGlyph(Glyph glyph, int size_px, COLORREF ink);
 
 } // namespace quillon
