@@ -63,12 +63,21 @@ void AddFeedWindow::Show() {
             SetDlgItemTextW(window_, IdOf(box), Wide(form[box]).c_str());
     if (TextOfItem(window_, IDC_URL_PROMPT) != form.PromptCaption)
         SetDlgItemTextW(window_, IDC_URL_PROMPT, Wide(form.PromptCaption).c_str());
-    ShowWindow(GetDlgItem(window_, IDC_BROWSE), form.cmdBrowseVisible ? SW_SHOW : SW_HIDE);
+    ShowBrowse(form.cmdBrowseVisible);
     ShowKind(form.Kind);
     if (!form.WantedFocus) return;
     const frmAddATC::Focus focus = *form.WantedFocus;
     program_->AddFeedFocusTaken();
     TakeFocus(focus);
+}
+
+/// The address takes the button's room while there is none.
+void AddFeedWindow::ShowBrowse(bool visible) {
+    ShowWindow(GetDlgItem(window_, IDC_BROWSE), visible ? SW_SHOW : SW_HIDE);
+    RECT size{0, 0, visible ? 148 : 202, 14};
+    MapDialogRect(window_, &size);
+    SetWindowPos(GetDlgItem(window_, IDC_TXT_URL), nullptr, 0, 0, size.right, size.bottom,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void AddFeedWindow::ShowKind(SourceKind kind) {
@@ -90,7 +99,7 @@ INT_PTR CALLBACK AddFeedWindow::Procedure(HWND dialog, UINT message, WPARAM wpar
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, lparam);
         reinterpret_cast<AddFeedWindow*>(lparam)->window_ = dialog;
-        CenterOverOwner(dialog);
+        PrepareDialog(dialog);
         return FALSE; // the form says where the keyboard goes
     }
     if (message != WM_COMMAND || self == nullptr || self->window_ == nullptr) return FALSE;

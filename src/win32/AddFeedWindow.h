@@ -30,6 +30,7 @@ class AddFeedWindow {
     void Open(HWND owner);
     void Close(HWND owner);
     void Show();
+    void ShowBrowse(bool visible);
     void ShowKind(SourceKind kind);
     void TakeFocus(const frmAddATC::Focus& focus);
     void Command(int id, int code);

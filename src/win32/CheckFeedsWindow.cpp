@@ -1,5 +1,6 @@
 #include "win32/CheckFeedsWindow.h"
 
+#include "win32/Controls.h"
 #include "win32/DialogIds.h"
 #include "win32/Dialogs.h"
 #include "win32/Utf16.h"
@@ -19,7 +20,7 @@ struct ShownColumn {
     const wchar_t* title;
     int width; // dialog units
 };
-constexpr ShownColumn Columns[] = {{L"Line", 24}, {L"Feed", 112}, {L"Address", 116}, {L"Result", 160}};
+constexpr ShownColumn Columns[] = {{L"Line", 30}, {L"Feed", 122}, {L"Address", 126}, {L"Result", 140}};
 
 std::string CellOf(const frmCheckFeeds::Row& row, int column) {
     switch (column) {
@@ -119,7 +120,7 @@ INT_PTR CALLBACK CheckFeedsWindow::Procedure(HWND dialog, UINT message, WPARAM w
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, lparam);
         reinterpret_cast<CheckFeedsWindow*>(lparam)->window_ = dialog;
-        CenterOverOwner(dialog);
+        PrepareDialog(dialog);
         SendMessageW(dialog, DM_REPOSITION, 0, 0); // it may be wider than its owner, which may be at the edge
         return TRUE;
     }
@@ -131,6 +132,9 @@ INT_PTR CheckFeedsWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
     case WM_TIMER:
         Event([](FeedCheck& check) { check.Timer_Timer(); });
+        return TRUE;
+    case WM_SYSCOLORCHANGE:
+        TellSystemColors(window_);
         return TRUE;
     case WM_SIZE:
         Layout();
@@ -179,20 +183,29 @@ void CheckFeedsWindow::Layout() {
     stretch(IDC_CHECK_LIST, top - margin.bottom);
     SetWindowPos(Item(IDCANCEL), nullptr, client.right - margin.right - button.right, top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    WidenResults();
+    FitColumns();
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
-/// The last column takes what the others leave.
-void CheckFeedsWindow::WidenResults() {
+/// The columns share the list's width in the proportions that they or the user's hand have given them. The line
+/// numbers keep theirs.
+void CheckFeedsWindow::FitColumns() {
     constexpr int Last = static_cast<int>(std::size(Columns)) - 1;
     HWND list = Item(IDC_CHECK_LIST);
     RECT client{};
     GetClientRect(list, &client);
-    int width = client.right;
-    for (int column = 0; column < Last; ++column) width -= ListView_GetColumnWidth(list, column);
-    const RECT least = Pixels(window_, {0, 0, Columns[Last].width, 0});
-    ListView_SetColumnWidth(list, Last, std::max(width, static_cast<int>(least.right)));
+    const int numbers = static_cast<int>(Pixels(window_, {0, 0, Columns[0].width, 0}).right);
+    ListView_SetColumnWidth(list, 0, numbers);
+    int room = static_cast<int>(client.right) - numbers;
+    int parts = 0;
+    for (int column = 1; column <= Last; ++column) parts += std::max(1, ListView_GetColumnWidth(list, column));
+    for (int column = 1; column <= Last; ++column) {
+        const int part = std::max(1, ListView_GetColumnWidth(list, column));
+        const int width = std::max(0, MulDiv(room, part, parts));
+        ListView_SetColumnWidth(list, column, width);
+        room -= width;
+        parts -= part;
+    }
 }
 
 void CheckFeedsWindow::FindSelected() {

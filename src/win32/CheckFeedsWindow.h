@@ -33,7 +33,7 @@ class CheckFeedsWindow {
     void Show();
     void ShowRows();
     void Layout();
-    void WidenResults();
+    void FitColumns();
     void FindSelected();
     void FillItem(LVITEMW& item);
     void Event(const std::function<void(FeedCheck&)>& event);

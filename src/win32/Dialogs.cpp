@@ -1,5 +1,6 @@
 #include "win32/Dialogs.h"
 
+#include "win32/Controls.h"
 #include "win32/DialogIds.h"
 #include "win32/Theme.h"
 #include "win32/Utf16.h"
@@ -17,7 +18,8 @@ std::wstring WithLineFeeds(const std::string& text) {
     return lines;
 }
 
-void CenterOverOwner(HWND dialog) {
+void PrepareDialog(HWND dialog) {
+    MatchTitleToApps(dialog);
     RECT owner{};
     RECT own{};
     HWND above = GetWindow(dialog, GW_OWNER);
@@ -26,6 +28,48 @@ void CenterOverOwner(HWND dialog) {
     SetWindowPos(dialog, nullptr, (owner.left + owner.right - (own.right - own.left)) / 2,
                  (owner.top + owner.bottom - (own.bottom - own.top)) / 2, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+namespace {
+
+RECT AreaOf(HWND dialog, HWND control) {
+    RECT area{};
+    GetWindowRect(control, &area);
+    MapWindowPoints(HWND_DESKTOP, dialog, reinterpret_cast<POINT*>(&area), 2);
+    return area;
+}
+
+int HeightOfText(HWND label, int width) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(label)) + 1, L'\0');
+    GetWindowTextW(label, text.data(), static_cast<int>(text.size()));
+    RECT area{0, 0, width, 0};
+    HDC context = GetDC(label);
+    const HGDIOBJ old = SelectObject(context, reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)));
+    DrawTextW(context, text.c_str(), -1, &area, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    SelectObject(context, old);
+    ReleaseDC(label, context);
+    return area.bottom;
+}
+
+} // namespace
+
+void FitToText(HWND dialog, int label_id) {
+    HWND label = GetDlgItem(dialog, label_id);
+    const RECT area = AreaOf(dialog, label);
+    const int width = area.right - area.left;
+    const int height = HeightOfText(label, width);
+    const int growth = height - (area.bottom - area.top);
+    for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        const RECT below = AreaOf(dialog, child);
+        if (below.top >= area.bottom)
+            MoveControl(child, below.left, below.top + growth, below.right - below.left,
+                        below.bottom - below.top);
+    }
+    MoveControl(label, area.left, area.top, width, height);
+    RECT outside{};
+    GetWindowRect(dialog, &outside);
+    SetWindowPos(dialog, nullptr, 0, 0, outside.right - outside.left, outside.bottom - outside.top + growth,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 std::string TextOfItem(HWND dialog, int id) {
@@ -44,9 +88,10 @@ struct Question {
 };
 
 void Ask(HWND dialog, const Question& question) {
-    CenterOverOwner(dialog);
     SetWindowTextW(dialog, Wide(question.title).c_str());
     SetDlgItemTextW(dialog, IDC_PROMPT, WithLineFeeds(question.prompt).c_str());
+    FitToText(dialog, IDC_PROMPT);
+    PrepareDialog(dialog);
     SetDlgItemTextW(dialog, IDC_ANSWER, Wide(question.answer).c_str());
     SendDlgItemMessageW(dialog, IDC_ANSWER, EM_SETSEL, 0, -1);
     SetFocus(GetDlgItem(dialog, IDC_ANSWER));
@@ -75,7 +120,7 @@ int SelectedOption(HWND dialog) {
 
 INT_PTR CALLBACK MuteKeyProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message == WM_INITDIALOG) {
-        CenterOverOwner(dialog);
+        PrepareDialog(dialog);
         if (lparam > 0) CheckDlgButton(dialog, IDC_OPTION1 + static_cast<int>(lparam) - 1, BST_CHECKED);
         return TRUE;
     }
@@ -86,7 +131,7 @@ INT_PTR CALLBACK MuteKeyProcedure(HWND dialog, UINT message, WPARAM wparam, LPAR
 
 INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message == WM_INITDIALOG) {
-        CenterOverOwner(dialog);
+        PrepareDialog(dialog);
         const auto& theme = *reinterpret_cast<const Theme*>(lparam);
         SendDlgItemMessageW(dialog, IDC_ABOUT_NAME, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Large()), FALSE);
         SetDlgItemTextW(dialog, IDC_ABOUT_VERSION, L"Version " QUILLON_VERSION_W);
@@ -99,7 +144,7 @@ INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM
 
 INT_PTR CALLBACK FoldersProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message == WM_INITDIALOG) {
-        CenterOverOwner(dialog);
+        PrepareDialog(dialog);
         const auto& folders = *reinterpret_cast<const Folders*>(lparam);
         int id = IDC_FOLDER1;
         for (const std::string* folder : {&folders.AppPath, &folders.DataPath, &folders.WavePath})
@@ -166,7 +211,18 @@ void FsuipcStatusWindow::Sync(HWND owner, const frmShow_FSUIPC& form) {
     caption_ = form.LabelCaption;
     red_ = form.LabelRed;
     SetDlgItemTextW(window_, IDC_STATUS_TEXT, WithLineFeeds(caption_).c_str());
-    if (opens) ShowWindow(window_, SW_SHOW);
+    FitToText(window_, IDC_STATUS_TEXT); // three times as long where there is trouble to explain
+    if (!opens) return;
+    PrepareDialog(window_);
+    ShowWindow(window_, SW_SHOW);
+}
+
+/// A red that is read on the user's background, be it light or dark.
+COLORREF FsuipcStatusWindow::TextColor() const {
+    if (!red_) return GetSysColor(COLOR_BTNTEXT);
+    const COLORREF face = GetSysColor(COLOR_3DFACE);
+    const bool dark = GetRValue(face) + GetGValue(face) + GetBValue(face) < 3 * 128;
+    return dark ? RGB(255, 110, 110) : RGB(200, 0, 0);
 }
 
 INT_PTR CALLBACK FsuipcStatusWindow::Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -177,7 +233,7 @@ INT_PTR CALLBACK FsuipcStatusWindow::Procedure(HWND dialog, UINT message, WPARAM
         return TRUE;
     case WM_CTLCOLORSTATIC: {
         auto* context = reinterpret_cast<HDC>(wparam);
-        if (self->red_) SetTextColor(context, RGB(200, 0, 0));
+        SetTextColor(context, self->TextColor());
         SetBkMode(context, TRANSPARENT);
         return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_3DFACE));
     }

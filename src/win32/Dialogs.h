@@ -9,8 +9,9 @@
 
 namespace quillon {
 
-/// Moves a dialog to the middle of the window that owns it, if there is one.
-void CenterOverOwner(HWND dialog);
+/// Gives a dialog's title the user's colours, and moves it to the middle of the window that owns it, if there
+/// is one.
+void PrepareDialog(HWND dialog);
 
 /// Asks for a line of text in a modal dialog; empty when the user cancelled.
 std::string AskForText(HWND owner, const std::string& title, const std::string& prompt,
@@ -28,6 +29,9 @@ std::string ShowFolders(HWND owner, const Folders& folders);
 
 /// A carriage return ends a line in the program's texts; Windows wants a line feed behind it.
 std::wstring WithLineFeeds(const std::string& text);
+
+/// Makes a label as high as its text; what lies below it and the dialog's edge follow.
+void FitToText(HWND dialog, int label_id);
 
 /// The text of a dialog's control.
 std::string TextOfItem(HWND dialog, int id);
@@ -48,6 +52,7 @@ class FsuipcStatusWindow {
 
   private:
     static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
+    COLORREF TextColor() const;
 
     std::function<void()> closed_;
     HWND window_ = nullptr;

@@ -61,7 +61,7 @@ void PrintProgress::Dispatch(MSG& message) {
 INT_PTR CALLBACK PrintProgress::Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(dialog, DWLP_USER, lparam);
-        CenterOverOwner(dialog);
+        PrepareDialog(dialog);
         return TRUE;
     }
     if (message != WM_COMMAND || LOWORD(wparam) != IDCANCEL) return FALSE;
