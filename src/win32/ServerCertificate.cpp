@@ -38,7 +38,9 @@ CertificateChain ChainOf(const Certificate& certificate) {
 
 bool IsServerTrusted(CtxtHandle& connection, const std::wstring& host) {
     PCCERT_CONTEXT shown = nullptr;
-    if (QueryContextAttributesW(&connection, SECPKG_ATTR_REMOTE_CERT_CONTEXT, &shown) != SEC_E_OK) return false;
+    if (SecurityFunctions()->QueryContextAttributesW(&connection, SECPKG_ATTR_REMOTE_CERT_CONTEXT, &shown) !=
+        SEC_E_OK)
+        return false;
     const Certificate certificate(shown);
     if (!certificate) return false;
     const CertificateChain chain = ChainOf(certificate);

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <windows.h>
+#include "win32/SecurityFunctions.h"
 
-#define SECURITY_WIN32
-#include <security.h>
 #include <string>
 
 namespace quillon {

@@ -45,8 +45,8 @@ TlsConnection::TlsConnection(std::unique_ptr<Connection> carrier, const std::str
 }
 
 TlsConnection::~TlsConnection() {
-    if (SecIsValidHandle(&context_)) DeleteSecurityContext(&context_);
-    if (SecIsValidHandle(&credentials_)) FreeCredentialsHandle(&credentials_);
+    if (SecIsValidHandle(&context_)) functions_->DeleteSecurityContext(&context_);
+    if (SecIsValidHandle(&credentials_)) functions_->FreeCredentialsHandle(&credentials_);
 }
 
 bool TlsConnection::HaveCredentials() {
@@ -54,8 +54,9 @@ bool TlsConnection::HaveCredentials() {
     wanted.dwVersion = SCHANNEL_CRED_VERSION;
     wanted.dwFlags = SCH_CRED_MANUAL_CRED_VALIDATION | SCH_CRED_NO_DEFAULT_CREDS | SCH_USE_STRONG_CRYPTO;
     wchar_t package[] = UNISP_NAME_W;
-    return AcquireCredentialsHandleW(nullptr, package, SECPKG_CRED_OUTBOUND, nullptr, &wanted, nullptr, nullptr,
-                                     &credentials_, nullptr) == SEC_E_OK;
+    return functions_ != nullptr &&
+           functions_->AcquireCredentialsHandleW(nullptr, package, SECPKG_CRED_OUTBOUND, nullptr, &wanted,
+                                                 nullptr, nullptr, &credentials_, nullptr) == SEC_E_OK;
 }
 
 /// Goes on with the handshake; Supply::Bytes when the server is known and talks in secret.
@@ -78,12 +79,12 @@ Supply TlsConnection::ShakeHands() {
     SecBufferDesc in = Description(input);
     SecBufferDesc out = Description(output);
     DWORD given = 0;
-    const SECURITY_STATUS status =
-        InitializeSecurityContextW(&credentials_, is_first ? nullptr : &context_, host_.data(), Wanted, 0, 0,
-                                   is_first ? nullptr : &in, 0, &context_, &out, &given, nullptr);
+    const SECURITY_STATUS status = functions_->InitializeSecurityContextW(
+        &credentials_, is_first ? nullptr : &context_, host_.data(), Wanted, 0, 0, is_first ? nullptr : &in, 0,
+        &context_, &out, &given, nullptr);
     if (output[0].pvBuffer != nullptr) {
         unsent_.append(static_cast<const char*>(output[0].pvBuffer), output[0].cbBuffer);
-        FreeContextBuffer(output[0].pvBuffer);
+        functions_->FreeContextBuffer(output[0].pvBuffer);
     }
     needs_input_ = true;
     if (status == SEC_E_INCOMPLETE_MESSAGE) return Supply::Bytes;
@@ -96,7 +97,7 @@ Supply TlsConnection::ShakeHands() {
 /// A server that is not trusted will not be at the next try either.
 Supply TlsConnection::AcceptServer() {
     if (!IsServerTrusted(context_, host_)) return Supply::Refused;
-    is_secured_ = QueryContextAttributesW(&context_, SECPKG_ATTR_STREAM_SIZES, &sizes_) == SEC_E_OK;
+    is_secured_ = functions_->QueryContextAttributesW(&context_, SECPKG_ATTR_STREAM_SIZES, &sizes_) == SEC_E_OK;
     return is_secured_ ? Supply::Bytes : Supply::Failed;
 }
 
@@ -145,7 +146,7 @@ Supply TlsConnection::Decrypt() {
     std::array buffers{Buffer(SECBUFFER_DATA, received_.data(), received_.size()), Buffer(SECBUFFER_EMPTY),
                        Buffer(SECBUFFER_EMPTY), Buffer(SECBUFFER_EMPTY)};
     SecBufferDesc message = Description(buffers);
-    const SECURITY_STATUS status = DecryptMessage(&context_, &message, 0, nullptr);
+    const SECURITY_STATUS status = functions_->DecryptMessage(&context_, &message, 0, nullptr);
     if (status == SEC_E_INCOMPLETE_MESSAGE) return Supply::NothingYet;
     if (status != SEC_E_OK && status != SEC_I_CONTEXT_EXPIRED && status != SEC_I_RENEGOTIATE)
         return Supply::Failed;
@@ -181,7 +182,7 @@ bool TlsConnection::Encrypt(std::string_view bytes) {
         Buffer(SECBUFFER_STREAM_HEADER, header, sizes_.cbHeader), Buffer(SECBUFFER_DATA, data, bytes.size()),
         Buffer(SECBUFFER_STREAM_TRAILER, data + bytes.size(), sizes_.cbTrailer), Buffer(SECBUFFER_EMPTY)};
     SecBufferDesc description = Description(buffers);
-    if (EncryptMessage(&context_, 0, &description, 0) != SEC_E_OK) return false;
+    if (functions_->EncryptMessage(&context_, 0, &description, 0) != SEC_E_OK) return false;
     unsent_.append(header, buffers[0].cbBuffer + buffers[1].cbBuffer + buffers[2].cbBuffer);
     return true;
 }

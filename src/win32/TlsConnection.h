@@ -1,12 +1,9 @@
 #pragma once
 
 #include "player/PlayerSystem.h"
+#include "win32/SecurityFunctions.h"
 
-#include <windows.h>
-
-#define SECURITY_WIN32
 #include <optional>
-#include <security.h>
 #include <vector>
 
 namespace quillon {
@@ -37,6 +34,7 @@ class TlsConnection : public Connection {
     void KeepLast(std::size_t count);
 
     const std::unique_ptr<Connection> carrier_;
+    const SecurityFunctionTableW* const functions_ = SecurityFunctions();
     std::wstring host_;
     CredHandle credentials_;
     CtxtHandle context_;
