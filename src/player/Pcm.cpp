@@ -34,8 +34,9 @@ void PcmQueue::Push(const PcmFormat& format, Samples samples) {
 
 Samples PcmQueue::Take(std::chrono::microseconds limit) {
     const PcmFormat format = NextFormat();
-    const auto moments = static_cast<std::size_t>(limit.count()) * format.sample_rate / 1'000'000;
-    const std::size_t wanted = std::max<std::size_t>(moments, 1) * format.channels;
+    // A size_t of 32-bit Windows would overflow at 100 ms.
+    const std::uint64_t moments = static_cast<std::uint64_t>(limit.count()) * format.sample_rate / 1'000'000;
+    const auto wanted = static_cast<std::size_t>(std::max<std::uint64_t>(moments, 1) * format.channels);
     Samples taken;
     while (!blocks_.empty() && NextFormat() == format && taken.size() < wanted) {
         Block& block = blocks_.front();
