@@ -1,4 +1,4 @@
-# Cross-builds for 32-bit Windows. Debian's Wine runs 64-bit programs only, so what this builds is not tried out here.
+# Cross-builds for 32-bit Windows. Debian's 64-bit Wine does not run what this builds: docs/testing.md tells what does.
 set(prefix i686-w64-mingw32)
 include(${CMAKE_CURRENT_LIST_DIR}/windows.cmake)
 # The machine's own floating point keeps more digits than a double has, and Windows aligns the stack less than SSE needs.
