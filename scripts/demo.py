@@ -84,4 +84,7 @@ class Tour:
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    try:
+        sys.exit(main())
+    except KeyboardInterrupt:  # also what the world makes of a request to end
+        sys.exit("Stopped.")
