@@ -25,9 +25,9 @@ struct KindPresets {
 };
 constexpr KindPresets Presets[] = {
     {SourceKind::LiveATC, AddressPrompt, HttpPrefix, "", false},
-    {SourceKind::InternetRadio, AddressPrompt, nullptr, "Radio - ", false},
+    {SourceKind::InternetRadio, AddressPrompt, nullptr, RadioCity, false},
     {SourceKind::PlayLists, "Enter path to .wpl (PlayList) files:", "", "Playlist ", true},
-    {SourceKind::WaveFiles, "Enter path to .wav files:", "", "Wav - ", true},
+    {SourceKind::WaveFiles, "Enter path to .wav files:", "", WaveCity, true},
 };
 
 } // namespace
@@ -152,14 +152,14 @@ void AddFeed::PrepareNext() {
         break;
     case SourceKind::InternetRadio:
         form[AddBox::txtURL] = HttpPrefix;
-        form[AddBox::txtCity] = "Radio - ";
+        form[AddBox::txtCity] = RadioCity;
         break;
     case SourceKind::PlayLists:
         form[AddBox::txtURL].clear();
         break;
     case SourceKind::WaveFiles:
         form[AddBox::txtURL].clear();
-        form[AddBox::txtCity] = "Wav - ";
+        form[AddBox::txtCity] = WaveCity;
         break;
     }
     form.WantedFocus = {AddBox::txtICAO, 0, 0};

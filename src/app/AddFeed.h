@@ -6,10 +6,15 @@
 #include "runtime/ErrorTrap.h"
 #include "state/ProgramState.h"
 
+#include <array>
 #include <optional>
 #include <string>
 
 namespace quillon {
+
+/// What stands in front of a city's name: alone, no city has been typed.
+inline constexpr const char* RadioCity = "Radio - ";
+inline constexpr const char* WaveCity = "Wav - ";
 
 /// Why an entry of the add-feed dialog is rejected, and where the user can mend it.
 struct EntryFault {

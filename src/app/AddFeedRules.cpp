@@ -1,5 +1,6 @@
 #include "app/AddFeed.h"
 #include "runtime/Number.h"
+#include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 
 #include <algorithm>
@@ -37,13 +38,22 @@ Fault BadIcao(const std::string& icao) {
                       {AddBox::txtICAO, 0, 4}};
 }
 
+/// A number too large to be told, as "1e9999", is as bad as none.
+double Megahertz(const std::string& frequency) {
+    try {
+        return Val(frequency);
+    } catch (const RuntimeError&) {
+        return 0;
+    }
+}
+
 Fault BadFrequency(const std::string& frequency) {
     const frmAddATC::Focus where{AddBox::txtFreq, 0, 0};
     // Either sign of the form is enough: "123456" and "118.0" are judged by their value.
     if (Len(frequency) != 6 && Mid(frequency, 4, 1) != ".")
         return EntryFault{"Frequency - Invalid format",
                           "Invalid Frequency format!  Frequency must be entered as ###.##", where};
-    const double value = Val(frequency);
+    const double value = Megahertz(frequency);
     const std::string last = Right(frequency, 1);
     if (value < LowestFrequency || value > HighestFrequency ||
         std::string("134689").find(last) != std::string::npos)
@@ -55,14 +65,14 @@ Fault BadFrequency(const std::string& frequency) {
 }
 
 Fault MissingCity(SourceKind kind, const std::string& city) {
-    const std::ptrdiff_t radio = 8; // "Radio - " and no more
-    const std::ptrdiff_t wave = 6;  // "Wav - "
-    const auto length = static_cast<std::ptrdiff_t>(Len(city));
+    const std::size_t length = Len(city);
     const bool missing = (kind == SourceKind::LiveATC && length == 0) ||
-                         (kind == SourceKind::InternetRadio && length == radio) ||
-                         (kind == SourceKind::WaveFiles && length == wave);
+                         (kind == SourceKind::InternetRadio && length == Len(RadioCity)) ||
+                         (kind == SourceKind::WaveFiles && length == Len(WaveCity));
     if (!missing) return std::nullopt;
-    return EntryFault{"Missing Data", "Missing Data! Please enter a City name", {AddBox::txtCity, length, 0}};
+    return EntryFault{"Missing Data",
+                      "Missing Data! Please enter a City name",
+                      {AddBox::txtCity, static_cast<std::ptrdiff_t>(length), 0}};
 }
 
 Fault FrequencyInUse(const frmAddATC& form, const std::string& frequency) {
@@ -74,12 +84,15 @@ Fault FrequencyInUse(const frmAddATC& form, const std::string& frequency) {
 } // namespace
 
 std::optional<EntryFault> FindFault(const frmAddATC& form) {
-    if (Fault fault = UnfitForALine(form)) return fault;
     if (Fault fault = BadIcao(form[AddBox::txtICAO])) return fault;
     const std::string& frequency = form[AddBox::txtFreq];
-    if (frequency.empty()) return MissingCity(form.Kind, form[AddBox::txtCity]);
-    if (Fault fault = BadFrequency(frequency)) return fault;
-    return FrequencyInUse(form, frequency);
+    if (frequency.empty()) {
+        if (Fault fault = MissingCity(form.Kind, form[AddBox::txtCity])) return fault;
+    } else {
+        if (Fault fault = BadFrequency(frequency)) return fault;
+        if (Fault fault = FrequencyInUse(form, frequency)) return fault;
+    }
+    return UnfitForALine(form);
 }
 
 } // namespace quillon

@@ -127,9 +127,10 @@ void FeedListCommands::mnuTuneFeed_Click() {
 void FeedListCommands::TuneToSelectedFeed() {
     const auto selected = state_.form.lvwDB.Selected();
     if (!selected) return;
+    const FeedRecord& picked = state_.form.lvwDB.Items()[*selected];
     state_.radio.PreviousFrequency = HandPickedFrequency;
     state_.radio.MasterFrequency = state_.feed.FeedFrequency;
-    MakeCurrent(state_, state_.form.lvwDB.Items()[*selected]);
+    if (!IsCurrent(state_.feed, picked)) MakeCurrent(state_, picked); // what plays already need not stop
     tuning_.Write_FSUIPC(state_.feed.FeedFrequency);
     state_.form.PanelAt(2).Text = state_.feed.FeedFrequency;
 }

@@ -8,8 +8,6 @@ namespace quillon {
 
 namespace {
 
-constexpr const char* BackupName = "live_atc_feeds.bak";
-
 // As the messages write the same two files.
 constexpr const char* ShownCatalogueName = "Live_ATC_Feeds.txt";
 constexpr const char* ShownBackupName = "Live_ATC_Feeds.bak";

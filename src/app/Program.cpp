@@ -140,7 +140,8 @@ template <typename Handler>
 void Program::HandleAlways(Handler handler) {
     if (in_handler_ || state_.Ended) return;
     in_handler_ = true;
-    handler();
+    // Windows has called, and nothing may be thrown through Windows.
+    logic_->trap.RunCommand("Unexpected error", Icon::Exclamation, handler);
     logic_->strip.OfferReload();
     if (quit_requested_) logic_->shut_down.Run();
     in_handler_ = false;
@@ -158,7 +159,8 @@ void Program::ConnectToSimulator() {
 }
 
 void Program::Timer_Timer(int id) {
-    if (!state_.form.Timer(id).Enabled) return;
+    const int last = static_cast<int>(state_.form.Timers.size());
+    if (id < 1 || id > last || !state_.form.Timer(id).Enabled) return; // any program may send a timer's message
     Handle([this, id] {
         if (id == 1) logic_->tuning.Timer1_Timer();
         if (id == 2) logic_->manual.Timer2_Timer();
@@ -316,7 +318,7 @@ void Program::mnuFSUPIC_Click() {
 }
 
 void Program::frmShow_FSUIPC_Command1_Click() {
-    Handle([this] { logic_->status.Command1_Click(); });
+    HandleAlways([this] { logic_->status.Command1_Click(); });
 }
 
 void Program::cmdPlay_Click() {

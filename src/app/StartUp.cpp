@@ -2,6 +2,7 @@
 
 #include "app/StartVolume.h"
 #include "catalogue/DefaultFeeds.h"
+#include "catalogue/FeedFile.h"
 #include "catalogue/Folders.h"
 #include "catalogue/TraceLog.h"
 #include "playback/CurrentFeed.h"
@@ -84,7 +85,7 @@ void StartUp::PrepareFiles() {
 void StartUp::EnableMenus() {
     frmATC& form = state_.form;
     form.mnuAddATCEnabled = form.mnuPrintEnabled = form.mnuBackupEnabled = form.mnuSearchMenuEnabled = true;
-    form.mnuRestoreEnabled = FExists(state_.folders.DataPath + "live_atc_feeds.bak");
+    form.mnuRestoreEnabled = FExists(state_.folders.DataPath + BackupName);
 }
 
 void StartUp::RestorePlayer() {

@@ -1,6 +1,10 @@
 #include "app/StarterData.h"
 
 #include "catalogue/FeedFile.h"
+#include "catalogue/RememberedState.h"
+#include "catalogue/Settings.h"
+#include "catalogue/TraceLog.h"
+#include "geo/Airports.h"
 #include "runtime/Files.h"
 #include "state/FeedMarkers.h"
 
@@ -41,7 +45,7 @@ bool StarterData::Offer() {
 
 bool StarterData::Needed() {
     const std::string folder = Target();
-    return !FileExists(folder + CatalogueName) || !FileExists(folder + "Airport.dat") || NothingToHear();
+    return !FileExists(folder + CatalogueName) || !FileExists(folder + AirportsName) || NothingToHear();
 }
 
 bool StarterData::NothingToHear() const {
@@ -72,7 +76,7 @@ void StarterData::Create() {
 /// Without a data folder, the application-data folder above it has served as one.
 void StarterData::MoveFromBareFolder() {
     for (const char* name :
-         {CatalogueName, "live_atc_feeds.bak", "Airport.dat", "Quillon.ini", "Quillon.state", "Trace.log"}) {
+         {CatalogueName, BackupName, AirportsName, SettingsName, RememberedName, TraceLogName}) {
         const std::string file = state_.folders.DataPath + name;
         if (!FileExists(file) || FileExists(Target() + name)) continue;
         state_.StartupStep = "Moving " + file;

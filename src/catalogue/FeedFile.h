@@ -5,6 +5,7 @@
 namespace quillon {
 
 inline constexpr const char* CatalogueName = "live_atc_feeds.txt";
+inline constexpr const char* BackupName = "live_atc_feeds.bak";
 
 /// Whether a line of the catalogue holds a feed: no comment ("//" in front), and a "|" somewhere.
 bool IsFeedLine(std::string_view line);

@@ -6,7 +6,7 @@
 #include "state/ProgramState.h"
 
 #include <functional>
-#include <optional>
+#include <memory>
 #include <string>
 
 namespace quillon {

@@ -20,8 +20,8 @@ inline constexpr InstallationFolders DefaultInstallationFolders{"C:\\Program Fil
 std::string DataFolder(Shell& shell);
 
 /// Finds `AppPath`, the first installation folder that exists, else the current directory; `DataPath`, the
-/// data folder; and `WavePath`, the folder "ATC"
-/// in `DataPath`. Returns whether the program's own data folder exists.
+/// data folder; and `WavePath`, the folder "ATC" in `DataPath`. Returns whether the program's own data folder
+/// exists.
 bool FindFolders(Folders& folders, std::string& startup_step, Shell& shell,
                  const InstallationFolders& installations = DefaultInstallationFolders);
 

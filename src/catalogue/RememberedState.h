@@ -25,7 +25,9 @@ RememberedValues ParseRemembered(std::string_view bytes);
 /// The lines for all keys.
 std::string RememberedText(const RememberedValues& values);
 
-/// The file "Quillon.state" beside the settings file. Nothing that goes wrong with it is worth a message.
+inline constexpr const char* RememberedName = "Quillon.state";
+
+/// The file beside the settings file. Nothing that goes wrong with it is worth a message.
 class RememberedState {
   public:
     explicit RememberedState(ProgramState& state) : state_(state) {}
@@ -37,7 +39,7 @@ class RememberedState {
     void Write();
 
   private:
-    std::string Path() const { return state_.folders.DataPath + "Quillon.state"; }
+    std::string Path() const { return state_.folders.DataPath + RememberedName; }
 
     ProgramState& state_;
     bool may_write_ = false;

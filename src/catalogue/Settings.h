@@ -30,7 +30,9 @@ std::string SettingsText(const SettingsValues& values);
 /// The range menu's caption: the range, or that it is disabled when it is 0.
 std::string RangeCaption(std::int16_t reception_range);
 
-/// The settings file "Quillon.ini" in the data folder.
+inline constexpr const char* SettingsName = "Quillon.ini";
+
+/// The settings file in the data folder.
 class Settings {
   public:
     Settings(ProgramState& state, ErrorTrap& trap) : state_(state), trap_(trap) {}
@@ -49,7 +51,7 @@ class Settings {
     void WriteIni();
 
   private:
-    std::string Path() const { return state_.folders.DataPath + "Quillon.ini"; }
+    std::string Path() const { return state_.folders.DataPath + SettingsName; }
     void CreateIfMissing(const std::string& path);
     void Apply(const SettingsValues& values);
     void SelectRadio(const std::string& name);

@@ -7,7 +7,9 @@
 
 namespace quillon {
 
-/// The developers' log "Trace.log" in the data folder. It is never held open. File failures are the errors of
+inline constexpr const char* TraceLogName = "Trace.log";
+
+/// The developers' log in the data folder. It is never held open. File failures are the errors of
 /// runtime/Files.h.
 class TraceLog {
   public:
@@ -19,7 +21,7 @@ class TraceLog {
     /// At start-up: deletes a log longer than 10 bytes, creates a missing one.
     void Clear();
 
-    std::string Path() const { return folders_.DataPath + "Trace.log"; }
+    std::string Path() const { return folders_.DataPath + TraceLogName; }
 
   private:
     const Folders& folders_;

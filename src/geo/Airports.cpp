@@ -25,7 +25,7 @@ DmsRecord ParseAngle(std::string_view line, std::ptrdiff_t before, std::ptrdiff_
 
 void Airports::LoadAirports() {
     trap_.Run("LoadAirports Error", Icon::Exclamation, [this] {
-        const std::string path = state_.folders.DataPath + "Airport.dat";
+        const std::string path = state_.folders.DataPath + AirportsName;
         state_.StartupStep = "Opening " + path;
         state_.Airports = {};
         const std::string text = ReadText(path, page_);

@@ -9,7 +9,9 @@
 
 namespace quillon {
 
-/// The airport file "Airport.dat" of the data folder: one airport per line, such as
+inline constexpr const char* AirportsName = "Airport.dat";
+
+/// The airport file of the data folder: one airport per line, such as
 /// "KJFK,N40*38.00,W073*46.00".
 class Airports {
   public:

@@ -5,7 +5,6 @@
 #include "runtime/ErrorTrap.h"
 #include "state/ProgramState.h"
 
-#include <optional>
 #include <string>
 
 namespace quillon {

@@ -21,6 +21,11 @@ void MakeCurrent(ProgramState& state, const FeedRecord& record) {
     state.range.AirportSearchStart = 1;
 }
 
+bool IsCurrent(const FeedState& feed, const FeedRecord& record) {
+    return feed.FeedIcao == record.ICAO && feed.FeedCity == record.City && feed.FeedFrequency == record.Freq &&
+           feed.FeedUrl == record.URL;
+}
+
 bool IsStream(const FeedState& feed) {
     return !feed.FeedUrl.empty() && feed.FeedUrlMarker != "0";
 }

@@ -9,6 +9,9 @@ namespace quillon {
 /// not yet known.
 void MakeCurrent(ProgramState& state, const FeedRecord& record);
 
+/// Whether it is the record's feed that is the current one.
+bool IsCurrent(const FeedState& feed, const FeedRecord& record);
+
 /// Whether the feed is a stream or a playlist: there is one, and it is no folder of recordings.
 bool IsStream(const FeedState& feed);
 

@@ -62,8 +62,9 @@ void ShowFrequency(ProgramState& state, const std::string& tool_tip) {
 }
 
 void ShowFeed(ProgramState& state) {
-    if (state.feed.FeedIcao.empty() && state.feed.FeedCity.empty()) return; // the list was reloaded under it
-    state.form.PanelAt(3).Text = state.feed.FeedIcao + " - " + state.feed.FeedCity;
+    const FeedState& feed = state.feed;
+    const bool none = feed.FeedIcao.empty() && feed.FeedCity.empty() && feed.FeedUrl.empty();
+    if (!none) state.form.PanelAt(3).Text = feed.FeedIcao + " - " + feed.FeedCity; // else reloaded under it
 }
 
 } // namespace quillon

@@ -2,8 +2,6 @@
 
 #include "player/PlayerSystem.h"
 
-#include <optional>
-
 namespace quillon {
 
 /// Whatever device the user has for sound. When the one in use fails, stops playing or plays at no device's

@@ -47,6 +47,25 @@ std::optional<unsigned long> EntityCode(std::string_view name) {
     return code;
 }
 
+/// Adds a character to the text; nothing for a number that is none of a character.
+void AppendCharacter(std::string& text, unsigned long code) {
+    const auto add = [&](unsigned long bits) { text += static_cast<char>(static_cast<unsigned char>(bits)); };
+    if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) return;
+    if (code < 0x80) return add(code);
+    if (code < 0x800) {
+        add(0xC0U | code >> 6U);
+    } else {
+        if (code < 0x10000) {
+            add(0xE0U | code >> 12U);
+        } else {
+            add(0xF0U | code >> 18U);
+            add(0x80U | (code >> 12U & 0x3FU));
+        }
+        add(0x80U | (code >> 6U & 0x3FU));
+    }
+    add(0x80U | (code & 0x3FU));
+}
+
 } // namespace
 
 std::string PlainText(std::string_view bytes) {
@@ -68,24 +87,6 @@ std::string OneLine(std::string_view text, std::ptrdiff_t longest) {
         text.remove_prefix(std::max<std::size_t>(blank, 1));
     }
     return std::string(Trimmed(Left(line, longest)));
-}
-
-void AppendCharacter(std::string& text, unsigned long code) {
-    const auto add = [&](unsigned long bits) { text += static_cast<char>(static_cast<unsigned char>(bits)); };
-    if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) return;
-    if (code < 0x80) return add(code);
-    if (code < 0x800) {
-        add(0xC0U | code >> 6U);
-    } else {
-        if (code < 0x10000) {
-            add(0xE0U | code >> 12U);
-        } else {
-            add(0xF0U | code >> 18U);
-            add(0x80U | (code >> 12U & 0x3FU));
-        }
-        add(0x80U | (code >> 6U & 0x3FU));
-    }
-    add(0x80U | (code & 0x3FU));
 }
 
 std::string Unescaped(std::string_view text) {

@@ -13,9 +13,6 @@ std::string PlainText(std::string_view bytes);
 /// change the direction of writing count as blanks, blanks in a row as one, and none stand at the ends. UTF-8.
 std::string OneLine(std::string_view text, std::ptrdiff_t longest);
 
-/// Adds a character to the text; nothing for a number that is none of a character.
-void AppendCharacter(std::string& text, unsigned long code);
-
 /// The text with the entities of XML replaced; a "&" that starts none is itself.
 std::string Unescaped(std::string_view text);
 

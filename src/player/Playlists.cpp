@@ -107,7 +107,7 @@ std::string PathOfFileAddress(std::string_view address) {
     return path;
 }
 
-bool IsWholePath(std::string_view path) {
+bool IsRooted(std::string_view path) {
     return path.starts_with('\\') || path.starts_with('/') || path.find(':') == 1;
 }
 
@@ -168,7 +168,7 @@ std::optional<std::string> ResolveEntry(std::string_view from, std::string_view 
         return address ? std::optional(AddressText(*address)) : std::nullopt;
     }
     if (LCase(entry.substr(0, 7)) == "file://") return PathOfFileAddress(entry);
-    if (IsStreamAddress(entry) || IsWholePath(entry)) return std::string(entry);
+    if (IsStreamAddress(entry) || IsRooted(entry)) return std::string(entry);
     return std::string(from.substr(0, from.find_last_of("\\/") + 1)).append(entry); // npos + 1 is 0
 }
 

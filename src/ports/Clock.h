@@ -18,8 +18,9 @@ class Clock {
     /// Blocks. No window event gets in.
     virtual void Sleep(std::chrono::milliseconds time) = 0;
 
-    /// Serves window events (other handlers of the program may run inside) for about that long. This is the
-    /// only port that lets events in. Returns false once the program is ending: the caller then stops waiting.
+    /// Serves window events (other handlers of the program may run inside) for about that long. Besides this
+    /// only what is modal lets events in: prompts, dialogs and printing. Returns false once the program is
+    /// ending: the caller then stops waiting.
     virtual bool ServeEvents(std::chrono::milliseconds time) = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "runtime/ErrorTrap.h"
 
 #include <new>
+#include <stdexcept>
 
 namespace quillon {
 
@@ -12,6 +13,8 @@ bool ErrorTrap::Run(const std::string& title, Icon icon, const std::function<voi
     } catch (const RuntimeError& error) {
         Caught(title, icon, error);
     } catch (const std::bad_alloc&) {
+        Caught(title, icon, {OutOfMemory, "Out of memory"});
+    } catch (const std::length_error&) { // more than could ever be had
         Caught(title, icon, {OutOfMemory, "Out of memory"});
     }
     return false;

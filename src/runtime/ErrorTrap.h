@@ -8,7 +8,7 @@
 
 namespace quillon {
 
-enum class Icon { None, Information, Exclamation, Critical };
+enum class Icon { Information, Exclamation, Critical };
 
 /// The program's one error trap: runs a procedure and turns an error that escapes from it into the report the
 /// user sees. A report word for word equal to the procedure's last one is not shown again until the procedure

@@ -8,6 +8,18 @@
 
 namespace quillon {
 
+namespace {
+
+/// What went wrong before is what the user is to read.
+void TidyUp(std::string_view path) {
+    try {
+        if (FileExists(path)) DeleteFileAt(path);
+    } catch (const RuntimeError&) { // it stays behind
+    }
+}
+
+} // namespace
+
 std::vector<std::string> WaveFilesIn(std::string_view folder) {
     while (folder.ends_with('\\')) folder.remove_suffix(1);
     const std::string prefix = std::string(folder) + "\\"; // "C:" alone would be wherever drive C happens to be
@@ -45,7 +57,7 @@ bool ReplaceFileIf(std::string_view path, std::string_view content, const std::f
             DeleteFileAt(beside);
         return wanted;
     } catch (const RuntimeError&) {
-        if (FileExists(beside)) DeleteFileAt(beside);
+        TidyUp(beside);
         throw;
     }
 }

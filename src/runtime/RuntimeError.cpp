@@ -24,8 +24,6 @@ const char* Describe(ErrorNumber number) {
         return "Device I/O error";
     case DiskFull:
         return "Disk full";
-    case InputPastEnd:
-        return "Input past end of file";
     case PermissionDenied:
         return "Permission denied";
     case PathFileAccessError:

@@ -16,7 +16,6 @@ enum ErrorNumber : std::int32_t {
     FileNotFound = 53,
     DeviceIoError = 57,
     DiskFull = 61,
-    InputPastEnd = 62,
     PermissionDenied = 70,
     PathFileAccessError = 75,
     PathNotFound = 76,

@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-/// Result codes of the link's calls; the user sees the numbers and their ResultTexts.
+/// Result codes of the link's calls.
 enum LinkResult : std::uint32_t {
     LinkConnected = 0,
     LinkAlreadyOpen = 1,

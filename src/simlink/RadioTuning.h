@@ -7,8 +7,8 @@
 
 namespace quillon {
 
-/// A frequency text "1##.##" as the BCD word of a radio: "118.30" is 0x1830. Raises error 13 for any other
-/// text.
+/// A frequency text "1##.##" as the BCD word of a radio: "118.30" is 0x1830. Only the text's characters 2, 3
+/// and last two count; raises error 13 when they are no digits.
 std::uint32_t BcdOfFrequency(const std::string& frequency);
 
 /// Tunes the simulator's followed radio.

@@ -4,7 +4,6 @@
 #include "state/Forms.h"
 #include "state/FrequencyPool.h"
 
-#include <array>
 #include <chrono>
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
 #pragma once
 
-// The live ATC web service and Quillon's own pages. Set these to the real hosts when building a release.
+// The live ATC web service and the simulator module. Set these to the real hosts when building a release.
 
 namespace quillon::services {
 

@@ -49,8 +49,6 @@ UINT StyleOf(Icon icon) {
         return MB_ICONEXCLAMATION;
     case Icon::Critical:
         return MB_ICONERROR;
-    case Icon::None:
-        break;
     }
     return 0;
 }

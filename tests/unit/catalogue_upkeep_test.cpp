@@ -64,6 +64,7 @@ TEST(EntryRules, TheFirstBrokenRuleIsNamedWithItsPlace) {
          {txtFreq, 0, 0}},
         {SourceKind::LiveATC, {"EGLL", "", "u", "118.0"}, "", {}},
         {SourceKind::LiveATC, {"EGLL", "", "u", "123456"}, digits, {txtFreq, 0, 0}},
+        {SourceKind::LiveATC, {"EGLL", "", "u", "1e9999"}, digits, {txtFreq, 0, 0}},
         {SourceKind::LiveATC, {"EGLL", "", "u", "118.53"}, digits, {txtFreq, 0, 0}},
         {SourceKind::LiveATC, {"EGLL", "", "u", "117.95"}, digits, {txtFreq, 0, 0}},
         {SourceKind::LiveATC, {"EGLL", "", "u", "137.00"}, digits, {txtFreq, 0, 0}},

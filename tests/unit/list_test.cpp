@@ -153,8 +153,12 @@ TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
     EXPECT_EQ(simulator.Word(Com2), 0x00001972U);
     EXPECT_EQ(panel(2), "119.72");
     EXPECT_TRUE(player.url.empty());
+    simulator.FlyTo(51.01, -1.01);
     Tick();
     EXPECT_EQ(player.url, "https://feeds.example/london/heathrow/director");
+    EXPECT_TRUE(state().range.InRange);
+    program->lvwDB_DblClick();
+    EXPECT_TRUE(state().range.InRange) << "what plays already is not interrupted";
 }
 
 TEST_F(Hand, TheRangePromptConvertsWhatFits) {
