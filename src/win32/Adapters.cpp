@@ -220,20 +220,38 @@ void WinRegionalSettings::Write(Separator separator, const std::string& text) {
     SetLocaleInfoW(GetUserDefaultLCID(), TypeOf(separator), Wide(text).c_str());
 }
 
+namespace {
+
+/// The code page of files that are not UTF-8. Windows can be told to have UTF-8 for its ANSI code page, which
+/// such bytes are no text in: what programs wrote before that was in the page that the system's language has
+/// otherwise.
+UINT LegacyPage() {
+    constexpr UINT WesternEuropean = 1252; // has a character for each byte, so nothing is ever lost
+    if (const UINT ansi = GetACP(); ansi != CP_UTF8) return ansi;
+    DWORD page = 0;
+    GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                   reinterpret_cast<LPWSTR>(&page), sizeof page / sizeof(wchar_t));
+    return page == CP_ACP || page == CP_UTF8 ? WesternEuropean : page;
+}
+
+} // namespace
+
 std::string WinCodePage::Decode(std::string_view bytes) {
+    const UINT page = LegacyPage();
     const int size = static_cast<int>(bytes.size());
-    std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, nullptr, 0)),
+    std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0)),
                       L'\0');
-    MultiByteToWideChar(CP_ACP, 0, bytes.data(), size, wide.data(), static_cast<int>(wide.size()));
+    MultiByteToWideChar(page, 0, bytes.data(), size, wide.data(), static_cast<int>(wide.size()));
     return Narrow(wide);
 }
 
 std::optional<std::string> WinCodePage::Encode(std::string_view text) {
+    const UINT page = LegacyPage();
     const std::wstring wide = Wide(text);
     const int units = static_cast<int>(wide.size());
     std::string bytes(wide.size() * 4, '\0');
     BOOL lost = FALSE;
-    const int length = WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), units, bytes.data(),
+    const int length = WideCharToMultiByte(page, WC_NO_BEST_FIT_CHARS, wide.data(), units, bytes.data(),
                                            static_cast<int>(bytes.size()), nullptr, &lost);
     if (lost || (length == 0 && units > 0)) return std::nullopt;
     bytes.resize(static_cast<std::size_t>(length));
