@@ -22,18 +22,34 @@ std::string Arguments() {
     return quillon::Narrow(text);
 }
 
+/// Brings the window of a running Quillon forward. Returns whether there is one to be seen.
+bool BringForward() {
+    HWND other = FindWindowW(quillon::MainWindowClass, nullptr);
+    if (other == nullptr || !IsWindowVisible(other)) return false;
+    if (IsIconic(other)) ShowWindowAsync(other, SW_RESTORE);
+    SetForegroundWindow(GetLastActivePopup(other));
+    return true;
+}
+
+using Mark = quillon::Handle<HANDLE, CloseHandle>;
+
 /// Whether no other Quillon runs, as the mark tells that each holds while it runs. The window of one that does
 /// is brought forward; one that is just ending is waited for.
-bool IsTheOnlyOne(HANDLE mark) {
+bool IsTheOnlyOne(Mark& mark) {
+    constexpr const wchar_t* Name = L"Local\\Quillon.Running";
     constexpr DWORD WaitMs = 6000; // longer than a start takes to show its window
     constexpr DWORD SliceMs = 100;
+    mark.Reset(CreateMutexW(nullptr, FALSE, Name));
+    if (!mark) mark.Reset(OpenMutexW(SYNCHRONIZE, FALSE, Name)); // one run as administrator allows no more
+    if (!mark) {
+        const bool other_runs = GetLastError() == ERROR_ACCESS_DENIED;
+        if (other_runs) BringForward();
+        return !other_runs;
+    }
     for (DWORD waited = 0; waited < WaitMs; waited += SliceMs) {
-        if (WaitForSingleObject(mark, SliceMs) != WAIT_TIMEOUT) return true;
-        HWND other = FindWindowW(quillon::MainWindowClass, nullptr);
-        if (other == nullptr || !IsWindowVisible(other)) continue;
-        if (IsIconic(other)) ShowWindowAsync(other, SW_RESTORE);
-        SetForegroundWindow(GetLastActivePopup(other));
-        break;
+        const DWORD outcome = WaitForSingleObject(mark.Get(), SliceMs);
+        if (outcome == WAIT_OBJECT_0 || outcome == WAIT_ABANDONED) return true;
+        if (BringForward()) break;
     }
     return false;
 }
@@ -48,8 +64,8 @@ std::unique_ptr<quillon::WindowsMediaPlayer> AnsweringControl() {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     using namespace quillon;
-    const Handle<HANDLE, CloseHandle> mark(CreateMutexW(nullptr, FALSE, L"Local\\Quillon.Running"));
-    if (!IsTheOnlyOne(mark.Get())) return 0;
+    Mark mark;
+    if (!IsTheOnlyOne(mark)) return 0;
     const ComApartment apartment;
     MainWindow window;
     WinMessageLink link;
