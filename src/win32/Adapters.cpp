@@ -180,17 +180,30 @@ std::unique_ptr<StartedProgram> WinShell::Start(const std::string& program, cons
     return std::make_unique<WinStartedProgram>(started.hProcess);
 }
 
+namespace {
+
+using GlobalMemory = Handle<HGLOBAL, GlobalFree>;
+
+/// A copy of the text that other programs can be given; empty when there is no room.
+GlobalMemory Share(const std::wstring& text) {
+    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    GlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
+    void* const room = memory ? GlobalLock(memory.Get()) : nullptr;
+    if (room == nullptr) return {};
+    CopyMemory(room, text.c_str(), bytes);
+    GlobalUnlock(memory.Get());
+    return memory;
+}
+
+} // namespace
+
+/// The clipboard takes data only for a window.
 void WinShell::CopyText(const std::string& text) {
-    const std::wstring wide = Wide(text);
-    const std::size_t bytes = (wide.size() + 1) * sizeof(wchar_t);
-    if (!OpenClipboard(nullptr)) return; // another program holds it
+    GlobalMemory memory = Share(Wide(text));
+    if (!memory || !OpenClipboard(owner_())) return; // another program holds it
     EmptyClipboard();
-    HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes); // the clipboard's from SetClipboardData on
-    if (memory != nullptr) {
-        CopyMemory(GlobalLock(memory), wide.c_str(), bytes);
-        GlobalUnlock(memory);
-        if (SetClipboardData(CF_UNICODETEXT, memory) == nullptr) GlobalFree(memory);
-    }
+    if (SetClipboardData(CF_UNICODETEXT, memory.Get()) != nullptr)
+        memory.Release(); // the clipboard's from now on
     CloseClipboard();
 }
 

@@ -70,12 +70,17 @@ class WinUserFiles : public UserFiles {
 
 class WinShell : public Shell {
   public:
+    explicit WinShell(std::function<HWND()> owner) : owner_(std::move(owner)) {}
+
     std::string ApplicationDataFolder() override;
     std::string ProgramFolder() override;
     bool OpenAddress(const std::string& address) override;
     std::unique_ptr<StartedProgram> Start(const std::string& program, const std::string& file) override;
     void CopyText(const std::string& text) override;
     void PlaySoundFile(const std::string& path) override;
+
+  private:
+    std::function<HWND()> owner_;
 };
 
 class WinKeyboard : public Keyboard {

@@ -22,6 +22,9 @@ class Handle {
     T Get() const { return handle_; }
     explicit operator bool() const { return handle_ != Empty; }
 
+    /// Gives the handle away unclosed.
+    T Release() { return std::exchange(handle_, Empty); }
+
     void Reset(T handle = Empty) {
         const T old = std::exchange(handle_, handle);
         if (old != Empty) Close(old);

@@ -73,7 +73,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     WinClock clock([&](std::chrono::milliseconds time) { return window.ServeEvents(time); });
     WinPrompts prompts([&] { return window.BoxOwner(); });
     WinDialogs dialogs([&] { return window.BoxOwner(); });
-    WinShell shell;
+    WinShell shell([&] { return window.BoxOwner(); });
     WinUserFiles files([&] { return window.BoxOwner(); });
     WinRegionalSettings regional;
     WinCodePage code_page;
