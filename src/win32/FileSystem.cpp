@@ -68,6 +68,21 @@ void Close(void* file) {
     CloseHandle(file);
 }
 
+/// Zero, or what Windows said at the last of some tries: a virus scanner may hold a file that was just written,
+/// but only for a moment.
+DWORD ErrorOfMove(const std::wstring& from, const std::wstring& to) {
+    constexpr int Tries = 5;
+    constexpr DWORD PauseMs = 20;
+    DWORD error = 0;
+    for (int tried = 0; tried < Tries; ++tried) {
+        if (tried > 0) Sleep(PauseMs);
+        if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return 0;
+        error = GetLastError();
+        if (error != ERROR_ACCESS_DENIED && error != ERROR_SHARING_VIOLATION) break;
+    }
+    return error;
+}
+
 PathKind KindOf(DWORD attributes) {
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? PathKind::Folder : PathKind::File;
 }
@@ -120,8 +135,7 @@ void MoveFileOver(std::string_view from, std::string_view to) {
     // Windows refuses by itself, Wine does not.
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
         Raise(PermissionDenied);
-    if (!MoveFileExW(Local(from).c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-        RaiseFor(target, GetLastError());
+    if (const DWORD error = ErrorOfMove(Local(from), target); error != 0) RaiseFor(target, error);
 }
 
 void DeleteFileAt(std::string_view path) {
