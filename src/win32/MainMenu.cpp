@@ -132,7 +132,7 @@ void MainMenu::Sync(const frmATC& form, bool busy) {
         EnableMenuItem(bar_, static_cast<UINT>(Rules[i].id), (enabled >> i & 1U) != 0 ? MF_ENABLED : MF_GRAYED);
 }
 
-void MainMenu::ShowForRow(HWND window, POINT where, const frmATC& form) {
+int MainMenu::AskForRow(HWND window, POINT where, const frmATC& form) {
     const Handle<HMENU, DestroyMenu> menu(MakePopup({{IdMnuPlayFeed, L"&Play"},
                                                      {IdMnuTuneFeed, L"&Tune the Simulator"},
                                                      {0, nullptr},
@@ -140,7 +140,7 @@ void MainMenu::ShowForRow(HWND window, POINT where, const frmATC& form) {
                                                      {IdMnuEditData, L"&Edit Feeds in Notepad"}}));
     SetMenuDefaultItem(menu.Get(), IdMnuPlayFeed, FALSE);
     if (form.optManual()) EnableMenuItem(menu.Get(), IdMnuTuneFeed, MF_GRAYED);
-    TrackPopupMenu(menu.Get(), TPM_RIGHTBUTTON, where.x, where.y, 0, window, nullptr);
+    return TrackPopupMenu(menu.Get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, where.x, where.y, 0, window, nullptr);
 }
 
 bool MainMenu::Translate(HWND window, MSG& message) const {

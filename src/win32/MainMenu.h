@@ -21,9 +21,9 @@ class MainMenu {
     /// Shows captions and enabled states as the data say; while the program is busy only quitting is enabled.
     void Sync(const frmATC& form, bool busy);
 
-    /// Shows the menu of the list's selected row at a point of the screen. Serves window events meanwhile; what
-    /// is chosen comes as a command.
-    static void ShowForRow(HWND window, POINT where, const frmATC& form);
+    /// Shows the menu of a row of the list at a point of the screen and returns the command that is chosen, 0
+    /// for none. Serves window events meanwhile.
+    static int AskForRow(HWND window, POINT where, const frmATC& form);
 
     /// Turns a key press for the window into its command.
     bool Translate(HWND window, MSG& message) const;

@@ -231,12 +231,19 @@ void MainWindow::MoveFocus(WPARAM wparam, LPARAM lparam) {
     SetFocus(next);
 }
 
-/// A point of (-1, -1) is the menu key's: the menu then opens at the row.
+/// A point of (-1, -1) is the menu key's: the menu then opens at the row. While it is open, tuning may select
+/// another row; what is chosen is meant for the one it was opened for.
 void MainWindow::ShowRowMenu(HWND control, POINT where) {
+    const ListView& list = program_->State().form.lvwDB;
     const auto row = list_->SelectedRow();
     if (control != list_->Window() || !row || program_->State().Busy) return;
     if (where.x == -1 && where.y == -1) where = list_->PlaceOf(*row);
-    MainMenu::ShowForRow(window_, where, program_->State().form);
+    const std::uint64_t revision = list.Revision();
+    const int chosen = MainMenu::AskForRow(window_, where, program_->State().form);
+    if (chosen == 0 || list.Revision() != revision) return;
+    program_->lvwDB_Select(row);
+    Clicked(chosen);
+    Sync();
 }
 
 /// F6: the list, the selection mode, the player, and the preference frames that are shown, in a circle.
