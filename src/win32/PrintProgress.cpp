@@ -33,6 +33,7 @@ void PrintProgress::Open() {
     InitCommonControlsEx(&classes);
     dialog_ = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_PRINT_PROGRESS), owner_,
                                  Procedure, reinterpret_cast<LPARAM>(this));
+    if (dialog_ == nullptr) return; // nothing would bring the owner back
     SendDlgItemMessageW(dialog_, IDC_PRINT_BAR, PBM_SETRANGE32, 0, pages_);
     ShowPage();
     EnableWindow(owner_, FALSE);
