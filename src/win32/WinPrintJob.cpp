@@ -38,8 +38,10 @@ BOOL CALLBACK WinPrintJob::AbortProcedure(HDC, int) {
     return shown_progress == nullptr || shown_progress->Serve() ? TRUE : FALSE;
 }
 
-/// Of a call's result: false when the user cancelled it, raises when it failed.
-bool WinPrintJob::Check(int result, const char* failure) const {
+/// Makes a call: false when the user cancelled it, raises when it failed. Not every failure sets a code.
+bool WinPrintJob::Do(const std::function<int()>& call, const char* failure) const {
+    SetLastError(ERROR_SUCCESS);
+    const int result = call();
     const DWORD code = GetLastError();
     if (result > 0) return true;
     if (progress_.Cancelled() || result == SP_APPABORT || result == SP_USERABORT || code == ERROR_CANCELLED ||
@@ -54,21 +56,21 @@ bool WinPrintJob::Start(const std::string& title) {
     document.cbSize = sizeof document;
     document.lpszDocName = name.c_str();
     SetAbortProc(device_.Get(), AbortProcedure);
-    const int result = StartDocW(device_.Get(), &document);
-    open_ = Check(result, "The printer refused the document");
+    open_ = Do([&] { return StartDocW(device_.Get(), &document); }, "The printer refused the document");
     return open_;
 }
 
 bool WinPrintJob::PrintPage(const PrintedPage& page) {
     constexpr const char* Failure = "The printer did not take the page";
     progress_.SetPage(++page_);
-    if (!progress_.Serve() || !Check(StartPage(device_.Get()), Failure)) return false;
+    if (!progress_.Serve() || !Do([this] { return StartPage(device_.Get()); }, Failure)) return false;
     paper_.Draw(page);
-    return Check(EndPage(device_.Get()), Failure);
+    return Do([this] { return EndPage(device_.Get()); }, Failure);
 }
 
 bool WinPrintJob::Finish() {
-    if (!progress_.Serve() || !Check(EndDoc(device_.Get()), "The printer did not take the document"))
+    if (!progress_.Serve() ||
+        !Do([this] { return EndDoc(device_.Get()); }, "The printer did not take the document"))
         return false;
     open_ = false;
     return true;

@@ -4,6 +4,8 @@
 #include "win32/PrintProgress.h"
 #include "win32/WinPrinter.h"
 
+#include <functional>
+
 namespace quillon {
 
 /// A document on its way to a printer of the system's.
@@ -23,7 +25,7 @@ class WinPrintJob : public PrintJob {
 
   private:
     static BOOL CALLBACK AbortProcedure(HDC device, int error);
-    bool Check(int result, const char* failure) const;
+    bool Do(const std::function<int()>& call, const char* failure) const;
 
     DeviceContext device_;
     Paper paper_;
