@@ -7,7 +7,6 @@
 #include "win32/Utf16.h"
 
 #include <commctrl.h>
-#include <utility>
 
 namespace quillon {
 
@@ -26,43 +25,38 @@ WPARAM UnitsBefore(const std::string& text, std::ptrdiff_t characters) {
 
 } // namespace
 
-AddFeedWindow::~AddFeedWindow() {
-    if (window_ != nullptr) DestroyWindow(window_);
-}
-
 void AddFeedWindow::Sync(HWND owner, Program& program) {
     program_ = &program;
     const bool visible = program.State().addFeed.Visible;
-    if (visible && window_ == nullptr) Open(owner);
-    if (!visible && window_ != nullptr) Close(owner);
-    if (window_ != nullptr) Show();
+    if (visible && Window() == nullptr) Open(owner);
+    if (!visible && Window() != nullptr) Close(owner);
+    if (Window() != nullptr) Show();
 }
 
 void AddFeedWindow::Open(HWND owner) {
-    CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_ADD_FEED), owner, Procedure,
-                       reinterpret_cast<LPARAM>(this));
-    if (window_ == nullptr) return;
+    OpenWindow(IDD_ADD_FEED, owner);
+    if (Window() == nullptr) return;
     for (const AddBox box : Boxes)
-        SetWindowSubclass(GetDlgItem(window_, IdOf(box)), EditProcedure, static_cast<UINT_PTR>(box),
+        SetWindowSubclass(GetDlgItem(Window(), IdOf(box)), EditProcedure, static_cast<UINT_PTR>(box),
                           reinterpret_cast<DWORD_PTR>(this));
     Show();
     EnableWindow(owner, FALSE);
-    ShowWindow(window_, SW_SHOW);
+    ShowWindow(Window(), SW_SHOW);
 }
 
 /// The owner comes back first: a dialog that goes gives the keyboard to whichever window can take it.
 void AddFeedWindow::Close(HWND owner) {
     EnableWindow(owner, TRUE);
-    DestroyWindow(std::exchange(window_, nullptr));
+    CloseWindow();
 }
 
 void AddFeedWindow::Show() {
     const frmAddATC& form = program_->State().addFeed;
     for (const AddBox box : Boxes)
-        if (TextOfItem(window_, IdOf(box)) != form[box])
-            SetDlgItemTextW(window_, IdOf(box), Wide(form[box]).c_str());
-    if (TextOfItem(window_, IDC_URL_PROMPT) != form.PromptCaption)
-        SetDlgItemTextW(window_, IDC_URL_PROMPT, Wide(form.PromptCaption).c_str());
+        if (TextOfItem(Window(), IdOf(box)) != form[box])
+            SetDlgItemTextW(Window(), IdOf(box), Wide(form[box]).c_str());
+    if (TextOfItem(Window(), IDC_URL_PROMPT) != form.PromptCaption)
+        SetDlgItemTextW(Window(), IDC_URL_PROMPT, Wide(form.PromptCaption).c_str());
     ShowBrowse(form.cmdBrowseVisible);
     ShowKind(form.Kind);
     if (!form.WantedFocus) return;
@@ -73,37 +67,31 @@ void AddFeedWindow::Show() {
 
 /// The address takes the button's room while there is none.
 void AddFeedWindow::ShowBrowse(bool visible) {
-    ShowWindow(GetDlgItem(window_, IDC_BROWSE), visible ? SW_SHOW : SW_HIDE);
+    ShowWindow(GetDlgItem(Window(), IDC_BROWSE), visible ? SW_SHOW : SW_HIDE);
     RECT size{0, 0, visible ? 148 : 202, 14};
-    MapDialogRect(window_, &size);
-    SetWindowPos(GetDlgItem(window_, IDC_TXT_URL), nullptr, 0, 0, size.right, size.bottom,
+    MapDialogRect(Window(), &size);
+    SetWindowPos(GetDlgItem(Window(), IDC_TXT_URL), nullptr, 0, 0, size.right, size.bottom,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void AddFeedWindow::ShowKind(SourceKind kind) {
     const int chosen = IDC_KIND1 + static_cast<int>(kind) - 1;
-    if (IsDlgButtonChecked(window_, chosen) != BST_CHECKED)
-        CheckRadioButton(window_, IDC_KIND1, IDC_KIND4, chosen);
+    if (IsDlgButtonChecked(Window(), chosen) != BST_CHECKED)
+        CheckRadioButton(Window(), IDC_KIND1, IDC_KIND4, chosen);
 }
 
 void AddFeedWindow::TakeFocus(const frmAddATC::Focus& focus) {
-    HWND edit = GetDlgItem(window_, IdOf(focus.Box));
-    if (GetFocus() != edit) SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(edit), TRUE);
+    HWND edit = GetDlgItem(Window(), IdOf(focus.Box));
+    if (GetFocus() != edit) SendMessageW(Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(edit), TRUE);
     const std::string& text = program_->State().addFeed[focus.Box];
     SendMessageW(edit, EM_SETSEL, UnitsBefore(text, focus.SelStart),
                  static_cast<LPARAM>(UnitsBefore(text, focus.SelStart + focus.SelLength)));
 }
 
-INT_PTR CALLBACK AddFeedWindow::Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
-    auto* self = reinterpret_cast<AddFeedWindow*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(dialog, DWLP_USER, lparam);
-        reinterpret_cast<AddFeedWindow*>(lparam)->window_ = dialog;
-        PrepareDialog(dialog);
-        return FALSE; // the form says where the keyboard goes
-    }
-    if (message != WM_COMMAND || self == nullptr || self->window_ == nullptr) return FALSE;
-    self->Command(LOWORD(wparam), HIWORD(wparam));
+INT_PTR AddFeedWindow::Handle(UINT message, WPARAM wparam, LPARAM) {
+    if (message == WM_INITDIALOG) PrepareDialog(Window());
+    if (message != WM_COMMAND) return FALSE; // the form says where the keyboard goes
+    Command(LOWORD(wparam), HIWORD(wparam));
     return TRUE;
 }
 
@@ -112,7 +100,7 @@ void AddFeedWindow::Command(int id, int code) {
     if (id >= IDC_TXT_ICAO && id <= IDC_TXT_FREQ) {
         const AddBox box = Boxes[id - IDC_TXT_ICAO];
         if (code == EN_CHANGE)
-            program_->AddFeedEvent([&](AddFeed& dialog) { dialog.Text_Change(box, TextOfItem(window_, id)); });
+            program_->AddFeedEvent([&](AddFeed& dialog) { dialog.Text_Change(box, TextOfItem(Window(), id)); });
         if (code == EN_SETFOCUS && box == AddBox::txtURL)
             Event([](AddFeed& dialog) { dialog.txtURL_GotFocus(); });
         return;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Program.h"
+#include "win32/ModelessDialog.h"
 
 #include <windows.h>
 
@@ -9,22 +10,16 @@
 namespace quillon {
 
 /// The add-feed dialog on the screen. It takes the main window out of reach while it is shown.
-class AddFeedWindow {
+class AddFeedWindow : public ModelessDialog {
   public:
     /// `sync` brings all windows up to date after an event.
     explicit AddFeedWindow(std::function<void()> sync) : sync_(std::move(sync)) {}
-    ~AddFeedWindow();
-    AddFeedWindow(const AddFeedWindow&) = delete;
-    AddFeedWindow& operator=(const AddFeedWindow&) = delete;
-
-    /// Null while it is not shown.
-    HWND Window() const { return window_; }
 
     /// Opens, updates or closes it as the data say.
     void Sync(HWND owner, Program& program);
 
   private:
-    static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
+    INT_PTR Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
     static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
                                           DWORD_PTR self);
     void Open(HWND owner);
@@ -38,7 +33,6 @@ class AddFeedWindow {
 
     std::function<void()> sync_;
     Program* program_ = nullptr;
-    HWND window_ = nullptr;
 };
 
 } // namespace quillon

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <utility>
 
 namespace quillon {
 
@@ -43,34 +42,26 @@ RECT Pixels(HWND dialog, RECT units) {
 
 } // namespace
 
-CheckFeedsWindow::~CheckFeedsWindow() {
-    if (window_ != nullptr) DestroyWindow(window_);
-}
-
 void CheckFeedsWindow::Sync(HWND owner, Program& program) {
     program_ = &program;
     const frmCheckFeeds& form = program.State().checkFeeds;
-    if (!form.Visible) {
-        if (window_ != nullptr) DestroyWindow(std::exchange(window_, nullptr));
-        return;
-    }
-    if (window_ == nullptr) Open(owner);
-    if (window_ != nullptr) Show();
+    if (!form.Visible) return CloseWindow();
+    if (Window() == nullptr) Open(owner);
+    if (Window() != nullptr) Show();
 }
 
 void CheckFeedsWindow::Open(HWND owner) {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_PROGRESS_CLASS | ICC_LISTVIEW_CLASSES};
     InitCommonControlsEx(&classes);
-    CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_CHECK_FEEDS), owner, Procedure,
-                       reinterpret_cast<LPARAM>(this));
-    if (window_ == nullptr) return;
+    OpenWindow(IDD_CHECK_FEEDS, owner);
+    if (Window() == nullptr) return;
     revision_ = 0;
     for (const WPARAM size : {WPARAM{ICON_SMALL}, WPARAM{ICON_BIG}})
-        SendMessageW(window_, WM_SETICON, size, static_cast<LPARAM>(GetClassLongPtrW(owner, GCLP_HICON)));
+        SendMessageW(Window(), WM_SETICON, size, static_cast<LPARAM>(GetClassLongPtrW(owner, GCLP_HICON)));
     AddColumns();
     Layout();
-    SetTimer(window_, 1, PollMs, nullptr);
-    ShowWindow(window_, SW_SHOW);
+    SetTimer(Window(), 1, PollMs, nullptr);
+    ShowWindow(Window(), SW_SHOW);
 }
 
 void CheckFeedsWindow::AddColumns() {
@@ -83,21 +74,21 @@ void CheckFeedsWindow::AddColumns() {
         LVCOLUMNW column{};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
         column.pszText = title.data();
-        column.cx = Pixels(window_, {0, 0, wanted.width, 0}).right;
+        column.cx = Pixels(Window(), {0, 0, wanted.width, 0}).right;
         ListView_InsertColumn(list, index++, &column);
     }
 }
 
 void CheckFeedsWindow::Show() {
     const frmCheckFeeds& form = program_->State().checkFeeds;
-    if (TextOfItem(window_, IDC_CHECK_STATE) != form.LabelCaption)
-        SetDlgItemTextW(window_, IDC_CHECK_STATE, Wide(form.LabelCaption).c_str());
+    if (TextOfItem(Window(), IDC_CHECK_STATE) != form.LabelCaption)
+        SetDlgItemTextW(Window(), IDC_CHECK_STATE, Wide(form.LabelCaption).c_str());
     const std::string button = form.Running ? "Cancel" : "Close";
-    if (TextOfItem(window_, IDCANCEL) != button) SetDlgItemTextW(window_, IDCANCEL, Wide(button).c_str());
+    if (TextOfItem(Window(), IDCANCEL) != button) SetDlgItemTextW(Window(), IDCANCEL, Wide(button).c_str());
     ShowRows();
     if (calls_ != form.Calls) {
         calls_ = form.Calls;
-        SetActiveWindow(window_);
+        SetActiveWindow(Window());
     }
 }
 
@@ -116,31 +107,23 @@ void CheckFeedsWindow::ShowRows() {
     InvalidateRect(list, nullptr, FALSE);
 }
 
-INT_PTR CALLBACK CheckFeedsWindow::Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
-    if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(dialog, DWLP_USER, lparam);
-        reinterpret_cast<CheckFeedsWindow*>(lparam)->window_ = dialog;
-        PrepareDialog(dialog);
-        SendMessageW(dialog, DM_REPOSITION, 0, 0); // it may be wider than its owner, which may be at the edge
-        return TRUE;
-    }
-    auto* self = reinterpret_cast<CheckFeedsWindow*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    return self != nullptr && self->window_ != nullptr ? self->Handle(message, wparam, lparam) : FALSE;
-}
-
 INT_PTR CheckFeedsWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
+    case WM_INITDIALOG:
+        PrepareDialog(Window());
+        SendMessageW(Window(), DM_REPOSITION, 0, 0); // it may be wider than its owner, which may be at the edge
+        return TRUE;
     case WM_TIMER:
         Event([](FeedCheck& check) { check.Timer_Timer(); });
         return TRUE;
     case WM_SYSCOLORCHANGE:
-        TellSystemColors(window_);
+        TellSystemColors(Window());
         return TRUE;
     case WM_SIZE:
         Layout();
         return TRUE;
     case WM_GETMINMAXINFO: {
-        const RECT least = Pixels(window_, {0, 0, 220, 140});
+        const RECT least = Pixels(Window(), {0, 0, 220, 140});
         reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {least.right, least.bottom};
         return TRUE;
     }
@@ -166,17 +149,17 @@ INT_PTR CheckFeedsWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
 /// The controls keep their margins; the list takes what room there is.
 void CheckFeedsWindow::Layout() {
     RECT client{};
-    GetClientRect(window_, &client);
-    const RECT margin = Pixels(window_, {8, 7, 8, 6});
+    GetClientRect(Window(), &client);
+    const RECT margin = Pixels(Window(), {8, 7, 8, 6});
     const auto stretch = [&](int id, LONG bottom) {
         RECT area{};
         GetWindowRect(Item(id), &area);
-        MapWindowPoints(HWND_DESKTOP, window_, reinterpret_cast<POINT*>(&area), 2);
+        MapWindowPoints(HWND_DESKTOP, Window(), reinterpret_cast<POINT*>(&area), 2);
         SetWindowPos(Item(id), nullptr, 0, 0, client.right - margin.right - area.left,
                      bottom > 0 ? bottom - area.top : area.bottom - area.top,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     };
-    const RECT button = Pixels(window_, {0, 0, 50, 15});
+    const RECT button = Pixels(Window(), {0, 0, 50, 15});
     const LONG top = client.bottom - margin.top - button.bottom;
     stretch(IDC_CHECK_STATE, 0);
     stretch(IDC_CHECK_BAR, 0);
@@ -184,7 +167,7 @@ void CheckFeedsWindow::Layout() {
     SetWindowPos(Item(IDCANCEL), nullptr, client.right - margin.right - button.right, top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     FitColumns();
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 /// The columns share the list's width in the proportions that they or the user's hand have given them. The line
@@ -194,7 +177,7 @@ void CheckFeedsWindow::FitColumns() {
     HWND list = Item(IDC_CHECK_LIST);
     RECT client{};
     GetClientRect(list, &client);
-    const int numbers = static_cast<int>(Pixels(window_, {0, 0, Columns[0].width, 0}).right);
+    const int numbers = static_cast<int>(Pixels(Window(), {0, 0, Columns[0].width, 0}).right);
     ListView_SetColumnWidth(list, 0, numbers);
     int room = static_cast<int>(client.right) - numbers;
     int parts = 0;

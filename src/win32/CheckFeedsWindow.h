@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Program.h"
+#include "win32/ModelessDialog.h"
 
 #include <windows.h>
 
@@ -10,24 +11,17 @@
 
 namespace quillon {
 
-/// The window of the catalogue's check. Modeless and sizeable; a timer of its own drives the check.
-class CheckFeedsWindow {
+/// The window of the catalogue's check. Sizeable; a timer of its own drives the check.
+class CheckFeedsWindow : public ModelessDialog {
   public:
     /// `sync` brings all windows up to date after an event of this one.
     explicit CheckFeedsWindow(std::function<void()> sync) : sync_(std::move(sync)) {}
-    ~CheckFeedsWindow();
-    CheckFeedsWindow(const CheckFeedsWindow&) = delete;
-    CheckFeedsWindow& operator=(const CheckFeedsWindow&) = delete;
-
-    /// Null while it is not shown.
-    HWND Window() const { return window_; }
 
     /// Opens, updates or closes it as the data say.
     void Sync(HWND owner, Program& program);
 
   private:
-    static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
-    INT_PTR Handle(UINT message, WPARAM wparam, LPARAM lparam);
+    INT_PTR Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
     void Open(HWND owner);
     void AddColumns();
     void Show();
@@ -37,11 +31,10 @@ class CheckFeedsWindow {
     void FindSelected();
     void FillItem(LVITEMW& item);
     void Event(const std::function<void(FeedCheck&)>& event);
-    HWND Item(int id) const { return GetDlgItem(window_, id); }
+    HWND Item(int id) const { return GetDlgItem(Window(), id); }
 
     std::function<void()> sync_;
     Program* program_ = nullptr;
-    HWND window_ = nullptr;
     int calls_ = 0;
     std::uint64_t revision_ = 0;
     std::wstring cell_; // text of the cell being asked for; lives until the next question

@@ -5,8 +5,6 @@
 #include "win32/Theme.h"
 #include "win32/Utf16.h"
 
-#include <utility>
-
 namespace quillon {
 
 std::wstring WithLineFeeds(const std::string& text) {
@@ -194,27 +192,19 @@ std::string AskForText(HWND owner, const std::string& title, const std::string& 
     return ended == IDOK ? question.answer : "";
 }
 
-FsuipcStatusWindow::~FsuipcStatusWindow() {
-    if (window_ != nullptr) DestroyWindow(window_);
-}
-
 void FsuipcStatusWindow::Sync(HWND owner, const frmShow_FSUIPC& form) {
-    if (!form.Visible) {
-        if (window_ != nullptr) DestroyWindow(std::exchange(window_, nullptr));
-        return;
-    }
-    const bool opens = window_ == nullptr;
-    if (opens)
-        window_ = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_FSUIPC_STATUS), owner,
-                                     Procedure, reinterpret_cast<LPARAM>(this));
+    if (!form.Visible) return CloseWindow();
+    const bool opens = Window() == nullptr;
+    if (opens) OpenWindow(IDD_FSUIPC_STATUS, owner);
+    if (Window() == nullptr) return;
     if (!opens && caption_ == form.LabelCaption && red_ == form.LabelRed) return;
     caption_ = form.LabelCaption;
     red_ = form.LabelRed;
-    SetDlgItemTextW(window_, IDC_STATUS_TEXT, WithLineFeeds(caption_).c_str());
-    FitToText(window_, IDC_STATUS_TEXT); // three times as long where there is trouble to explain
+    SetDlgItemTextW(Window(), IDC_STATUS_TEXT, WithLineFeeds(caption_).c_str());
+    FitToText(Window(), IDC_STATUS_TEXT); // three times as long where there is trouble to explain
     if (!opens) return;
-    PrepareDialog(window_);
-    ShowWindow(window_, SW_SHOW);
+    PrepareDialog(Window());
+    ShowWindow(Window(), SW_SHOW);
 }
 
 /// A red that is read on the user's background, be it light or dark.
@@ -225,20 +215,18 @@ COLORREF FsuipcStatusWindow::TextColor() const {
     return dark ? RGB(255, 110, 110) : RGB(200, 0, 0);
 }
 
-INT_PTR CALLBACK FsuipcStatusWindow::Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
-    if (message == WM_INITDIALOG) SetWindowLongPtrW(dialog, DWLP_USER, lparam);
-    auto* self = reinterpret_cast<FsuipcStatusWindow*>(GetWindowLongPtrW(dialog, DWLP_USER));
+INT_PTR FsuipcStatusWindow::Handle(UINT message, WPARAM wparam, LPARAM) {
     switch (message) {
     case WM_INITDIALOG:
         return TRUE;
     case WM_CTLCOLORSTATIC: {
         auto* context = reinterpret_cast<HDC>(wparam);
-        SetTextColor(context, self->TextColor());
+        SetTextColor(context, TextColor());
         SetBkMode(context, TRANSPARENT);
         return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_3DFACE));
     }
     case WM_COMMAND:
-        if (LOWORD(wparam) == IDOK || LOWORD(wparam) == IDCANCEL) self->closed_();
+        if (LOWORD(wparam) == IDOK || LOWORD(wparam) == IDCANCEL) closed_();
         return TRUE;
     default:
         return FALSE;

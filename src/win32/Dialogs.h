@@ -1,6 +1,7 @@
 #pragma once
 
 #include "state/ProgramState.h"
+#include "win32/ModelessDialog.h"
 
 #include <windows.h>
 
@@ -36,26 +37,20 @@ void FitToText(HWND dialog, int label_id);
 /// The text of a dialog's control.
 std::string TextOfItem(HWND dialog, int id);
 
-/// The window of the simulator link's status. Modeless.
-class FsuipcStatusWindow {
+/// The window of the simulator link's status.
+class FsuipcStatusWindow : public ModelessDialog {
   public:
     /// `closed` is called when the user closes it.
     explicit FsuipcStatusWindow(std::function<void()> closed) : closed_(std::move(closed)) {}
-    ~FsuipcStatusWindow();
-    FsuipcStatusWindow(const FsuipcStatusWindow&) = delete;
-    FsuipcStatusWindow& operator=(const FsuipcStatusWindow&) = delete;
-
-    HWND Window() const { return window_; }
 
     /// Shows, updates or closes it as the data say.
     void Sync(HWND owner, const frmShow_FSUIPC& form);
 
   private:
-    static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
+    INT_PTR Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
     COLORREF TextColor() const;
 
     std::function<void()> closed_;
-    HWND window_ = nullptr;
     std::string caption_;
     bool red_ = false;
 };

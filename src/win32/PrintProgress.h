@@ -1,16 +1,16 @@
 #pragma once
 
-#include <windows.h>
+#include "win32/ModelessDialog.h"
 
 namespace quillon {
 
 /// The dialog that shows how far a print job has come and can cancel it. It opens by itself when the job takes
 /// longer than one would wait without a word; meanwhile its owner is disabled.
-class PrintProgress {
+class PrintProgress : public ModelessDialog {
   public:
     /// `pages` is what the job will have.
     PrintProgress(HWND owner, int pages);
-    ~PrintProgress();
+    ~PrintProgress() override;
     PrintProgress(const PrintProgress&) = delete;
     PrintProgress& operator=(const PrintProgress&) = delete;
 
@@ -23,7 +23,7 @@ class PrintProgress {
     bool Serve();
 
   private:
-    static INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam);
+    INT_PTR Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
     void Open();
     void ShowPage();
     void Dispatch(MSG& message);
@@ -32,7 +32,6 @@ class PrintProgress {
     int pages_;
     int page_ = 0;
     ULONGLONG start_ms_ = GetTickCount64();
-    HWND dialog_ = nullptr;
     bool cancelled_ = false;
 };
 
