@@ -37,8 +37,8 @@ class WaveOut : public SoundOutput {
 
     static void Close(HWAVEOUT device) { waveOutClose(device); }
 
+    std::array<Block, 5> blocks_; // before the device, which must be closed by the time they go
     Handle<HWAVEOUT, Close> device_;
-    std::array<Block, 5> blocks_;
     std::size_t most_queued_; // samples of 200 ms: the worker may come late, but a new volume is heard soon
 };
 
