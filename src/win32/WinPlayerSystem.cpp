@@ -1,5 +1,6 @@
 #include "win32/WinPlayerSystem.h"
 
+#include "runtime/RuntimeError.h"
 #include "win32/AcmDecoder.h"
 #include "win32/Socket.h"
 #include "win32/TlsConnection.h"
@@ -7,7 +8,9 @@
 
 namespace quillon {
 
-WinPlayerSystem::WinPlayerSystem() : event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {}
+WinPlayerSystem::WinPlayerSystem() : event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {
+    if (!event_) Raise(OutOfMemory); // no wait would wait
+}
 
 std::unique_ptr<Connection> WinPlayerSystem::Connect(const StreamAddress& address) {
     std::unique_ptr<Connection> socket = Socket::Open(address.host, address.port, event_.Get());
