@@ -166,17 +166,21 @@ class WinStartedProgram : public StartedProgram {
 
 } // namespace
 
+/// One of Windows' own programs: by its bare name alone, one in our folder or the current one would come first.
 std::unique_ptr<StartedProgram> WinShell::Start(const std::string& program, const std::string& file) {
+    std::array<wchar_t, MAX_PATH> folder{};
+    GetSystemDirectoryW(folder.data(), folder.size());
+    const std::wstring path = folder.data() + (L"\\" + Wide(program));
     std::wstring command = Wide(program + " \"" + file + "\"");
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESHOWWINDOW;
     start.wShowWindow = SW_SHOWNORMAL;
     PROCESS_INFORMATION started{};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+    if (!CreateProcessW(path.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
                         &started))
         Raise(FileNotFound);
-    CloseHandle(started.hThread);
+    const Handle<HANDLE, CloseHandle> thread(started.hThread);
     return std::make_unique<WinStartedProgram>(started.hProcess);
 }
 
