@@ -56,14 +56,9 @@ UINT StyleOf(Icon icon) {
 /// A report can quote a whole line of a broken file; a box as long as that could not be closed.
 std::wstring FitForBox(const std::string& text) {
     constexpr std::size_t Most = 1500;
-    const bool fits = text.size() <= Most;
-    const std::wstring wide = Wide(fits ? text : Left(text, Most / 2) + "\r...\r" + Right(text, Most / 2));
-    std::wstring lines;
-    for (const wchar_t unit : wide) {
-        if (unit != L'\0') lines += unit;
-        if (unit == L'\r') lines += L'\n';
-    }
-    return lines;
+    std::string shown = text.size() <= Most ? text : Left(text, Most / 2) + "\r...\r" + Right(text, Most / 2);
+    std::erase(shown, '\0'); // would end it
+    return WithLineFeeds(shown);
 }
 
 } // namespace

@@ -22,7 +22,6 @@ enum ControlId : int {
     IdLabel4 = 1014, ///< seconds from one recording to the next
 
     IdOptCom1 = 1021, ///< and the three behind it
-    IdOptCom2Stby = 1024,
     IdComClose = 1025,
     IdCboMin = 1031,
     IdCboMax = 1032,

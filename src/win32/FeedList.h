@@ -7,7 +7,6 @@
 
 #include <array>
 #include <commctrl.h>
-#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
