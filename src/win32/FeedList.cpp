@@ -76,15 +76,22 @@ void FeedList::AddColumn(int index, const std::string& name) {
     ListView_InsertColumn(window_, index, &column);
 }
 
-std::optional<std::pair<Column, int>> FeedList::DraggedColumn(const NMHDR& header) {
-    if (header.code != HDN_ENDTRACKW || header.hwndFrom != ListView_GetHeader(window_)) return std::nullopt;
-    const auto& drag = reinterpret_cast<const NMHEADERW&>(header);
-    const auto index = static_cast<std::size_t>(drag.iItem);
-    if (index >= shown_widths_.size() || drag.pitem == nullptr || (drag.pitem->mask & HDI_WIDTH) == 0)
-        return std::nullopt;
-    shown_widths_[index] = drag.pitem->cxy;
-    return std::pair(static_cast<Column>(index),
-                     MulDiv(drag.pitem->cxy, TwipsPerInch, static_cast<int>(theme_->Dpi())));
+/// A double click on a column's edge fits it to its texts, which Windows tells as a change and Wine only by the
+/// click. While an edge is dragged the width changes all the time, and the last column must not be fitted.
+std::optional<std::pair<Column, int>> FeedList::ResizedColumn(const NMHDR& header) {
+    if (header.hwndFrom != ListView_GetHeader(window_)) return std::nullopt;
+    if (header.code == HDN_BEGINTRACKW) dragging_ = true;
+    if (header.code == HDN_ENDTRACKW) dragging_ = false;
+    const bool may_tell =
+        header.code == HDN_ENDTRACKW || header.code == HDN_ITEMCHANGEDW || header.code == HDN_DIVIDERDBLCLICKW;
+    if (!may_tell || dragging_) return std::nullopt;
+    const auto& change = reinterpret_cast<const NMHEADERW&>(header);
+    const auto index = static_cast<std::size_t>(change.iItem);
+    const bool tells = change.pitem != nullptr && (change.pitem->mask & HDI_WIDTH) != 0;
+    const int width = tells ? change.pitem->cxy : ListView_GetColumnWidth(window_, change.iItem);
+    if (index >= shown_widths_.size() || width == shown_widths_[index]) return std::nullopt;
+    shown_widths_[index] = width;
+    return std::pair(static_cast<Column>(index), MulDiv(width, TwipsPerInch, static_cast<int>(theme_->Dpi())));
 }
 
 void FeedList::Sync() {

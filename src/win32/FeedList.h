@@ -40,7 +40,7 @@ class FeedList {
 
     /// The column that the user has just made wider or narrower, if that is what the message says, and its
     /// width in twips.
-    std::optional<std::pair<Column, int>> DraggedColumn(const NMHDR& header);
+    std::optional<std::pair<Column, int>> ResizedColumn(const NMHDR& header);
 
     /// The control's notifications that only the list itself understands.
     LRESULT Notify(NMHDR& header);
@@ -57,6 +57,7 @@ class FeedList {
     HWND window_;
     Theme const* theme_ = nullptr;
     std::array<int, 4> shown_widths_{}; // pixels
+    bool dragging_ = false;             // a column's edge
     bool syncing_ = false;
     std::uint64_t revision_ = 0;
     std::uint64_t visible_request_ = 0;

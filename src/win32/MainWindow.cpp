@@ -300,8 +300,8 @@ void MainWindow::Clicked(int id) {
 
 LRESULT MainWindow::Notify(NMHDR& header) {
     if (!list_) return 0;
-    if (const auto dragged = list_->DraggedColumn(header))
-        program_->lvwDB_ColumnResize(dragged->first, dragged->second);
+    if (const auto resized = list_->ResizedColumn(header))
+        program_->lvwDB_ColumnResize(resized->first, resized->second);
     if (header.hwndFrom != list_->Window()) return 0;
     if (!list_->UserIsSelecting()) return list_->Notify(header);
     switch (header.code) {
