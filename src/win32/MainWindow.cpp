@@ -2,6 +2,7 @@
 
 #include "win32/ControlIds.h"
 #include "win32/Controls.h"
+#include "win32/MainCommands.h"
 #include "win32/ToolTips.h"
 #include "win32/Utf16.h"
 
@@ -9,64 +10,12 @@
 
 #include <algorithm>
 #include <commctrl.h>
-#include <numeric>
-#include <vector>
 
 namespace quillon {
 
 namespace {
 
 constexpr int LeastListHeight = 80; // at 96 dpi
-constexpr int LeastHeight = 370;    // room for such a list below both preference frames
-constexpr int FirstHeight = 480;
-
-/// The handlers of everything that is clicked and needs no further word.
-struct Click {
-    int id;
-    void (Program::*handler)();
-};
-constexpr Click Clicks[] = {
-    {IdPlay, &Program::cmdPlay_Click},
-    {IdPause, &Program::cmdPause_Click},
-    {IdStop, &Program::cmdStop_Click},
-    {IdQuit, &Program::mnuQuit_Click},
-    {IdLiveAtcPicture, &Program::picATCNet_Click},
-    {IdLiveAtcLabel, &Program::picATCNet_Click},
-    {IdComClose, &Program::cmdComClose_Click},
-    {IdClose2, &Program::cmdClose2_Click},
-    {IdMnuQuit, &Program::mnuQuit_Click},
-    {IdMnuPrint, &Program::mnuPrint_Click},
-    {IdMnuSearch, &Program::mnuSearch_Click},
-    {IdMnuCitySearch, &Program::mnuCitySearch_Click},
-    {IdMnuSearchAgain, &Program::mnuSearchAgain_Click},
-    {IdMnuSelComm, &Program::mnuSelComm_Click},
-    {IdMnuRange, &Program::mnuRange_Click},
-    {IdMnuSetMute, &Program::mnuSetMute_Click},
-    {IdMnuRecordedChatter, &Program::mnuRecordedChatter_Click},
-    {IdMnuReload, &Program::mnuReload_Click},
-    {IdMnuFsuipc, &Program::mnuFSUPIC_Click},
-    {IdMnuAddAtc, &Program::mnuAddATC_Click},
-    {IdMnuBackup, &Program::mnuBackup_Click},
-    {IdMnuRestore, &Program::mnuRestore_Click},
-    {IdMnuEditData, &Program::mnuEditData_Click},
-    {IdMnuCheckFeeds, &Program::mnuCheckFeeds_Click},
-    {IdMnuPlayFeed, &Program::mnuPlayFeed_Click},
-    {IdMnuTuneFeed, &Program::mnuTuneFeed_Click},
-    {IdMnuCopyAddress, &Program::mnuCopyAddress_Click},
-    {IdMnuContents, &Program::mnuContents_Click},
-    {IdMnuFolders, &Program::mnuFolders_Click},
-    {IdMnuAbout, &Program::mnuAbout_Click},
-};
-
-/// Whether a control, or the one it is part of, is in the same group as the pane's first.
-bool IsInPane(HWND window, HWND pane, HWND control) {
-    HWND member = pane;
-    do {
-        if (member == control || IsChild(member, control)) return true;
-        member = GetNextDlgGroupItem(window, member, FALSE);
-    } while (member != nullptr && member != pane);
-    return false;
-}
 
 } // namespace
 
@@ -99,7 +48,7 @@ bool MainWindow::Create(Program& program) {
                     this);
     if (window_ == nullptr) return false;
     MatchTitleToApps(window_);
-    SetInitialSize();
+    MainWindowSize::SetFirst(window_, theme_, controls_->LeastWidth(theme_));
     Sync();
     return true;
 }
@@ -128,33 +77,25 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         CreateControls();
         return 0;
     case WM_SIZE:
-        Layout();
-        if (wparam == SIZE_RESTORED) KeepSize();
+        Resized(wparam == SIZE_RESTORED);
         return 0;
     case WM_GETMINMAXINFO:
-        if (controls_) {
-            auto& limits = *reinterpret_cast<MINMAXINFO*>(lparam);
-            limits.ptMinTrackSize = {controls_->LeastWidth(theme_) + theme_.Px(16), theme_.Px(LeastHeight)};
-        }
+        if (controls_)
+            MainWindowSize::Limit(*reinterpret_cast<MINMAXINFO*>(lparam), theme_,
+                                  controls_->LeastWidth(theme_));
         return 0;
-    case WM_DPICHANGED: {
-        const RECT& area = *reinterpret_cast<RECT*>(lparam);
-        SetDpi(HIWORD(wparam));
-        SetWindowPos(window_, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+    case WM_DPICHANGED:
+        MoveToDpi(HIWORD(wparam), *reinterpret_cast<RECT*>(lparam));
         return 0;
-    }
     case WM_SYSCOLORCHANGE:
         TellSystemColors(window_);
         [[fallthrough]];
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
-        MatchTitleToApps(window_);
-        if (controls_) SetDpi(theme_.Dpi());
+        Restyle();
         return 0;
     case WM_TIMER:
-        program_->Timer_Timer(static_cast<int>(wparam));
-        Sync();
+        Event([wparam](Program& program) { program.Timer_Timer(static_cast<int>(wparam)); });
         return 0;
     case WM_COMMAND:
         Command(LOWORD(wparam), HIWORD(wparam));
@@ -162,28 +103,25 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_NOTIFY:
         return Notify(*reinterpret_cast<NMHDR*>(lparam));
     case WM_HSCROLL:
-        program_->sldVolume_Change(controls_->VolumePosition());
-        Sync();
+        Event([this](Program& program) { program.sldVolume_Change(controls_->VolumePosition()); });
         return 0;
     case WM_CONTEXTMENU:
         ShowRowMenu(reinterpret_cast<HWND>(wparam), {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
         return 0;
     case WM_NEXTDLGCTL:
-        MoveFocus(wparam, lparam);
+        focus_->Move(wparam, lparam);
         return 0;
     case WM_ACTIVATE:
-        if (LOWORD(wparam) == WA_INACTIVE && IsChild(window_, GetFocus())) focus_ = GetFocus();
+        if (LOWORD(wparam) == WA_INACTIVE) focus_->Keep();
         return DefWindowProcW(window_, message, wparam, lparam);
     case WM_LBUTTONDOWN:
-        program_->Form_Click();
-        Sync();
+        Event(&Program::Form_Click);
         return 0;
     case WM_SETFOCUS:
-        TakeFocus();
+        focus_->Restore();
         return 0;
     case WM_CLOSE:
-        program_->mnuQuit_Click();
-        Sync();
+        Event(&Program::mnuQuit_Click);
         return 0;
     case WM_ENDSESSION:
         if (wparam != FALSE) program_->EndSession();
@@ -197,38 +135,26 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     }
 }
 
+void MainWindow::Event(const std::function<void(Program&)>& event) {
+    event(*program_);
+    Sync();
+}
+
 /// The size counts from the moment on at which the user can change it.
-void MainWindow::KeepSize() {
-    if (!IsWindowVisible(window_)) return;
-    RECT area{};
-    GetWindowRect(window_, &area);
-    size_ = {MulDiv(area.right - area.left, 96, static_cast<int>(theme_.Dpi())),
-             MulDiv(area.bottom - area.top, 96, static_cast<int>(theme_.Dpi()))};
-    program_->Form_Resize(size_);
+void MainWindow::Resized(bool restored) {
+    Layout();
+    if (restored && IsWindowVisible(window_)) program_->Form_Resize(size_.Read(window_, theme_));
 }
 
-void MainWindow::SyncSize() {
-    const WindowSize size = program_->State().form.Size;
-    if (size_ == size) return;
-    size_ = size;
-    RECT screen{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
-    SetWindowPos(window_, nullptr, 0, 0,
-                 std::min(theme_.Px(size.Width), static_cast<int>(screen.right - screen.left)),
-                 std::min(theme_.Px(size.Height), static_cast<int>(screen.bottom - screen.top)),
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+void MainWindow::MoveToDpi(UINT dpi, const RECT& area) {
+    SetDpi(dpi);
+    SetWindowPos(window_, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-/// Where the keyboard was. What had it may be hidden by now, as a frame is by its own button.
-void MainWindow::TakeFocus() {
-    SetFocus(focus_ != nullptr && IsWindowVisible(focus_) ? focus_ : list_->Window());
-}
-
-/// A label's mnemonic moves the focus through this message, which only dialogs answer by themselves.
-void MainWindow::MoveFocus(WPARAM wparam, LPARAM lparam) {
-    HWND next = LOWORD(lparam) != 0 ? reinterpret_cast<HWND>(wparam)
-                                    : GetNextDlgTabItem(window_, GetFocus(), wparam != 0 ? TRUE : FALSE);
-    SetFocus(next);
+void MainWindow::Restyle() {
+    MatchTitleToApps(window_);
+    if (controls_) SetDpi(theme_.Dpi());
 }
 
 /// A point of (-1, -1) is the menu key's: the menu then opens at the row. While it is open, tuning may select
@@ -242,19 +168,8 @@ void MainWindow::ShowRowMenu(HWND control, POINT where) {
     const int chosen = MainMenu::AskForRow(window_, where, program_->State().form);
     if (chosen == 0 || list.Revision() != revision) return;
     program_->lvwDB_Select(row);
-    Clicked(chosen);
+    RunCommand(*program_, chosen);
     Sync();
-}
-
-/// F6: the list, the selection mode, the player, and the preference frames that are shown, in a circle.
-void MainWindow::NextPane(bool back) {
-    std::vector<HWND> panes{list_->Window(), controls_->ModePane(), controls_->PlayerPane()};
-    for (HWND frame : frames_->Panes()) panes.push_back(frame);
-    const HWND focus = GetFocus();
-    std::size_t current = 0;
-    for (std::size_t i = 0; i < panes.size(); ++i)
-        if (IsInPane(window_, panes[i], focus)) current = i;
-    SetFocus(panes[(current + (back ? panes.size() - 1 : 1)) % panes.size()]);
 }
 
 void MainWindow::CreateControls() {
@@ -263,6 +178,7 @@ void MainWindow::CreateControls() {
     frames_ = std::make_unique<PreferenceFrames>(window_);
     list_ = std::make_unique<FeedList>(window_, program_->State().form.lvwDB);
     status_ = std::make_unique<StatusBar>(window_);
+    focus_ = std::make_unique<KeyboardFocus>(window_, *list_, *controls_, *frames_);
     list_->SetTheme(theme_);
     status_->SetTheme(theme_);
     frames_->SetTheme(theme_);
@@ -282,20 +198,8 @@ void MainWindow::Command(int id, int code) {
     if (id == IdCboMin && code == CBN_SELENDOK) program_->cboMin_Click(frames_->PickedEntry(id));
     if (id == IdCboMax && code == CBN_SELENDOK) program_->cboMax_Click(frames_->PickedEntry(id));
     // Menus and pictures say 0 as buttons do; keys that stand for a command say 1.
-    if (code == BN_CLICKED || code == 1) Clicked(id);
+    if (code == BN_CLICKED || code == 1) RunCommand(*program_, id);
     Sync();
-}
-
-void MainWindow::Clicked(int id) {
-    const frmATC& form = program_->State().form;
-    // A radio button also says that it was clicked when it only gets the keyboard.
-    if (id == IdOptAuto && form.optManual()) program_->optAuto_Click();
-    if (id == IdOptManual && !form.optManual()) program_->optManual_Click();
-    const int com = id - IdOptCom1 + 1;
-    if (com >= 1 && com <= 4 && form.optCom.Value != com)
-        program_->optCom_Click(static_cast<std::int16_t>(com));
-    for (const Click& click : Clicks)
-        if (click.id == id) (program_->*click.handler)();
 }
 
 LRESULT MainWindow::Notify(NMHDR& header) {
@@ -338,15 +242,6 @@ void MainWindow::Layout() {
         std::max(theme_.Px(LeastListHeight), static_cast<int>(area.bottom) - top - status_->Height());
     SetWindowPos(list_->Window(), nullptr, 0, top, area.right, height, SWP_NOZORDER | SWP_NOACTIVATE);
     list_->SyncColumns();
-}
-
-void MainWindow::SetInitialSize() {
-    const int twips = std::accumulate(PanelWidths.begin(), PanelWidths.end(), 0);
-    RECT area{0, 0, std::max(theme_.TwipsToPx(twips), controls_->LeastWidth(theme_)) + theme_.Px(24),
-              theme_.Px(FirstHeight)};
-    AdjustWindowRectExForDpi(&area, WS_OVERLAPPEDWINDOW, TRUE, WS_EX_CONTROLPARENT, theme_.Dpi());
-    SetWindowPos(window_, nullptr, 0, 0, area.right - area.left, area.bottom - area.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void MainWindow::Repaint() {
@@ -408,7 +303,7 @@ void MainWindow::SyncTimers() {
 
 void MainWindow::SyncVisibility() {
     const frmATC& form = program_->State().form;
-    SyncSize();
+    size_.Sync(window_, theme_, form.Size);
     if (form.Visible && !IsWindowVisible(window_)) {
         ShowWindow(window_, SW_SHOWNORMAL);
         UpdateWindow(window_);
@@ -425,10 +320,10 @@ void MainWindow::SyncBusy() {
     const bool busy = state.Busy && !state.addFeed.Visible; // that dialog blocks the window as a whole
     if (busy_ == busy) return;
     busy_ = busy;
-    if (busy_ && IsChild(window_, GetFocus())) focus_ = GetFocus();
+    if (busy_) focus_->Keep();
     for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
         if (GetDlgCtrlID(child) != IdQuit) EnableWindow(child, busy_ ? FALSE : TRUE);
-    if (!busy_ && GetActiveWindow() == window_) TakeFocus();
+    if (!busy_ && GetActiveWindow() == window_) focus_->Restore();
 }
 
 bool MainWindow::Dispatch() {
@@ -448,12 +343,11 @@ bool MainWindow::Keystroke(MSG& message) {
     if (add_feed_.Window() != nullptr) return IsDialogMessageW(add_feed_.Window(), &message) != 0;
     if (menu_.Translate(window_, message)) return true;
     if (message.message == WM_KEYDOWN && message.wParam == VK_F6) {
-        NextPane(GetKeyState(VK_SHIFT) < 0);
+        focus_->NextPane(GetKeyState(VK_SHIFT) < 0);
         return true;
     }
     if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && message.hwnd == list_->Window()) {
-        program_->lvwDB_ItemClick();
-        Sync();
+        Event(&Program::lvwDB_ItemClick);
         return true;
     }
     return IsDialogMessageW(window_, &message) != 0;

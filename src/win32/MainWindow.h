@@ -6,8 +6,10 @@
 #include "win32/CheckFeedsWindow.h"
 #include "win32/Dialogs.h"
 #include "win32/FeedList.h"
+#include "win32/KeyboardFocus.h"
 #include "win32/MainControls.h"
 #include "win32/MainMenu.h"
+#include "win32/MainWindowSize.h"
 #include "win32/PreferenceFrames.h"
 #include "win32/SplashWindow.h"
 #include "win32/StatusBar.h"
@@ -17,6 +19,7 @@
 
 #include <array>
 #include <chrono>
+#include <functional>
 #include <memory>
 
 namespace quillon {
@@ -47,20 +50,17 @@ class MainWindow : public Display {
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
+    void Event(const std::function<void(Program&)>& event);
     void CreateControls();
+    void Resized(bool restored);
+    void MoveToDpi(UINT dpi, const RECT& area);
+    void Restyle();
     void SetDpi(UINT dpi);
     void Command(int id, int code);
-    void Clicked(int id);
     bool Keystroke(MSG& message);
     LRESULT Notify(NMHDR& header);
     void Layout();
-    void SetInitialSize();
-    void KeepSize();
-    void SyncSize();
-    void TakeFocus();
-    void MoveFocus(WPARAM wparam, LPARAM lparam);
     void ShowRowMenu(HWND control, POINT where);
-    void NextPane(bool back);
 
     void Sync();
     void SyncOnce();
@@ -71,12 +71,12 @@ class MainWindow : public Display {
 
     Program* program_ = nullptr;
     HWND window_ = nullptr;
-    HWND focus_ = nullptr; // of our controls, while another window is active
     Theme theme_;
     std::unique_ptr<MainControls> controls_;
     std::unique_ptr<FeedList> list_;
     std::unique_ptr<StatusBar> status_;
     std::unique_ptr<PreferenceFrames> frames_;
+    std::unique_ptr<KeyboardFocus> focus_;
     MainMenu menu_;
     SplashWindow splash_;
     FsuipcStatusWindow fsuipc_status_;
@@ -86,7 +86,7 @@ class MainWindow : public Display {
     bool syncing_ = false;
     bool sync_again_ = false;
     bool busy_ = false;
-    WindowSize size_;
+    MainWindowSize size_;
     std::array<FormTimer, 5> timers_{};
 };
 
