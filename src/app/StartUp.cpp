@@ -17,6 +17,7 @@ void StartUp::Form_Load() {
     Load(4);
     state_.splash.Visible = false;
     state_.form.Visible = !state_.Ended;
+    ports_.display.Repaint(); // what follows may take its time
     if (!state_.Ended && parts_.starter.Offer() && !state_.Ended) TakeUpStarterData();
 }
 

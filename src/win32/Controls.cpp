@@ -16,7 +16,7 @@ void ShowControls(std::initializer_list<HWND> controls, bool visible) {
 }
 
 void SetFonts(std::initializer_list<HWND> controls, HFONT font) {
-    for (HWND control : controls) SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    for (HWND control : controls) SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
 void TellSystemColors(HWND window) {

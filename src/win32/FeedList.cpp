@@ -35,7 +35,7 @@ FeedList::FeedList(HWND parent, const ListView& data) : data_(data) {
 
 void FeedList::SetTheme(const Theme& theme) {
     theme_ = &theme;
-    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), TRUE);
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), FALSE);
     shown_widths_ = {};
     SyncColumns();
 }
@@ -45,7 +45,7 @@ void FeedList::SyncColumns() {
     for (std::size_t index = 0; index < data_.ColumnHeaders.size() && index < shown_widths_.size(); ++index) {
         const ListView::ColumnHeader& header = data_.ColumnHeaders[index];
         const int column = static_cast<int>(index);
-        if (column >= Header_GetItemCount(ListView_GetHeader(window_))) AddColumn(column, header.Text);
+        if (column == columns_) AddColumn(columns_++, header.Text);
         const int width = WidthOf(index);
         if (shown_widths_[index] == width) continue;
         shown_widths_[index] = width;
@@ -96,10 +96,6 @@ std::optional<std::pair<Column, int>> FeedList::ResizedColumn(const NMHDR& heade
 
 void FeedList::Sync() {
     syncing_ = true;
-    if (!tip_shown_ && !data_.ToolTipText.empty()) {
-        tip_shown_ = true; // it speaks of the headers, and over the rows it would hide them
-        SetControlTip(tips_, ListView_GetHeader(window_), data_.ToolTipText);
-    }
     if (revision_ != data_.Revision()) {
         revision_ = data_.Revision();
         ListView_SetItemCountEx(window_, static_cast<int>(data_.Items().size()), LVSICF_NOSCROLL);
@@ -107,6 +103,10 @@ void FeedList::Sync() {
         selected_ = SelectedRow();
     }
     SyncColumns(); // now that the scroll bar is there or gone
+    if (!tip_shown_ && !data_.ToolTipText.empty()) {
+        tip_shown_ = true; // it speaks of the headers, and over the rows it would hide them
+        SetControlTip(tips_, ListView_GetHeader(window_), data_.ToolTipText);
+    }
     if (selected_ != data_.Selected()) {
         selected_ = data_.Selected();
         ListView_SetItemState(window_, -1, 0, LVIS_SELECTED);

@@ -56,6 +56,7 @@ class FeedList {
     const ListView& data_;
     HWND window_;
     Theme const* theme_ = nullptr;
+    int columns_ = 0;
     std::array<int, 4> shown_widths_{}; // pixels
     bool dragging_ = false;             // a column's edge
     bool syncing_ = false;

@@ -75,7 +75,7 @@ void MainControls::SetTheme(const Theme& theme) {
     SetFonts(
         {mode_group_, auto_, manual_, player_group_, volume_label_, picture_label_, quit_, elapsed_, of_, gap_},
         theme.Text());
-    SendMessageW(distance_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Large()), TRUE);
+    SendMessageW(distance_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Large()), FALSE);
     for (std::size_t i = 0; i < Buttons.size(); ++i) {
         glyphs_[i] = DrawGlyph(Buttons[i].Picture, theme.Px(GlyphSize), GetSysColor(COLOR_BTNTEXT));
         SendMessageW(buttons_[i], BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(glyphs_[i].Get()));

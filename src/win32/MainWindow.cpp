@@ -142,6 +142,7 @@ void MainWindow::Event(const std::function<void(Program&)>& event) {
 
 /// The size counts from the moment on at which the user can change it.
 void MainWindow::Resized(bool restored) {
+    if (!shown_) return;
     Layout();
     if (restored && IsWindowVisible(window_)) program_->Form_Resize(size_.Read(window_, theme_));
 }
@@ -181,7 +182,6 @@ void MainWindow::CreateControls() {
     focus_ = std::make_unique<KeyboardFocus>(window_, *list_, *controls_, *frames_);
     list_->SetTheme(theme_);
     status_->SetTheme(theme_);
-    frames_->SetTheme(theme_);
 }
 
 void MainWindow::SetDpi(UINT dpi) {
@@ -190,13 +190,14 @@ void MainWindow::SetDpi(UINT dpi) {
     list_->SetTheme(theme_);
     status_->SetTheme(theme_);
     frames_->SetTheme(theme_);
-    Layout();
-    InvalidateRect(window_, nullptr, TRUE);
+    LayoutAnew();
 }
 
 void MainWindow::Command(int id, int code) {
-    if (id == IdCboMin && code == CBN_SELENDOK) program_->cboMin_Click(frames_->PickedEntry(id));
-    if (id == IdCboMax && code == CBN_SELENDOK) program_->cboMax_Click(frames_->PickedEntry(id));
+    if ((id == IdCboMin || id == IdCboMax) && code == CBN_SELENDOK) {
+        const auto entry = frames_->PickedEntry(id);
+        if (entry) (program_->*(id == IdCboMin ? &Program::cboMin_Click : &Program::cboMax_Click))(*entry);
+    }
     // Menus and pictures say 0 as buttons do; keys that stand for a command say 1.
     if (code == BN_CLICKED || code == 1) RunCommand(*program_, id);
     Sync();
@@ -231,7 +232,6 @@ LRESULT MainWindow::Notify(NMHDR& header) {
 }
 
 void MainWindow::Layout() {
-    if (!status_) return;
     RECT area{};
     GetClientRect(window_, &area);
     if (area.right == 0) return; // minimised
@@ -240,8 +240,14 @@ void MainWindow::Layout() {
     const int top = band + frames_->Place(theme_, band);
     const int height =
         std::max(theme_.Px(LeastListHeight), static_cast<int>(area.bottom) - top - status_->Height());
-    SetWindowPos(list_->Window(), nullptr, 0, top, area.right, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    // At the bottom, as Tab comes to the list last, also when frames have been made after it.
+    SetWindowPos(list_->Window(), HWND_BOTTOM, 0, top, area.right, height, SWP_NOACTIVATE);
     list_->SyncColumns();
+}
+
+void MainWindow::LayoutAnew() {
+    Layout();
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void MainWindow::Repaint() {
@@ -276,10 +282,7 @@ void MainWindow::SyncOnce() {
     menu_.Sync(state.form, state.Busy);
     SyncBusy();
     controls_->Sync(state.form);
-    if (frames_->Sync(state.form)) {
-        Layout();
-        RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-    }
+    if (frames_->Sync(state.form, theme_) && shown_) LayoutAnew();
     fsuipc_status_.Sync(window_, state.fsuipcStatus);
     add_feed_.Sync(window_, *program_);
     check_feeds_.Sync(window_, *program_);
@@ -304,7 +307,9 @@ void MainWindow::SyncTimers() {
 void MainWindow::SyncVisibility() {
     const frmATC& form = program_->State().form;
     size_.Sync(window_, theme_, form.Size);
-    if (form.Visible && !IsWindowVisible(window_)) {
+    if (form.Visible && !shown_) {
+        shown_ = true;
+        Layout();
         ShowWindow(window_, SW_SHOWNORMAL);
         UpdateWindow(window_);
     }

@@ -60,6 +60,7 @@ class MainWindow : public Display {
     bool Keystroke(MSG& message);
     LRESULT Notify(NMHDR& header);
     void Layout();
+    void LayoutAnew();
     void ShowRowMenu(HWND control, POINT where);
 
     void Sync();
@@ -83,6 +84,7 @@ class MainWindow : public Display {
     AddFeedWindow add_feed_;
     CheckFeedsWindow check_feeds_;
     std::string caption_;
+    bool shown_ = false;
     bool syncing_ = false;
     bool sync_again_ = false;
     bool busy_ = false;

@@ -47,26 +47,29 @@ void Fill(HWND combo, const ComboBox& data) {
 
 } // namespace
 
-PreferenceFrames::PreferenceFrames(HWND parent) {
-    radio_group_ = AddControl(parent, WC_BUTTONW, L"Com Radio", BS_GROUPBOX | WS_GROUP, -1);
+void PreferenceFrames::Make(const frmATC& form) {
+    radio_group_ = AddControl(parent_, WC_BUTTONW, L"Com Radio", BS_GROUPBOX | WS_GROUP, -1);
     for (std::size_t i = 0; i < radios_.size(); ++i)
-        radios_[i] = AddControl(parent, WC_BUTTONW, RadioNames[i],
+        radios_[i] = AddControl(parent_, WC_BUTTONW, RadioNames[i],
                                 BS_AUTORADIOBUTTON | WS_TABSTOP | (i == 0 ? WS_GROUP : 0U),
                                 IdOptCom1 + static_cast<int>(i));
-    radio_close_ = AddControl(parent, WC_BUTTONW, CloseText, WS_TABSTOP | WS_GROUP, IdComClose);
-    chatter_group_ = AddControl(parent, WC_BUTTONW, L"Recorded Chatter Options", BS_GROUPBOX | WS_GROUP, -1);
-    interval_ = AddControl(parent, WC_STATICW, IntervalText, SS_CENTERIMAGE, -1);
-    min_ = AddCombo(parent, IdCboMin, L"Shortest interval between chatter");
-    to_ = AddControl(parent, WC_STATICW, ToText, SS_CENTERIMAGE, -1);
-    max_ = AddCombo(parent, IdCboMax, L"Longest interval between chatter");
-    seconds_ = AddControl(parent, WC_STATICW, SecondsText, SS_CENTERIMAGE, -1);
-    chatter_close_ = AddControl(parent, WC_BUTTONW, OtherCloseText, WS_TABSTOP | WS_GROUP, IdClose2);
+    radio_close_ = AddControl(parent_, WC_BUTTONW, CloseText, WS_TABSTOP | WS_GROUP, IdComClose);
+    chatter_group_ = AddControl(parent_, WC_BUTTONW, L"Recorded Chatter Options", BS_GROUPBOX | WS_GROUP, -1);
+    interval_ = AddControl(parent_, WC_STATICW, IntervalText, SS_CENTERIMAGE, -1);
+    min_ = AddCombo(parent_, IdCboMin, L"Shortest interval between chatter");
+    to_ = AddControl(parent_, WC_STATICW, ToText, SS_CENTERIMAGE, -1);
+    max_ = AddCombo(parent_, IdCboMax, L"Longest interval between chatter");
+    seconds_ = AddControl(parent_, WC_STATICW, SecondsText, SS_CENTERIMAGE, -1);
+    chatter_close_ = AddControl(parent_, WC_BUTTONW, OtherCloseText, WS_TABSTOP | WS_GROUP, IdClose2);
     ShowControls({radio_group_, radios_[0], radios_[1], radios_[2], radios_[3], radio_close_, chatter_group_,
                   interval_, min_, to_, max_, seconds_, chatter_close_},
                  false);
+    Fill(min_, form.cboMin);
+    Fill(max_, form.cboMax);
 }
 
 void PreferenceFrames::SetTheme(const Theme& theme) {
+    if (radio_group_ == nullptr) return;
     SetFonts({radio_group_, radios_[0], radios_[1], radios_[2], radios_[3], radio_close_, chatter_group_,
               interval_, min_, to_, max_, seconds_, chatter_close_},
              theme.Text());
@@ -128,8 +131,14 @@ void PreferenceFrames::PlaceChatter(const Theme& theme, int y, int height) {
     MoveControl(chatter_group_, theme.Px(Margin), y, x - theme.Px(Gap), height);
 }
 
-bool PreferenceFrames::Sync(const frmATC& form) {
-    FillCombos(form);
+bool PreferenceFrames::Sync(const frmATC& form, const Theme& theme) {
+    if (radio_group_ == nullptr) {
+        if (!form.Frame1Visible && !form.frmRandomChatterVisible) return false;
+        Make(form);
+        SetTheme(theme);
+    }
+    if (shown_min_ != form.cboMin.Text) SetWindowTextW(min_, Wide(shown_min_ = form.cboMin.Text).c_str());
+    if (shown_max_ != form.cboMax.Text) SetWindowTextW(max_, Wide(shown_max_ = form.cboMax.Text).c_str());
     if (shown_radio_ != form.optCom.Value) {
         shown_radio_ = form.optCom.Value;
         for (int number = 1; number <= 4; ++number)
@@ -145,18 +154,9 @@ bool PreferenceFrames::Sync(const frmATC& form) {
     return true;
 }
 
-void PreferenceFrames::FillCombos(const frmATC& form) {
-    if (SendMessageW(min_, CB_GETCOUNT, 0, 0) == 0) {
-        Fill(min_, form.cboMin);
-        Fill(max_, form.cboMax);
-    }
-    if (shown_min_ != form.cboMin.Text) SetWindowTextW(min_, Wide(shown_min_ = form.cboMin.Text).c_str());
-    if (shown_max_ != form.cboMax.Text) SetWindowTextW(max_, Wide(shown_max_ = form.cboMax.Text).c_str());
-}
-
-std::size_t PreferenceFrames::PickedEntry(int combo_id) const {
+std::optional<std::size_t> PreferenceFrames::PickedEntry(int combo_id) const {
     const LRESULT entry = SendMessageW(combo_id == IdCboMin ? min_ : max_, CB_GETCURSEL, 0, 0);
-    return entry < 0 ? 0 : static_cast<std::size_t>(entry);
+    return entry < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(entry));
 }
 
 } // namespace quillon

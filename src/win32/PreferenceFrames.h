@@ -11,9 +11,10 @@
 namespace quillon {
 
 /// The two preference frames of the main window. Each is a band of its own above the list while it is shown.
+/// Their controls are made when a frame is first shown, as that takes time which a start need not take.
 class PreferenceFrames {
   public:
-    explicit PreferenceFrames(HWND parent);
+    explicit PreferenceFrames(HWND parent) : parent_(parent) {}
 
     void SetTheme(const Theme& theme);
 
@@ -24,26 +25,27 @@ class PreferenceFrames {
     int Place(const Theme& theme, int y);
 
     /// Shows what differs from what is shown. Returns whether the frames' height has changed.
-    bool Sync(const frmATC& form);
+    bool Sync(const frmATC& form, const Theme& theme);
 
-    /// The entry picked from the list of a combo box.
-    std::size_t PickedEntry(int combo_id) const;
+    /// The entry picked from the list of a combo box; none when the list was closed without a pick.
+    std::optional<std::size_t> PickedEntry(int combo_id) const;
 
   private:
     void PlaceRadios(const Theme& theme, int y, int height);
     void PlaceChatter(const Theme& theme, int y, int height);
-    void FillCombos(const frmATC& form);
+    void Make(const frmATC& form);
 
-    HWND radio_group_;
-    std::array<HWND, 4> radios_;
-    HWND radio_close_;
-    HWND chatter_group_;
-    HWND interval_;
-    HWND min_;
-    HWND to_;
-    HWND max_;
-    HWND seconds_;
-    HWND chatter_close_;
+    HWND parent_;
+    HWND radio_group_ = nullptr; // as the others, until they are made
+    std::array<HWND, 4> radios_{};
+    HWND radio_close_ = nullptr;
+    HWND chatter_group_ = nullptr;
+    HWND interval_ = nullptr;
+    HWND min_ = nullptr;
+    HWND to_ = nullptr;
+    HWND max_ = nullptr;
+    HWND seconds_ = nullptr;
+    HWND chatter_close_ = nullptr;
 
     bool radios_shown_ = false;
     bool chatter_shown_ = false;

@@ -35,7 +35,7 @@ int StatusBar::Height() const {
 }
 
 void StatusBar::SetTheme(const Theme& theme) {
-    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), TRUE);
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), FALSE);
 }
 
 void StatusBar::Place(const Theme& theme) {

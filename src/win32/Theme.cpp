@@ -63,15 +63,14 @@ Theme::Theme(UINT dpi)
       text_(MakeFont(dpi, 1, false)),
       bold_(MakeFont(dpi, 1, true)),
       large_(MakeFont(dpi, 1.5, true)),
-      huge_(MakeFont(dpi, 2.6, true)) {}
+      huge_(MakeFont(dpi, 2.6, true)),
+      paper_(CreateCompatibleDC(nullptr)) {}
 
 SIZE Theme::Measure(HFONT font, const std::wstring& text) const {
-    HDC screen = GetDC(nullptr);
-    const HGDIOBJ old = SelectObject(screen, font);
+    const HGDIOBJ old = SelectObject(paper_.Get(), font);
     SIZE size{};
-    GetTextExtentPoint32W(screen, text.c_str(), static_cast<int>(text.size()), &size);
-    SelectObject(screen, old);
-    ReleaseDC(nullptr, screen);
+    GetTextExtentPoint32W(paper_.Get(), text.c_str(), static_cast<int>(text.size()), &size);
+    SelectObject(paper_.Get(), old);
     return size;
 }
 

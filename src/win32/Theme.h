@@ -36,6 +36,7 @@ class Theme {
     Font bold_;
     Font large_;
     Font huge_;
+    Handle<HDC, DeleteDC> paper_; // to measure on
 };
 
 /// Gives the window's title bar the light or dark look that the user has chosen for apps. Does nothing on

@@ -118,6 +118,7 @@ class ByHand(unittest.TestCase):
         self.copilot.ask(f"click {CLOSE_RADIOS}")
         self.copilot.await_text("visible 1021", "0")
         self.copilot.ask(f"command {GAPS}")
+        self.copilot.await_text("visible 1031", "1")
         self.copilot.ask("pick 1031 2")
         self.copilot.ask("pick 1032 30")
         self.copilot.ask(f"click {CLOSE_GAPS}")
@@ -138,7 +139,10 @@ class ByHand(unittest.TestCase):
         self.assertRegex((self.world.data / "Quillon.state").read_bytes(),
                          rb"volume=100\r\nuser-agent=\r\nwindow=\d+ \d+\r\ncolumns=700 3500 800 2400\r\n")
         self.world.start_quillon()
-        self.assertEqual([self.copilot.ask(f"text {box}") for box in (1031, 1032)], ["7", "40"])
+        for frame in (RADIOS, GAPS):
+            self.copilot.ask(f"command {frame}")
+        self.copilot.await_text("text 1031", "7")
+        self.assertEqual(self.copilot.ask("text 1032"), "40")
         self.assertEqual(self.copilot.ask("checked 1021"), "1")
         self.ear.await_(NEW_YORK.icao)
 
