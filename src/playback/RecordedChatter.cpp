@@ -41,9 +41,13 @@ bool RecordedChatter::FollowSimulator() {
     return true;
 }
 
-bool RecordedChatter::Retuned() const {
-    return state_.radio.MasterFrequency != state_.radio.PreviousFrequency ||
-           state_.form.StatusBar1[0].Text == "No Connection";
+/// Whether the recordings' frequency is no longer the one to follow. The status bar's grey tells of it.
+bool RecordedChatter::Retuned() {
+    constexpr std::uint32_t Grey = 0xC0C0C0;
+    const bool retuned = state_.radio.MasterFrequency != state_.radio.PreviousFrequency ||
+                         state_.form.StatusBar1[0].Text == "No Connection";
+    if (retuned) state_.form.StatusBarColor = Grey;
+    return retuned;
 }
 
 void RecordedChatter::HandBack(std::int16_t timer_id) {

@@ -26,7 +26,7 @@ class RecordedChatter {
     void AutomaticTick();
     void ManualTick();
     bool FollowSimulator();
-    bool Retuned() const;
+    bool Retuned();
     void HandBack(std::int16_t timer_id);
     bool RecordingPlays();
     void PlayNextInRange();

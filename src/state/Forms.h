@@ -65,6 +65,7 @@ struct frmATC {
     ListView lvwDB;
     bool lvwDBFocus = false; ///< a handler wants the keyboard in the list; cleared when that has been done
     std::array<Panel, 4> StatusBar1;
+    std::optional<std::uint32_t> StatusBarColor; ///< 0xBBGGRR; empty is the system's
 
     SelectionMode Mode = SelectionMode::Automatic; ///< which of `optAuto` and `optManual` is on
     bool optManual() const { return Mode == SelectionMode::Manual; }

@@ -16,7 +16,7 @@ namespace quillon {
 /// The list of feeds: a virtual list view that asks the data for each row as it draws it.
 class FeedList {
   public:
-    FeedList(HWND parent, const ListView& data);
+    FeedList(HWND parent, HWND tips, const ListView& data);
 
     HWND Window() const { return window_; }
 

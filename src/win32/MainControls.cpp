@@ -39,7 +39,7 @@ constexpr std::array<ButtonKind, 3> Buttons{{
 
 } // namespace
 
-MainControls::MainControls(HWND parent, const Theme& theme) : tips_(CreateToolTips(parent)) {
+MainControls::MainControls(HWND parent, HWND tips, const Theme& theme) : tips_(tips) {
     mode_group_ = AddControl(parent, WC_BUTTONW, L"Selection mode", BS_GROUPBOX | WS_GROUP, -1);
     auto_ = AddControl(parent, WC_BUTTONW, AutoText, BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP, IdOptAuto);
     manual_ = AddControl(parent, WC_BUTTONW, ManualText, BS_AUTORADIOBUTTON, IdOptManual);

@@ -13,7 +13,7 @@ namespace quillon {
 /// The band of controls above the list: selection mode, player strip, distance label and the live ATC picture.
 class MainControls {
   public:
-    MainControls(HWND parent, const Theme& theme);
+    MainControls(HWND parent, HWND tips, const Theme& theme);
 
     /// Fonts and pictures for a resolution.
     void SetTheme(const Theme& theme);

@@ -175,10 +175,11 @@ void MainWindow::ShowRowMenu(HWND control, POINT where) {
 
 void MainWindow::CreateControls() {
     theme_ = Theme(GetDpiForWindow(window_));
-    controls_ = std::make_unique<MainControls>(window_, theme_);
+    HWND tips = CreateToolTips(window_);
+    controls_ = std::make_unique<MainControls>(window_, tips, theme_);
     frames_ = std::make_unique<PreferenceFrames>(window_);
-    list_ = std::make_unique<FeedList>(window_, program_->State().form.lvwDB);
-    status_ = std::make_unique<StatusBar>(window_);
+    list_ = std::make_unique<FeedList>(window_, tips, program_->State().form.lvwDB);
+    status_ = std::make_unique<StatusBar>(window_, tips);
     focus_ = std::make_unique<KeyboardFocus>(window_, *list_, *controls_, *frames_);
     list_->SetTheme(theme_);
     status_->SetTheme(theme_);
@@ -286,7 +287,7 @@ void MainWindow::SyncOnce() {
     fsuipc_status_.Sync(window_, state.fsuipcStatus);
     add_feed_.Sync(window_, *program_);
     check_feeds_.Sync(window_, *program_);
-    status_->Sync(state.form.StatusBar1, theme_);
+    status_->Sync(state.form, theme_);
     list_->Sync();
     SyncTimers();
     SyncVisibility();

@@ -21,10 +21,10 @@ int LongestState(const Theme& theme) {
 
 } // namespace
 
-StatusBar::StatusBar(HWND parent)
+StatusBar::StatusBar(HWND parent, HWND tips)
     : window_(CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
                               parent, reinterpret_cast<HMENU>(INT_PTR{IdStatusBar}), nullptr, nullptr)),
-      tips_(CreateToolTips(window_)) {
+      tips_(tips) {
     for (int index = 0; index < 4; ++index) AddRectangleTip(tips_, window_, static_cast<UINT_PTR>(index));
 }
 
@@ -60,7 +60,8 @@ void StatusBar::Place(const Theme& theme) {
     }
 }
 
-void StatusBar::Sync(const std::array<Panel, 4>& panels, const Theme& theme) {
+void StatusBar::Sync(const frmATC& form, const Theme& theme) {
+    const std::array<Panel, 4>& panels = form.StatusBar1;
     bool widths_changed = false;
     for (std::size_t index = 0; index < panels.size(); ++index) {
         if (shown_[index] == panels[index]) continue;
@@ -73,6 +74,10 @@ void StatusBar::Sync(const std::array<Panel, 4>& panels, const Theme& theme) {
         SetTip(static_cast<int>(index), panels[index]);
     }
     if (widths_changed) Place(theme);
+    if (color_ == form.StatusBarColor) return;
+    color_ = form.StatusBarColor;
+    if (!HighContrast())
+        SendMessageW(window_, SB_SETBKCOLOR, 0, static_cast<LPARAM>(color_.value_or(CLR_DEFAULT)));
 }
 
 void StatusBar::SetTip(int index, const Panel& panel) {

@@ -6,13 +6,15 @@
 #include <windows.h>
 
 #include <array>
+#include <cstdint>
+#include <optional>
 
 namespace quillon {
 
 /// The status bar at the window's foot. Its last panel reaches to the window's edge.
 class StatusBar {
   public:
-    explicit StatusBar(HWND parent);
+    StatusBar(HWND parent, HWND tips);
 
     HWND Window() const { return window_; }
     int Height() const;
@@ -22,8 +24,8 @@ class StatusBar {
     /// Puts the bar at its parent's foot and sets the panels' edges.
     void Place(const Theme& theme);
 
-    /// Shows the panels' texts, tool tips and widths.
-    void Sync(const std::array<Panel, 4>& panels, const Theme& theme);
+    /// Shows the panels' texts, tool tips and widths, and the bar's colour.
+    void Sync(const frmATC& form, const Theme& theme);
 
   private:
     void SetTip(int index, const Panel& panel);
@@ -31,6 +33,7 @@ class StatusBar {
     HWND window_;
     HWND tips_;
     std::array<Panel, 4> shown_;
+    std::optional<std::uint32_t> color_;
 };
 
 } // namespace quillon

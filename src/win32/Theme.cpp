@@ -74,6 +74,13 @@ SIZE Theme::Measure(HFONT font, const std::wstring& text) const {
     return size;
 }
 
+bool HighContrast() {
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
+    return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
 void MatchTitleToApps(HWND window) {
     DWORD light = 1;
     DWORD size = sizeof light;

@@ -39,6 +39,9 @@ class Theme {
     Handle<HDC, DeleteDC> paper_; // to measure on
 };
 
+/// Whether the user has chosen a theme of few, far apart colours, which are then the only ones to draw with.
+bool HighContrast();
+
 /// Gives the window's title bar the light or dark look that the user has chosen for apps. Does nothing on
 /// systems that know only one.
 void MatchTitleToApps(HWND window);

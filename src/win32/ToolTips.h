@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-/// A tool tip window for the tools of one window. It dies with that window.
+/// A tool tip window for the tools of one window and of what lies in it. It dies with that window.
 HWND CreateToolTips(HWND owner);
 
 /// Gives a control a tip, or changes it; an empty text takes it away.

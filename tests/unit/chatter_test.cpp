@@ -279,6 +279,7 @@ TEST(ManualChatter, HandsOnlyAWebFeedBack) {
         bench.chatter.Timer4_Timer();
         EXPECT_EQ(bench.Timers(), row.timer) << row.marker << row.frequency << row.panel;
         EXPECT_EQ(bench.state.feed.ForceRetune, bench.Timers() != "4");
+        EXPECT_EQ(bench.state.form.StatusBarColor.value_or(0), &row == &rows[2] ? 0U : 0xC0C0C0U);
     }
 }
 
