@@ -90,7 +90,7 @@ class Ear:
         wait_until("the recording", lambda: self.server.recording.stat().st_size >= end, seconds + 5)
         return self.hears(seconds)
 
-    def await_(self, name, seconds=8):
+    def await_(self, name, seconds=10):
         """Waits until that is heard; returns after how many seconds."""
         start = time.monotonic()
         try:

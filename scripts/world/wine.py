@@ -89,7 +89,7 @@ class Copilot:
     def panels(self):
         return [self.ask(f"panel {number}") for number in range(1, 5)]
 
-    def await_text(self, command, expected, seconds=8):
+    def await_text(self, command, expected, seconds=10):
         """Waits until the answer to a command is as expected (a text, or a test of the answer)."""
         answers = [""]
 

@@ -86,11 +86,11 @@ class Chatter(unittest.TestCase):
         self.world.ear.await_(LONDON.icao)
         self.copilot.await_text("panel 1", "Playing")
         self.press(TAB)
-        self.world.ear.await_("silence", 2)
+        self.world.ear.await_("silence")
         self.copilot.await_text("title", "Quillon -Mute")
         self.copilot.await_text("panel 1", "Muted")
         self.press(TAB)
-        self.world.ear.await_(LONDON.icao, 2)
+        self.world.ear.await_(LONDON.icao)
         self.copilot.await_text("panel 1", "Playing")
 
     def test_5_another_key_is_set_in_its_dialog(self):
@@ -102,7 +102,7 @@ class Chatter(unittest.TestCase):
         self.press(TAB)
         self.assertEqual(self.world.ear.listens(1), LONDON.icao)
         self.press(END)
-        self.world.ear.await_("silence", 2)
+        self.world.ear.await_("silence")
         self.copilot.ask("close QuillonMain")
         self.world.quillon.wait(20)
         self.assertTrue((self.world.data / "Quillon.ini").read_bytes().endswith(b" 35 \r\n"))

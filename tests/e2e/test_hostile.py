@@ -22,7 +22,7 @@ PANELS = {"S": "Stopped", "B": "Buffering", "C": "Connecting", "OK": "Playing", 
 Row = namedtuple("Row", "states heard stays within asked", defaults=("tone", 1.5, 10, 1))
 AWAY = Row("C ", "", 12, 3, 9)
 USELESS = Row("(C |B )*NC ", "", 5, 15, 3)
-REFUSED = Row("(C )?NC ", "", 5, 6, 1)
+REFUSED = Row("(C )?NC ", "", 5, 10, 1)
 HEARD = Row("(C |B )*OK ")
 GAP = Row("(C )?OK ((B |C )+OK )?", "tone silence tone", asked=2)
 

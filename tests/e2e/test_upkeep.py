@@ -73,7 +73,7 @@ class Upkeep(unittest.TestCase):
         self.fill(RADIO, ICAO="EGLL", CITY="Radio - Added", URL=address(LONDON), FREQ="120.05")
         self.fill(PLAYLIST, ICAO="EGLL", CITY="Playlist Added", URL=waves[:-4] + "list.wpl", FREQ="120.10")
         self.fill(WAVES, ICAO="EGLL", CITY="Wav - Added", URL=waves + chatter + "\\", FREQ="120.15")
-        wait_until("four feeds", lambda: b"|120.15\r\n" in self.catalogue.read_bytes(), 8)
+        wait_until("four feeds", lambda: b"|120.15\r\n" in self.catalogue.read_bytes(), 10)
         self.close_by_keyboard("Add Feed")
         for frequency, heard in (("120.00", TORONTO.icao), ("120.05", LONDON.icao), ("120.10", NEW_YORK.icao)):
             self.copilot.ask(f"tune com2stby {frequency}")
@@ -90,7 +90,7 @@ class Upkeep(unittest.TestCase):
         self.assertEqual((self.world.data / "live_atc_feeds.bak").read_bytes(), mine)
         self.catalogue.write_bytes(b"EGLL|Spoilt|http://x.example/|118.20\r\n")
         self.restore()
-        wait_until("the old catalogue", lambda: self.catalogue.exists() and self.catalogue.read_bytes() == mine, 8)
+        wait_until("the old catalogue", lambda: self.catalogue.exists() and self.catalogue.read_bytes() == mine, 10)
         trash = self.world.folder / "home/.local/share/Trash/files"
         self.assertIn(b"Spoilt", b"".join(path.read_bytes() for path in trash.iterdir()))
         (self.world.data / "live_atc_feeds.bak").unlink()
@@ -117,14 +117,14 @@ class Upkeep(unittest.TestCase):
             self.copilot.ask(f"key {keys[-1]}")
             for key in keys[:-1]:
                 self.copilot.ask(f"release {key}")
-        wait_until("a shorter file", lambda: self.catalogue.read_bytes().count(b"\n") == rows - 1, 8)
+        wait_until("a shorter file", lambda: self.catalogue.read_bytes().count(b"\n") == rows - 1, 10)
         self.assertEqual(self.copilot.ask("boxes"), "")
         self.copilot.ask("close Notepad")
         self.copilot.await_text("enabled 1001", "1")
 
     def test_5_small_dialogs_open_and_close_by_keyboard(self):
         self.copilot.ask(f"command {HELP}")
-        wait_until("the help pages", lambda: self.opened.exists() and "help/index.html" in self.opened.read_text(), 8)
+        wait_until("the help pages", lambda: self.opened.exists() and "help/index.html" in self.opened.read_text(), 10)
         for command, title in ((FOLDERS, "Program Folders"), (ABOUT, "About Quillon")):
             self.copilot.ask(f"command {command}")
             self.close_by_keyboard(title)
