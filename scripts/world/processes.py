@@ -1,16 +1,9 @@
 """Processes that are stopped again."""
-import ctypes
-import signal
 import subprocess
 import time
 
-
-PR_SET_PDEATHSIG = 1
-
-
-def end_with_parent():
-    """Whatever ends us, our processes do not stay behind."""
-    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
+# Whatever ends us, our processes do not stay behind. It becomes the program that it starts.
+END_WITH_PARENT = ("setpriv", "--pdeathsig", "TERM", "--")
 
 
 class Processes:
@@ -21,8 +14,8 @@ class Processes:
     def start(self, name, command, env=None, **options):
         with open(self.log_folder / f"{name}.log", "ab") as log:
             options.setdefault("stdout", log)
-            process = subprocess.Popen(command, env=env, stderr=log, start_new_session=True,
-                                       preexec_fn=end_with_parent, **options)
+            process = subprocess.Popen([*END_WITH_PARENT, *command], env=env, stderr=log, start_new_session=True,
+                                       **options)
         self.running.append(process)
         return process
 
