@@ -116,17 +116,16 @@ TEST(ErrorTrap, ReportsTheStepOnceUntilTheProcedureHasSucceeded) {
     EXPECT_EQ(reports, 2);
 }
 
-TEST(Files, FailuresSayWhatIsWrong) {
-    const std::string folder = TextOf(std::filesystem::temp_directory_path() / "quillon-files-test");
-    std::filesystem::remove_all(PathOf(folder));
-    std::filesystem::create_directory(PathOf(folder));
-    EXPECT_EQ(ErrorOf([&] { ReadFile(folder + "\\none"); }), 53);
-    EXPECT_EQ(ErrorOf([&] { ReadFile(folder + "\\none\\x"); }), 76);
+using Files = TempFolder;
+
+TEST_F(Files, FailuresSayWhatIsWrong) {
+    EXPECT_EQ(ErrorOf([&] { Read("none"); }), 53);
+    EXPECT_EQ(ErrorOf([&] { Read("none\\x"); }), 76);
     EXPECT_EQ(ErrorOf([&] { ReadFile(folder); }), 75);
     EXPECT_EQ(ErrorOf([&] { ReplaceFile(folder, "x"); }), 75);
-    EXPECT_EQ(ErrorOf([&] { DeleteFileAt(folder + "\\none"); }), 53);
+    EXPECT_EQ(ErrorOf([&] { DeleteFileAt(At("none")); }), 53);
 
-    const std::string file = folder + "\\\xC3\xBC.txt";
+    const std::string file = At("\xC3\xBC.txt");
     ReplaceFile(file, "one");
     ReplaceFile(file, "two");
     AppendFile(file, "three");
@@ -135,7 +134,6 @@ TEST(Files, FailuresSayWhatIsWrong) {
     EXPECT_TRUE(FileExists(file));
     EXPECT_FALSE(FileExists(folder));
     EXPECT_FALSE(FileExists(file + ".new"));
-    std::filesystem::remove_all(PathOf(folder));
 }
 
 } // namespace
