@@ -1,5 +1,5 @@
 ; Quillon's installer: for one user, without an administrator. ./package gives it
-;   VERSION, ARCH ("x64" or "x86"), TARGET (which of NSIS' stubs), STAGE (folder with all that is installed), OUTPUT, SOURCE (ours),
+;   VERSION, TARGET (which of NSIS' stubs), STAGE (folder with all that is installed), OUTPUT, SOURCE (ours),
 ;   KILOBYTES, and WORK (folder with the side picture and remove.nsh, which removes just what is installed).
 Unicode true
 Target ${TARGET}
@@ -72,10 +72,11 @@ Section "Quillon"
   IfFileExists "$INSTDIR\uninstall.exe" 0 +2
   ExecWait '"$INSTDIR\uninstall.exe" /S _?=$INSTDIR'
 
-  SetOverwrite off
+  ; What a user has deleted stays deleted; what Quillon cannot do without it offers itself.
+  IfFileExists "${USER_DATA}\*.*" hasData
   SetOutPath "${USER_DATA}"
   File /r "${STAGE}/starter/*"
-  SetOverwrite on
+  hasData:
   SetOutPath "$INSTDIR"
   File /r "${STAGE}/*"
   WriteUninstaller "$INSTDIR\uninstall.exe"

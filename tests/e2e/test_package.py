@@ -63,12 +63,15 @@ class Package(unittest.TestCase):
         self.assertEqual((self.programs / "Quillon.exe").stat(), before)
         self.close()
 
-    def test_2_installed_over_by_its_pages_it_keeps_the_users_files(self):
+    def test_2_installed_over_by_its_pages_it_leaves_the_users_files_alone(self):
         (self.data / "live_atc_feeds.txt").write_bytes(b"EGLL|Mine|http://feeds.example/|119.72\r\n")
         (self.programs / "Quillon.exe").write_bytes(b"old")
+        deleted = next(self.data.glob("ATC/*/*.wav"))
+        deleted.unlink()
         self.walk(self.setup, ("License", 1), ("Location", 1), ("Complete", 1))
         self.copilot.ask("wait QuillonMain 20000")  # the last page starts it
         self.assertEqual(self.copilot.ask("row 1"), "EGLL|Mine|119.72|http://feeds.example/")
+        self.assertFalse(deleted.exists())
         self.close()
 
     def test_3_uninstalled_by_its_pages_it_leaves_the_users_files_only(self):
