@@ -1,5 +1,4 @@
-"""Help pages: tags close, links and anchors exist, every page leads to all, and the program says what <samp> quotes.
-A section whose `data-with` names a handler is compared once the sources have that handler."""
+"""Help pages: tags close, links and anchors exist, every page leads to all, and the program says what <samp> quotes."""
 import re
 from html.parser import HTMLParser
 from pathlib import Path
@@ -14,21 +13,20 @@ class Page(HTMLParser):
         super().__init__()
         self.open, self.ids, self.links, self.faults = [], {""}, set(), []
         self.feed(path.read_text("utf-8"))
-        self.faults += [f"<{tag}> is not closed" for tag, _ in self.open]
+        self.faults += [f"<{tag}> is not closed" for tag in self.open]
 
     def handle_starttag(self, tag, attributes):
-        values = {"id": "", "href": "#", "data-with": "", **dict(attributes)}
+        values = {"id": "", "href": "#", **dict(attributes)}
         self.ids.add(values["id"])
         self.links.add(values["href"])
-        self.open += [(tag, values["data-with"])] if tag not in ("meta", "link") else []
+        self.open += [tag] if tag not in ("meta", "link") else []
 
     def handle_endtag(self, tag):
-        if not self.open or self.open.pop()[0] != tag:
+        if not self.open or self.open.pop() != tag:
             self.faults.append(f"</{tag}> closes nothing, line {self.getpos()[0]}")
 
     def handle_data(self, data):
-        quoted = self.open and self.open[-1][0] == "samp" and all(handler in SOURCE for _, handler in self.open)
-        if quoted and not {data, re.sub("^Quillon( - Manual Mode)? ", "", data)} & SAID:
+        if self.open[-1:] == ["samp"] and not {data, re.sub("^Quillon( - Manual Mode)? ", "", data)} & SAID:
             self.faults.append(f"the program never says {data!r}")
 
 pages = {path.name: Page(path) for path in sorted(HELP.glob("*.html"))}
