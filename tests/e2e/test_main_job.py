@@ -87,15 +87,7 @@ class Flight(unittest.TestCase):
         self.copilot.ask("click 1006")
         self.ear.await_(LONDON.icao)
 
-    def test_8_automatic_mode_searches_anew_after_manual_mode(self):
-        self.copilot.ask("click 1004")
-        self.copilot.await_text("panel 4", "Selection Mode: Manual")
-        self.assertEqual(self.copilot.ask("title"), "Quillon - Manual")
-        self.copilot.ask("click 1003")
-        self.copilot.await_text("panel 3", f"{LONDON.icao} - {LONDON.city}")
-        self.ear.await_(LONDON.icao)
-
-    def test_9_ends_with_the_simulator_and_saves_the_settings(self):
+    def test_8_ends_with_the_simulator_and_saves_the_settings(self):
         settings = self.world.data / "Quillon.ini"
         settings.unlink()
         self.copilot.ask("misbehave vanish")
