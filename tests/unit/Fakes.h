@@ -83,7 +83,6 @@ class FakeDialogs : public Dialogs {
 class FakeUserFiles : public UserFiles {
   public:
     void Delete2Recycle(const std::string& path) override {
-        if (declined) return;
         bin.push_back(ReadFile(path));
         DeleteFileAt(path);
     }
@@ -92,7 +91,6 @@ class FakeUserFiles : public UserFiles {
         return true;
     }
 
-    bool declined = false; ///< the shell's own question
     std::vector<std::string> bin;
     std::string stamped;
 };

@@ -69,11 +69,6 @@ TEST(Player, AsksAGivenUpAddressOnceAMinuteHoweverOftenItIsTold) {
     const std::pair<const char*, std::function<void(PlayerInWorld&)>> rows[] = {
         {"cycle", [](PlayerInWorld& in) { Cycle(in)(); }},
         {"play", [](PlayerInWorld& in) { in.player.Play(); }},
-        {"stop and play",
-         [](PlayerInWorld& in) {
-             in.player.Stop();
-             in.player.Play();
-         }},
         {"set", [](PlayerInWorld& in) { in.player.SetUrl(Url); }},
         {"other between",
          [](PlayerInWorld& in) {

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 #include <numeric>
-#include <random>
 
 using namespace quillon;
 
@@ -79,11 +78,7 @@ TEST(Mp3Frames, AreFoundBetweenOtherBytes) {
         for (const std::size_t step : {1U, 3U, 100U, 100000U}) EXPECT_EQ(Found(bytes, step), found) << step;
 }
 
-TEST(Mp3Frames, CountWhatTheyPassOverAndSurviveNoise) {
-    std::minstd_rand random(1);
-    std::string noise(300000, '\0');
-    for (char& byte : noise) byte = "\xFF\xFB\xF3\xE3\x90ID3\x02\x10\xC0"[random() % 12];
-    Found(noise, 4096);
+TEST(Mp3Frames, CountWhatTheyPassOver) {
     Mp3Frames frames;
     frames.Feed(View(std::string(70000, 'x')));
     EXPECT_FALSE(frames.Next());
@@ -143,11 +138,6 @@ TEST(WavFile, GivesItsSamplesAs16Bits) {
          {22050, 1},
          {-2, -32767}},
         {"half a sample", Riff(mono16 + Chunk("data", two + "x") + odd_chunk), {22050, 1}, {-2, -32767}},
-        {"no data", Riff(mono16), {22050, 1}, {}},
-        {"huge chunk",
-         Riff(mono16 + "junk" + LittleEndian(0xFFFFFFFF, 4) + Chunk("data", two)),
-         {22050, 1},
-         {}},
     };
     for (const Row& row : rows) {
         for (const std::size_t step : {1U, 5U, 1000U}) {

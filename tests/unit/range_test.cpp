@@ -222,7 +222,6 @@ TEST_F(CalcDistance, BadLinesAreReportedOnceAndLeaveLabelAndRangeAlone) {
         {"KXYZ,N4038.00,W07346.00", "41.6333", no_call},
         {"KXYZ,N40*3800,W073*4600", "41.6333", no_call},
         {"KXYZ,N40*38.00,W073*4600", "41.6333", no_call},
-        {"KXYZ,\0\0\0\xFF\xFE"s, "41.6333", no_call},
         {"KXYZ,Sxx*38.00,W073*46.00", "41.6333", no_number},
         {"KXYZ,N40*38.00,W*46.00", "41.6333", no_number},
         {"KXYZ,N95*00.00,E010*00.00", "41.6333", ""},
