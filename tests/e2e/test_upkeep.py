@@ -11,6 +11,7 @@ from world.world import World
 TORONTO, LONDON, NEW_YORK = FEEDS
 ADD, BACKUP, RESTORE, EDIT, HELP, FOLDERS, ABOUT, RANGE = 2011, 2012, 2013, 2014, 2015, 2016, 2017, 2006
 LIVE, RADIO, PLAYLIST, WAVES, ICAO, CITY, URL, FREQ = 1601, 1602, 1603, 1604, 1611, 1612, 1613, 1614
+CITIES = {LIVE: "", RADIO: "Radio - ", PLAYLIST: "Playlist ", WAVES: "Wav - "}  # what each kind begins with
 OK, CANCEL, YES, NO = 1, 2, 6, 7
 ESCAPE, CONTROL, HOME, SHIFT, DOWN, DELETE, KEY_S = 0x1B, 0x11, 0x24, 0x10, 0x28, 0x2E, 0x53
 
@@ -38,6 +39,7 @@ class Upkeep(unittest.TestCase):
 
     def fill(self, kind, **texts):
         self.copilot.ask(f"press {kind}")
+        self.copilot.await_text(f"field {CITY}", CITIES[kind])
         for name, text in texts.items():
             self.copilot.ask(f"field {globals()[name]} ={text}")
         self.copilot.ask(f"press {OK}")
@@ -55,11 +57,12 @@ class Upkeep(unittest.TestCase):
         (self.world.data / "list.wpl").write_text(
             f'<smil><body><seq><media src="{address(NEW_YORK)}"/></seq></body></smil>')
         chatter = next(path for path in (self.world.data / "ATC").iterdir() if path.is_dir()).name
-        self.fill(LIVE, ICAO="EGLL", CITY="Added Tower", URL=address(TORONTO), FREQ="120.00")
-        self.fill(RADIO, ICAO="EGLL", CITY="Radio - Added", URL=address(LONDON), FREQ="120.05")
-        self.fill(PLAYLIST, ICAO="EGLL", CITY="Playlist Added", URL=waves[:-4] + "list.wpl", FREQ="120.10")
-        self.fill(WAVES, ICAO="EGLL", CITY="Wav - Added", URL=waves + chatter + "\\", FREQ="120.15")
-        wait_until("four feeds", lambda: b"|120.15\r\n" in self.catalogue.read_bytes(), 10)
+        for kind, city, url, frequency in ((LIVE, "Added Tower", address(TORONTO), "120.00"),
+                                           (RADIO, "Radio - Added", address(LONDON), "120.05"),
+                                           (PLAYLIST, "Playlist Added", waves[:-4] + "list.wpl", "120.10"),
+                                           (WAVES, "Wav - Added", waves + chatter + "\\", "120.15")):
+            self.fill(kind, ICAO="EGLL", CITY=city, URL=url, FREQ=frequency)
+            self.copilot.await_text(f"field {ICAO}", "")  # ready for the next
         self.close_by_keyboard("Add Feed")
         for frequency, heard in (("120.00", TORONTO.icao), ("120.05", LONDON.icao), ("120.10", NEW_YORK.icao)):
             self.copilot.ask(f"tune com2stby {frequency}")
