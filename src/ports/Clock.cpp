@@ -1,31 +1,34 @@
 #include "ports/Clock.h"
 
+#include <algorithm>
+
 namespace quillon {
 
 namespace {
 
 constexpr std::chrono::milliseconds Slice{20};
 
-/// Serves events until `done` says so. The start also moves back with a clock that is set back, which would
-/// otherwise stretch the wait by as much.
-template <typename Done>
-void ServeUntil(Clock& clock, Done done) {
+/// Serves events until the end that belongs to a start. The start also moves back with a clock that is set
+/// back, which would otherwise stretch the wait by as much.
+template <typename EndOf>
+void ServeUntil(Clock& clock, EndOf end_of) {
     TimePoint start = clock.Now();
-    for (TimePoint now = start; !done(start, now); now = clock.Now()) {
+    for (TimePoint now = start; now < end_of(start); now = clock.Now()) {
         if (now < start) start = now;
-        if (!clock.ServeEvents(Slice)) return;
+        if (!clock.ServeEvents(std::min(Slice, end_of(start) - now))) return;
     }
 }
 
 } // namespace
 
 void Pause(Clock& clock, std::int16_t seconds) {
-    ServeUntil(clock,
-               [&](TimePoint start, TimePoint now) { return now - start >= std::chrono::seconds(seconds); });
+    ServeUntil(clock, [&](TimePoint start) { return start + std::chrono::seconds(seconds); });
 }
 
 void WaiT(Clock& clock, std::int16_t seconds) {
-    ServeUntil(clock, [&](TimePoint start, TimePoint now) { return DateDiffSeconds(start, now) >= seconds; });
+    ServeUntil(clock, [&](TimePoint start) -> TimePoint {
+        return std::chrono::floor<std::chrono::seconds>(start) + std::chrono::seconds(seconds);
+    });
 }
 
 std::int64_t DateDiffSeconds(TimePoint from, TimePoint to) {

@@ -4,6 +4,7 @@
 #include "runtime/Text.h"
 #include "win32/Dialogs.h"
 #include "win32/Handle.h"
+#include "win32/LateFunction.h"
 #include "win32/Utf16.h"
 
 #include <array>
@@ -89,7 +90,8 @@ std::string WinPrompts::BrowseFile(const std::string& description, const std::st
     dialog.lpstrFile = path.data();
     dialog.nMaxFile = path.size();
     dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER;
-    return GetOpenFileNameW(&dialog) ? Narrow(path.data()) : "";
+    const auto open = LateFunction<decltype(GetOpenFileNameW)>(L"comdlg32.dll", "GetOpenFileNameW");
+    return open != nullptr && open(&dialog) ? Narrow(path.data()) : "";
 }
 
 int WinDialogs::MuteKey(int option) {

@@ -309,9 +309,9 @@ void MainWindow::SyncVisibility() {
     const frmATC& form = program_->State().form;
     size_.Sync(window_, theme_, form.Size);
     if (form.Visible && !shown_) {
-        shown_ = true;
         Layout();
         ShowWindow(window_, SW_SHOWNORMAL);
+        shown_ = true;
         UpdateWindow(window_);
     }
     if (form.lvwDBFocus && form.Visible) {

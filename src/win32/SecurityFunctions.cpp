@@ -1,14 +1,16 @@
 #include "win32/SecurityFunctions.h"
 
+#include "win32/LateFunction.h"
+
+#include <type_traits>
+
 namespace quillon {
 
 namespace {
 
 const SecurityFunctionTableW* Load() {
-    HMODULE library = LoadLibraryExW(L"secur32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    if (library == nullptr) return nullptr;
-    const auto table = reinterpret_cast<INIT_SECURITY_INTERFACE_W>(
-        reinterpret_cast<void*>(GetProcAddress(library, "InitSecurityInterfaceW")));
+    const auto table = LateFunction<std::remove_pointer_t<INIT_SECURITY_INTERFACE_W>>(L"secur32.dll",
+                                                                                      "InitSecurityInterfaceW");
     return table != nullptr ? table() : nullptr;
 }
 

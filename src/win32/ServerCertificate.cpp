@@ -1,6 +1,7 @@
 #include "win32/ServerCertificate.h"
 
 #include "win32/Handle.h"
+#include "win32/LateFunction.h"
 
 #include <schannel.h>
 #include <wincrypt.h>
@@ -9,12 +10,18 @@ namespace quillon {
 
 namespace {
 
+/// A function of crypt32.dll, which secure connections load by themselves.
+template <typename Function>
+Function* Crypt(const char* name) {
+    return LateFunction<Function>(L"crypt32.dll", name);
+}
+
 void FreeCertificate(PCCERT_CONTEXT certificate) {
-    CertFreeCertificateContext(certificate);
+    Crypt<decltype(CertFreeCertificateContext)>("CertFreeCertificateContext")(certificate);
 }
 
 void FreeChain(PCCERT_CHAIN_CONTEXT chain) {
-    CertFreeCertificateChain(chain);
+    Crypt<decltype(CertFreeCertificateChain)>("CertFreeCertificateChain")(chain);
 }
 
 using Certificate = Handle<PCCERT_CONTEXT, FreeCertificate>;
@@ -29,8 +36,8 @@ CertificateChain ChainOf(const Certificate& certificate) {
     wanted.RequestedUsage.dwType = USAGE_MATCH_TYPE_OR;
     wanted.RequestedUsage.Usage = {1, usages};
     PCCERT_CHAIN_CONTEXT chain = nullptr;
-    CertGetCertificateChain(nullptr, certificate.Get(), nullptr, certificate.Get()->hCertStore, &wanted, 0,
-                            nullptr, &chain);
+    Crypt<decltype(CertGetCertificateChain)>("CertGetCertificateChain")(
+        nullptr, certificate.Get(), nullptr, certificate.Get()->hCertStore, &wanted, 0, nullptr, &chain);
     return CertificateChain(chain);
 }
 
@@ -56,8 +63,8 @@ bool IsServerTrusted(CtxtHandle& connection, const std::wstring& host) {
     rules.pvExtraPolicyPara = &server;
     CERT_CHAIN_POLICY_STATUS verdict{};
     verdict.cbSize = sizeof verdict;
-    return CertVerifyCertificateChainPolicy(CERT_CHAIN_POLICY_SSL, chain.Get(), &rules, &verdict) != FALSE &&
-           verdict.dwError == 0;
+    const auto verify = Crypt<decltype(CertVerifyCertificateChainPolicy)>("CertVerifyCertificateChainPolicy");
+    return verify(CERT_CHAIN_POLICY_SSL, chain.Get(), &rules, &verdict) != FALSE && verdict.dwError == 0;
 }
 
 } // namespace quillon

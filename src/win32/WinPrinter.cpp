@@ -2,6 +2,7 @@
 
 #include "runtime/Number.h"
 #include "runtime/RuntimeError.h"
+#include "win32/LateFunction.h"
 #include "win32/WinPrintJob.h"
 
 #include <cderr.h>
@@ -18,8 +19,9 @@ namespace {
 }
 
 bool HasDefaultPrinter() {
+    const auto name = LateFunction<decltype(GetDefaultPrinterW)>(L"winspool.drv", "GetDefaultPrinterW");
     DWORD length = 0;
-    GetDefaultPrinterW(nullptr, &length); // says only how long its name is
+    if (name != nullptr) name(nullptr, &length); // says only how long it is
     return length > 0;
 }
 
@@ -38,8 +40,11 @@ bool WinPrinter::ShowPrinter() {
     dialog.Flags =
         PD_RETURNDC | PD_USEDEVMODECOPIESANDCOLLATE | PD_NOSELECTION | PD_NOPAGENUMS | PD_HIDEPRINTTOFILE;
     dialog.nCopies = 1;
-    const bool chosen = PrintDlgW(&dialog) != FALSE;
-    const DWORD code = chosen ? 0 : CommDlgExtendedError();
+    const auto show = LateFunction<decltype(PrintDlgW)>(L"comdlg32.dll", "PrintDlgW");
+    const auto why = LateFunction<decltype(CommDlgExtendedError)>(L"comdlg32.dll", "CommDlgExtendedError");
+    if (show == nullptr || why == nullptr) RaiseDialogError(CDERR_INITIALIZATION);
+    const bool chosen = show(&dialog) != FALSE;
+    const DWORD code = chosen ? 0 : why();
     chosen_.Reset(dialog.hDC);
     GlobalFree(dialog.hDevMode);
     GlobalFree(dialog.hDevNames);
