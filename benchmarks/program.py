@@ -7,7 +7,6 @@ import array
 import itertools
 import json
 import os
-import random
 import socket
 import statistics
 import subprocess
@@ -25,7 +24,7 @@ from world.world import World
 
 TORONTO = FEEDS[0]
 FREQUENCY, NO_FEED = "119.00", "122.80"
-TUNES, STARTS, PLAYS, PLAY_SECONDS = 9, 5, 3, 60
+TUNES, STARTS, PLAYS, PLAY_SECONDS = 15, 9, 3, 60
 
 
 class Bench:
@@ -86,14 +85,15 @@ class Bench:
         return wait_until("sound", onset, 15) / RATE
 
     def measure_tuning(self):
-        """Ticks come once a second, so tuning happens at random moments."""
+        """Ticks come once a second, so tuning happens at moments that are spread evenly over one."""
         ours, mpvs = [], []
-        for _ in range(TUNES):
+        for tune in range(TUNES):
             for results, start, stop in (
                     (ours, lambda: self.tune(FREQUENCY), lambda: self.tune(NO_FEED)),
                     (mpvs, lambda: self.tell_mpv("loadfile", self.url), lambda: self.tell_mpv("stop"))):
                 self.world.ear.await_("silence", 15)
-                time.sleep(0.7 + random.random())
+                time.sleep(0.7)
+                time.sleep((tune / TUNES - time.time()) % 1)
                 results.append(self.seconds_to_sound(start))
                 stop()
         return {"tune": statistics.median(ours), "mpv opens": statistics.median(mpvs)}

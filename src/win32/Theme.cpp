@@ -104,10 +104,8 @@ IconHandle DrawGlyph(Glyph glyph, int size_px, COLORREF ink) {
     header.bV5BlueMask = 0x000000FF;
     header.bV5AlphaMask = 0xFF000000;
     void* bits = nullptr;
-    HDC screen = GetDC(nullptr);
     const Handle<HBITMAP, DeleteObject> picture(
-        CreateDIBSection(screen, reinterpret_cast<BITMAPINFO*>(&header), DIB_RGB_COLORS, &bits, nullptr, 0));
-    ReleaseDC(nullptr, screen);
+        CreateDIBSection(nullptr, reinterpret_cast<BITMAPINFO*>(&header), DIB_RGB_COLORS, &bits, nullptr, 0));
     if (!picture) return {};
 
     const unsigned rgb = unsigned{GetRValue(ink)} << 16U | unsigned{GetGValue(ink)} << 8U | GetBValue(ink);
