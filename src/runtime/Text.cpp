@@ -53,7 +53,8 @@ std::size_t SequenceLength(std::string_view bytes) {
 /// Lower case of ASCII, Latin-1, Latin Extended-A, Greek and Cyrillic.
 std::uint32_t LowerCodePoint(std::uint32_t c) {
     if (c >= 'A' && c <= 'Z') return c + 32;
-    if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9 && c != 0x3A2) || (c >= 0x410 && c <= 0x42F))
+    if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9 && c != 0x3A2) ||
+        (c >= 0x410 && c <= 0x42F))
         return c + 32;
     if (c >= 0x400 && c <= 0x40F) return c + 80;
     if ((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E)) return c + c % 2; // upper case is odd there

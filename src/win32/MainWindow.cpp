@@ -155,7 +155,7 @@ void MainWindow::MoveToDpi(UINT dpi, const RECT& area) {
 
 void MainWindow::Restyle() {
     MatchTitleToApps(window_);
-    if (controls_) SetDpi(theme_.Dpi());
+    if (focus_) SetDpi(theme_.Dpi()); // once all the controls are made
 }
 
 /// A point of (-1, -1) is the menu key's: the menu then opens at the row. While it is open, tuning may select
