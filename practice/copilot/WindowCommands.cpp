@@ -165,8 +165,11 @@ std::string Pid(const Words& words) {
 std::string Move(const Words& words) {
     const auto x = static_cast<int>(NumberArgument(words[1]));
     const auto y = static_cast<int>(NumberArgument(words[2]));
-    if (!SetWindowPos(TheTopLevel(Wide(words[0])), nullptr, x, y, 0, 0,
-                      SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE))
+    const bool sized = words.size() == 5;
+    if (!SetWindowPos(TheTopLevel(Wide(words[0])), nullptr, x, y,
+                      sized ? static_cast<int>(NumberArgument(words[3])) : 0,
+                      sized ? static_cast<int>(NumberArgument(words[4])) : 0,
+                      (sized ? 0U : SWP_NOSIZE) | SWP_NOZORDER | SWP_NOACTIVATE))
         throw Failure("the window stays");
     return "ok";
 }
@@ -189,7 +192,7 @@ const std::vector<Command> WindowCommands = {
     {"checked", 1, 1, Checked}, {"enabled", 1, 1, Enabled},     {"visible", 1, 1, Visible},
     {"click", 1, 1, Click},     {"command", 1, 1, SendCommand}, {"key", 1, 2, Key},
     {"boxes", 0, 0, ShowBoxes}, {"press", 1, 1, Press},         {"wait", 2, 2, Wait},
-    {"pid", 1, 1, Pid},         {"close", 1, 1, Close},         {"move", 3, 3, Move},
+    {"pid", 1, 1, Pid},         {"close", 1, 1, Close},         {"move", 3, 5, Move},
     {"answer", 0, 99, Answer},  {"pick", 2, 2, PickEntry},      {"hold", 1, 1, Hold},
     {"release", 1, 1, Release}, {"field", 1, 99, Field},        {"kill", 1, 1, Kill},
 };

@@ -9,6 +9,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <climits>
 #include <commctrl.h>
 
 namespace quillon {
@@ -332,13 +333,17 @@ void MainWindow::SyncBusy() {
     if (!busy_ && GetActiveWindow() == window_) focus_->Restore();
 }
 
-bool MainWindow::Dispatch() {
+/// Serves what is pending, but no more of it after a moment of GetTickCount64: a timer whose handler takes
+/// longer than its interval, as with a simulator that hangs, is always pending.
+bool MainWindow::Dispatch(ULONGLONG until) {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) return false;
-        if (window_ != nullptr && Keystroke(message)) continue;
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
+        if (window_ == nullptr || !Keystroke(message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+        if (GetTickCount64() >= until) break;
     }
     return !program_->State().Ended;
 }
@@ -363,7 +368,7 @@ bool MainWindow::ServeEvents(std::chrono::milliseconds time) {
     Sync();
     const ULONGLONG deadline = GetTickCount64() + static_cast<ULONGLONG>(time.count());
     do {
-        if (!Dispatch()) return false;
+        if (!Dispatch(deadline)) return false;
         const ULONGLONG now = GetTickCount64();
         if (now >= deadline) return true;
         MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(deadline - now), QS_ALLINPUT,
@@ -373,7 +378,7 @@ bool MainWindow::ServeEvents(std::chrono::milliseconds time) {
 
 void MainWindow::Run() {
     Sync();
-    while (window_ != nullptr && Dispatch())
+    while (window_ != nullptr && Dispatch(ULLONG_MAX))
         MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
 }
 

@@ -68,7 +68,7 @@ class MainWindow : public Display {
     void SyncTimers();
     void SyncVisibility();
     void SyncBusy();
-    bool Dispatch();
+    bool Dispatch(ULONGLONG until);
 
     Program* program_ = nullptr;
     HWND window_ = nullptr;

@@ -129,11 +129,12 @@ class ByHand(unittest.TestCase):
         self.copilot.await_text("boxes", "")
 
     def test_9_a_restart_keeps_the_settings(self):
+        self.copilot.ask("move QuillonMain 20 20 700 600")
         self.copilot.ask("close QuillonMain")
         self.world.quillon.wait(20)
         self.assertEqual((self.world.data / "Quillon.ini").read_bytes(), b" 0 \r\nCom1\r\n 7 \r\n 40 \r\n 9 \r\n")
         self.assertRegex((self.world.data / "Quillon.state").read_bytes(),
-                         rb"volume=100\r\nuser-agent=\r\nwindow=\d+ \d+\r\ncolumns=700 3500 800 2400\r\n")
+                         rb"volume=100\r\nuser-agent=\r\nwindow=700 600\r\ncolumns=700 3500 800 2400\r\n")
         self.world.start_quillon()
         for frame in (RADIOS, GAPS):
             self.copilot.ask(f"command {frame}")

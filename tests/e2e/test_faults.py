@@ -187,7 +187,7 @@ JOBS = {
     **{f"flight_{name}": in_flight(name)
        for name in ("hang=3000", "hang=30000", "killed", "vanish", "vanish-in-flight", *DAMAGED)},
     **{f"flight_{name}": in_flight(name, ends=False) for name in ("hang=1000", "old-version")},
-    **{f"start_{name}": at_start("--misbehave", name) for name in (*DAMAGED, "hang=3000")},
+    **{f"start_{name}": at_start("--misbehave", name) for name in DAMAGED},
     "start_wide": at_start("--class", "FS98MAIN"),
     "start_wide-no-fade": at_start("--class", "FS98MAIN", "--misbehave", "no-fade"),
     "others": others, "deep": deep,
