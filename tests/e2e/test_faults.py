@@ -66,6 +66,13 @@ def at_start(*options):
     return job
 
 
+def hung_at_start(station):
+    """The splash goes, though each tick takes longer than the timer's interval."""
+    station.start_simulator("--misbehave", "hang=3000")
+    station.quillon = station.start("Quillon.exe")
+    return f"window after {int(station.copilot.ask('wait QuillonMain 40000')) / 1000:.1f} s"
+
+
 def others(station):
     """Two simulators at once, and one restarted between two ticks."""
     station.fly()
@@ -190,7 +197,7 @@ JOBS = {
     **{f"start_{name}": at_start("--misbehave", name) for name in DAMAGED},
     "start_wide": at_start("--class", "FS98MAIN"),
     "start_wide-no-fade": at_start("--class", "FS98MAIN", "--misbehave", "no-fade"),
-    "others": others, "deep": deep,
+    "start_hang=3000": hung_at_start, "others": others, "deep": deep,
     "read-only": unusable(spoiling.read_only, "Error 70 Permission denied", readable=True),
     "locked": unusable(spoiling.lock, "Error 70 Permission denied"),
     "folder": unusable(spoiling.put_folder, "Error 75 Path/File access error"),
