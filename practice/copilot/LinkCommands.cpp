@@ -4,8 +4,8 @@
 #include "Commands.h"
 #include "runtime/Number.h"
 #include "simlink/FsuipcClient.h"
-#include "win32/Handle.h"
-#include "win32/WinMessageLink.h"
+#include "win32/system/Handle.h"
+#include "win32/system/WinMessageLink.h"
 
 #include <windows.h>
 

@@ -1,5 +1,5 @@
 #include "Commands.h"
-#include "win32/WindowsMediaPlayer.h"
+#include "win32/sound/WindowsMediaPlayer.h"
 
 namespace practice {
 

@@ -1,7 +1,7 @@
 #include "Commands.h"
 #include "Windows.h"
-#include "win32/Handle.h"
-#include "win32/Utf16.h"
+#include "win32/system/Handle.h"
+#include "win32/system/Utf16.h"
 
 namespace practice {
 

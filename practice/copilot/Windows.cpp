@@ -1,9 +1,9 @@
 #include "Windows.h"
 
 #include "Commands.h"
-#include "win32/ControlIds.h"
-#include "win32/Handle.h"
-#include "win32/Utf16.h"
+#include "win32/system/Handle.h"
+#include "win32/system/Utf16.h"
+#include "win32/window/ControlIds.h"
 
 namespace practice {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/Theme.h"
+#include "win32/window/Theme.h"
 
 #include <windows.h>
 

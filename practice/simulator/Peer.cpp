@@ -2,7 +2,7 @@
 
 #include "../Misdeeds.h"
 #include "../Offsets.h"
-#include "win32/Handle.h"
+#include "win32/system/Handle.h"
 
 #include <windows.h>
 

@@ -3,7 +3,7 @@
 #include "../Misdeeds.h"
 #include "runtime/Number.h"
 #include "simlink/LinkTexts.h"
-#include "win32/Utf16.h"
+#include "win32/system/Utf16.h"
 
 #include <algorithm>
 #include <commctrl.h>

@@ -3,7 +3,7 @@
 #include "Fields.h"
 #include "Grid.h"
 #include "Peer.h"
-#include "win32/Theme.h"
+#include "win32/window/Theme.h"
 
 #include <windows.h>
 

@@ -1,6 +1,6 @@
 #include "Options.h"
 #include "SimulatorWindow.h"
-#include "win32/Utf16.h"
+#include "win32/system/Utf16.h"
 
 #include <windows.h>
 

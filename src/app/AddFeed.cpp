@@ -2,11 +2,11 @@
 
 #include "app/AddFeedKeys.h"
 #include "catalogue/FeedFile.h"
-#include "catalogue/TraceLog.h"
 #include "playback/CurrentFeed.h"
 #include "ports/TextFile.h"
 #include "runtime/Files.h"
 #include "runtime/Text.h"
+#include "settings/TraceLog.h"
 #include "state/Services.h"
 
 namespace quillon {

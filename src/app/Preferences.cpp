@@ -1,7 +1,7 @@
 #include "app/Preferences.h"
 
-#include "catalogue/Settings.h"
 #include "runtime/Number.h"
+#include "settings/Settings.h"
 
 namespace quillon {
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/RegionalNumbers.h"
-#include "catalogue/RememberedState.h"
-#include "catalogue/Settings.h"
 #include "ports/MediaPlayer.h"
+#include "settings/RememberedState.h"
+#include "settings/Settings.h"
 #include "simlink/FsuipcClient.h"
 #include "state/ProgramState.h"
 

@@ -3,10 +3,10 @@
 #include "app/StartVolume.h"
 #include "catalogue/DefaultFeeds.h"
 #include "catalogue/FeedFile.h"
-#include "catalogue/Folders.h"
-#include "catalogue/TraceLog.h"
 #include "playback/CurrentFeed.h"
 #include "runtime/Number.h"
+#include "settings/Folders.h"
+#include "settings/TraceLog.h"
 
 namespace quillon {
 

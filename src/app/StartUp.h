@@ -5,10 +5,10 @@
 #include "app/RegionalNumbers.h"
 #include "app/StarterData.h"
 #include "catalogue/FeedLoader.h"
-#include "catalogue/RememberedState.h"
-#include "catalogue/Settings.h"
 #include "geo/Airports.h"
 #include "runtime/ErrorTrap.h"
+#include "settings/RememberedState.h"
+#include "settings/Settings.h"
 #include "state/ProgramState.h"
 
 #include <string>

@@ -1,11 +1,11 @@
 #include "app/StarterData.h"
 
 #include "catalogue/FeedFile.h"
-#include "catalogue/RememberedState.h"
-#include "catalogue/Settings.h"
-#include "catalogue/TraceLog.h"
 #include "geo/Airports.h"
 #include "runtime/Files.h"
+#include "settings/RememberedState.h"
+#include "settings/Settings.h"
+#include "settings/TraceLog.h"
 #include "state/FeedMarkers.h"
 
 #include <algorithm>

@@ -3,7 +3,6 @@
 #include "Fakes.h"
 #include "app/StartVolume.h"
 #include "catalogue/FeedFile.h"
-#include "catalogue/Settings.h"
 #include "geo/ReceptionRange.h"
 #include "player/HttpStream.h"
 #include "player/PlainText.h"
@@ -12,6 +11,7 @@
 #include "runtime/Files.h"
 #include "runtime/Number.h"
 #include "runtime/Text.h"
+#include "settings/Settings.h"
 #include "simlink/RequestArea.h"
 
 #include <cstdio>

@@ -4,9 +4,9 @@
 #include "catalogue/DefaultFeeds.h"
 #include "catalogue/FeedFile.h"
 #include "catalogue/FeedLoader.h"
-#include "catalogue/Folders.h"
-#include "catalogue/TraceLog.h"
 #include "ports/TextFile.h"
+#include "settings/Folders.h"
+#include "settings/TraceLog.h"
 
 using namespace quillon;
 using namespace std::string_literals;

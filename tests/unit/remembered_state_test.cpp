@@ -1,6 +1,6 @@
 // The file of what is remembered from run to run: its values, and that it is never a reason for a message.
 #include "TempFolder.h"
-#include "catalogue/RememberedState.h"
+#include "settings/RememberedState.h"
 
 using namespace quillon;
 

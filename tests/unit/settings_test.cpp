@@ -1,7 +1,7 @@
 // The settings file: what its lines mean, what stands in for bad ones, and when it may be written.
 #include "Fakes.h"
 #include "TempFolder.h"
-#include "catalogue/Settings.h"
+#include "settings/Settings.h"
 
 using namespace quillon;
 

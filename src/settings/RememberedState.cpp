@@ -1,0 +1,124 @@
+#include "settings/RememberedState.h"
+
+#include "ports/TextFile.h"
+#include "runtime/Files.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Trim.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+
+namespace quillon {
+
+namespace {
+
+/// Takes a whole number from `least` to `most`; anything else leaves the value as it is.
+void TakeNumber(std::string_view text, int least, int most, int& value) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc{} || end != text.data() + text.size() || number < least || number > most) return;
+    value = number;
+}
+
+constexpr int LeastLength = 50; // what could still be seen and dragged
+constexpr int MostLength = 32767;
+
+/// Takes the lengths, separated by blanks, all of them or none.
+template <std::size_t Count>
+void TakeLengths(std::string_view text, std::array<int, Count>& lengths) {
+    std::array<int, Count> taken{};
+    for (int& length : taken) {
+        const std::size_t end = text.find(' ');
+        TakeNumber(text.substr(0, end), LeastLength, MostLength, length);
+        text.remove_prefix(end == text.npos ? text.size() : end + 1);
+    }
+    if (std::find(taken.begin(), taken.end(), 0) == taken.end()) lengths = taken;
+}
+
+template <std::size_t Count>
+std::string LengthsText(const std::array<int, Count>& lengths) {
+    std::string text;
+    for (const int length : lengths)
+        if (length > 0) text += (text.empty() ? "" : " ") + std::to_string(length);
+    return text;
+}
+
+void TakeWindow(std::string_view text, RememberedValues& values) {
+    std::array<int, 2> size{};
+    TakeLengths(text, size);
+    values.Window = {size[0], size[1]};
+}
+
+struct Key {
+    std::string_view Name;
+    void (*Take)(std::string_view text, RememberedValues& values);
+    std::string (*Text)(const RememberedValues& values);
+};
+
+constexpr Key Keys[] = {
+    {"volume", [](std::string_view text, RememberedValues& values) { TakeNumber(text, 0, 100, values.Volume); },
+     [](const RememberedValues& values) { return std::to_string(values.Volume); }},
+    {"user-agent", [](std::string_view text, RememberedValues& values) { values.UserAgent = text; },
+     [](const RememberedValues& values) { return values.UserAgent; }},
+    {"window", TakeWindow,
+     [](const RememberedValues& values) {
+         return LengthsText(std::array{values.Window.Width, values.Window.Height});
+     }},
+    {"columns", [](std::string_view text, RememberedValues& values) { TakeLengths(text, values.Columns); },
+     [](const RememberedValues& values) { return LengthsText(values.Columns); }},
+};
+
+} // namespace
+
+RememberedValues ParseRemembered(std::string_view bytes) {
+    RememberedValues values;
+    std::string_view rest = SkipByteOrderMark(bytes);
+    while (const auto line = TakeLine(rest)) {
+        const std::size_t equals = line->find('=');
+        if (equals == line->npos) continue;
+        for (const Key& key : Keys)
+            if (key.Name == Trimmed(line->substr(0, equals)))
+                key.Take(Trimmed(line->substr(equals + 1)), values);
+    }
+    return values;
+}
+
+std::string RememberedText(const RememberedValues& values) {
+    std::string text;
+    for (const Key& key : Keys) text.append(key.Name).append("=").append(key.Text(values)).append("\r\n");
+    return text;
+}
+
+void RememberedState::Read() {
+    std::string bytes;
+    try {
+        bytes = ReadFile(Path());
+        may_write_ = true;
+    } catch (const RuntimeError& error) {
+        // What cannot be read must not be lost, either.
+        may_write_ = error.Number == FileNotFound;
+    }
+    RememberedValues values = ParseRemembered(bytes);
+    state_.form.Volume = values.Volume;
+    state_.UserAgent = std::move(values.UserAgent);
+    state_.form.Size = values.Window;
+    auto width = values.Columns.begin();
+    for (ListView::ColumnHeader& header : state_.form.lvwDB.ColumnHeaders)
+        if (width != values.Columns.end() && *width++ > 0) header.WidthTwips = *std::prev(width);
+}
+
+void RememberedState::Write() {
+    if (!may_write_) return;
+    try {
+        RememberedValues values{state_.form.Volume, state_.UserAgent, state_.form.Size, {}};
+        auto width = values.Columns.begin();
+        for (const ListView::ColumnHeader& header : state_.form.lvwDB.ColumnHeaders)
+            if (width != values.Columns.end()) *width++ = header.WidthTwips;
+        ReplaceFile(Path(), RememberedText(values));
+    } catch (const RuntimeError&) {
+        // Then the next run starts from what the file held before.
+    }
+}
+
+} // namespace quillon

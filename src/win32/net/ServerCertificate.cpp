@@ -1,0 +1,70 @@
+#include "win32/net/ServerCertificate.h"
+
+#include "win32/system/Handle.h"
+#include "win32/system/LateFunction.h"
+
+#include <schannel.h>
+#include <wincrypt.h>
+
+namespace quillon {
+
+namespace {
+
+/// A function of crypt32.dll, which secure connections load by themselves.
+template <typename Function>
+Function* Crypt(const char* name) {
+    return LateFunction<Function>(L"crypt32.dll", name);
+}
+
+void FreeCertificate(PCCERT_CONTEXT certificate) {
+    Crypt<decltype(CertFreeCertificateContext)>("CertFreeCertificateContext")(certificate);
+}
+
+void FreeChain(PCCERT_CHAIN_CONTEXT chain) {
+    Crypt<decltype(CertFreeCertificateChain)>("CertFreeCertificateChain")(chain);
+}
+
+using Certificate = Handle<PCCERT_CONTEXT, FreeCertificate>;
+using CertificateChain = Handle<PCCERT_CHAIN_CONTEXT, FreeChain>;
+
+/// The certificate with those that vouch for it, up to one that Windows knows if there is any.
+CertificateChain ChainOf(const Certificate& certificate) {
+    char server_authentication[] = szOID_PKIX_KP_SERVER_AUTH;
+    LPSTR usages[] = {server_authentication};
+    CERT_CHAIN_PARA wanted{};
+    wanted.cbSize = sizeof wanted;
+    wanted.RequestedUsage.dwType = USAGE_MATCH_TYPE_OR;
+    wanted.RequestedUsage.Usage = {1, usages};
+    PCCERT_CHAIN_CONTEXT chain = nullptr;
+    Crypt<decltype(CertGetCertificateChain)>("CertGetCertificateChain")(
+        nullptr, certificate.Get(), nullptr, certificate.Get()->hCertStore, &wanted, 0, nullptr, &chain);
+    return CertificateChain(chain);
+}
+
+} // namespace
+
+bool IsServerTrusted(CtxtHandle& connection, const std::wstring& host) {
+    PCCERT_CONTEXT shown = nullptr;
+    if (SecurityFunctions()->QueryContextAttributesW(&connection, SECPKG_ATTR_REMOTE_CERT_CONTEXT, &shown) !=
+        SEC_E_OK)
+        return false;
+    const Certificate certificate(shown);
+    if (!certificate) return false;
+    const CertificateChain chain = ChainOf(certificate);
+    // Wine's policy below overlooks a chain that ends before any root.
+    if (!chain || chain.Get()->TrustStatus.dwErrorStatus != CERT_TRUST_NO_ERROR) return false;
+    std::wstring name = host;
+    SSL_EXTRA_CERT_CHAIN_POLICY_PARA server{};
+    server.cbSize = sizeof server;
+    server.dwAuthType = AUTHTYPE_SERVER;
+    server.pwszServerName = name.data();
+    CERT_CHAIN_POLICY_PARA rules{};
+    rules.cbSize = sizeof rules;
+    rules.pvExtraPolicyPara = &server;
+    CERT_CHAIN_POLICY_STATUS verdict{};
+    verdict.cbSize = sizeof verdict;
+    const auto verify = Crypt<decltype(CertVerifyCertificateChainPolicy)>("CertVerifyCertificateChainPolicy");
+    return verify(CERT_CHAIN_POLICY_SSL, chain.Get(), &rules, &verdict) != FALSE && verdict.dwError == 0;
+}
+
+} // namespace quillon

@@ -1,0 +1,91 @@
+#include "win32/net/Socket.h"
+
+#include "win32/system/Utf16.h"
+
+#include <algorithm>
+#include <climits>
+
+namespace quillon {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// How long one address may keep the next one waiting.
+constexpr auto PatienceWithAddress = 3s;
+
+bool HaveWinsock() {
+    static const bool started = [] {
+        WSADATA data;
+        return WSAStartup(MAKEWORD(2, 2), &data) == 0;
+    }();
+    return started;
+}
+
+int AtMostInt(std::size_t size) {
+    return static_cast<int>(std::min<std::size_t>(size, INT_MAX));
+}
+
+} // namespace
+
+std::unique_ptr<Socket> Socket::Open(const std::string& host, std::uint16_t port, HANDLE wake) {
+    if (!HaveWinsock()) return nullptr;
+    ADDRINFOW hints{};
+    hints.ai_socktype = SOCK_STREAM;
+    ADDRINFOW* addresses = nullptr;
+    if (GetAddrInfoW(Wide(host).c_str(), std::to_wstring(port).c_str(), &hints, &addresses) != 0)
+        return nullptr;
+    return std::make_unique<Socket>(addresses, wake);
+}
+
+Socket::Socket(ADDRINFOW* addresses, HANDLE wake) : addresses_(addresses), next_(addresses), wake_(wake) {}
+
+Supply Socket::Connected() {
+    if (connected_) return Supply::Bytes;
+    if (socket_) {
+        WSANETWORKEVENTS events{};
+        if (WSAEnumNetworkEvents(socket_.Get(), nullptr, &events) != 0) return Supply::Failed;
+        const bool answered = (events.lNetworkEvents & FD_CONNECT) != 0;
+        connected_ = answered && events.iErrorCode[FD_CONNECT_BIT] == 0;
+        if (connected_) return Supply::Bytes;
+        const bool waits_on = !next_ || std::chrono::steady_clock::now() - started_ < PatienceWithAddress;
+        if (!answered && waits_on) return Supply::Connecting;
+    }
+    return TryNextAddress() ? Supply::Connecting : Supply::Failed;
+}
+
+bool Socket::TryNextAddress() {
+    while (next_) {
+        const ADDRINFOW& address = *next_;
+        next_ = next_->ai_next;
+        if (StartConnecting(address)) return true;
+    }
+    return false;
+}
+
+bool Socket::StartConnecting(const ADDRINFOW& address) {
+    started_ = std::chrono::steady_clock::now();
+    socket_.Reset(socket(address.ai_family, address.ai_socktype, address.ai_protocol));
+    if (!socket_) return false;
+    // This makes the socket one that never waits.
+    if (WSAEventSelect(socket_.Get(), wake_, FD_CONNECT | FD_READ | FD_WRITE | FD_CLOSE) != 0) return false;
+    return connect(socket_.Get(), address.ai_addr, static_cast<int>(address.ai_addrlen)) == 0 ||
+           WSAGetLastError() == WSAEWOULDBLOCK;
+}
+
+Got Socket::Read(std::span<std::uint8_t> room) {
+    if (const Supply supply = Connected(); supply != Supply::Bytes) return {supply};
+    const int count = recv(socket_.Get(), reinterpret_cast<char*>(room.data()), AtMostInt(room.size()), 0);
+    if (count > 0) return {Supply::Bytes, static_cast<std::size_t>(count)};
+    if (count == 0) return {Supply::End};
+    return {WSAGetLastError() == WSAEWOULDBLOCK ? Supply::NothingYet : Supply::Failed};
+}
+
+Got Socket::Write(std::string_view bytes) {
+    if (const Supply supply = Connected(); supply != Supply::Bytes) return {supply};
+    const int count = send(socket_.Get(), bytes.data(), AtMostInt(bytes.size()), 0);
+    if (count >= 0) return {Supply::Bytes, static_cast<std::size_t>(count)};
+    return {WSAGetLastError() == WSAEWOULDBLOCK ? Supply::NothingYet : Supply::Failed};
+}
+
+} // namespace quillon

@@ -1,0 +1,110 @@
+#include "win32/sound/AcmDecoder.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace quillon {
+
+namespace {
+
+constexpr int MostFailures = 100; // a codec may refuse a damaged frame, but not every one
+constexpr std::size_t LeastInput = 8192;
+constexpr DWORD LeastOutput = 16384;
+constexpr DWORD MostOutput = 4 << 20;
+
+MPEGLAYER3WAVEFORMAT SourceFormat(const Mp3Format& format) {
+    MPEGLAYER3WAVEFORMAT source{};
+    source.wfx.wFormatTag = WAVE_FORMAT_MPEGLAYER3;
+    source.wfx.nChannels = format.channels;
+    source.wfx.nSamplesPerSec = format.sample_rate;
+    source.wfx.nAvgBytesPerSec = format.bit_rate / 8;
+    source.wfx.nBlockAlign = 1;
+    source.wfx.cbSize = MPEGLAYER3_WFX_EXTRA_BYTES;
+    source.wID = MPEGLAYER3_ID_MPEG;
+    source.fdwFlags = MPEGLAYER3_FLAG_PADDING_ISO;
+    source.nBlockSize = static_cast<WORD>(format.frame_bytes);
+    source.nFramesPerBlock = 1;
+    return source;
+}
+
+/// 16 bits, so that codecs need not change the rate.
+WAVEFORMATEX TargetFormat(const WAVEFORMATEX& source) {
+    WAVEFORMATEX target{};
+    target.wFormatTag = WAVE_FORMAT_PCM;
+    target.nChannels = source.nChannels;
+    target.nSamplesPerSec = source.nSamplesPerSec;
+    target.wBitsPerSample = 16;
+    target.nBlockAlign = static_cast<WORD>(source.nChannels * 2);
+    target.nAvgBytesPerSec = source.nSamplesPerSec * target.nBlockAlign;
+    return target;
+}
+
+} // namespace
+
+std::unique_ptr<AcmDecoder> AcmDecoder::Open(const Mp3Format& format) {
+    MPEGLAYER3WAVEFORMAT source = SourceFormat(format);
+    return Open(source.wfx);
+}
+
+std::unique_ptr<AcmDecoder> AcmDecoder::Open(const WaveFormat& format) {
+    std::vector<std::uint8_t> header = format.header; // at an address that suits any structure
+    return Open(*reinterpret_cast<WAVEFORMATEX*>(header.data()));
+}
+
+std::unique_ptr<AcmDecoder> AcmDecoder::Open(WAVEFORMATEX& source) {
+    WAVEFORMATEX target = TargetFormat(source);
+    HACMSTREAM stream = nullptr;
+    if (acmStreamOpen(&stream, nullptr, &source, &target, nullptr, 0, 0, 0) != MMSYSERR_NOERROR) return nullptr;
+    auto decoder = std::make_unique<AcmDecoder>(stream);
+    return decoder->Prepare(std::max<std::size_t>(LeastInput, source.nBlockAlign)) ? std::move(decoder)
+                                                                                   : nullptr;
+}
+
+bool AcmDecoder::Prepare(std::size_t input_bytes) {
+    DWORD output_bytes = 0;
+    acmStreamSize(stream_.Get(), static_cast<DWORD>(input_bytes), &output_bytes, ACM_STREAMSIZEF_SOURCE);
+    input_.resize(input_bytes);
+    output_.resize(std::clamp(output_bytes, LeastOutput, MostOutput) / sizeof(std::int16_t));
+    header_.cbStruct = sizeof header_;
+    header_.pbSrc = input_.data();
+    header_.cbSrcLength = static_cast<DWORD>(input_.size());
+    header_.pbDst = reinterpret_cast<BYTE*>(output_.data());
+    header_.cbDstLength = static_cast<DWORD>(output_.size() * sizeof(std::int16_t));
+    return acmStreamPrepareHeader(stream_.Get(), &header_, 0) == MMSYSERR_NOERROR;
+}
+
+AcmDecoder::~AcmDecoder() {
+    if ((header_.fdwStatus & ACMSTREAMHEADER_STATUSF_PREPARED) == 0) return;
+    header_.cbSrcLength = static_cast<DWORD>(input_.size());
+    acmStreamUnprepareHeader(stream_.Get(), &header_, 0);
+}
+
+bool AcmDecoder::Decode(ByteView bytes, Samples& samples) {
+    while (!bytes.empty()) {
+        const std::size_t count = std::min(bytes.size(), input_.size() - waiting_);
+        if (count == 0) return false; // the codec takes nothing
+        std::copy_n(bytes.begin(), count, input_.begin() + static_cast<std::ptrdiff_t>(waiting_));
+        waiting_ += count;
+        bytes = bytes.subspan(count);
+        if (!Convert(samples)) return false;
+    }
+    return true;
+}
+
+bool AcmDecoder::Convert(Samples& samples) {
+    header_.cbSrcLength = static_cast<DWORD>(waiting_);
+    if (acmStreamConvert(stream_.Get(), &header_, ACM_STREAMCONVERTF_BLOCKALIGN) != MMSYSERR_NOERROR) {
+        waiting_ = 0;
+        return ++failures_ < MostFailures;
+    }
+    failures_ = 0;
+    const std::size_t used = std::min<std::size_t>(header_.cbSrcLengthUsed, waiting_);
+    std::memmove(input_.data(), input_.data() + used, waiting_ - used);
+    waiting_ -= used;
+    const std::size_t made =
+        std::min<std::size_t>(header_.cbDstLengthUsed / sizeof(std::int16_t), output_.size());
+    samples.insert(samples.end(), output_.begin(), output_.begin() + static_cast<std::ptrdiff_t>(made));
+    return true;
+}
+
+} // namespace quillon

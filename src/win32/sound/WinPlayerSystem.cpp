@@ -1,0 +1,46 @@
+#include "win32/sound/WinPlayerSystem.h"
+
+#include "runtime/RuntimeError.h"
+#include "win32/net/Socket.h"
+#include "win32/net/TlsConnection.h"
+#include "win32/sound/AcmDecoder.h"
+#include "win32/sound/WaveOut.h"
+
+namespace quillon {
+
+WinPlayerSystem::WinPlayerSystem() : event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {
+    if (!event_) Raise(OutOfMemory); // no wait would wait
+}
+
+std::unique_ptr<Connection> WinPlayerSystem::Connect(const StreamAddress& address) {
+    std::unique_ptr<Connection> socket = Socket::Open(address.host, address.port, event_.Get());
+    if (!socket || !address.secure) return socket;
+    return std::make_unique<TlsConnection>(std::move(socket), address.host);
+}
+
+std::unique_ptr<SoundDecoder> WinPlayerSystem::OpenMp3Decoder(const Mp3Format& format) {
+    return AcmDecoder::Open(format);
+}
+
+std::unique_ptr<SoundDecoder> WinPlayerSystem::OpenWaveDecoder(const WaveFormat& format) {
+    return AcmDecoder::Open(format);
+}
+
+std::unique_ptr<SoundOutput> WinPlayerSystem::OpenOutput(const PcmFormat& format) {
+    return WaveOut::Open(format, event_.Get());
+}
+
+std::chrono::milliseconds WinPlayerSystem::Now() {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch());
+}
+
+void WinPlayerSystem::Wait(std::chrono::milliseconds at_most) {
+    WaitForSingleObject(event_.Get(), static_cast<DWORD>(at_most.count()));
+}
+
+void WinPlayerSystem::Wake() {
+    SetEvent(event_.Get());
+}
+
+} // namespace quillon

@@ -1,0 +1,206 @@
+#include "win32/system/Adapters.h"
+
+#include "runtime/RuntimeError.h"
+#include "win32/system/Handle.h"
+#include "win32/system/LateFunction.h"
+#include "win32/system/Utf16.h"
+
+#include <array>
+#include <mmsystem.h>
+#include <shellapi.h>
+#include <shlobj.h>
+
+namespace quillon {
+
+namespace {
+
+constexpr std::uint64_t Epoch1970 = 116444736000000000U; // since 1601, in 100 ns ticks
+
+FILETIME FileTimeOf(TimePoint time) {
+    const auto since_1970 = static_cast<std::uint64_t>(time.time_since_epoch() / std::chrono::milliseconds(1));
+    const std::uint64_t ticks = since_1970 * 10000 + Epoch1970;
+    return {static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32U)};
+}
+
+} // namespace
+
+TimePoint WinClock::Now() {
+    SYSTEMTIME local;
+    GetLocalTime(&local);
+    FILETIME since_1601;
+    SystemTimeToFileTime(&local, &since_1601);
+    const std::uint64_t ticks = std::uint64_t{since_1601.dwHighDateTime} << 32U | since_1601.dwLowDateTime;
+    return TimePoint(std::chrono::milliseconds((ticks - Epoch1970) / 10000));
+}
+
+void WinClock::Sleep(std::chrono::milliseconds time) {
+    ::Sleep(static_cast<DWORD>(time.count()));
+}
+
+void WinUserFiles::Delete2Recycle(const std::string& path) {
+    const std::wstring from = Wide(path) + L'\0'; // a list of paths ends with an empty one
+    SHFILEOPSTRUCTW operation{};
+    operation.hwnd = owner_();
+    operation.wFunc = FO_DELETE;
+    operation.pFrom = from.c_str();
+    operation.fFlags = FOF_ALLOWUNDO;
+    SHFileOperationW(&operation);
+}
+
+bool WinUserFiles::SetFileDateTime(const std::string& path, TimePoint local) {
+    HANDLE opened = CreateFileW(Wide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) return false;
+    const Handle<HANDLE, CloseHandle> file(opened);
+    const FILETIME local_time = FileTimeOf(std::chrono::floor<std::chrono::seconds>(local));
+    FILETIME written;
+    return LocalFileTimeToFileTime(&local_time, &written) &&
+           SetFileTime(file.Get(), nullptr, nullptr, &written);
+}
+
+std::string WinShell::ApplicationDataFolder() {
+    std::array<wchar_t, MAX_PATH> path{};
+    return SHGetSpecialFolderPathW(nullptr, path.data(), CSIDL_APPDATA, FALSE) ? Narrow(path.data()) : "";
+}
+
+std::string WinShell::ProgramFolder() {
+    std::array<wchar_t, 32768> path{};
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), path.size());
+    const std::wstring program(path.data(), length);
+    return Narrow(program.substr(0, program.rfind(L'\\') + 1));
+}
+
+bool WinShell::OpenAddress(const std::string& address) {
+    const std::wstring file = Wide(address);
+    SHELLEXECUTEINFOW order{};
+    order.cbSize = sizeof order;
+    order.fMask = SEE_MASK_FLAG_NO_UI; // the caller knows better what it was for
+    order.lpFile = file.c_str();
+    order.nShow = SW_SHOWNORMAL;
+    return ShellExecuteExW(&order) != FALSE;
+}
+
+namespace {
+
+class WinStartedProgram : public StartedProgram {
+  public:
+    explicit WinStartedProgram(HANDLE process) : process_(process) {}
+
+    bool HasEnded() override { return WaitForSingleObject(process_.Get(), 0) == WAIT_OBJECT_0; }
+
+  private:
+    Handle<HANDLE, CloseHandle> process_;
+};
+
+} // namespace
+
+/// One of Windows' own programs: by its bare name alone, one in our folder or the current one would come first.
+std::unique_ptr<StartedProgram> WinShell::Start(const std::string& program, const std::string& file) {
+    std::array<wchar_t, MAX_PATH> folder{};
+    GetSystemDirectoryW(folder.data(), folder.size());
+    const std::wstring path = folder.data() + (L"\\" + Wide(program));
+    std::wstring command = Wide(program + " \"" + file + "\"");
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESHOWWINDOW;
+    start.wShowWindow = SW_SHOWNORMAL;
+    PROCESS_INFORMATION started{};
+    if (!CreateProcessW(path.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                        &started))
+        Raise(FileNotFound);
+    const Handle<HANDLE, CloseHandle> thread(started.hThread);
+    return std::make_unique<WinStartedProgram>(started.hProcess);
+}
+
+namespace {
+
+using GlobalMemory = Handle<HGLOBAL, GlobalFree>;
+
+/// A copy of the text that other programs can be given; empty when there is no room.
+GlobalMemory Share(const std::wstring& text) {
+    const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
+    GlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
+    void* const room = memory ? GlobalLock(memory.Get()) : nullptr;
+    if (room == nullptr) return {};
+    CopyMemory(room, text.c_str(), bytes);
+    GlobalUnlock(memory.Get());
+    return memory;
+}
+
+} // namespace
+
+/// The clipboard takes data only for a window.
+void WinShell::CopyText(const std::string& text) {
+    GlobalMemory memory = Share(Wide(text));
+    if (!memory || !OpenClipboard(owner_())) return; // another program holds it
+    EmptyClipboard();
+    if (SetClipboardData(CF_UNICODETEXT, memory.Get()) != nullptr)
+        memory.Release(); // the clipboard's from now on
+    CloseClipboard();
+}
+
+void WinShell::PlaySoundFile(const std::string& path) {
+    sndPlaySoundW(Wide(path).c_str(), SND_ASYNC);
+}
+
+bool WinKeyboard::IsDown(int virtual_key) {
+    return (GetAsyncKeyState(virtual_key) & 0x8000) != 0;
+}
+
+namespace {
+
+LCTYPE TypeOf(RegionalSettings::Separator separator) {
+    return separator == RegionalSettings::Separator::Decimal ? LOCALE_SDECIMAL : LOCALE_STHOUSAND;
+}
+
+} // namespace
+
+std::string WinRegionalSettings::Read(Separator separator) {
+    std::array<wchar_t, 16> text{};
+    const int length = GetLocaleInfoW(GetUserDefaultLCID(), TypeOf(separator), text.data(), text.size());
+    return length > 0 ? Narrow(text.data()) : "";
+}
+
+void WinRegionalSettings::Write(Separator separator, const std::string& text) {
+    SetLocaleInfoW(GetUserDefaultLCID(), TypeOf(separator), Wide(text).c_str());
+}
+
+namespace {
+
+/// The code page of files that are not UTF-8. Windows can be told to have UTF-8 for its ANSI code page, which
+/// such bytes are no text in: what programs wrote before that was in the page that the system's language has
+/// otherwise.
+UINT LegacyPage() {
+    constexpr UINT WesternEuropean = 1252; // has a character for each byte, so nothing is ever lost
+    if (const UINT ansi = GetACP(); ansi != CP_UTF8) return ansi;
+    DWORD page = 0;
+    GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                   reinterpret_cast<LPWSTR>(&page), sizeof page / sizeof(wchar_t));
+    return page == CP_ACP || page == CP_UTF8 ? WesternEuropean : page;
+}
+
+} // namespace
+
+std::string WinCodePage::Decode(std::string_view bytes) {
+    const UINT page = LegacyPage();
+    const int size = static_cast<int>(bytes.size());
+    std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(page, 0, bytes.data(), size, nullptr, 0)),
+                      L'\0');
+    MultiByteToWideChar(page, 0, bytes.data(), size, wide.data(), static_cast<int>(wide.size()));
+    return Narrow(wide);
+}
+
+std::optional<std::string> WinCodePage::Encode(std::string_view text) {
+    const UINT page = LegacyPage();
+    const std::wstring wide = Wide(text);
+    const int units = static_cast<int>(wide.size());
+    std::string bytes(wide.size() * 4, '\0');
+    BOOL lost = FALSE;
+    const int length = WideCharToMultiByte(page, WC_NO_BEST_FIT_CHARS, wide.data(), units, bytes.data(),
+                                           static_cast<int>(bytes.size()), nullptr, &lost);
+    if (lost || (length == 0 && units > 0)) return std::nullopt;
+    bytes.resize(static_cast<std::size_t>(length));
+    return bytes;
+}
+
+} // namespace quillon

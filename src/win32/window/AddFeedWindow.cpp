@@ -1,0 +1,139 @@
+#include "win32/window/AddFeedWindow.h"
+
+#include "app/AddFeedKeys.h"
+#include "runtime/Text.h"
+#include "win32/system/Utf16.h"
+#include "win32/window/DialogIds.h"
+#include "win32/window/Dialogs.h"
+
+#include <commctrl.h>
+
+namespace quillon {
+
+namespace {
+
+constexpr AddBox Boxes[] = {AddBox::txtICAO, AddBox::txtCity, AddBox::txtURL, AddBox::txtFreq};
+
+int IdOf(AddBox box) {
+    return IDC_TXT_ICAO + static_cast<int>(box);
+}
+
+/// A position in characters as one in UTF-16 units.
+WPARAM UnitsBefore(const std::string& text, std::ptrdiff_t characters) {
+    return Wide(Left(text, characters)).size();
+}
+
+} // namespace
+
+void AddFeedWindow::Sync(HWND owner, Program& program) {
+    program_ = &program;
+    const bool visible = program.State().addFeed.Visible;
+    if (visible && Window() == nullptr) Open(owner);
+    if (!visible && Window() != nullptr) Close(owner);
+    if (Window() != nullptr) Show();
+}
+
+void AddFeedWindow::Open(HWND owner) {
+    OpenWindow(IDD_ADD_FEED, owner);
+    if (Window() == nullptr) return;
+    for (const AddBox box : Boxes)
+        SetWindowSubclass(GetDlgItem(Window(), IdOf(box)), EditProcedure, static_cast<UINT_PTR>(box),
+                          reinterpret_cast<DWORD_PTR>(this));
+    Show();
+    EnableWindow(owner, FALSE);
+    ShowWindow(Window(), SW_SHOW);
+}
+
+/// The owner comes back first: a dialog that goes gives the keyboard to whichever window can take it.
+void AddFeedWindow::Close(HWND owner) {
+    EnableWindow(owner, TRUE);
+    CloseWindow();
+}
+
+void AddFeedWindow::Show() {
+    const frmAddATC& form = program_->State().addFeed;
+    for (const AddBox box : Boxes)
+        if (TextOfItem(Window(), IdOf(box)) != form[box])
+            SetDlgItemTextW(Window(), IdOf(box), Wide(form[box]).c_str());
+    if (TextOfItem(Window(), IDC_URL_PROMPT) != form.PromptCaption)
+        SetDlgItemTextW(Window(), IDC_URL_PROMPT, Wide(form.PromptCaption).c_str());
+    ShowBrowse(form.cmdBrowseVisible);
+    ShowKind(form.Kind);
+    if (!form.WantedFocus) return;
+    const frmAddATC::Focus focus = *form.WantedFocus;
+    program_->AddFeedFocusTaken();
+    TakeFocus(focus);
+}
+
+/// The address takes the button's room while there is none.
+void AddFeedWindow::ShowBrowse(bool visible) {
+    ShowWindow(GetDlgItem(Window(), IDC_BROWSE), visible ? SW_SHOW : SW_HIDE);
+    RECT size{0, 0, visible ? 148 : 202, 14};
+    MapDialogRect(Window(), &size);
+    SetWindowPos(GetDlgItem(Window(), IDC_TXT_URL), nullptr, 0, 0, size.right, size.bottom,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void AddFeedWindow::ShowKind(SourceKind kind) {
+    const int chosen = IDC_KIND1 + static_cast<int>(kind) - 1;
+    if (IsDlgButtonChecked(Window(), chosen) != BST_CHECKED)
+        CheckRadioButton(Window(), IDC_KIND1, IDC_KIND4, chosen);
+}
+
+void AddFeedWindow::TakeFocus(const frmAddATC::Focus& focus) {
+    HWND edit = GetDlgItem(Window(), IdOf(focus.Box));
+    if (GetFocus() != edit) SendMessageW(Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(edit), TRUE);
+    const std::string& text = program_->State().addFeed[focus.Box];
+    SendMessageW(edit, EM_SETSEL, UnitsBefore(text, focus.SelStart),
+                 static_cast<LPARAM>(UnitsBefore(text, focus.SelStart + focus.SelLength)));
+}
+
+INT_PTR AddFeedWindow::Handle(UINT message, WPARAM wparam, LPARAM) {
+    if (message == WM_INITDIALOG) PrepareDialog(Window());
+    if (message != WM_COMMAND) return FALSE; // the form says where the keyboard goes
+    Command(LOWORD(wparam), HIWORD(wparam));
+    return TRUE;
+}
+
+void AddFeedWindow::Command(int id, int code) {
+    const SourceKind chosen = program_->State().addFeed.Kind;
+    if (id >= IDC_TXT_ICAO && id <= IDC_TXT_FREQ) {
+        const AddBox box = Boxes[id - IDC_TXT_ICAO];
+        if (code == EN_CHANGE)
+            program_->AddFeedEvent([&](AddFeed& dialog) { dialog.Text_Change(box, TextOfItem(Window(), id)); });
+        if (code == EN_SETFOCUS && box == AddBox::txtURL)
+            Event([](AddFeed& dialog) { dialog.txtURL_GotFocus(); });
+        return;
+    }
+    if (code != BN_CLICKED) return;
+    // A radio button also says that it was clicked when it only gets the keyboard.
+    const auto kind = static_cast<SourceKind>(id - IDC_KIND1 + 1);
+    if (id >= IDC_KIND1 && id <= IDC_KIND4 && kind != chosen)
+        Event([kind](AddFeed& dialog) { dialog.optKind_Click(kind); });
+    if (id == IDC_BROWSE) Event([](AddFeed& dialog) { dialog.cmdBrowse_Click(); });
+    if (id == IDOK) Event([](AddFeed& dialog) { dialog.cmdAdd_Click(); });
+    if (id == IDCANCEL) Event([](AddFeed& dialog) { dialog.cmdCancel_Click(); });
+}
+
+void AddFeedWindow::Event(const std::function<void(AddFeed&)>& event) {
+    program_->AddFeedEvent(event);
+    sync_();
+}
+
+LRESULT CALLBACK AddFeedWindow::EditProcedure(HWND edit, UINT message, WPARAM wparam, LPARAM lparam,
+                                              UINT_PTR id, DWORD_PTR self) {
+    if (message == WM_CHAR) {
+        auto* dialog = reinterpret_cast<AddFeedWindow*>(self);
+        int key = static_cast<int>(wparam);
+        dialog->program_->AddFeedEvent(
+            [&](AddFeed& form) { key = form.Text_KeyPress(static_cast<AddBox>(id), key); });
+        if (key == RefusedKey) {
+            MessageBeep(MB_OK);
+            return 0;
+        }
+        wparam = static_cast<WPARAM>(key);
+    }
+    return DefSubclassProc(edit, message, wparam, lparam);
+}
+
+} // namespace quillon

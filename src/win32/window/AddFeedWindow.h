@@ -1,0 +1,38 @@
+#pragma once
+
+#include "app/Program.h"
+#include "win32/window/ModelessDialog.h"
+
+#include <windows.h>
+
+#include <functional>
+
+namespace quillon {
+
+/// The add-feed dialog on the screen. It takes the main window out of reach while it is shown.
+class AddFeedWindow : public ModelessDialog {
+  public:
+    /// `sync` brings all windows up to date after an event.
+    explicit AddFeedWindow(std::function<void()> sync) : sync_(std::move(sync)) {}
+
+    /// Opens, updates or closes it as the data say.
+    void Sync(HWND owner, Program& program);
+
+  private:
+    INT_PTR Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+    static LRESULT CALLBACK EditProcedure(HWND edit, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
+                                          DWORD_PTR self);
+    void Open(HWND owner);
+    void Close(HWND owner);
+    void Show();
+    void ShowBrowse(bool visible);
+    void ShowKind(SourceKind kind);
+    void TakeFocus(const frmAddATC::Focus& focus);
+    void Command(int id, int code);
+    void Event(const std::function<void(AddFeed&)>& event);
+
+    std::function<void()> sync_;
+    Program* program_ = nullptr;
+};
+
+} // namespace quillon

@@ -1,0 +1,212 @@
+#include "win32/window/CheckFeedsWindow.h"
+
+#include "win32/system/Utf16.h"
+#include "win32/window/Controls.h"
+#include "win32/window/DialogIds.h"
+#include "win32/window/Dialogs.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace quillon {
+
+namespace {
+
+constexpr UINT PollMs = 100;
+constexpr std::size_t LongestCell = 1024; // nobody reads more of a hand-written line in a column
+
+struct ShownColumn {
+    const wchar_t* title;
+    int width; // dialog units
+};
+constexpr ShownColumn Columns[] = {{L"Line", 30}, {L"Feed", 122}, {L"Address", 126}, {L"Result", 140}};
+
+std::string CellOf(const frmCheckFeeds::Row& row, int column) {
+    switch (column) {
+    case 0:
+        return std::to_string(row.Line);
+    case 1:
+        return row.Feed;
+    case 2:
+        return row.Address;
+    default:
+        return row.Result;
+    }
+}
+
+/// Pixels of a length in the dialog's units, which grow with its resolution.
+RECT Pixels(HWND dialog, RECT units) {
+    MapDialogRect(dialog, &units);
+    return units;
+}
+
+} // namespace
+
+void CheckFeedsWindow::Sync(HWND owner, Program& program) {
+    program_ = &program;
+    const frmCheckFeeds& form = program.State().checkFeeds;
+    if (!form.Visible) return CloseWindow();
+    if (Window() == nullptr) Open(owner);
+    if (Window() != nullptr) Show();
+}
+
+void CheckFeedsWindow::Open(HWND owner) {
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_PROGRESS_CLASS | ICC_LISTVIEW_CLASSES};
+    InitCommonControlsEx(&classes);
+    OpenWindow(IDD_CHECK_FEEDS, owner);
+    if (Window() == nullptr) return;
+    revision_ = 0;
+    for (const WPARAM size : {WPARAM{ICON_SMALL}, WPARAM{ICON_BIG}})
+        SendMessageW(Window(), WM_SETICON, size, static_cast<LPARAM>(GetClassLongPtrW(owner, GCLP_HICON)));
+    AddColumns();
+    Layout();
+    SetTimer(Window(), 1, PollMs, nullptr);
+    ShowWindow(Window(), SW_SHOW);
+}
+
+void CheckFeedsWindow::AddColumns() {
+    HWND list = Item(IDC_CHECK_LIST);
+    ListView_SetExtendedListViewStyle(list, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP |
+                                                LVS_EX_INFOTIP);
+    int index = 0;
+    for (const ShownColumn& wanted : Columns) {
+        std::wstring title = wanted.title;
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH;
+        column.pszText = title.data();
+        column.cx = Pixels(Window(), {0, 0, wanted.width, 0}).right;
+        ListView_InsertColumn(list, index++, &column);
+    }
+}
+
+void CheckFeedsWindow::Show() {
+    const frmCheckFeeds& form = program_->State().checkFeeds;
+    if (TextOfItem(Window(), IDC_CHECK_STATE) != form.LabelCaption)
+        SetDlgItemTextW(Window(), IDC_CHECK_STATE, Wide(form.LabelCaption).c_str());
+    const std::string button = form.Running ? "Cancel" : "Close";
+    if (TextOfItem(Window(), IDCANCEL) != button) SetDlgItemTextW(Window(), IDCANCEL, Wide(button).c_str());
+    ShowRows();
+    if (calls_ != form.Calls) {
+        calls_ = form.Calls;
+        SetActiveWindow(Window());
+    }
+}
+
+void CheckFeedsWindow::ShowRows() {
+    const frmCheckFeeds& form = program_->State().checkFeeds;
+    if (revision_ == form.Revision) return;
+    revision_ = form.Revision;
+    SendMessageW(Item(IDC_CHECK_BAR), PBM_SETRANGE32, 0, static_cast<LPARAM>(form.Total));
+    SendMessageW(Item(IDC_CHECK_BAR), PBM_SETPOS, form.Done, 0);
+    HWND list = Item(IDC_CHECK_LIST);
+    ListView_SetItemCountEx(list, static_cast<int>(form.Rows.size()), LVSICF_NOSCROLL);
+    if (!form.Running) { // they have changed places
+        ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
+        ListView_EnsureVisible(list, 0, FALSE);
+    }
+    InvalidateRect(list, nullptr, FALSE);
+}
+
+INT_PTR CheckFeedsWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+    switch (message) {
+    case WM_INITDIALOG:
+        PrepareDialog(Window());
+        SendMessageW(Window(), DM_REPOSITION, 0, 0); // it may be wider than its owner, which may be at the edge
+        return TRUE;
+    case WM_TIMER:
+        Event([](FeedCheck& check) { check.Timer_Timer(); });
+        return TRUE;
+    case WM_SYSCOLORCHANGE:
+        TellSystemColors(Window());
+        return TRUE;
+    case WM_SIZE:
+        Layout();
+        return TRUE;
+    case WM_GETMINMAXINFO: {
+        const RECT least = Pixels(Window(), {0, 0, 220, 140});
+        reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {least.right, least.bottom};
+        return TRUE;
+    }
+    case WM_CLOSE:
+        Event([](FeedCheck& check) { check.Form_Close(); });
+        return TRUE;
+    case WM_COMMAND:
+        if (LOWORD(wparam) == IDCANCEL) Event([](FeedCheck& check) { check.cmdCancel_Click(); });
+        if (LOWORD(wparam) == IDOK && GetFocus() == Item(IDC_CHECK_LIST)) FindSelected();
+        return TRUE;
+    case WM_NOTIFY: {
+        const NMHDR& header = *reinterpret_cast<NMHDR*>(lparam);
+        if (header.idFrom != IDC_CHECK_LIST) return FALSE;
+        if (header.code == LVN_GETDISPINFOW) FillItem(reinterpret_cast<NMLVDISPINFOW*>(lparam)->item);
+        if (header.code == NM_DBLCLK) FindSelected();
+        return TRUE;
+    }
+    default:
+        return FALSE;
+    }
+}
+
+/// The controls keep their margins; the list takes what room there is.
+void CheckFeedsWindow::Layout() {
+    RECT client{};
+    GetClientRect(Window(), &client);
+    const RECT margin = Pixels(Window(), {8, 7, 8, 6});
+    const auto stretch = [&](int id, LONG bottom) {
+        RECT area{};
+        GetWindowRect(Item(id), &area);
+        MapWindowPoints(HWND_DESKTOP, Window(), reinterpret_cast<POINT*>(&area), 2);
+        SetWindowPos(Item(id), nullptr, 0, 0, client.right - margin.right - area.left,
+                     bottom > 0 ? bottom - area.top : area.bottom - area.top,
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    const RECT button = Pixels(Window(), {0, 0, 50, 15});
+    const LONG top = client.bottom - margin.top - button.bottom;
+    stretch(IDC_CHECK_STATE, 0);
+    stretch(IDC_CHECK_BAR, 0);
+    stretch(IDC_CHECK_LIST, top - margin.bottom);
+    SetWindowPos(Item(IDCANCEL), nullptr, client.right - margin.right - button.right, top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    FitColumns();
+    RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+/// The columns share the list's width in the proportions that they or the user's hand have given them. The line
+/// numbers keep theirs.
+void CheckFeedsWindow::FitColumns() {
+    constexpr int Last = static_cast<int>(std::size(Columns)) - 1;
+    HWND list = Item(IDC_CHECK_LIST);
+    RECT client{};
+    GetClientRect(list, &client);
+    const int numbers = static_cast<int>(Pixels(Window(), {0, 0, Columns[0].width, 0}).right);
+    ListView_SetColumnWidth(list, 0, numbers);
+    int room = static_cast<int>(client.right) - numbers;
+    int parts = 0;
+    for (int column = 1; column <= Last; ++column) parts += std::max(1, ListView_GetColumnWidth(list, column));
+    for (int column = 1; column <= Last; ++column) {
+        const int part = std::max(1, ListView_GetColumnWidth(list, column));
+        const int width = std::max(0, MulDiv(room, part, parts));
+        ListView_SetColumnWidth(list, column, width);
+        room -= width;
+        parts -= part;
+    }
+}
+
+void CheckFeedsWindow::FindSelected() {
+    const int row = ListView_GetNextItem(Item(IDC_CHECK_LIST), -1, LVNI_SELECTED);
+    if (row >= 0) Event([row](FeedCheck& check) { check.lstResults_DblClick(static_cast<std::size_t>(row)); });
+}
+
+void CheckFeedsWindow::FillItem(LVITEMW& item) {
+    const auto& rows = program_->State().checkFeeds.Rows;
+    const auto row = static_cast<std::size_t>(item.iItem);
+    if ((item.mask & LVIF_TEXT) == 0 || item.iItem < 0 || row >= rows.size()) return;
+    cell_ = Wide(CellOf(rows[row], item.iSubItem).substr(0, LongestCell));
+    item.pszText = cell_.data();
+}
+
+void CheckFeedsWindow::Event(const std::function<void(FeedCheck&)>& event) {
+    program_->CheckFeedsEvent(event);
+    sync_();
+}
+
+} // namespace quillon

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/Program.h"
+#include "win32/window/ModelessDialog.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+#include <functional>
+#include <string>
+
+namespace quillon {
+
+/// The window of the catalogue's check. Sizeable; a timer of its own drives the check.
+class CheckFeedsWindow : public ModelessDialog {
+  public:
+    /// `sync` brings all windows up to date after an event of this one.
+    explicit CheckFeedsWindow(std::function<void()> sync) : sync_(std::move(sync)) {}
+
+    /// Opens, updates or closes it as the data say.
+    void Sync(HWND owner, Program& program);
+
+  private:
+    INT_PTR Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
+    void Open(HWND owner);
+    void AddColumns();
+    void Show();
+    void ShowRows();
+    void Layout();
+    void FitColumns();
+    void FindSelected();
+    void FillItem(LVITEMW& item);
+    void Event(const std::function<void(FeedCheck&)>& event);
+    HWND Item(int id) const { return GetDlgItem(Window(), id); }
+
+    std::function<void()> sync_;
+    Program* program_ = nullptr;
+    int calls_ = 0;
+    std::uint64_t revision_ = 0;
+    std::wstring cell_; // text of the cell being asked for; lives until the next question
+};
+
+} // namespace quillon

@@ -1,0 +1,31 @@
+#include "win32/window/Controls.h"
+
+namespace quillon {
+
+HWND AddControl(HWND parent, const wchar_t* control_class, const wchar_t* text, DWORD style, int id) {
+    return CreateWindowExW(0, control_class, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+}
+
+void MoveControl(HWND control, int x, int y, int width, int height) {
+    SetWindowPos(control, nullptr, x, y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void ShowControls(std::initializer_list<HWND> controls, bool visible) {
+    for (HWND control : controls) ShowWindow(control, visible ? SW_SHOW : SW_HIDE);
+}
+
+void SetFonts(std::initializer_list<HWND> controls, HFONT font) {
+    for (HWND control : controls) SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+}
+
+void TellSystemColors(HWND window) {
+    for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+        SendMessageW(child, WM_SYSCOLORCHANGE, 0, 0);
+}
+
+int LineHeight(const Theme& theme) {
+    return theme.Measure(theme.Text(), L"Ag").cy;
+}
+
+} // namespace quillon

@@ -1,0 +1,236 @@
+#include "win32/window/Dialogs.h"
+
+#include "win32/system/Utf16.h"
+#include "win32/window/Controls.h"
+#include "win32/window/DialogIds.h"
+#include "win32/window/Theme.h"
+
+namespace quillon {
+
+std::wstring WithLineFeeds(const std::string& text) {
+    std::wstring lines;
+    for (const wchar_t unit : Wide(text)) {
+        lines += unit;
+        if (unit == L'\r') lines += L'\n';
+    }
+    return lines;
+}
+
+void PrepareDialog(HWND dialog) {
+    MatchTitleToApps(dialog);
+    RECT owner{};
+    RECT own{};
+    HWND above = GetWindow(dialog, GW_OWNER);
+    if (above == nullptr || !GetWindowRect(above, &owner)) return;
+    GetWindowRect(dialog, &own);
+    SetWindowPos(dialog, nullptr, (owner.left + owner.right - (own.right - own.left)) / 2,
+                 (owner.top + owner.bottom - (own.bottom - own.top)) / 2, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+namespace {
+
+RECT AreaOf(HWND dialog, HWND control) {
+    RECT area{};
+    GetWindowRect(control, &area);
+    MapWindowPoints(HWND_DESKTOP, dialog, reinterpret_cast<POINT*>(&area), 2);
+    return area;
+}
+
+int HeightOfText(HWND label, int width) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(label)) + 1, L'\0');
+    GetWindowTextW(label, text.data(), static_cast<int>(text.size()));
+    RECT area{0, 0, width, 0};
+    HDC context = GetDC(label);
+    const HGDIOBJ old = SelectObject(context, reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)));
+    DrawTextW(context, text.c_str(), -1, &area, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    SelectObject(context, old);
+    ReleaseDC(label, context);
+    return area.bottom;
+}
+
+} // namespace
+
+void FitToText(HWND dialog, int label_id) {
+    HWND label = GetDlgItem(dialog, label_id);
+    const RECT area = AreaOf(dialog, label);
+    const int width = area.right - area.left;
+    const int height = HeightOfText(label, width);
+    const int growth = height - (area.bottom - area.top);
+    for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        const RECT below = AreaOf(dialog, child);
+        if (below.top >= area.bottom)
+            MoveControl(child, below.left, below.top + growth, below.right - below.left,
+                        below.bottom - below.top);
+    }
+    MoveControl(label, area.left, area.top, width, height);
+    RECT outside{};
+    GetWindowRect(dialog, &outside);
+    SetWindowPos(dialog, nullptr, 0, 0, outside.right - outside.left, outside.bottom - outside.top + growth,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+std::string TextOfItem(HWND dialog, int id) {
+    HWND item = GetDlgItem(dialog, id);
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(item)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(item, text.data(), static_cast<int>(text.size()))));
+    return Narrow(text);
+}
+
+namespace {
+
+struct Question {
+    std::string title;
+    std::string prompt;
+    std::string answer;
+};
+
+void Ask(HWND dialog, const Question& question) {
+    SetWindowTextW(dialog, Wide(question.title).c_str());
+    SetDlgItemTextW(dialog, IDC_PROMPT, WithLineFeeds(question.prompt).c_str());
+    FitToText(dialog, IDC_PROMPT);
+    PrepareDialog(dialog);
+    SetDlgItemTextW(dialog, IDC_ANSWER, Wide(question.answer).c_str());
+    SendDlgItemMessageW(dialog, IDC_ANSWER, EM_SETSEL, 0, -1);
+    SetFocus(GetDlgItem(dialog, IDC_ANSWER));
+}
+
+INT_PTR CALLBACK InputProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(dialog, DWLP_USER, lparam);
+        Ask(dialog, *reinterpret_cast<Question*>(lparam));
+        return FALSE; // the focus has been set
+    }
+    if (message != WM_COMMAND) return FALSE;
+    auto* question = reinterpret_cast<Question*>(GetWindowLongPtrW(dialog, DWLP_USER));
+    const int id = LOWORD(wparam);
+    if (id != IDOK && id != IDCANCEL) return FALSE;
+    question->answer = id == IDOK ? TextOfItem(dialog, IDC_ANSWER) : "";
+    EndDialog(dialog, id);
+    return TRUE;
+}
+
+int SelectedOption(HWND dialog) {
+    for (int id = IDC_OPTION1; id <= IDC_OPTION4; ++id)
+        if (IsDlgButtonChecked(dialog, id) == BST_CHECKED) return id - IDC_OPTION1 + 1;
+    return 0;
+}
+
+INT_PTR CALLBACK MuteKeyProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_INITDIALOG) {
+        PrepareDialog(dialog);
+        if (lparam > 0) CheckDlgButton(dialog, IDC_OPTION1 + static_cast<int>(lparam) - 1, BST_CHECKED);
+        return TRUE;
+    }
+    if (message != WM_COMMAND || (LOWORD(wparam) != IDOK && LOWORD(wparam) != IDCANCEL)) return FALSE;
+    EndDialog(dialog, LOWORD(wparam) == IDOK ? SelectedOption(dialog) : 0);
+    return TRUE;
+}
+
+INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_INITDIALOG) {
+        PrepareDialog(dialog);
+        const auto& theme = *reinterpret_cast<const Theme*>(lparam);
+        SendDlgItemMessageW(dialog, IDC_ABOUT_NAME, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Large()), FALSE);
+        SetDlgItemTextW(dialog, IDC_ABOUT_VERSION, L"Version " QUILLON_VERSION_W);
+        return TRUE;
+    }
+    if (message != WM_COMMAND) return FALSE;
+    EndDialog(dialog, LOWORD(wparam));
+    return TRUE;
+}
+
+INT_PTR CALLBACK FoldersProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_INITDIALOG) {
+        PrepareDialog(dialog);
+        const auto& folders = *reinterpret_cast<const Folders*>(lparam);
+        int id = IDC_FOLDER1;
+        for (const std::string* folder : {&folders.AppPath, &folders.DataPath, &folders.WavePath})
+            SetDlgItemTextW(dialog, id++, Wide(*folder).c_str());
+        return TRUE;
+    }
+    if (message != WM_COMMAND || HIWORD(wparam) != BN_CLICKED) return FALSE;
+    EndDialog(dialog, LOWORD(wparam));
+    return TRUE;
+}
+
+} // namespace
+
+bool ShowAbout(HWND owner) {
+    const Theme theme(owner != nullptr ? GetDpiForWindow(owner) : GetDpiForSystem());
+    const INT_PTR ended = DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_ABOUT), owner,
+                                          AboutProcedure, reinterpret_cast<LPARAM>(&theme));
+    return ended == IDC_SYSTEM_INFO;
+}
+
+std::string ShowFolders(HWND owner, const Folders& folders) {
+    const INT_PTR ended = DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_FOLDERS), owner,
+                                          FoldersProcedure, reinterpret_cast<LPARAM>(&folders));
+    switch (ended) {
+    case IDC_OPEN_FOLDER1:
+        return folders.AppPath;
+    case IDC_OPEN_FOLDER1 + 1:
+        return folders.DataPath;
+    case IDC_OPEN_FOLDER1 + 2:
+        return folders.WavePath;
+    default:
+        return {};
+    }
+}
+
+int AskForMuteKey(HWND owner, int option) {
+    const INT_PTR set = DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_MUTE_KEY), owner,
+                                        MuteKeyProcedure, option);
+    return set > 0 ? static_cast<int>(set) : 0;
+}
+
+std::string AskForText(HWND owner, const std::string& title, const std::string& prompt,
+                       const std::string& default_answer) {
+    Question question{title, prompt, default_answer};
+    const INT_PTR ended = DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_INPUT), owner,
+                                          InputProcedure, reinterpret_cast<LPARAM>(&question));
+    return ended == IDOK ? question.answer : "";
+}
+
+void FsuipcStatusWindow::Sync(HWND owner, const frmShow_FSUIPC& form) {
+    if (!form.Visible) return CloseWindow();
+    const bool opens = Window() == nullptr;
+    if (opens) OpenWindow(IDD_FSUIPC_STATUS, owner);
+    if (Window() == nullptr) return;
+    if (!opens && caption_ == form.LabelCaption && red_ == form.LabelRed) return;
+    caption_ = form.LabelCaption;
+    red_ = form.LabelRed;
+    SetDlgItemTextW(Window(), IDC_STATUS_TEXT, WithLineFeeds(caption_).c_str());
+    FitToText(Window(), IDC_STATUS_TEXT); // three times as long where there is trouble to explain
+    if (!opens) return;
+    PrepareDialog(Window());
+    ShowWindow(Window(), SW_SHOW);
+}
+
+/// A red that is read on the user's background, be it light or dark.
+COLORREF FsuipcStatusWindow::TextColor() const {
+    if (!red_) return GetSysColor(COLOR_BTNTEXT);
+    const COLORREF face = GetSysColor(COLOR_3DFACE);
+    const bool dark = GetRValue(face) + GetGValue(face) + GetBValue(face) < 3 * 128;
+    return dark ? RGB(255, 110, 110) : RGB(200, 0, 0);
+}
+
+INT_PTR FsuipcStatusWindow::Handle(UINT message, WPARAM wparam, LPARAM) {
+    switch (message) {
+    case WM_INITDIALOG:
+        return TRUE;
+    case WM_CTLCOLORSTATIC: {
+        auto* context = reinterpret_cast<HDC>(wparam);
+        SetTextColor(context, TextColor());
+        SetBkMode(context, TRANSPARENT);
+        return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_3DFACE));
+    }
+    case WM_COMMAND:
+        if (LOWORD(wparam) == IDOK || LOWORD(wparam) == IDCANCEL) closed_();
+        return TRUE;
+    default:
+        return FALSE;
+    }
+}
+
+} // namespace quillon

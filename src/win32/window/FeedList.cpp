@@ -1,0 +1,207 @@
+#include "win32/window/FeedList.h"
+
+#include "runtime/Text.h"
+#include "win32/system/Utf16.h"
+#include "win32/window/ControlIds.h"
+#include "win32/window/ToolTips.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace quillon {
+
+namespace {
+
+constexpr int TwipsPerInch = 1440;
+constexpr int ArrowRoom = 36; // at 96 dpi
+
+/// A third of the one colour over the other.
+COLORREF Blend(COLORREF over, COLORREF under) {
+    const auto mix = [](int a, int b) { return (a + 2 * b) / 3; };
+    return RGB(mix(GetRValue(over), GetRValue(under)), mix(GetGValue(over), GetGValue(under)),
+               mix(GetBValue(over), GetBValue(under)));
+}
+
+} // namespace
+
+FeedList::FeedList(HWND parent, HWND tips, const ListView& data) : data_(data), tips_(tips) {
+    constexpr DWORD Style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_GROUP | LVS_REPORT | LVS_OWNERDATA |
+                            LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
+    window_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"Feeds", Style, 0, 0, 0, 0, parent,
+                              reinterpret_cast<HMENU>(INT_PTR{IdFeedList}), nullptr, nullptr);
+    ListView_SetExtendedListViewStyle(window_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
+}
+
+void FeedList::SetTheme(const Theme& theme) {
+    theme_ = &theme;
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), FALSE);
+    shown_widths_ = {};
+    SyncColumns();
+}
+
+void FeedList::SyncColumns() {
+    if (theme_ == nullptr) return;
+    for (std::size_t index = 0; index < data_.ColumnHeaders.size() && index < shown_widths_.size(); ++index) {
+        const ListView::ColumnHeader& header = data_.ColumnHeaders[index];
+        const int column = static_cast<int>(index);
+        if (column == columns_) AddColumn(columns_++, header.Text);
+        const int width = WidthOf(index);
+        if (shown_widths_[index] == width) continue;
+        shown_widths_[index] = width;
+        ListView_SetColumnWidth(window_, column, width);
+    }
+}
+
+/// Pixels. The addresses take what room the other columns leave, and a sorted column's header has room for its
+/// arrow.
+int FeedList::WidthOf(std::size_t column) const {
+    const ListView::ColumnHeader& header = data_.ColumnHeaders[column];
+    int width = theme_->TwipsToPx(header.WidthTwips);
+    if (data_.Sorted() && static_cast<std::size_t>(data_.SortKey()) == column)
+        width = std::max(width, static_cast<int>(theme_->Measure(theme_->Text(), Wide(header.Text)).cx) +
+                                    theme_->Px(ArrowRoom));
+    if (column + 1 < shown_widths_.size()) return width;
+    RECT area{};
+    GetClientRect(window_, &area);
+    return std::max(width, static_cast<int>(area.right) -
+                               std::accumulate(shown_widths_.begin(), shown_widths_.end() - 1, 0));
+}
+
+void FeedList::AddColumn(int index, const std::string& name) {
+    std::wstring text = Wide(name);
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT;
+    column.pszText = text.data();
+    ListView_InsertColumn(window_, index, &column);
+}
+
+/// A double click on a column's edge fits it to its texts, which Windows tells as a change and Wine only by the
+/// click. While an edge is dragged the width changes all the time, and the last column must not be fitted.
+std::optional<std::pair<Column, int>> FeedList::ResizedColumn(const NMHDR& header) {
+    if (header.hwndFrom != ListView_GetHeader(window_)) return std::nullopt;
+    if (header.code == HDN_BEGINTRACKW) dragging_ = true;
+    if (header.code == HDN_ENDTRACKW) dragging_ = false;
+    const bool may_tell =
+        header.code == HDN_ENDTRACKW || header.code == HDN_ITEMCHANGEDW || header.code == HDN_DIVIDERDBLCLICKW;
+    if (!may_tell || dragging_) return std::nullopt;
+    const auto& change = reinterpret_cast<const NMHEADERW&>(header);
+    const auto index = static_cast<std::size_t>(change.iItem);
+    const bool tells = change.pitem != nullptr && (change.pitem->mask & HDI_WIDTH) != 0;
+    const int width = tells ? change.pitem->cxy : ListView_GetColumnWidth(window_, change.iItem);
+    if (index >= shown_widths_.size() || width == shown_widths_[index]) return std::nullopt;
+    shown_widths_[index] = width;
+    return std::pair(static_cast<Column>(index), MulDiv(width, TwipsPerInch, static_cast<int>(theme_->Dpi())));
+}
+
+void FeedList::Sync() {
+    syncing_ = true;
+    if (revision_ != data_.Revision()) {
+        revision_ = data_.Revision();
+        ListView_SetItemCountEx(window_, static_cast<int>(data_.Items().size()), LVSICF_NOSCROLL);
+        InvalidateRect(window_, nullptr, FALSE);
+        selected_ = SelectedRow();
+    }
+    SyncColumns(); // now that the scroll bar is there or gone
+    if (!tip_shown_ && !data_.ToolTipText.empty()) {
+        tip_shown_ = true; // it speaks of the headers, and over the rows it would hide them
+        SetControlTip(tips_, ListView_GetHeader(window_), data_.ToolTipText);
+    }
+    if (selected_ != data_.Selected()) {
+        selected_ = data_.Selected();
+        ListView_SetItemState(window_, -1, 0, LVIS_SELECTED);
+        if (selected_)
+            ListView_SetItemState(window_, static_cast<int>(*selected_), LVIS_SELECTED | LVIS_FOCUSED,
+                                  LVIS_SELECTED | LVIS_FOCUSED);
+    }
+    if (marked_ != data_.LastSearchIndex()) {
+        marked_ = data_.LastSearchIndex();
+        InvalidateRect(window_, nullptr, FALSE);
+    }
+    SyncArrow();
+    if (visible_request_ != data_.VisibleRequest()) {
+        visible_request_ = data_.VisibleRequest();
+        if (selected_) ListView_EnsureVisible(window_, static_cast<int>(*selected_), FALSE);
+    }
+    syncing_ = false;
+}
+
+void FeedList::SyncArrow() {
+    const int column = data_.Sorted() ? static_cast<int>(data_.SortKey()) + 1 : 0;
+    const int arrow = data_.Order() == SortOrder::Descending ? -column : column;
+    if (arrow == arrow_) return;
+    arrow_ = arrow;
+    HWND header = ListView_GetHeader(window_);
+    for (int index = 0; index < Header_GetItemCount(header); ++index) {
+        HDITEMW item{};
+        item.mask = HDI_FORMAT;
+        SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+        item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+        if (index + 1 == column) item.fmt |= arrow > 0 ? HDF_SORTUP : HDF_SORTDOWN;
+        SendMessageW(header, HDM_SETITEMW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
+    }
+}
+
+std::optional<std::size_t> FeedList::SelectedRow() const {
+    const int row = ListView_GetNextItem(window_, -1, LVNI_SELECTED);
+    return row < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(row));
+}
+
+POINT FeedList::PlaceOf(std::size_t row) const {
+    RECT area{};
+    ListView_GetItemRect(window_, static_cast<int>(row), &area, LVIR_LABEL);
+    POINT place{area.left, area.bottom};
+    ClientToScreen(window_, &place);
+    return place;
+}
+
+LRESULT FeedList::Notify(NMHDR& header) {
+    switch (header.code) {
+    case LVN_GETDISPINFOW:
+        FillItem(reinterpret_cast<NMLVDISPINFOW&>(header).item);
+        return 0;
+    case LVN_ODFINDITEMW:
+        return FindByIcao(reinterpret_cast<NMLVFINDITEMW&>(header));
+    case NM_CUSTOMDRAW:
+        return Draw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
+    default:
+        return 0;
+    }
+}
+
+void FeedList::FillItem(LVITEMW& item) {
+    const auto row = static_cast<std::size_t>(item.iItem);
+    if ((item.mask & LVIF_TEXT) == 0 || item.iItem < 0 || row >= data_.Items().size()) return;
+    // A hand-written line may be of any length; nobody reads more than this in a column.
+    const std::string_view text = TextOf(data_.Items()[row], static_cast<Column>(item.iSubItem));
+    cell_ = Wide(text.substr(0, 1024));
+    item.pszText = cell_.data();
+}
+
+LRESULT FeedList::FindByIcao(const NMLVFINDITEMW& find) const {
+    const auto& items = data_.Items();
+    if ((find.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || items.empty()) return -1;
+    const std::string wanted = LCase(Narrow(find.lvfi.psz));
+    const auto start = static_cast<std::size_t>(find.iStart < 0 ? 0 : find.iStart);
+    for (std::size_t step = 0; step < items.size(); ++step) {
+        const std::size_t row = (start + step) % items.size();
+        if (LCase(items[row].ICAO).rfind(wanted, 0) == 0) return static_cast<LRESULT>(row);
+    }
+    return -1;
+}
+
+LRESULT FeedList::Draw(NMLVCUSTOMDRAW& draw) const {
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+    const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
+    if (row == selected_ && GetFocus() != window_) {
+        // What plays stays in sight; the system's own colour for this is hardly told from the window's.
+        draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+        draw.clrText = GetSysColor(COLOR_WINDOWTEXT);
+        draw.clrTextBk = Blend(GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_WINDOW));
+    }
+    if (static_cast<int>(row) + 1 != data_.LastSearchIndex()) return CDRF_DODEFAULT;
+    SelectObject(draw.nmcd.hdc, theme_->Bold());
+    return CDRF_NEWFONT;
+}
+
+} // namespace quillon

@@ -1,0 +1,46 @@
+#include "win32/window/KeyboardFocus.h"
+
+#include <vector>
+
+namespace quillon {
+
+namespace {
+
+/// Whether a control, or the one it is part of, is in the same group as the pane's first.
+bool IsInPane(HWND window, HWND pane, HWND control) {
+    HWND member = pane;
+    do {
+        if (member == control || IsChild(member, control)) return true;
+        member = GetNextDlgGroupItem(window, member, FALSE);
+    } while (member != nullptr && member != pane);
+    return false;
+}
+
+} // namespace
+
+void KeyboardFocus::Keep() {
+    if (HWND focus = GetFocus(); IsChild(window_, focus)) kept_ = focus;
+}
+
+/// What had it may be hidden by now, as a frame is by its own button.
+void KeyboardFocus::Restore() const {
+    SetFocus(kept_ != nullptr && IsWindowVisible(kept_) ? kept_ : list_.Window());
+}
+
+void KeyboardFocus::Move(WPARAM wparam, LPARAM lparam) const {
+    HWND next = LOWORD(lparam) != 0 ? reinterpret_cast<HWND>(wparam)
+                                    : GetNextDlgTabItem(window_, GetFocus(), wparam != 0 ? TRUE : FALSE);
+    SetFocus(next);
+}
+
+void KeyboardFocus::NextPane(bool back) const {
+    std::vector<HWND> panes{list_.Window(), controls_.ModePane(), controls_.PlayerPane()};
+    for (HWND frame : frames_.Panes()) panes.push_back(frame);
+    const HWND focus = GetFocus();
+    std::size_t current = 0;
+    for (std::size_t i = 0; i < panes.size(); ++i)
+        if (IsInPane(window_, panes[i], focus)) current = i;
+    SetFocus(panes[(current + (back ? panes.size() - 1 : 1)) % panes.size()]);
+}
+
+} // namespace quillon

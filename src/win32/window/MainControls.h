@@ -1,0 +1,73 @@
+#pragma once
+
+#include "state/Forms.h"
+#include "win32/window/Theme.h"
+
+#include <windows.h>
+
+#include <array>
+#include <string>
+
+namespace quillon {
+
+/// The band of controls above the list: selection mode, player strip, distance label and the live ATC picture.
+class MainControls {
+  public:
+    MainControls(HWND parent, HWND tips, const Theme& theme);
+
+    /// Fonts and pictures for a resolution.
+    void SetTheme(const Theme& theme);
+
+    /// What takes the keyboard when it comes to that part of the band.
+    HWND ModePane() const { return shown_mode_ == SelectionMode::Manual ? manual_ : auto_; }
+    HWND PlayerPane() const { return buttons_[0]; }
+
+    /// Places the band at the top of an area of that width and returns its height. Sizes follow the texts.
+    int Place(const Theme& theme, int width);
+
+    /// The narrowest width at which nothing of the band is cut.
+    int LeastWidth(const Theme& theme) const;
+
+    /// Shows what differs from what is shown.
+    void Sync(const frmATC& form);
+
+    int VolumePosition() const;
+
+  private:
+    int ModeGroupWidth(const Theme& theme) const;
+    int PlayerGroupWidth(const Theme& theme) const;
+    int QuitWidth(const Theme& theme) const;
+    void PlaceModes(const Theme& theme, int x, int y, int height);
+    void PlacePlayer(const Theme& theme, int x, int y, int width, int height);
+    void PlaceLabels(const Theme& theme, int y, int width);
+    void SyncCountdown(const frmATC& form);
+
+    HWND tips_;
+    HWND mode_group_;
+    HWND auto_;
+    HWND manual_;
+    HWND player_group_;
+    std::array<HWND, 3> buttons_;
+    HWND volume_label_;
+    HWND volume_;
+    HWND distance_;
+    HWND elapsed_;
+    HWND of_;
+    HWND gap_;
+    HWND picture_;
+    HWND picture_label_;
+    HWND quit_;
+    std::array<IconHandle, 3> glyphs_;
+    IconHandle picture_icon_;
+
+    Label shown_distance_;
+    std::string shown_elapsed_;
+    std::string shown_gap_;
+    bool countdown_shown_ = false;
+    int shown_volume_ = -1;
+    SelectionMode shown_mode_ = SelectionMode::Manual; // differs from the first, so that Sync checks a button
+    bool mode_shown_ = false;
+    bool picture_shown_ = false;
+};
+
+} // namespace quillon

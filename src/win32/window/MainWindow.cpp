@@ -1,0 +1,385 @@
+#include "win32/window/MainWindow.h"
+
+#include "win32/system/Utf16.h"
+#include "win32/window/ControlIds.h"
+#include "win32/window/Controls.h"
+#include "win32/window/MainCommands.h"
+#include "win32/window/ToolTips.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+#include <climits>
+#include <commctrl.h>
+
+namespace quillon {
+
+namespace {
+
+constexpr int LeastListHeight = 80; // at 96 dpi
+
+} // namespace
+
+MainWindow::MainWindow()
+    : fsuipc_status_([this] {
+          program_->frmShow_FSUIPC_Command1_Click();
+          Sync();
+      }),
+      add_feed_([this] { Sync(); }),
+      check_feeds_([this] { Sync(); }) {}
+MainWindow::~MainWindow() = default;
+
+bool MainWindow::Create(Program& program) {
+    program_ = &program;
+    const INITCOMMONCONTROLSEX classes{sizeof classes,
+                                       ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_STANDARD_CLASSES};
+    InitCommonControlsEx(&classes);
+
+    WNDCLASSEXW window_class{};
+    window_class.cbSize = sizeof window_class;
+    window_class.lpfnWndProc = Procedure;
+    window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.hIcon = LoadIconW(window_class.hInstance, MAKEINTRESOURCEW(1));
+    window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    window_class.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+    window_class.lpszClassName = MainWindowClass;
+    RegisterClassExW(&window_class);
+    CreateWindowExW(WS_EX_CONTROLPARENT, MainWindowClass, L"Quillon", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                    CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, menu_.Bar(), window_class.hInstance,
+                    this);
+    if (window_ == nullptr) return false;
+    MatchTitleToApps(window_);
+    MainWindowSize::SetFirst(window_, theme_, controls_->LeastWidth(theme_));
+    Sync();
+    return true;
+}
+
+HWND MainWindow::BoxOwner() {
+    Sync();
+    if (add_feed_.Window() != nullptr) return add_feed_.Window();
+    if (IsWindowVisible(window_)) return window_;
+    return splash_.Window();
+}
+
+LRESULT CALLBACK MainWindow::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_NCCREATE) {
+        auto* self = static_cast<MainWindow*>(reinterpret_cast<CREATESTRUCTW*>(lparam)->lpCreateParams);
+        self->window_ = window;
+        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+    }
+    auto* self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    return self != nullptr ? self->Handle(message, wparam, lparam)
+                           : DefWindowProcW(window, message, wparam, lparam);
+}
+
+LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
+    switch (message) {
+    case WM_CREATE:
+        CreateControls();
+        return 0;
+    case WM_SIZE:
+        Resized(wparam == SIZE_RESTORED);
+        return 0;
+    case WM_GETMINMAXINFO:
+        if (controls_)
+            MainWindowSize::Limit(*reinterpret_cast<MINMAXINFO*>(lparam), theme_,
+                                  controls_->LeastWidth(theme_));
+        return 0;
+    case WM_DPICHANGED:
+        MoveToDpi(HIWORD(wparam), *reinterpret_cast<RECT*>(lparam));
+        return 0;
+    case WM_SYSCOLORCHANGE:
+        TellSystemColors(window_);
+        [[fallthrough]];
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+        Restyle();
+        return 0;
+    case WM_TIMER:
+        Event([wparam](Program& program) { program.Timer_Timer(static_cast<int>(wparam)); });
+        return 0;
+    case WM_COMMAND:
+        Command(LOWORD(wparam), HIWORD(wparam));
+        return 0;
+    case WM_NOTIFY:
+        return Notify(*reinterpret_cast<NMHDR*>(lparam));
+    case WM_HSCROLL:
+        Event([this](Program& program) { program.sldVolume_Change(controls_->VolumePosition()); });
+        return 0;
+    case WM_CONTEXTMENU:
+        ShowRowMenu(reinterpret_cast<HWND>(wparam), {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
+        return 0;
+    case WM_NEXTDLGCTL:
+        focus_->Move(wparam, lparam);
+        return 0;
+    case WM_ACTIVATE:
+        if (LOWORD(wparam) == WA_INACTIVE) focus_->Keep();
+        return DefWindowProcW(window_, message, wparam, lparam);
+    case WM_LBUTTONDOWN:
+        Event(&Program::Form_Click);
+        return 0;
+    case WM_SETFOCUS:
+        focus_->Restore();
+        return 0;
+    case WM_CLOSE:
+        Event(&Program::mnuQuit_Click);
+        return 0;
+    case WM_ENDSESSION:
+        if (wparam != FALSE) program_->EndSession();
+        return 0;
+    case WM_DESTROY:
+        window_ = nullptr;
+        PostQuitMessage(0);
+        return 0;
+    default:
+        return DefWindowProcW(window_, message, wparam, lparam);
+    }
+}
+
+void MainWindow::Event(const std::function<void(Program&)>& event) {
+    event(*program_);
+    Sync();
+}
+
+/// The size counts from the moment on at which the user can change it.
+void MainWindow::Resized(bool restored) {
+    if (!shown_) return;
+    Layout();
+    if (restored && IsWindowVisible(window_)) program_->Form_Resize(size_.Read(window_, theme_));
+}
+
+void MainWindow::MoveToDpi(UINT dpi, const RECT& area) {
+    SetDpi(dpi);
+    SetWindowPos(window_, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void MainWindow::Restyle() {
+    MatchTitleToApps(window_);
+    if (focus_) SetDpi(theme_.Dpi()); // once all the controls are made
+}
+
+/// A point of (-1, -1) is the menu key's: the menu then opens at the row. While it is open, tuning may select
+/// another row; what is chosen is meant for the one it was opened for.
+void MainWindow::ShowRowMenu(HWND control, POINT where) {
+    const ListView& list = program_->State().form.lvwDB;
+    const auto row = list_->SelectedRow();
+    if (control != list_->Window() || !row || program_->State().Busy) return;
+    if (where.x == -1 && where.y == -1) where = list_->PlaceOf(*row);
+    const std::uint64_t revision = list.Revision();
+    const int chosen = MainMenu::AskForRow(window_, where, program_->State().form);
+    if (chosen == 0 || list.Revision() != revision) return;
+    program_->lvwDB_Select(row);
+    RunCommand(*program_, chosen);
+    Sync();
+}
+
+void MainWindow::CreateControls() {
+    theme_ = Theme(GetDpiForWindow(window_));
+    HWND tips = CreateToolTips(window_);
+    controls_ = std::make_unique<MainControls>(window_, tips, theme_);
+    frames_ = std::make_unique<PreferenceFrames>(window_);
+    list_ = std::make_unique<FeedList>(window_, tips, program_->State().form.lvwDB);
+    status_ = std::make_unique<StatusBar>(window_, tips);
+    focus_ = std::make_unique<KeyboardFocus>(window_, *list_, *controls_, *frames_);
+    list_->SetTheme(theme_);
+    status_->SetTheme(theme_);
+}
+
+void MainWindow::SetDpi(UINT dpi) {
+    theme_ = Theme(dpi);
+    controls_->SetTheme(theme_);
+    list_->SetTheme(theme_);
+    status_->SetTheme(theme_);
+    frames_->SetTheme(theme_);
+    LayoutAnew();
+}
+
+void MainWindow::Command(int id, int code) {
+    if ((id == IdCboMin || id == IdCboMax) && code == CBN_SELENDOK) {
+        const auto entry = frames_->PickedEntry(id);
+        if (entry) (program_->*(id == IdCboMin ? &Program::cboMin_Click : &Program::cboMax_Click))(*entry);
+    }
+    // Menus and pictures say 0 as buttons do; keys that stand for a command say 1.
+    if (code == BN_CLICKED || code == 1) RunCommand(*program_, id);
+    Sync();
+}
+
+LRESULT MainWindow::Notify(NMHDR& header) {
+    if (!list_) return 0;
+    if (const auto resized = list_->ResizedColumn(header))
+        program_->lvwDB_ColumnResize(resized->first, resized->second);
+    if (header.hwndFrom != list_->Window()) return 0;
+    if (!list_->UserIsSelecting()) return list_->Notify(header);
+    switch (header.code) {
+    case LVN_ITEMCHANGED:
+        if ((reinterpret_cast<NMLISTVIEW&>(header).uChanged & LVIF_STATE) == 0) return 0;
+        program_->lvwDB_Select(list_->SelectedRow());
+        break;
+    case NM_CLICK:
+        if (reinterpret_cast<NMITEMACTIVATE&>(header).iItem < 0) return 0;
+        program_->lvwDB_ItemClick();
+        break;
+    case NM_DBLCLK:
+        program_->lvwDB_DblClick();
+        break;
+    case LVN_COLUMNCLICK:
+        program_->lvwDB_ColumnClick(static_cast<Column>(reinterpret_cast<NMLISTVIEW&>(header).iSubItem));
+        break;
+    default:
+        return list_->Notify(header);
+    }
+    Sync();
+    return 0;
+}
+
+void MainWindow::Layout() {
+    RECT area{};
+    GetClientRect(window_, &area);
+    if (area.right == 0) return; // minimised
+    status_->Place(theme_);
+    const int band = controls_->Place(theme_, area.right);
+    const int top = band + frames_->Place(theme_, band);
+    const int height =
+        std::max(theme_.Px(LeastListHeight), static_cast<int>(area.bottom) - top - status_->Height());
+    // At the bottom, as Tab comes to the list last, also when frames have been made after it.
+    SetWindowPos(list_->Window(), HWND_BOTTOM, 0, top, area.right, height, SWP_NOACTIVATE);
+    list_->SyncColumns();
+}
+
+void MainWindow::LayoutAnew() {
+    Layout();
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void MainWindow::Repaint() {
+    Sync();
+    if (window_ != nullptr) UpdateWindow(window_);
+    if (splash_.Window() != nullptr) UpdateWindow(splash_.Window());
+}
+
+/// What the windows report while they are changed comes back here. A second pass then follows: a window that is
+/// just being made must not be made twice.
+void MainWindow::Sync() {
+    sync_again_ = syncing_;
+    if (syncing_) return;
+    syncing_ = true;
+    SyncOnce();
+    if (sync_again_) SyncOnce();
+    syncing_ = false;
+}
+
+void MainWindow::SyncOnce() {
+    if (window_ == nullptr || !status_) return; // what is being made reports, too
+    const ProgramState& state = program_->State();
+    splash_.Show(state.splash.Visible);
+    if (state.Ended) {
+        DestroyWindow(window_);
+        return;
+    }
+    if (caption_ != state.form.Caption) {
+        caption_ = state.form.Caption;
+        SetWindowTextW(window_, Wide(caption_).c_str());
+    }
+    menu_.Sync(state.form, state.Busy);
+    SyncBusy();
+    controls_->Sync(state.form);
+    if (frames_->Sync(state.form, theme_) && shown_) LayoutAnew();
+    fsuipc_status_.Sync(window_, state.fsuipcStatus);
+    add_feed_.Sync(window_, *program_);
+    check_feeds_.Sync(window_, *program_);
+    status_->Sync(state.form, theme_);
+    list_->Sync();
+    SyncTimers();
+    SyncVisibility();
+}
+
+void MainWindow::SyncTimers() {
+    const auto& wanted = program_->State().form.Timers;
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        if (wanted[i].Enabled == timers_[i].Enabled && wanted[i].Interval == timers_[i].Interval) continue;
+        timers_[i] = wanted[i];
+        if (wanted[i].Enabled)
+            SetTimer(window_, i + 1, static_cast<UINT>(wanted[i].Interval), nullptr);
+        else
+            KillTimer(window_, i + 1);
+    }
+}
+
+void MainWindow::SyncVisibility() {
+    const frmATC& form = program_->State().form;
+    size_.Sync(window_, theme_, form.Size);
+    if (form.Visible && !shown_) {
+        Layout();
+        ShowWindow(window_, SW_SHOWNORMAL);
+        shown_ = true;
+        UpdateWindow(window_);
+    }
+    if (form.lvwDBFocus && form.Visible) {
+        SetFocus(list_->Window());
+        program_->FocusTaken();
+    }
+}
+
+/// The window itself stays in reach: it can be moved and closed.
+void MainWindow::SyncBusy() {
+    const ProgramState& state = program_->State();
+    const bool busy = state.Busy && !state.addFeed.Visible; // that dialog blocks the window as a whole
+    if (busy_ == busy) return;
+    busy_ = busy;
+    if (busy_) focus_->Keep();
+    for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
+        if (GetDlgCtrlID(child) != IdQuit) EnableWindow(child, busy_ ? FALSE : TRUE);
+    if (!busy_ && GetActiveWindow() == window_) focus_->Restore();
+}
+
+/// Serves what is pending, but no more of it after a moment of GetTickCount64: a timer whose handler takes
+/// longer than its interval, as with a simulator that hangs, is always pending.
+bool MainWindow::Dispatch(ULONGLONG until) {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) return false;
+        if (window_ == nullptr || !Keystroke(message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+        if (GetTickCount64() >= until) break;
+    }
+    return !program_->State().Ended;
+}
+
+bool MainWindow::Keystroke(MSG& message) {
+    for (HWND modeless : {fsuipc_status_.Window(), check_feeds_.Window()})
+        if (modeless != nullptr && IsDialogMessageW(modeless, &message)) return true;
+    if (add_feed_.Window() != nullptr) return IsDialogMessageW(add_feed_.Window(), &message) != 0;
+    if (menu_.Translate(window_, message)) return true;
+    if (message.message == WM_KEYDOWN && message.wParam == VK_F6) {
+        focus_->NextPane(GetKeyState(VK_SHIFT) < 0);
+        return true;
+    }
+    if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && message.hwnd == list_->Window()) {
+        Event(&Program::lvwDB_ItemClick);
+        return true;
+    }
+    return IsDialogMessageW(window_, &message) != 0;
+}
+
+bool MainWindow::ServeEvents(std::chrono::milliseconds time) {
+    Sync();
+    const ULONGLONG deadline = GetTickCount64() + static_cast<ULONGLONG>(time.count());
+    do {
+        if (!Dispatch(deadline)) return false;
+        const ULONGLONG now = GetTickCount64();
+        if (now >= deadline) return true;
+        MsgWaitForMultipleObjectsEx(0, nullptr, static_cast<DWORD>(deadline - now), QS_ALLINPUT,
+                                    MWMO_INPUTAVAILABLE);
+    } while (true);
+}
+
+void MainWindow::Run() {
+    Sync();
+    while (window_ != nullptr && Dispatch(ULLONG_MAX))
+        MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+}
+
+} // namespace quillon

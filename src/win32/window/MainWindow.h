@@ -1,0 +1,95 @@
+#pragma once
+
+#include "app/Program.h"
+#include "ports/Display.h"
+#include "win32/window/AddFeedWindow.h"
+#include "win32/window/CheckFeedsWindow.h"
+#include "win32/window/Dialogs.h"
+#include "win32/window/FeedList.h"
+#include "win32/window/KeyboardFocus.h"
+#include "win32/window/MainControls.h"
+#include "win32/window/MainMenu.h"
+#include "win32/window/MainWindowSize.h"
+#include "win32/window/PreferenceFrames.h"
+#include "win32/window/SplashWindow.h"
+#include "win32/window/StatusBar.h"
+#include "win32/window/Theme.h"
+
+#include <windows.h>
+
+#include <array>
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace quillon {
+
+/// The main window on the screen. It decodes what the user does, hands it to the program and then draws what
+/// the program's data say.
+class MainWindow : public Display {
+  public:
+    MainWindow();
+    ~MainWindow() override;
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    /// Makes the window, hidden, for that program. Returns false when Windows refuses.
+    bool Create(Program& program);
+
+    /// The window that a message box belongs to, null while none is to be seen.
+    HWND BoxOwner();
+
+    void Repaint() override;
+
+    /// Serves the thread's window events for about that long; false once the program is ending.
+    bool ServeEvents(std::chrono::milliseconds time);
+
+    /// Serves them until the program has ended.
+    void Run();
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
+    void Event(const std::function<void(Program&)>& event);
+    void CreateControls();
+    void Resized(bool restored);
+    void MoveToDpi(UINT dpi, const RECT& area);
+    void Restyle();
+    void SetDpi(UINT dpi);
+    void Command(int id, int code);
+    bool Keystroke(MSG& message);
+    LRESULT Notify(NMHDR& header);
+    void Layout();
+    void LayoutAnew();
+    void ShowRowMenu(HWND control, POINT where);
+
+    void Sync();
+    void SyncOnce();
+    void SyncTimers();
+    void SyncVisibility();
+    void SyncBusy();
+    bool Dispatch(ULONGLONG until);
+
+    Program* program_ = nullptr;
+    HWND window_ = nullptr;
+    Theme theme_;
+    std::unique_ptr<MainControls> controls_;
+    std::unique_ptr<FeedList> list_;
+    std::unique_ptr<StatusBar> status_;
+    std::unique_ptr<PreferenceFrames> frames_;
+    std::unique_ptr<KeyboardFocus> focus_;
+    MainMenu menu_;
+    SplashWindow splash_;
+    FsuipcStatusWindow fsuipc_status_;
+    AddFeedWindow add_feed_;
+    CheckFeedsWindow check_feeds_;
+    std::string caption_;
+    bool shown_ = false;
+    bool syncing_ = false;
+    bool sync_again_ = false;
+    bool busy_ = false;
+    MainWindowSize size_;
+    std::array<FormTimer, 5> timers_{};
+};
+
+} // namespace quillon

@@ -1,0 +1,89 @@
+#include "win32/window/StatusBar.h"
+
+#include "win32/system/Utf16.h"
+#include "win32/window/ControlIds.h"
+#include "win32/window/ToolTips.h"
+
+#include <algorithm>
+#include <commctrl.h>
+
+namespace quillon {
+
+namespace {
+
+/// The first panel must show every state whole; these are the longest.
+int LongestState(const Theme& theme) {
+    int longest = 0;
+    for (const wchar_t* text : {L"No Connection", L"ATC in 300 sec"})
+        longest = std::max(longest, static_cast<int>(theme.Measure(theme.Text(), text).cx));
+    return longest;
+}
+
+} // namespace
+
+StatusBar::StatusBar(HWND parent, HWND tips)
+    : window_(CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
+                              parent, reinterpret_cast<HMENU>(INT_PTR{IdStatusBar}), nullptr, nullptr)),
+      tips_(tips) {
+    for (int index = 0; index < 4; ++index) AddRectangleTip(tips_, window_, static_cast<UINT_PTR>(index));
+}
+
+int StatusBar::Height() const {
+    RECT area{};
+    GetWindowRect(window_, &area);
+    return area.bottom - area.top;
+}
+
+void StatusBar::SetTheme(const Theme& theme) {
+    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), FALSE);
+}
+
+void StatusBar::Place(const Theme& theme) {
+    SendMessageW(window_, WM_SIZE, 0, 0);
+    std::array<int, 4> edges{};
+    int edge = 0;
+    for (std::size_t index = 0; index < edges.size(); ++index) {
+        const int least = index == 0 ? LongestState(theme) + theme.Px(12) : 0;
+        edge += std::max(theme.TwipsToPx(shown_[index].WidthTwips), least);
+        edges[index] = edge;
+    }
+    RECT bar{};
+    GetClientRect(window_, &bar);
+    const int surplus = std::max(0L, bar.right - edges.back());
+    edges[2] += surplus; // the feed's name is the longest
+    edges.back() = -1;
+    SendMessageW(window_, SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+    for (int index = 0; index < 4; ++index) {
+        RECT area{};
+        SendMessageW(window_, SB_GETRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&area));
+        SetTipRectangle(tips_, window_, static_cast<UINT_PTR>(index), area);
+    }
+}
+
+void StatusBar::Sync(const frmATC& form, const Theme& theme) {
+    const std::array<Panel, 4>& panels = form.StatusBar1;
+    bool widths_changed = false;
+    for (std::size_t index = 0; index < panels.size(); ++index) {
+        if (shown_[index] == panels[index]) continue;
+        const bool text_changed = shown_[index].Text != panels[index].Text;
+        widths_changed |= shown_[index].WidthTwips != panels[index].WidthTwips;
+        shown_[index] = panels[index];
+        if (text_changed)
+            SendMessageW(window_, SB_SETTEXTW, index,
+                         reinterpret_cast<LPARAM>(Wide(panels[index].Text).c_str()));
+        SetTip(static_cast<int>(index), panels[index]);
+    }
+    if (widths_changed) Place(theme);
+    if (color_ == form.StatusBarColor) return;
+    color_ = form.StatusBarColor;
+    if (!HighContrast())
+        SendMessageW(window_, SB_SETBKCOLOR, 0, static_cast<LPARAM>(color_.value_or(CLR_DEFAULT)));
+}
+
+void StatusBar::SetTip(int index, const Panel& panel) {
+    // Without a tip of its own a panel shows its text, which may be cut at the panel's edge.
+    SetTipText(tips_, window_, static_cast<UINT_PTR>(index),
+               panel.ToolTipText.empty() ? panel.Text : panel.ToolTipText);
+}
+
+} // namespace quillon

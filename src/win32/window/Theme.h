@@ -1,0 +1,54 @@
+#pragma once
+
+#include "win32/system/Handle.h"
+
+#include <windows.h>
+
+#include <string>
+
+namespace quillon {
+
+using Font = Handle<HFONT, DeleteObject>;
+using IconHandle = Handle<HICON, DestroyIcon>;
+
+/// Sizes and fonts of a window at its resolution.
+class Theme {
+  public:
+    explicit Theme(UINT dpi = 96);
+
+    UINT Dpi() const { return dpi_; }
+
+    /// Pixels for a length given in pixels at 96 dpi, and for one in twips (1/1440 inch).
+    int Px(int at_96_dpi) const { return MulDiv(at_96_dpi, static_cast<int>(dpi_), 96); }
+    int TwipsToPx(int twips) const { return MulDiv(twips, static_cast<int>(dpi_), 1440); }
+
+    HFONT Text() const { return text_.Get(); }
+    HFONT Bold() const { return bold_.Get(); }
+    HFONT Large() const { return large_.Get(); }
+    HFONT Huge() const { return huge_.Get(); }
+
+    /// Size of one line of text.
+    SIZE Measure(HFONT font, const std::wstring& text) const;
+
+  private:
+    UINT dpi_;
+    Font text_;
+    Font bold_;
+    Font large_;
+    Font huge_;
+    Handle<HDC, DeleteDC> paper_; // to measure on
+};
+
+/// Whether the user has chosen a theme of few, far apart colours, which are then the only ones to draw with.
+bool HighContrast();
+
+/// Gives the window's title bar the light or dark look that the user has chosen for apps. Does nothing on
+/// systems that know only one.
+void MatchTitleToApps(HWND window);
+
+enum class Glyph { Play, Pause, Stop, Headset };
+
+/// A button's picture in a colour of the system's.
+IconHandle DrawGlyph(Glyph glyph, int size_px, COLORREF ink);
+
+} // namespace quillon
