@@ -114,21 +114,19 @@ BENCHMARK(LinkCalls<FakeSimulator>)->Name("free tick/link calls")->Unit(benchmar
 
 /// The distance to an airport in the last of 50,000 lines, or to one that the file does not have.
 void CalcDistance(benchmark::State& state, const char* icao) {
-    ProgramState program;
+    std::string step, message;
     FakePrompts prompts;
-    ErrorTrap trap(program.StartupStep, program.MessageText, prompts.AsReport());
+    ErrorTrap trap(step, message, prompts.AsReport());
     std::vector<std::string> lines;
     const std::string text = AirportsOf(50'000);
     std::string_view rest = text;
     while (const auto line = TakeLine(rest)) lines.emplace_back(*line);
-    program.Airports = std::move(lines);
-    program.feed.FeedIcao = icao;
-    ReceptionRange range(program, trap);
+    const AirportList airports(std::move(lines));
+    ReceptionRange range(airports, trap);
     for (auto _ : state) {
-        program.radio.AircraftLatitudeText = "43.0123456";
-        program.radio.AircraftLongitudeText = "-79.0123456";
-        program.range.AirportSearchStart = 1;
-        range.CalcDistance();
+        std::string latitude = "43.0123456", longitude = "-79.0123456";
+        std::int32_t search_start = 1;
+        benchmark::DoNotOptimize(range.CalcDistance({icao, search_start}, {latitude, longitude}, 50));
     }
 }
 BENCHMARK_CAPTURE(CalcDistance, found, "CYYZ")->Name("airport/found")->Unit(benchmark::kMicrosecond);

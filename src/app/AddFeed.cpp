@@ -37,7 +37,7 @@ std::string AddFeed::CataloguePath() const {
 }
 
 void AddFeed::mnuAddATC_Click() {
-    cycle_ran_ = StopCycle(state_);
+    cycle_ran_ = StopCycle(state_.cycle);
     state_.Busy = true;
     state_.addFeed = {};
     state_.addFeed.PromptCaption = AddressPrompt;

@@ -10,12 +10,11 @@ void CatalogueReload::Run(bool cycle_ran) {
 }
 
 void CatalogueReload::TakeUpList(bool cycle_ran) {
-    FeedState& feed = state_.feed;
-    if (!state_.form.optManual()) {
-        feed.ForceRetune = true;
-        if (feed.ActiveTimerId == 3) feed.ActiveTimerId = 1; // only Timer1 looks feeds up
+    if (!cycle_.optManual()) {
+        cycle_.ForceRetune = true;
+        if (cycle_.ActiveTimerId == 3) cycle_.ActiveTimerId = 1; // only Timer1 looks feeds up
     }
-    if (cycle_ran) PutInCharge(state_, feed.ActiveTimerId);
+    if (cycle_ran) PutInCharge(cycle_, cycle_.ActiveTimerId);
 }
 
 } // namespace quillon

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "catalogue/FeedLoader.h"
-#include "state/ProgramState.h"
+#include "state/PlaybackState.h"
 
 namespace quillon {
 
 /// What follows a command that may have changed the catalogue.
 class CatalogueReload {
   public:
-    CatalogueReload(ProgramState& state, FeedLoader& loader) : state_(state), loader_(loader) {}
+    CatalogueReload(CycleState& cycle, FeedLoader& loader) : cycle_(cycle), loader_(loader) {}
 
     /// Loads the list anew and lets the cycle run if it did before the command. In Automatic mode the next tick
     /// tunes anew; in Manual mode what plays goes on.
@@ -18,7 +18,7 @@ class CatalogueReload {
     void TakeUpList(bool cycle_ran);
 
   private:
-    ProgramState& state_;
+    CycleState& cycle_;
     FeedLoader& loader_;
 };
 

@@ -84,7 +84,7 @@ void FeedListCommands::ClickListView() {
     trap_.Run("Set Feed Errors", Icon::Exclamation, [this] {
         state_.StartupStep = "Set Feed Details";
         const auto selected = state_.form.lvwDB.Selected();
-        if (state_.form.optManual() && selected) PickSelectedFeed(state_.form.lvwDB.Items()[*selected]);
+        if (state_.cycle.optManual() && selected) PickSelectedFeed(state_.form.lvwDB.Items()[*selected]);
         state_.StartupStep.clear();
     });
 }
@@ -94,16 +94,16 @@ void FeedListCommands::PickSelectedFeed(const FeedRecord& picked) {
     state_.radio.PreviousFrequency = HandPickedFrequency;
     // The frequency of the pick before: it only has to differ from the sentinel.
     state_.radio.MasterFrequency = state_.feed.FeedFrequency;
-    MakeCurrent(state_, picked);
+    MakeCurrent(state_, texts_, picked);
     state_.chatter.FirstPick = true;
     if (state_.feed.WplMarker == 0) state_.feed.FeedUrlMarker = std::to_string(InStr(picked.URL, "//"));
     if (state_.feed.FeedUrlMarker != "0") {
-        PutInCharge(state_, 2);
+        PutInCharge(state_.cycle, 2);
         return;
     }
     state_.StartupStep = "Adding Wave Files";
-    FillShuffleBag(state_, state_.feed.FeedUrl);
-    PutInCharge(state_, 4);
+    FillShuffleBag(state_.chatter, state_.feed.FeedUrl, state_.StartupStep);
+    PutInCharge(state_.cycle, 4);
 }
 
 void FeedListCommands::lvwDB_DblClick() {
@@ -116,7 +116,7 @@ void FeedListCommands::mnuCopyAddress_Click() {
 }
 
 void FeedListCommands::mnuTuneFeed_Click() {
-    if (state_.form.optManual()) return;
+    if (state_.cycle.optManual()) return;
     trap_.Run("Set Feed Errors", Icon::Exclamation, [this] {
         state_.StartupStep = "Set Feed Details";
         TuneToSelectedFeed();
@@ -130,9 +130,10 @@ void FeedListCommands::TuneToSelectedFeed() {
     const FeedRecord& picked = state_.form.lvwDB.Items()[*selected];
     state_.radio.PreviousFrequency = HandPickedFrequency;
     state_.radio.MasterFrequency = state_.feed.FeedFrequency;
-    if (!IsCurrent(state_.feed, picked)) MakeCurrent(state_, picked); // what plays already need not stop
+    if (!IsCurrent(state_.feed, picked))
+        MakeCurrent(state_, texts_, picked); // what plays already need not stop
     tuning_.Write_FSUIPC(state_.feed.FeedFrequency);
-    state_.form.PanelAt(2).Text = state_.feed.FeedFrequency;
+    texts_.ShowTunedFrequency(state_.feed.FeedFrequency);
 }
 
 } // namespace quillon

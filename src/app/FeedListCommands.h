@@ -1,5 +1,6 @@
 #pragma once
 
+#include "playback/ScreenTexts.h"
 #include "ports/Keyboard.h"
 #include "ports/MediaPlayer.h"
 #include "ports/Prompts.h"
@@ -16,9 +17,10 @@ namespace quillon {
 /// What the user does with the list of feeds: sorting, searching, picking, and tuning the simulator from it.
 class FeedListCommands {
   public:
-    FeedListCommands(ProgramState& state, MediaPlayer& player, Prompts& prompts, Keyboard& keyboard,
-                     Shell& shell, RadioTuning& tuning, ErrorTrap& trap)
+    FeedListCommands(ProgramState& state, ScreenTexts& texts, MediaPlayer& player, Prompts& prompts,
+                     Keyboard& keyboard, Shell& shell, RadioTuning& tuning, ErrorTrap& trap)
         : state_(state),
+          texts_(texts),
           player_(player),
           prompts_(prompts),
           keyboard_(keyboard),
@@ -57,6 +59,7 @@ class FeedListCommands {
     void TuneToSelectedFeed();
 
     ProgramState& state_;
+    ScreenTexts& texts_;
     MediaPlayer& player_;
     Prompts& prompts_;
     Keyboard& keyboard_;

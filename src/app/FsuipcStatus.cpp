@@ -25,18 +25,12 @@ void FsuipcStatus::mnuFSUPIC_Click() {
 std::string FsuipcStatus::Radios() {
     constexpr const char* Titles[] = {
         "Com1 Freq:      ", "Com1 Stby:      ", "Com2 Freq:      ", "Com2 Stby:      "};
-    RadioState& radio = state_.radio;
-    const std::int16_t followed = radio.SelectedComm;
-    const std::string master = radio.MasterFrequency;
     std::string lines;
     for (std::int16_t number = 1; number <= 4; ++number) {
-        radio.SelectedComm = number;
-        radio.MasterFrequency.clear();
-        readout_.ReadMasterFrequency();
-        lines += Titles[number - 1] + radio.MasterFrequency + "\r";
+        state_.radio.CommOffset = FindCommRadio(number)->Offset;
+        const auto read = readout_.ReadRadio(state_.radio.CommOffset);
+        lines += Titles[number - 1] + (read ? read->frequency : "") + "\r";
     }
-    radio.SelectedComm = followed;
-    radio.MasterFrequency = master;
     return lines;
 }
 

@@ -62,12 +62,12 @@ void Maintenance::Restore() {
         if (FileExists(catalogue)) throw; // the user kept it when the shell asked
         throw RuntimeError{error.Number, error.Description + "\r\rThe old catalogue lies in the Recycle Bin."};
     }
-    reload_.Run(StopCycle(state_));
+    reload_.Run(StopCycle(state_.cycle));
     state_.StartupStep.clear();
 }
 
 void Maintenance::mnuEditData_Click() {
-    const bool cycle_ran = StopCycle(state_);
+    const bool cycle_ran = StopCycle(state_.cycle);
     state_.Busy = true;
     trap_.RunCommand("Edit Data Errors", Icon::Exclamation, [this] { Edit(); });
     state_.Busy = false;

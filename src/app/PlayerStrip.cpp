@@ -9,19 +9,19 @@ namespace quillon {
 void PlayerStrip::cmdPlay_Click() {
     if (state_.mute.Muted)
         mute_.UnMuteSound();
-    else if (state_.form.optManual())
+    else if (state_.cycle.optManual())
         player_.Play();
 }
 
 void PlayerStrip::cmdPause_Click() {
-    if (state_.form.optManual())
+    if (state_.cycle.optManual())
         player_.Pause();
     else
         mute_.MuteSound();
 }
 
 void PlayerStrip::cmdStop_Click() {
-    if (state_.form.optManual())
+    if (state_.cycle.optManual())
         player_.Stop();
     else
         mute_.MuteSound();

@@ -2,6 +2,7 @@
 
 #include "playback/Mute.h"
 #include "ports/LiveFeed.h"
+#include "state/ProgramState.h"
 
 namespace quillon {
 

@@ -57,27 +57,28 @@ struct Program::Logic {
                    prompts.Message(title, text, icon);
                }),
           link(ports.link, ports.memory, clock),
-          readout(state, link),
-          connection(state, link, clock),
+          readout(link, state.radio.FsuipcResult),
+          connection(state.radio, link),
+          texts(state, state.form),
           regional(ports.regional),
           settings(state, trap),
           remembered(state),
-          airports(state, ports.code_page, trap),
+          airports(state.Airports, ports.code_page, trap),
           loader(state, ports.prompts, ports.code_page, trap),
-          range(state, trap),
+          range(state.Airports, trap),
           shut_down(state, settings, remembered, regional, link, ports.player),
-          reload(state, loader),
+          reload(state.cycle, loader),
           starter(state, ports.prompts, ports.shell),
-          start_up(state, ports, trap, {regional, settings, remembered, airports, loader, starter, reload},
-                   command_line),
-          display(state, ports.player, ports.live, ports.shell),
-          sim(state, link, readout, range, ports.player, [this] { shut_down.Run(); }),
-          tuning(state, sim, display, ports.player, trap),
-          chatter(state, sim, display, ports.player, clock, trap),
-          modes(state, ports.player),
-          manual(state, display, ports.player, trap),
-          radio_tuning(state, link),
-          list(state, ports.player, ports.prompts, ports.keyboard, ports.shell, radio_tuning, trap),
+          start_up(state, ports, trap, texts,
+                   {regional, settings, remembered, airports, loader, starter, reload}, command_line),
+          display(state, texts, ports.player, ports.live, ports.shell),
+          sim(state, texts, link, readout, range, ports.player, [this] { shut_down.Run(); }),
+          tuning(state, state.form.lvwDB, texts, sim, display, ports.player, trap),
+          chatter(state, state.LastSearchText, texts, sim, ports.player, clock, trap),
+          modes(state, state.form.lvwDB, texts, ports.player),
+          manual(state, texts, display, ports.player, trap),
+          radio_tuning(state.radio, link),
+          list(state, texts, ports.player, ports.prompts, ports.keyboard, ports.shell, radio_tuning, trap),
           preferences(state, ports.prompts, ports.dialogs, ports.shell, trap),
           maintenance(state, ports.prompts, ports.shell, ports.files, clock, reload, trap),
           add_feed(state, ports.prompts, ports.code_page, reload, trap),
@@ -85,7 +86,7 @@ struct Program::Logic {
           help(state, ports.prompts, ports.dialogs, ports.shell),
           print(state, ports.prompts, ports.printer, clock, trap),
           status(state, link, readout),
-          mute(state, ports.player),
+          mute(state, texts, ports.player),
           mute_key(state, mute, ports.keyboard, ports.display, clock),
           strip(state, ports.player, ports.live, mute) {}
 
@@ -95,6 +96,7 @@ struct Program::Logic {
     FsuipcClient link;
     RadioReadout readout;
     SimConnection connection;
+    ScreenTexts texts;
     RegionalNumbers regional;
     Settings settings;
     RememberedState remembered;
@@ -150,7 +152,7 @@ void Program::HandleAlways(Handler handler) {
 void Program::ConnectToSimulator() {
     Handle([this] {
         logic_->start_up.Form_Load();
-        if (state_.Ended || !logic_->connection.Connect()) return;
+        if (state_.Ended || !Connect()) return;
         const std::string too_old = logic_->connection.CheckVersion();
         if (too_old.empty()) return;
         logic_->ports.prompts.Message("Quillon", too_old, Icon::Critical);
@@ -158,9 +160,21 @@ void Program::ConnectToSimulator() {
     });
 }
 
+bool Program::Connect() {
+    const bool connected = logic_->connection.Connect([this] {
+        logic_->texts.ShowLink(LinkNews::Looking);
+        Pause(logic_->clock, 2);
+        return !state_.Ended && !state_.cycle.optManual();
+    });
+    logic_->texts.ShowLink(LinkNews::None);
+    if (connected) logic_->texts.ShowTitle("Quillon");
+    return connected;
+}
+
 void Program::Timer_Timer(int id) {
-    const int last = static_cast<int>(state_.form.Timers.size());
-    if (id < 1 || id > last || !state_.form.Timer(id).Enabled) return; // any program may send a timer's message
+    const int last = static_cast<int>(state_.cycle.Timers.size());
+    if (id < 1 || id > last || !state_.cycle.Timer(id).Enabled)
+        return; // any program may send a timer's message
     Handle([this, id] {
         if (id == 1) logic_->tuning.Timer1_Timer();
         if (id == 2) logic_->manual.Timer2_Timer();
@@ -204,7 +218,7 @@ void Program::lvwDB_ColumnResize(Column column, int width) {
 
 void Program::mnuPlayFeed_Click() {
     Handle([this] {
-        if (!state_.form.optManual()) logic_->modes.optManual_Click();
+        if (!state_.cycle.optManual()) logic_->modes.optManual_Click();
         logic_->list.lvwDB_ItemClick();
     });
 }

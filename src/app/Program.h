@@ -114,6 +114,7 @@ class Program {
     void Handle(Handler handler);
     template <typename Handler>
     void HandleAlways(Handler handler);
+    bool Connect();
 
     ProgramState state_;
     bool in_handler_ = false;

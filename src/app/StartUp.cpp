@@ -40,7 +40,7 @@ void StartUp::TakeUpStarterData() {
     if (!trap_.Run("Starter data error", Icon::Exclamation, [this] { parts_.starter.Create(); })) return;
     parts_.regional.Restore(); // its note belongs into the new data folder
     ReplaceSeparators();
-    const bool cycle_ran = StopCycle(state_); // it has been running since the window was made
+    const bool cycle_ran = StopCycle(state_.cycle); // it has been running since the window was made
     Load(0);
     parts_.reload.TakeUpList(cycle_ran);
 }
@@ -55,7 +55,7 @@ void StartUp::SetUpForm() {
     state_.radio.PreviousFrequency = ForcedFrequency;
     state_.radio.MasterFrequency = UnreadFrequency;
     for (std::size_t i = 0; i < PanelWidths.size(); ++i) form.StatusBar1[i].WidthTwips = PanelWidths[i];
-    form.PanelAt(4).Text = "Selection Mode: Automatic";
+    texts_.ShowMode();
     FillGapCombos();
 }
 
@@ -96,7 +96,7 @@ void StartUp::RestorePlayer() {
 }
 
 void StartUp::LoadData() {
-    parts_.airports.LoadAirports();
+    parts_.airports.LoadAirports(state_.folders.DataPath);
     parts_.loader.LoadList();
 }
 

@@ -6,6 +6,7 @@
 #include "app/StarterData.h"
 #include "catalogue/FeedLoader.h"
 #include "geo/Airports.h"
+#include "playback/ScreenTexts.h"
 #include "runtime/ErrorTrap.h"
 #include "settings/RememberedState.h"
 #include "settings/Settings.h"
@@ -28,9 +29,14 @@ class StartUp {
         CatalogueReload& reload;
     };
 
-    StartUp(ProgramState& state, const Ports& ports, ErrorTrap& trap, const Parts& parts,
+    StartUp(ProgramState& state, const Ports& ports, ErrorTrap& trap, ScreenTexts& texts, const Parts& parts,
             std::string command_line)
-        : state_(state), ports_(ports), trap_(trap), parts_(parts), command_line_(std::move(command_line)) {}
+        : state_(state),
+          ports_(ports),
+          trap_(trap),
+          texts_(texts),
+          parts_(parts),
+          command_line_(std::move(command_line)) {}
 
     /// Prepares the data, shows the splash meanwhile and then the main window, which is shown as far as it was
     /// made when a step fails. Takes about four seconds, serving window events. What is missing may then be
@@ -52,6 +58,7 @@ class StartUp {
     ProgramState& state_;
     Ports ports_;
     ErrorTrap& trap_;
+    ScreenTexts& texts_;
     Parts parts_;
     std::string command_line_;
 };

@@ -23,17 +23,17 @@ DmsRecord ParseAngle(std::string_view line, std::ptrdiff_t before, std::ptrdiff_
 
 } // namespace
 
-void Airports::LoadAirports() {
-    trap_.Run("LoadAirports Error", Icon::Exclamation, [this] {
-        const std::string path = state_.folders.DataPath + AirportsName;
-        state_.StartupStep = "Opening " + path;
-        state_.Airports = {};
+void Airports::LoadAirports(const std::string& folder) {
+    trap_.Run("LoadAirports Error", Icon::Exclamation, [&] {
+        const std::string path = folder + AirportsName;
+        trap_.StartupStep() = "Opening " + path;
+        list_ = {};
         const std::string text = ReadText(path, page_);
         std::string_view rest = text;
         std::vector<std::string> lines;
         while (const auto line = TakeLine(rest)) lines.emplace_back(*line);
-        state_.Airports = std::move(lines);
-        state_.StartupStep.clear();
+        list_ = std::move(lines);
+        trap_.StartupStep().clear();
     });
 }
 

@@ -3,8 +3,9 @@
 #include "geo/Utilities.h"
 #include "ports/AnsiCodePage.h"
 #include "runtime/ErrorTrap.h"
-#include "state/ProgramState.h"
+#include "state/AirportList.h"
 
+#include <string>
 #include <string_view>
 
 namespace quillon {
@@ -15,15 +16,14 @@ inline constexpr const char* AirportsName = "Airport.dat";
 /// "KJFK,N40*38.00,W073*46.00".
 class Airports {
   public:
-    Airports(ProgramState& state, AnsiCodePage& page, ErrorTrap& trap)
-        : state_(state), page_(page), trap_(trap) {}
+    Airports(AirportList& list, AnsiCodePage& page, ErrorTrap& trap) : list_(list), page_(page), trap_(trap) {}
 
-    /// Fills the list of airports with the file's lines. A file that cannot be read is reported and leaves it
-    /// empty.
-    void LoadAirports();
+    /// Fills the list with the lines of the file in `folder`. A file that cannot be read is reported and leaves
+    /// the list empty.
+    void LoadAirports(const std::string& folder);
 
   private:
-    ProgramState& state_;
+    AirportList& list_;
     AnsiCodePage& page_;
     ErrorTrap& trap_;
 };

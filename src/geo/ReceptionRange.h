@@ -1,10 +1,13 @@
 #pragma once
 
+#include "geo/Airports.h"
 #include "geo/Mapstuff.h"
 #include "geo/Utilities.h"
 #include "runtime/ErrorTrap.h"
-#include "state/ProgramState.h"
+#include "state/AirportList.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace quillon {
@@ -14,24 +17,48 @@ namespace quillon {
 /// `startup_step` follows what it does. Raises error 5 for a text without a ".".
 std::string Convert2DMS(std::string& value, std::string& startup_step);
 
-/// Whether the current feed's airport is within the user's reception range of the aircraft.
+/// A position in degrees as texts; always with a decimal point.
+struct PositionTexts {
+    std::string& latitude;
+    std::string& longitude;
+};
+
+/// How far an airport is, and whether that is in range.
+struct RangeReading {
+    enum class Distance {
+        NotMeasured, ///< no feed, an error, or points between which there is no distance
+        Unknown,     ///< the airport or the position is not known
+        Measured,
+    };
+
+    Distance distance = Distance::NotMeasured;
+    std::int32_t nautical_miles = 0; ///< whole ones
+    std::optional<bool> in_range;    ///< nothing: not decided
+};
+
+/// Measures how far the aircraft is from airports.
 class ReceptionRange {
   public:
-    ReceptionRange(ProgramState& state, ErrorTrap& trap) : state_(state), trap_(trap) {}
+    ReceptionRange(const AirportList& airports, ErrorTrap& trap) : airports_(airports), trap_(trap) {}
 
-    /// Measures the distance to the current feed's airport; sets the distance label and `InRange`. Without a
-    /// feed nothing changes; without a known airport or position only the label does; an error, or points
-    /// between which there is no distance, leaves both. Range 0 is always in range.
-    void CalcDistance();
+    /// The airport to measure to, and where the search for its line begins (see FindAirport).
+    struct Airport {
+        const std::string& icao; ///< empty: no feed
+        std::int32_t& search_start;
+        bool known = true; ///< false: it is not looked up
+    };
+
+    /// Distance from the airport to the aircraft; in range up to `range` nautical miles, 0 is always in range.
+    /// Cuts the position's texts to 7 characters. Reports errors.
+    RangeReading CalcDistance(const Airport& airport, const PositionTexts& aircraft, std::int16_t range);
 
   private:
-    void Measure();
-    bool FindFeedAirport();
-    void ShowNoDistance();
-    GeodesicProblem ProblemTo(const DmsRecord& airport_latitude, const DmsRecord& airport_longitude);
-    void ShowDistance(double metres);
+    void Measure(const Airport& airport, const PositionTexts& aircraft, std::int16_t range,
+                 RangeReading& reading);
+    std::optional<std::size_t> FindAirport(const Airport& airport) const;
+    GeodesicProblem ProblemTo(const AirportPosition& airport, const PositionTexts& aircraft);
 
-    ProgramState& state_;
+    const AirportList& airports_;
     ErrorTrap& trap_;
 };
 

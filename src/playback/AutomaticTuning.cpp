@@ -26,16 +26,16 @@ void AutomaticTuning::Timer1_Timer() {
 }
 
 void AutomaticTuning::Tick() {
-    state_.feed.ActiveTimerId = 1;
+    state_.cycle.ActiveTimerId = 1;
     if (!sim_.Relink()) return;
-    state_.feed.CaptionBase = "Quillon";
+    state_.cycle.CaptionBase = "Quillon";
     display_.GetWMPState();
-    state_.StartupStep = "Check pause state";
+    trap_.StartupStep() = "Check pause state";
     if (sim_.FollowPause()) return;
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
-    state_.StartupStep = "Get master frequency";
+    trap_.StartupStep() = "Get master frequency";
     sim_.FollowRadio(false);
-    state_.StartupStep = "Check range";
+    trap_.StartupStep() = "Check range";
     if (sim_.HushOutOfRange() && !state_.feed.FeedFrequency.empty()) player_.Play();
     if (FrequencyChanged())
         Retune();
@@ -45,25 +45,26 @@ void AutomaticTuning::Tick() {
 
 bool AutomaticTuning::FrequencyChanged() {
     RadioState& radio = state_.radio;
-    if (state_.feed.ForceRetune) {
-        state_.feed.ForceRetune = false;
+    if (state_.cycle.ForceRetune) {
+        state_.cycle.ForceRetune = false;
         radio.PreviousFrequency = ForcedFrequency;
     }
-    state_.StartupStep = "Compare previous and master frequencies";
-    return radio.MasterFrequency != radio.PreviousFrequency || state_.form.PanelAt(1).Text == "No Connection";
+    trap_.StartupStep() = "Compare previous and master frequencies";
+    return radio.MasterFrequency != radio.PreviousFrequency ||
+           state_.shown.Status.What == Activity::NoConnection;
 }
 
 void AutomaticTuning::Retune() {
     EmptyPlayer(player_);
-    const auto row = FindFrequency(state_.form.lvwDB, state_.radio.MasterFrequency);
+    const auto row = FindFrequency(list_, state_.radio.MasterFrequency);
     if (!row) {
         ShowNoFeed();
         return;
     }
-    MakeCurrent(state_, state_.form.lvwDB.Items()[*row]);
-    ShowFrequency(state_, state_.radio.MasterFrequency);
-    ShowFeed(state_);
-    display_.DisplayURL(state_.feed.FeedUrl);
+    MakeCurrent(state_, texts_, list_.Items()[*row]);
+    texts_.ShowFrequency(state_.radio.MasterFrequency, state_.radio.MasterFrequency);
+    texts_.ShowFeed();
+    texts_.DisplayURL(state_.feed.FeedUrl);
     if (state_.feed.FeedUrlMarker != "0")
         StartStream(*row);
     else
@@ -73,21 +74,20 @@ void AutomaticTuning::Retune() {
 }
 
 void AutomaticTuning::ShowNoFeed() {
-    ClearCurrentFeed(state_);
-    ShowFrequency(state_, state_.radio.MasterFrequency);
-    state_.form.PanelAt(3).Text = "*";
-    state_.form.PanelAt(4).Text = "*";
+    ClearCurrentFeed(state_, texts_);
+    texts_.ShowFrequency(state_.radio.MasterFrequency, state_.radio.MasterFrequency);
+    texts_.ShowNoFeed();
 }
 
 void AutomaticTuning::StartStream(std::size_t row) {
     player_.SetUrl(state_.feed.FeedUrl);
-    state_.form.lvwDB.Select(row);
-    state_.form.lvwDB.EnsureSelectedVisible();
+    list_.Select(row);
+    list_.EnsureSelectedVisible();
 }
 
 void AutomaticTuning::StartFolder() {
-    FillShuffleBag(state_, state_.feed.FeedUrl);
-    PutInCharge(state_, 3);
+    FillShuffleBag(state_.chatter, state_.feed.FeedUrl, trap_.StartupStep());
+    PutInCharge(state_.cycle, 3);
 }
 
 } // namespace quillon

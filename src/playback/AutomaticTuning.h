@@ -3,6 +3,7 @@
 #include "playback/PlayerDisplay.h"
 #include "playback/SimWatch.h"
 #include "runtime/ErrorTrap.h"
+#include "state/ListView.h"
 
 namespace quillon {
 
@@ -10,9 +11,15 @@ namespace quillon {
 /// feed.
 class AutomaticTuning {
   public:
-    AutomaticTuning(ProgramState& state, SimWatch& sim, PlayerDisplay& display, MediaPlayer& player,
-                    ErrorTrap& trap)
-        : state_(state), sim_(sim), display_(display), player_(player), trap_(trap) {}
+    AutomaticTuning(PlaybackState& state, ListView& list, ScreenTexts& texts, SimWatch& sim,
+                    PlayerDisplay& display, MediaPlayer& player, ErrorTrap& trap)
+        : state_(state),
+          list_(list),
+          texts_(texts),
+          sim_(sim),
+          display_(display),
+          player_(player),
+          trap_(trap) {}
 
     void Timer1_Timer();
 
@@ -24,7 +31,9 @@ class AutomaticTuning {
     void StartStream(std::size_t row);
     void StartFolder();
 
-    ProgramState& state_;
+    PlaybackState& state_;
+    ListView& list_;
+    ScreenTexts& texts_;
     SimWatch& sim_;
     PlayerDisplay& display_;
     MediaPlayer& player_;

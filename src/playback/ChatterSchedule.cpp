@@ -1,7 +1,6 @@
 #include "playback/ChatterSchedule.h"
 
 #include "playback/ShuffleBag.h"
-#include "playback/SimWatch.h"
 #include "runtime/Number.h"
 
 namespace quillon {
@@ -17,48 +16,47 @@ std::int16_t GapSeconds(std::int16_t min_seconds, std::int16_t max_seconds, doub
     return CInt(Int(width * r) + min_seconds);
 }
 
-ChatterSchedule::ChatterSchedule(ProgramState& state, Clock& clock)
-    : state_(state), clock_(clock), random_(clock) {
+ChatterSchedule::ChatterSchedule(ChatterState& chatter, ScreenTexts& texts, Clock& clock,
+                                 std::string& startup_step)
+    : chatter_(chatter), texts_(texts), clock_(clock), startup_step_(startup_step), random_(clock) {
     BeginGap();
 }
 
 void ChatterSchedule::BeginGap() {
-    state_.chatter.ChatterStartTime = clock_.Now();
+    chatter_.ChatterStartTime = clock_.Now();
 }
 
 void ChatterSchedule::MeasureElapsed() {
-    ChatterState& chatter = state_.chatter;
-    state_.StartupStep = "Check elapsed time";
-    chatter.ChatterNowTime = clock_.Now();
-    chatter.ChatterElapsed = DateDiffSeconds(chatter.ChatterStartTime, chatter.ChatterNowTime);
+    startup_step_ = "Check elapsed time";
+    chatter_.ChatterNowTime = clock_.Now();
+    chatter_.ChatterElapsed = DateDiffSeconds(chatter_.ChatterStartTime, chatter_.ChatterNowTime);
     // Less than nothing: the clock was set back, which would stretch the gap by as much.
-    if (chatter.ChatterElapsed > LongestElapsed || chatter.ChatterElapsed < 0) {
-        chatter.ChatterElapsed = 1;
-        chatter.ChatterStartTime = chatter.ChatterNowTime - std::chrono::seconds(1);
+    if (chatter_.ChatterElapsed > LongestElapsed || chatter_.ChatterElapsed < 0) {
+        chatter_.ChatterElapsed = 1;
+        chatter_.ChatterStartTime = chatter_.ChatterNowTime - std::chrono::seconds(1);
     }
-    state_.form.Label3.Caption = std::to_string(chatter.ChatterElapsed);
+    texts_.ShowElapsed(chatter_.ChatterElapsed);
 }
 
 bool ChatterSchedule::CountDown() {
-    const ChatterState& chatter = state_.chatter;
-    if (chatter.ChatterElapsed >= chatter.NextChatterDelay) return false;
-    const std::string left = std::to_string(chatter.NextChatterDelay - chatter.ChatterElapsed);
-    state_.form.PanelAt(1).Text = "ATC in " + left + " sec";
-    state_.form.Caption = "Quillon -" + left;
-    ShowFeed(state_);
+    if (chatter_.ChatterElapsed >= chatter_.NextChatterDelay) return false;
+    const PlayerStatus gap{Activity::Gap, chatter_.NextChatterDelay - chatter_.ChatterElapsed};
+    texts_.ShowStatus(gap);
+    texts_.ShowTitle("Quillon", gap);
+    texts_.ShowFeed();
     return true;
 }
 
 std::optional<std::string> ChatterSchedule::Draw(const std::string& step) {
-    ChatterState& chatter = state_.chatter;
-    chatter.NextChatterDelay = GapSeconds(chatter.ChatterMinSeconds, chatter.ChatterMaxSeconds, random_.Next());
-    state_.form.Label4.Caption = std::to_string(chatter.NextChatterDelay);
-    state_.StartupStep = step;
-    auto path = DrawRecording(chatter, random_.Next());
+    chatter_.NextChatterDelay =
+        GapSeconds(chatter_.ChatterMinSeconds, chatter_.ChatterMaxSeconds, random_.Next());
+    texts_.ShowGap(chatter_.NextChatterDelay);
+    startup_step_ = step;
+    auto path = DrawRecording(chatter_, random_.Next());
     if (path)
-        state_.StartupStep = "Wave name: " + *path;
+        startup_step_ = "Wave name: " + *path;
     else
-        RefillShuffleBag(state_);
+        RefillShuffleBag(chatter_, startup_step_);
     return path;
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "playback/ClockRandom.h"
-#include "state/ProgramState.h"
+#include "playback/ScreenTexts.h"
+#include "state/PlaybackState.h"
 
 #include <optional>
 #include <string>
@@ -16,7 +17,7 @@ std::int16_t GapSeconds(std::int16_t min_seconds, std::int16_t max_seconds, doub
 /// When the next recording is due, and which one it is.
 class ChatterSchedule {
   public:
-    ChatterSchedule(ProgramState& state, Clock& clock);
+    ChatterSchedule(ChatterState& chatter, ScreenTexts& texts, Clock& clock, std::string& startup_step);
 
     /// The gap begins now.
     void BeginGap();
@@ -32,8 +33,10 @@ class ChatterSchedule {
     std::optional<std::string> Draw(const std::string& step);
 
   private:
-    ProgramState& state_;
+    ChatterState& chatter_;
+    ScreenTexts& texts_;
     Clock& clock_;
+    std::string& startup_step_;
     ClockRandom random_;
 };
 

@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-void MakeCurrent(ProgramState& state, const FeedRecord& record) {
+void MakeCurrent(PlaybackState& state, ScreenTexts& texts, const FeedRecord& record) {
     FeedState& feed = state.feed;
     feed.FeedIcao = record.ICAO;
     feed.FeedCity = record.City;
@@ -15,8 +15,9 @@ void MakeCurrent(ProgramState& state, const FeedRecord& record) {
     feed.RadioFeedMarker = RadioMarker(feed.FeedCity);
     feed.WplMarker = PlaylistMarker(feed.FeedUrl);
     feed.FeedUrlMarker = feed.WplMarker > 0 ? "1" : std::to_string(StreamMarker(feed.FeedUrl));
-    state.form.PanelAt(3).ToolTipText.clear(); // was what the station before said
-    state.form.Label2 = {feed.RadioFeedMarker > 0 ? "Net Radio" : "", ""};
+    texts.ShowStation(""); // was what the station before said
+    texts.ShowDistance({feed.RadioFeedMarker > 0 ? DistanceKind::NetRadio : DistanceKind::None});
+    texts.ClearRange();
     state.range.InRange = false;
     state.range.AirportSearchStart = 1;
 }
@@ -30,8 +31,8 @@ bool IsStream(const FeedState& feed) {
     return !feed.FeedUrl.empty() && feed.FeedUrlMarker != "0";
 }
 
-void ClearCurrentFeed(ProgramState& state) {
-    MakeCurrent(state, {});
+void ClearCurrentFeed(PlaybackState& state, ScreenTexts& texts) {
+    MakeCurrent(state, texts, {});
 }
 
 void EmptyPlayer(MediaPlayer& player) {
@@ -39,14 +40,14 @@ void EmptyPlayer(MediaPlayer& player) {
     player.Stop();
 }
 
-void PutInCharge(ProgramState& state, std::int16_t timer_id) {
-    for (int id = 1; id <= 4; ++id) state.form.Timer(id).Enabled = id == timer_id;
-    state.feed.ActiveTimerId = timer_id;
+void PutInCharge(CycleState& cycle, std::int16_t timer_id) {
+    for (int id = 1; id <= 4; ++id) cycle.Timer(id).Enabled = id == timer_id;
+    cycle.ActiveTimerId = timer_id;
 }
 
-bool StopCycle(ProgramState& state) {
+bool StopCycle(CycleState& cycle) {
     bool ran = false;
-    for (int id = 1; id <= 4; ++id) ran |= std::exchange(state.form.Timer(id).Enabled, false);
+    for (int id = 1; id <= 4; ++id) ran |= std::exchange(cycle.Timer(id).Enabled, false);
     return ran;
 }
 

@@ -1,13 +1,15 @@
 #pragma once
 
+#include "playback/ScreenTexts.h"
 #include "ports/MediaPlayer.h"
-#include "state/ProgramState.h"
+#include "state/ListView.h"
+#include "state/PlaybackState.h"
 
 namespace quillon {
 
 /// Makes a feed the current one: its fields and markers, the label of an internet radio station, and the range
 /// not yet known.
-void MakeCurrent(ProgramState& state, const FeedRecord& record);
+void MakeCurrent(PlaybackState& state, ScreenTexts& texts, const FeedRecord& record);
 
 /// Whether it is the record's feed that is the current one.
 bool IsCurrent(const FeedState& feed, const FeedRecord& record);
@@ -16,16 +18,16 @@ bool IsCurrent(const FeedState& feed, const FeedRecord& record);
 bool IsStream(const FeedState& feed);
 
 /// No feed is current.
-void ClearCurrentFeed(ProgramState& state);
+void ClearCurrentFeed(PlaybackState& state, ScreenTexts& texts);
 
 /// Empties the player, so that nothing of the feed before can start again.
 void EmptyPlayer(MediaPlayer& player);
 
 /// Puts one of the four cycle timers in charge; the other three stop.
-void PutInCharge(ProgramState& state, std::int16_t timer_id);
+void PutInCharge(CycleState& cycle, std::int16_t timer_id);
 
 /// Stops the four cycle timers; the one in charge stays so. Returns whether it ran: while the sound is muted it
 /// does not.
-bool StopCycle(ProgramState& state);
+bool StopCycle(CycleState& cycle);
 
 } // namespace quillon

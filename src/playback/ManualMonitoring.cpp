@@ -2,7 +2,6 @@
 
 #include "playback/CurrentFeed.h"
 #include "playback/ShuffleBag.h"
-#include "playback/SimWatch.h"
 #include "runtime/Text.h"
 #include "state/FeedMarkers.h"
 
@@ -15,11 +14,11 @@ void ManualMonitoring::Timer2_Timer() {
 void ManualMonitoring::Tick() {
     FeedState& feed = state_.feed;
     RadioState& radio = state_.radio;
-    feed.ActiveTimerId = 2;
-    feed.CaptionBase = state_.form.optManual() ? "Quillon - Manual Mode" : "Quillon";
-    state_.StartupStep = " Getting WMP State";
+    state_.cycle.ActiveTimerId = 2;
+    state_.cycle.CaptionBase = state_.cycle.optManual() ? "Quillon - Manual Mode" : "Quillon";
+    trap_.StartupStep() = " Getting WMP State";
     display_.GetWMPState();
-    state_.StartupStep = "Comparing Previous amd Master Frequencies";
+    trap_.StartupStep() = "Comparing Previous amd Master Frequencies";
     if (radio.MasterFrequency == radio.PreviousFrequency) return;
     radio.PreviousFrequency = radio.MasterFrequency; // one pick starts one source, once
     if (!feed.FeedUrl.empty()) StartPickedFeed();
@@ -27,10 +26,10 @@ void ManualMonitoring::Tick() {
 
 void ManualMonitoring::StartPickedFeed() {
     FeedState& feed = state_.feed;
-    state_.StartupStep = " Is this a wave?";
+    trap_.StartupStep() = " Is this a wave?";
     if (feed.WplMarker > 0) {
         feed.FeedUrlMarker = "1";
-        state_.form.Label2.Caption = "Windows PlayList";
+        texts_.ShowDistance({DistanceKind::PlayList});
     } else {
         const std::int32_t web = StreamMarker(feed.FeedUrl);
         feed.FeedUrlMarker = std::to_string(web > 0 ? web : InStr(feed.FeedUrl, "mms://"));
@@ -39,16 +38,15 @@ void ManualMonitoring::StartPickedFeed() {
         StartStream();
         return;
     }
-    FillShuffleBag(state_, feed.FeedUrl);
-    PutInCharge(state_, 4);
+    FillShuffleBag(state_.chatter, feed.FeedUrl, trap_.StartupStep());
+    PutInCharge(state_.cycle, 4);
 }
 
 void ManualMonitoring::StartStream() {
     player_.SetUrl(state_.feed.FeedUrl);
-    Panel& frequency = state_.form.PanelAt(2);
-    frequency.Text = frequency.ToolTipText = "Manual";
-    ShowFeed(state_);
-    display_.DisplayURL(state_.feed.FeedUrl);
+    texts_.ShowManualPick();
+    texts_.ShowFeed();
+    texts_.DisplayURL(state_.feed.FeedUrl);
 }
 
 } // namespace quillon

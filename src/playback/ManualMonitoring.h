@@ -8,8 +8,9 @@ namespace quillon {
 /// `Timer2`: in Manual mode, starts the feed that was picked by hand and keeps the display up to date.
 class ManualMonitoring {
   public:
-    ManualMonitoring(ProgramState& state, PlayerDisplay& display, MediaPlayer& player, ErrorTrap& trap)
-        : state_(state), display_(display), player_(player), trap_(trap) {}
+    ManualMonitoring(PlaybackState& state, ScreenTexts& texts, PlayerDisplay& display, MediaPlayer& player,
+                     ErrorTrap& trap)
+        : state_(state), texts_(texts), display_(display), player_(player), trap_(trap) {}
 
     void Timer2_Timer();
 
@@ -18,7 +19,8 @@ class ManualMonitoring {
     void StartPickedFeed();
     void StartStream();
 
-    ProgramState& state_;
+    PlaybackState& state_;
+    ScreenTexts& texts_;
     PlayerDisplay& display_;
     MediaPlayer& player_;
     ErrorTrap& trap_;

@@ -12,10 +12,10 @@ void Mute::MuteSound() {
     else
         player_.Pause();
     SetActiveTimer(false);
-    state_.form.Caption = state_.feed.CaptionBase + " -Mute";
-    mute.SavedStatusText = state_.form.PanelAt(1).Text;
-    state_.form.PanelAt(1).Text = "Muted";
-    state_.form.PanelAt(3).ToolTipText.clear(); // what the station plays is followed no more
+    mute.SavedStatus = state_.shown.Status;
+    texts_.ShowStatus({Activity::Muted});
+    texts_.ShowTitle(state_.cycle.CaptionBase, {Activity::Muted});
+    texts_.ShowStation(""); // what the station plays is followed no more
 }
 
 void Mute::UnMuteSound() {
@@ -24,18 +24,18 @@ void Mute::UnMuteSound() {
     mute.Muted = false;
     player_.Play();
     SetActiveTimer(true);
-    state_.form.Caption = state_.feed.CaptionBase;
-    state_.form.PanelAt(1).Text = mute.SavedStatusText;
+    texts_.ShowStatus(mute.SavedStatus);
+    texts_.ShowTitle(state_.cycle.CaptionBase);
 }
 
 bool Mute::ActiveTimerRuns() const {
-    const std::int16_t id = state_.feed.ActiveTimerId;
-    return id >= 1 && id <= 4 && state_.form.Timer(id).Enabled;
+    const std::int16_t id = state_.cycle.ActiveTimerId;
+    return id >= 1 && id <= 4 && state_.cycle.Timer(id).Enabled;
 }
 
 void Mute::SetActiveTimer(bool enabled) {
-    const std::int16_t id = state_.feed.ActiveTimerId;
-    if (id >= 1 && id <= 4) state_.form.Timer(id).Enabled = enabled;
+    const std::int16_t id = state_.cycle.ActiveTimerId;
+    if (id >= 1 && id <= 4) state_.cycle.Timer(id).Enabled = enabled;
 }
 
 } // namespace quillon

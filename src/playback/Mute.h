@@ -1,16 +1,18 @@
 #pragma once
 
+#include "playback/ScreenTexts.h"
 #include "ports/MediaPlayer.h"
-#include "state/ProgramState.h"
+#include "state/PlaybackState.h"
 
 namespace quillon {
 
 /// Silences whatever plays, together with the cycle in charge, and brings both back.
 class Mute {
   public:
-    Mute(ProgramState& state, MediaPlayer& player) : state_(state), player_(player) {}
+    Mute(PlaybackState& state, ScreenTexts& texts, MediaPlayer& player)
+        : state_(state), texts_(texts), player_(player) {}
 
-    /// Each does nothing when that is how it already is.
+    /// No effect if already muted, or not muted.
     void MuteSound();
     void UnMuteSound();
 
@@ -18,7 +20,8 @@ class Mute {
     bool ActiveTimerRuns() const;
     void SetActiveTimer(bool enabled);
 
-    ProgramState& state_;
+    PlaybackState& state_;
+    ScreenTexts& texts_;
     MediaPlayer& player_;
 };
 

@@ -10,7 +10,7 @@ namespace quillon {
 /// `Timer5`: watches the mute key, whichever program has the keyboard's focus.
 class MuteKey {
   public:
-    MuteKey(ProgramState& state, Mute& mute, Keyboard& keyboard, Display& display, Clock& clock)
+    MuteKey(PlaybackState& state, Mute& mute, Keyboard& keyboard, Display& display, Clock& clock)
         : state_(state), mute_(mute), keyboard_(keyboard), display_(display), clock_(clock) {}
 
     /// Mutes or un-mutes while the key is down, and then blocks until the clock's next second, so that a key
@@ -21,7 +21,7 @@ class MuteKey {
     bool Pressed();
     void BlockForTheRestOfTheSecond();
 
-    ProgramState& state_;
+    PlaybackState& state_;
     Mute& mute_;
     Keyboard& keyboard_;
     Display& display_;

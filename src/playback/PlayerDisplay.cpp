@@ -8,27 +8,22 @@ namespace quillon {
 
 namespace {
 
-struct StateTexts {
-    const char* Panel;
-    const char* Suffix;
-};
-
-StateTexts TextsFor(PlayState state) {
+Activity ActivityOf(PlayState state) {
     switch (state) {
     case Undefined:
     case Stopped:
-        return {"Stopped", " -S"};
+        return Activity::Stopped;
     case Paused:
-        return {"Paused", " -P"};
+        return Activity::Paused;
     case Playing:
-        return {"Playing", " -OK"};
+        return Activity::Playing;
     case Buffering:
     case MediaEnded:
-        return {"Buffering", " -B"}; // the next piece of a live feed is on its way
+        return Activity::Buffering; // the next piece of a live feed is on its way
     case Transitioning:
-        return {"Connecting", " -C"};
+        return Activity::Connecting;
     default:
-        return {"No Connection", " -NC"};
+        return Activity::NoConnection;
     }
 }
 
@@ -39,29 +34,25 @@ bool IsLiveAtc(const std::string& url) {
 } // namespace
 
 void PlayerDisplay::GetWMPState() {
-    const PlayState play_state = player_.State();
-    StateTexts texts = TextsFor(play_state);
-    if (play_state == Paused && InStr(state_.form.Label2.Caption, "(Out of Range)") > 0) texts.Suffix = " -OR";
-    if (play_state == Playing) texts.Suffix = ShowPlaying();
-    state_.form.PanelAt(1).Text = texts.Panel;
-    state_.form.Caption = state_.feed.CaptionBase + texts.Suffix;
-    state_.form.PanelAt(3).ToolTipText = live_.Title();
-    state_.form.picATCNetVisible = IsLiveAtc(state_.feed.FeedUrl);
+    Activity activity = ActivityOf(player_.State());
+    if (activity == Activity::Paused && state_.shown.Distance.Kind == DistanceKind::OutOfRange)
+        activity = Activity::OutOfRange;
+    if (activity == Activity::Playing) activity = ShowPlaying();
+    texts_.ShowStatus({activity});
+    texts_.ShowTitle(state_.cycle.CaptionBase, {activity});
+    texts_.ShowStation(live_.Title());
+    texts_.ShowServiceLogo(IsLiveAtc(state_.feed.FeedUrl));
 }
 
-const char* PlayerDisplay::ShowPlaying() {
+Activity PlayerDisplay::ShowPlaying() {
     FeedState& feed = state_.feed;
     feed.RadioFeedMarker = RadioMarker(feed.FeedCity);
-    std::string& label = state_.form.Label2.Caption;
-    if (feed.RadioFeedMarker > 0)
-        label = "Net Radio";
-    else
-        label = feed.WplMarker < 1 ? "Manual Mode" : "Windows PlayList";
-    return feed.RadioFeedMarker > 0 ? " -Radio" : " -OK";
-}
-
-void PlayerDisplay::DisplayURL(const std::string& address) {
-    state_.form.PanelAt(4).Text = Len(address) > 28 ? "..." + Right(address, 28) : address;
+    if (feed.RadioFeedMarker > 0) {
+        texts_.ShowDistance({DistanceKind::NetRadio});
+        return Activity::NetRadio;
+    }
+    texts_.ShowDistance({feed.WplMarker < 1 ? DistanceKind::ManualMode : DistanceKind::PlayList});
+    return Activity::Playing;
 }
 
 void PlayerDisplay::picATCNet_Click() {

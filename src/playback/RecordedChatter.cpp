@@ -13,7 +13,7 @@ void RecordedChatter::Timer4_Timer() {
 }
 
 void RecordedChatter::AutomaticTick() {
-    state_.feed.ActiveTimerId = 3;
+    state_.cycle.ActiveTimerId = 3;
     if (!FollowSimulator() || RecordingPlays()) return;
     schedule_.MeasureElapsed();
     if (!schedule_.CountDown()) PlayNextInRange();
@@ -22,37 +22,36 @@ void RecordedChatter::AutomaticTick() {
 /// Returns whether the tick goes on to the recordings.
 bool RecordedChatter::FollowSimulator() {
     if (!sim_.Relink()) return false;
-    state_.StartupStep = "Checking pause state";
+    trap_.StartupStep() = "Checking pause state";
     if (sim_.FollowPause()) return false;
-    state_.StartupStep = "Comparing frequencies";
+    trap_.StartupStep() = "Comparing frequencies";
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
-    if (!state_.form.optManual()) {
-        state_.StartupStep = "Getting Master Frequency";
+    if (!state_.cycle.optManual()) {
+        trap_.StartupStep() = "Getting Master Frequency";
         sim_.FollowRadio(true);
     }
-    state_.StartupStep = "Comparing Previous and Master Frequencies";
+    trap_.StartupStep() = "Comparing Previous and Master Frequencies";
     if (Retuned()) {
         HandBack(1);
         return false;
     }
     sim_.UpdateRange();
-    state_.StartupStep = "Checking Range";
+    trap_.StartupStep() = "Checking Range";
     sim_.HushOutOfRange();
     return true;
 }
 
 /// Whether the recordings' frequency is no longer the one to follow. The status bar's grey tells of it.
 bool RecordedChatter::Retuned() {
-    constexpr std::uint32_t Grey = 0xC0C0C0;
     const bool retuned = state_.radio.MasterFrequency != state_.radio.PreviousFrequency ||
-                         state_.form.StatusBar1[0].Text == "No Connection";
-    if (retuned) state_.form.StatusBarColor = Grey;
+                         state_.shown.Status.What == Activity::NoConnection;
+    if (retuned) texts_.GreyStatusBar();
     return retuned;
 }
 
 void RecordedChatter::HandBack(std::int16_t timer_id) {
-    PutInCharge(state_, timer_id);
-    state_.feed.ForceRetune = true;
+    PutInCharge(state_.cycle, timer_id);
+    state_.cycle.ForceRetune = true;
 }
 
 /// The gap counts from the moment the recording has ended.
@@ -71,23 +70,21 @@ void RecordedChatter::PlayNextInRange() {
 
 void RecordedChatter::ManualTick() {
     FeedState& feed = state_.feed;
-    feed.ActiveTimerId = 4;
-    state_.StartupStep = "Compare Previous and Master Frequencies";
+    state_.cycle.ActiveTimerId = 4;
+    trap_.StartupStep() = "Compare Previous and Master Frequencies";
     if (Retuned() && feed.FeedUrlMarker != "0") {
-        HandBack(state_.form.optManual() ? 2 : 1);
+        HandBack(state_.cycle.optManual() ? 2 : 1);
         return;
     }
-    ShowFeed(state_);
+    texts_.ShowFeed();
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
     if (RecordingPlays()) return;
     schedule_.MeasureElapsed();
     HurryFirstPick();
-    if (schedule_.CountDown()) {
-        state_.form.PanelAt(2).Text = feed.FeedFrequency;
-        state_.form.PanelAt(2).ToolTipText.clear();
-    } else {
+    if (schedule_.CountDown())
+        texts_.ShowFrequency(feed.FeedFrequency, "");
+    else
         PlayNextAnywhere();
-    }
 }
 
 /// Who has just picked a folder hears it at once, whatever is left of the gap.
@@ -96,25 +93,25 @@ void RecordedChatter::HurryFirstPick() {
     if (!chatter.FirstPick) return;
     chatter.FirstPick = false;
     chatter.ChatterElapsed = chatter.NextChatterDelay;
-    state_.form.PanelAt(1).Text = "ATC in 1 sec";
+    texts_.ShowStatus({Activity::Gap, 1});
 }
 
 void RecordedChatter::PlayNextAnywhere() {
     const auto path = schedule_.Draw("Pick random wave");
     if (!path) return;
     player_.SetUrl(*path);
-    state_.form.Label2.Caption = "ATC Wave File";
+    texts_.ShowDistance({DistanceKind::WaveFile});
     ShowPlaying(*path);
 }
 
 void RecordedChatter::ShowPlaying(const std::string& path) {
-    display_.DisplayURL(path);
-    ShowFeed(state_);
-    state_.form.Caption = "Quillon -OK";
-    state_.form.PanelAt(1).Text = "ATC Playing";
+    texts_.DisplayURL(path);
+    texts_.ShowFeed();
+    texts_.ShowStatus({Activity::RecordingPlays});
+    texts_.ShowTitle("Quillon", {Activity::RecordingPlays});
     schedule_.BeginGap();
-    state_.StartupStep.clear();
-    state_.LastSearchText.clear();
+    trap_.StartupStep().clear();
+    last_search_text_.clear();
 }
 
 } // namespace quillon

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "playback/ChatterSchedule.h"
-#include "playback/PlayerDisplay.h"
 #include "playback/SimWatch.h"
 #include "runtime/ErrorTrap.h"
 
@@ -11,9 +10,16 @@ namespace quillon {
 /// random length follows its end, then the next one plays.
 class RecordedChatter {
   public:
-    RecordedChatter(ProgramState& state, SimWatch& sim, PlayerDisplay& display, MediaPlayer& player,
-                    Clock& clock, ErrorTrap& trap)
-        : state_(state), sim_(sim), display_(display), player_(player), schedule_(state, clock), trap_(trap) {}
+    /// `last_search_text` is forgotten when a recording starts.
+    RecordedChatter(PlaybackState& state, std::string& last_search_text, ScreenTexts& texts, SimWatch& sim,
+                    MediaPlayer& player, Clock& clock, ErrorTrap& trap)
+        : state_(state),
+          last_search_text_(last_search_text),
+          texts_(texts),
+          sim_(sim),
+          player_(player),
+          schedule_(state.chatter, texts, clock, trap.StartupStep()),
+          trap_(trap) {}
 
     /// The feed was tuned: keeps following the simulator, is heard in range only, and hands back to `Timer1`
     /// when the radio is retuned.
@@ -34,9 +40,10 @@ class RecordedChatter {
     void PlayNextAnywhere();
     void ShowPlaying(const std::string& path);
 
-    ProgramState& state_;
+    PlaybackState& state_;
+    std::string& last_search_text_;
+    ScreenTexts& texts_;
     SimWatch& sim_;
-    PlayerDisplay& display_;
     MediaPlayer& player_;
     ChatterSchedule schedule_;
     ErrorTrap& trap_;

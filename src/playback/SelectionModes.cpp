@@ -5,25 +5,25 @@
 namespace quillon {
 
 void SelectionModes::optAuto_Click() {
-    state_.form.lvwDB.ClearLastSearch();
-    state_.form.Mode = SelectionMode::Automatic;
-    state_.form.PanelAt(4).Text = "Selection Mode: Automatic";
-    state_.form.Label2.Caption = "Stopped";
+    list_.ClearLastSearch();
+    state_.cycle.Mode = SelectionMode::Automatic;
+    texts_.ShowMode();
+    texts_.ShowDistance({DistanceKind::Stopped});
     EmptyPlayer(player_);
     // A frequency picked by hand must not pass for one that a radio was tuned to.
     state_.radio.MasterFrequency = UnreadFrequency;
-    state_.feed.ForceRetune = true;
-    PutInCharge(state_, 1);
+    state_.cycle.ForceRetune = true;
+    PutInCharge(state_.cycle, 1);
 }
 
 void SelectionModes::optManual_Click() {
-    state_.form.lvwDB.ClearLastSearch();
-    state_.form.Mode = SelectionMode::Manual;
-    state_.form.Caption = "Quillon - Manual";
-    state_.form.PanelAt(4).Text = "Selection Mode: Manual";
+    list_.ClearLastSearch();
+    state_.cycle.Mode = SelectionMode::Manual;
+    texts_.ShowTitle("Quillon - Manual");
+    texts_.ShowMode();
     // Nothing has been picked by hand yet; what the radio had started goes on.
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
-    PutInCharge(state_, 2);
+    PutInCharge(state_.cycle, 2);
 }
 
 } // namespace quillon

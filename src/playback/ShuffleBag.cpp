@@ -6,19 +6,18 @@
 
 namespace quillon {
 
-void FillShuffleBag(ProgramState& state, const std::string& folder) {
-    std::string& path = state.chatter.File1Path = folder;
+void FillShuffleBag(ChatterState& chatter, const std::string& folder, std::string& startup_step) {
+    std::string& path = chatter.File1Path = folder;
     while (!path.empty() && path.back() == '\\') path.pop_back();
-    RefillShuffleBag(state);
+    RefillShuffleBag(chatter, startup_step);
 }
 
-void RefillShuffleBag(ProgramState& state) {
-    ChatterState& chatter = state.chatter;
+void RefillShuffleBag(ChatterState& chatter, std::string& startup_step) {
     chatter.List3.clear();
     chatter.List4.clear();
-    state.StartupStep = "Adding Wave Files";
+    startup_step = "Adding Wave Files";
     for (std::string& path : WaveFilesIn(chatter.File1Path)) {
-        state.StartupStep = "Adding " + path;
+        startup_step = "Adding " + path;
         chatter.List3.push_back(std::move(path));
     }
 }

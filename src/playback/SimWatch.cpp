@@ -29,17 +29,63 @@ bool SimWatch::FollowPause() {
 }
 
 void SimWatch::UpdateRange() {
-    readout_.ReadAircraftPosition();
-    range_.CalcDistance();
+    ReadAircraftPosition();
+    CalcDistance();
+}
+
+void SimWatch::ReadAircraftPosition() {
+    RadioState& radio = state_.radio;
+    const PositionReading position = readout_.ReadPosition();
+    if (position.latitude) {
+        radio.AircraftLatitude = *position.latitude;
+        radio.AircraftLatitudeText = DegreesText(*position.latitude);
+    }
+    if (position.longitude) {
+        radio.AircraftLongitude = *position.longitude;
+        radio.AircraftLongitudeText = DegreesText(*position.longitude);
+    }
+}
+
+void SimWatch::CalcDistance() {
+    const bool has_airport = state_.shown.Distance.Kind != DistanceKind::NetRadio;
+    const RangeReading reading = range_.CalcDistance(
+        {state_.feed.FeedIcao, state_.range.AirportSearchStart, has_airport},
+        {state_.radio.AircraftLatitudeText, state_.radio.AircraftLongitudeText}, state_.range.ReceptionRange);
+    if (reading.in_range) state_.range.InRange = *reading.in_range;
+    ShowRange(reading);
+}
+
+void SimWatch::ShowRange(const RangeReading& reading) {
+    using Distance = RangeReading::Distance;
+    const FeedState& feed = state_.feed;
+    if (reading.in_range) texts_.ShowRange(state_.range.ReceptionRange);
+    if (reading.distance == Distance::Unknown) {
+        if (RadioMarker(feed.FeedCity) > 0)
+            texts_.ShowDistance({DistanceKind::NetRadio});
+        else
+            texts_.ShowDistance({feed.WplMarker < 1 ? DistanceKind::UnknownAirport : DistanceKind::PlayList});
+    }
+    if (reading.distance != Distance::Measured) return;
+    const DistanceKind beyond =
+        state_.cycle.optManual() ? DistanceKind::OutOfRangeInManualMode : DistanceKind::OutOfRange;
+    texts_.ShowDistance({state_.range.InRange ? DistanceKind::InRange : beyond, reading.nautical_miles});
 }
 
 void SimWatch::FollowRadio(bool always_show) {
-    const RadioReadout::Frequency read = readout_.ReadMasterFrequency();
+    const auto read = ReadMasterFrequency();
     const CommRadio* radio = FindCommRadio(state_.radio.SelectedComm);
     if (always_show)
-        ShowFrequency(state_, radio ? radio->Caption : "");
-    else if (read == RadioReadout::Frequency::ZeroInserted)
-        ShowFrequency(state_, state_.radio.MasterFrequency);
+        texts_.ShowFrequency(state_.radio.MasterFrequency, radio ? radio->Caption : "");
+    else if (read && read->zero_inserted)
+        texts_.ShowFrequency(state_.radio.MasterFrequency, state_.radio.MasterFrequency);
+}
+
+std::optional<RadioReading> SimWatch::ReadMasterFrequency() {
+    RadioState& radio = state_.radio;
+    if (const CommRadio* followed = FindCommRadio(radio.SelectedComm)) radio.CommOffset = followed->Offset;
+    auto read = readout_.ReadRadio(radio.CommOffset);
+    if (read) radio.MasterFrequency = read->frequency;
+    return read;
 }
 
 bool SimWatch::HushOutOfRange() {
@@ -48,23 +94,10 @@ bool SimWatch::HushOutOfRange() {
     player_.Pause();
     feed.RadioFeedMarker = RadioMarker(feed.FeedCity);
     if (feed.RadioFeedMarker > 0) {
-        state_.form.Caption = feed.CaptionBase + " -Radio";
-        state_.form.Label2.Caption = "Net Radio";
+        texts_.ShowTitle(state_.cycle.CaptionBase, {Activity::NetRadio});
+        texts_.ShowDistance({DistanceKind::NetRadio});
     }
     return false;
-}
-
-void ShowFrequency(ProgramState& state, const std::string& tool_tip) {
-    const std::string& frequency = state.radio.MasterFrequency;
-    Panel& panel = state.form.PanelAt(2);
-    panel.Text = IsSentinel(frequency) ? "" : frequency;
-    panel.ToolTipText = panel.Text.empty() ? "" : tool_tip;
-}
-
-void ShowFeed(ProgramState& state) {
-    const FeedState& feed = state.feed;
-    const bool none = feed.FeedIcao.empty() && feed.FeedCity.empty() && feed.FeedUrl.empty();
-    if (!none) state.form.PanelAt(3).Text = feed.FeedIcao + " - " + feed.FeedCity; // else reloaded under it
 }
 
 } // namespace quillon

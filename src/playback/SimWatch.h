@@ -1,9 +1,10 @@
 #pragma once
 
 #include "geo/ReceptionRange.h"
+#include "playback/ScreenTexts.h"
 #include "ports/MediaPlayer.h"
 #include "simlink/RadioReadout.h"
-#include "state/ProgramState.h"
+#include "state/PlaybackState.h"
 
 #include <functional>
 
@@ -14,9 +15,10 @@ namespace quillon {
 class SimWatch {
   public:
     /// `end_program` is called when a simulator that had been connected has gone.
-    SimWatch(ProgramState& state, FsuipcClient& link, RadioReadout& readout, ReceptionRange& range,
-             MediaPlayer& player, std::function<void()> end_program)
+    SimWatch(PlaybackState& state, ScreenTexts& texts, FsuipcClient& link, RadioReadout& readout,
+             ReceptionRange& range, MediaPlayer& player, std::function<void()> end_program)
         : state_(state),
+          texts_(texts),
           link_(link),
           readout_(readout),
           range_(range),
@@ -30,8 +32,13 @@ class SimWatch {
     /// paused.
     bool FollowPause();
 
-    /// Reads the position and refreshes distance and `InRange`.
+    /// Reads the position and refreshes distance and `InRange`. What cannot be read stays as it was.
     void UpdateRange();
+
+    /// Refreshes distance and `InRange` from the position last read. Without a feed nothing changes; without a
+    /// known airport or position only the label does; an error, or points between which there is no distance,
+    /// leaves both.
+    void CalcDistance();
 
     /// Reads the followed radio. The second panel is refreshed with it when `always_show` is set, or when the
     /// reading had a lost zero put back.
@@ -42,18 +49,17 @@ class SimWatch {
     bool HushOutOfRange();
 
   private:
-    ProgramState& state_;
+    void ReadAircraftPosition();
+    std::optional<RadioReading> ReadMasterFrequency();
+    void ShowRange(const RangeReading& reading);
+
+    PlaybackState& state_;
+    ScreenTexts& texts_;
     FsuipcClient& link_;
     RadioReadout& readout_;
     ReceptionRange& range_;
     MediaPlayer& player_;
     std::function<void()> end_program_;
 };
-
-/// Shows a frequency in the second panel; a value that no radio holds leaves it empty.
-void ShowFrequency(ProgramState& state, const std::string& tool_tip);
-
-/// Shows the current feed's airport and place in the third panel.
-void ShowFeed(ProgramState& state);
 
 } // namespace quillon

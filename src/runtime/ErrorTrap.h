@@ -32,6 +32,15 @@ class ErrorTrap {
         return Run(title, icon, procedure);
     }
 
+    /// What the running procedure does just now; quoted in its report.
+    std::string& StartupStep() { return startup_step_; }
+
+    /// Forgets the step and the last report's text.
+    void ClearTexts() {
+        startup_step_.clear();
+        message_text_.clear();
+    }
+
   private:
     void Caught(const std::string& title, Icon icon, const RuntimeError& error);
 

@@ -34,16 +34,12 @@ const CommRadio* FindCommRadio(std::int16_t selected_comm) {
     return selected_comm >= 1 && selected_comm <= 4 ? &Radios[selected_comm - 1] : nullptr;
 }
 
-std::string DecodeFrequency(std::uint8_t high, std::uint8_t low, bool& zero_inserted) {
+RadioReading DecodeFrequency(std::uint8_t high, std::uint8_t low) {
     std::string text = "1" + Hex(high) + "." + Hex(low);
-    zero_inserted = false;
-    if (text.size() != 5) return text;
+    if (text.size() != 5) return {text, false};
     // The 25 kHz raster has .02, .05 and .07 but no .20, .50 or .70 that would lose its last zero in BCD.
-    if (text[4] == '7' || text[4] == '5' || text[4] == '2') {
-        zero_inserted = true;
-        return text.insert(4, "0");
-    }
-    return text + "0";
+    if (text[4] == '7' || text[4] == '5' || text[4] == '2') return {text.insert(4, "0"), true};
+    return {text + "0", false};
 }
 
 std::string DegreesText(double degrees) {
@@ -57,17 +53,13 @@ std::string DegreesText(double degrees) {
 
 template <std::size_t Size>
 bool RadioReadout::Read(std::uint32_t offset, std::array<std::uint8_t, Size>& bytes) {
-    return link_.FsuipcRead(offset, Size, bytes.data(), radio_.FsuipcResult) &&
-           link_.FsuipcProcess(radio_.FsuipcResult);
+    return link_.FsuipcRead(offset, Size, bytes.data(), result_) && link_.FsuipcProcess(result_);
 }
 
-RadioReadout::Frequency RadioReadout::ReadMasterFrequency() {
-    if (const CommRadio* radio = FindCommRadio(radio_.SelectedComm)) radio_.CommOffset = radio->Offset;
+std::optional<RadioReading> RadioReadout::ReadRadio(std::uint32_t offset) {
     std::array<std::uint8_t, 4> RadioBytes{};
-    if (radio_.CommOffset == 0 || !Read(radio_.CommOffset, RadioBytes)) return Frequency::Unread;
-    bool zero_inserted = false;
-    radio_.MasterFrequency = DecodeFrequency(RadioBytes[1], RadioBytes[0], zero_inserted);
-    return zero_inserted ? Frequency::ZeroInserted : Frequency::Read;
+    if (offset == 0 || !Read(offset, RadioBytes)) return std::nullopt;
+    return DecodeFrequency(RadioBytes[1], RadioBytes[0]);
 }
 
 std::optional<std::int16_t> RadioReadout::ReadPauseState() {
@@ -77,25 +69,20 @@ std::optional<std::int16_t> RadioReadout::ReadPauseState() {
     return CInt(Val(std::to_string(bytes[1]) + std::to_string(bytes[0])));
 }
 
-std::optional<double> RadioReadout::ReadFixedPoint(std::uint32_t high_offset, std::uint32_t low_offset) {
+std::optional<double> RadioReadout::ReadFixedPoint(std::uint32_t high_offset, std::uint32_t low_offset,
+                                                   double unit) {
     std::array<std::uint8_t, 4> high{};
     std::array<std::uint8_t, 4> low{};
     if (!Read(high_offset, high) || !Read(low_offset, low)) return std::nullopt;
     const double h = LittleEndian(high);
     // The low part counts ten times what it stands for; at worst that is 5 metres.
     const double f = LittleEndian(low) / 429496729.0;
-    return h <= 0 ? h - f : h + f;
+    return (h <= 0 ? h - f : h + f) * unit;
 }
 
-void RadioReadout::ReadAircraftPosition() {
-    if (const auto latitude = ReadFixedPoint(LatitudeHigh, LatitudeLow)) {
-        radio_.AircraftLatitude = *latitude * (90 / 10001750.0);
-        radio_.AircraftLatitudeText = DegreesText(radio_.AircraftLatitude);
-    }
-    if (const auto longitude = ReadFixedPoint(LongitudeHigh, LongitudeLow)) {
-        radio_.AircraftLongitude = *longitude * (360 / 4294967296.0);
-        radio_.AircraftLongitudeText = DegreesText(radio_.AircraftLongitude);
-    }
+PositionReading RadioReadout::ReadPosition() {
+    return {ReadFixedPoint(LatitudeHigh, LatitudeLow, 90 / 10001750.0),
+            ReadFixedPoint(LongitudeHigh, LongitudeLow, 360 / 4294967296.0)};
 }
 
 } // namespace quillon

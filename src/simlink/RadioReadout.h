@@ -1,7 +1,6 @@
 #pragma once
 
 #include "simlink/FsuipcClient.h"
-#include "state/ProgramState.h"
 
 #include <array>
 #include <optional>
@@ -18,38 +17,47 @@ struct CommRadio {
 /// The radio numbered 1 to 4, null for any other number.
 const CommRadio* FindCommRadio(std::int16_t selected_comm);
 
-/// The frequency text of a radio's two BCD bytes: `high` holds the tens and units of MHz above 100, `low` the
-/// decimals. 0x18 and 0x05 give "118.05": a lost leading zero is put back, as the channel raster tells which
-/// end it stood at. `zero_inserted` says whether it stood in front of the last digit.
-std::string DecodeFrequency(std::uint8_t high, std::uint8_t low, bool& zero_inserted);
+/// A radio's frequency.
+struct RadioReading {
+    std::string frequency; ///< "###.##", MHz
+    bool zero_inserted;    ///< a lost zero was put back in front of the last digit
+};
+
+/// The frequency of a radio's two BCD bytes: `high` holds the tens and units of MHz above 100, `low` the
+/// decimals. 0x18 and 0x05 give "118.05": a lost leading zero is put back, and the channel raster tells at
+/// which end.
+RadioReading DecodeFrequency(std::uint8_t high, std::uint8_t low);
 
 /// Degrees as text in fixed notation, always with a decimal point: "45.0", "0.00002", "-33.9461".
 std::string DegreesText(double degrees);
 
-/// Reads the followed radio, the pause indicator and the position. A read that fails changes nothing.
+/// An aircraft's position in degrees, north and east positive. What could not be read is left out.
+struct PositionReading {
+    std::optional<double> latitude;
+    std::optional<double> longitude;
+};
+
+/// Reads radios, the pause indicator and the position. A read that fails gives nothing.
 class RadioReadout {
   public:
-    RadioReadout(ProgramState& state, FsuipcClient& link) : radio_(state.radio), link_(link) {}
+    /// `result` receives the LinkResult of each call.
+    RadioReadout(FsuipcClient& link, std::uint32_t& result) : link_(link), result_(result) {}
 
-    enum class Frequency { Unread, Read, ZeroInserted };
-
-    /// Points `CommOffset` at the followed radio and reads it into `MasterFrequency`. Unread, too, while no
-    /// radio has ever been chosen.
-    Frequency ReadMasterFrequency();
+    /// The radio at that offset; nothing for offset 0, which is no radio's.
+    std::optional<RadioReading> ReadRadio(std::uint32_t offset);
 
     /// The simulator's pause indicator, 1 while it is paused. Raises error 6 for a value beyond 16 bits.
     std::optional<std::int16_t> ReadPauseState();
 
-    /// Fills the aircraft position and its texts.
-    void ReadAircraftPosition();
+    PositionReading ReadPosition();
 
   private:
     template <std::size_t Size>
     bool Read(std::uint32_t offset, std::array<std::uint8_t, Size>& bytes);
-    std::optional<double> ReadFixedPoint(std::uint32_t high_offset, std::uint32_t low_offset);
+    std::optional<double> ReadFixedPoint(std::uint32_t high_offset, std::uint32_t low_offset, double unit);
 
-    RadioState& radio_;
     FsuipcClient& link_;
+    std::uint32_t& result_;
 };
 
 } // namespace quillon

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simlink/FsuipcClient.h"
-#include "state/ProgramState.h"
+#include "state/PlaybackState.h"
 
 #include <string>
 
@@ -14,7 +14,7 @@ std::uint32_t BcdOfFrequency(const std::string& frequency);
 /// Tunes the simulator's followed radio.
 class RadioTuning {
   public:
-    RadioTuning(ProgramState& state, FsuipcClient& link) : radio_(state.radio), link_(link) {}
+    RadioTuning(RadioState& radio, FsuipcClient& link) : radio_(radio), link_(link) {}
 
     /// Writes the frequency to the followed radio. Without a link, or while no radio has ever been chosen,
     /// nothing is written and nothing is said. Raises error 13 when the text is no frequency.

@@ -7,12 +7,6 @@
 
 namespace quillon {
 
-namespace {
-
-constexpr const char* LookingForSimulator = "Looking for the simulator ...";
-
-} // namespace
-
 std::string VersionText(std::int32_t version_word) {
     std::string digits;
     for (const std::int32_t bits : {28, 24, 20, 16})
@@ -37,31 +31,19 @@ std::string TooOldText(const std::string& simulator, const std::string& version_
            "  It canalso be found on most of your favourite FlightSim sites.\r\rSorry!";
 }
 
-bool SimConnection::Connect() {
-    Panel& news = state_.form.PanelAt(3);
-    const auto stop_looking = [&] {
-        if (news.Text == LookingForSimulator) news.Text.clear();
-    };
-    while (!link_.FsuipcReopen(state_.radio.FsuipcResult)) {
-        state_.radio.NoConnection = true;
-        if (news.Text.empty()) news.Text = LookingForSimulator;
-        Pause(clock_, 2);
-        if (state_.Ended || state_.form.optManual()) {
-            stop_looking();
-            return false;
-        }
+bool SimConnection::Connect(const std::function<bool()>& wait) {
+    while (!link_.FsuipcReopen(radio_.FsuipcResult)) {
+        radio_.NoConnection = true;
+        if (!wait()) return false;
     }
-    stop_looking();
-    state_.radio.NoConnection = false;
-    state_.form.Caption = "Quillon";
+    radio_.NoConnection = false;
     return true;
 }
 
 std::string SimConnection::CheckVersion() {
-    RadioState& radio = state_.radio;
-    radio.FsuipcVersionText = VersionText(link_.FsuipcVersion());
-    std::string too_old = TooOldText(SimName(link_.SimVersion()), radio.FsuipcVersionText);
-    radio.SimConnected = too_old.empty();
+    radio_.FsuipcVersionText = VersionText(link_.FsuipcVersion());
+    std::string too_old = TooOldText(SimName(link_.SimVersion()), radio_.FsuipcVersionText);
+    radio_.SimConnected = too_old.empty();
     return too_old;
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ports/Clock.h"
 #include "simlink/FsuipcClient.h"
-#include "state/ProgramState.h"
+#include "state/PlaybackState.h"
 
+#include <functional>
 #include <string>
 
 namespace quillon {
@@ -18,21 +18,19 @@ std::string TooOldText(const std::string& simulator, const std::string& version_
 /// Makes the link to the simulator at start.
 class SimConnection {
   public:
-    SimConnection(ProgramState& state, FsuipcClient& link, Clock& clock)
-        : state_(state), link_(link), clock_(clock) {}
+    SimConnection(RadioState& radio, FsuipcClient& link) : radio_(radio), link_(link) {}
 
-    /// Tries every two seconds, serving window events, until the simulator answers. Returns false when the user
-    /// chose Manual mode, or ended the program, while it waited.
-    bool Connect();
+    /// Tries until the simulator answers; `wait` is called after each failure and returns whether to try again.
+    /// Returns whether the link is open.
+    bool Connect(const std::function<bool()>& wait);
 
     /// After Connect: sets the version text and `SimConnected`. Returns what the user must be told when the
     /// module is too old to work with, else an empty text.
     std::string CheckVersion();
 
   private:
-    ProgramState& state_;
+    RadioState& radio_;
     FsuipcClient& link_;
-    Clock& clock_;
 };
 
 } // namespace quillon

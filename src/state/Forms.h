@@ -29,11 +29,6 @@ struct Panel {
     bool operator==(const Panel&) const = default;
 };
 
-struct FormTimer {
-    bool Enabled = false;
-    int Interval = 1000; ///< ms
-};
-
 struct ComboBox {
     std::string Text;
     std::vector<std::string> Items;
@@ -44,10 +39,12 @@ struct OptionGroup {
     int Value = 0;
 };
 
+/// The panels of the status bar, from the left: what the player does, the frequency, the feed, and its address
+/// or the selection mode.
+enum class StatusPanel { Player, Frequency, Feed, Address };
+
 /// Widths of the status bar's panels as the program first shows them, in twips.
 inline constexpr std::array<int, 4> PanelWidths{1200, 1200, 3500, 3000};
-
-enum class SelectionMode { Automatic, Manual };
 
 /// Size of a window's outside, in pixels at 96 dpi; 0 by 0 is the one that the window has by itself.
 struct WindowSize {
@@ -66,9 +63,6 @@ struct frmATC {
     bool lvwDBFocus = false; ///< a handler wants the keyboard in the list; cleared when that has been done
     std::array<Panel, 4> StatusBar1;
     std::optional<std::uint32_t> StatusBarColor; ///< 0xBBGGRR; empty is the system's
-
-    SelectionMode Mode = SelectionMode::Automatic; ///< which of `optAuto` and `optManual` is on
-    bool optManual() const { return Mode == SelectionMode::Manual; }
 
     OptionGroup optCom; ///< 1 `optCom1`, 2 `optCom1Stby`, 3 `optCom2`, 4 `optCom2Stby`
 
@@ -95,11 +89,7 @@ struct frmATC {
     bool mnuRestoreEnabled = false;
     bool mnuReloadEnabled = false;
 
-    std::array<FormTimer, 5> Timers{{{true, 1000}, {false, 1000}, {false, 1000}, {false, 1000}, {true, 100}}};
-    FormTimer& Timer(int id) { return Timers.at(static_cast<std::size_t>(id) - 1); }
-    const FormTimer& Timer(int id) const { return Timers.at(static_cast<std::size_t>(id) - 1); }
-
-    Panel& PanelAt(int number) { return StatusBar1.at(static_cast<std::size_t>(number) - 1); }
+    Panel& operator[](StatusPanel panel) { return StatusBar1.at(static_cast<std::size_t>(panel)); }
 };
 
 /// The status of the simulator link. Modeless.

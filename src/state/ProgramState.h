@@ -3,22 +3,12 @@
 #include "state/AirportList.h"
 #include "state/Forms.h"
 #include "state/FrequencyPool.h"
+#include "state/PlaybackState.h"
 
-#include <chrono>
-#include <cstdint>
 #include <string>
 #include <vector>
 
 namespace quillon {
-
-// Frequencies that no radio holds and no feed has; they only steer the test whether the frequency has changed.
-inline constexpr const char* ForcedFrequency = "999.99"; ///< start of PreviousFrequency, and a forced retune
-inline constexpr const char* UnreadFrequency = "999.98"; ///< start of MasterFrequency
-inline constexpr const char* HandPickedFrequency = "999.00"; ///< PreviousFrequency after a pick by hand
-
-inline bool IsSentinel(const std::string& frequency) {
-    return frequency == ForcedFrequency || frequency == UnreadFrequency || frequency == HandPickedFrequency;
-}
 
 /// Folders, each ending in a backslash.
 struct Folders {
@@ -27,69 +17,8 @@ struct Folders {
     std::string WavePath;
 };
 
-/// The simulator link and what was last read over it.
-struct RadioState {
-    std::string PreviousFrequency = ForcedFrequency;
-    std::string MasterFrequency = UnreadFrequency;
-    std::int16_t SelectedComm = 0; ///< 1 COM1, 2 COM1 standby, 3 COM2, 4 COM2 standby
-    std::uint32_t CommOffset =
-        0; ///< where the followed radio stands in the simulator's memory; 0 is nowhere yet
-    std::int16_t SimPauseState = 0; ///< 1 while the simulator is paused
-    bool NoConnection = false;
-    bool SimConnected = false;
-    std::uint32_t FsuipcResult = 0; ///< of the last link call
-    std::string FsuipcVersionText;  ///< "3.456" or "3.456a"
-    double AircraftLatitude = 0;    ///< degrees, north positive
-    double AircraftLongitude = 0;   ///< degrees, east positive
-    std::string AircraftLatitudeText;
-    std::string AircraftLongitudeText;
-};
-
-/// The current feed and how it is played.
-struct FeedState {
-    std::string FeedIcao;
-    std::string FeedCity;
-    std::string FeedFrequency;
-    std::string FeedUrl;
-    std::string FeedUrlMarker = "0";  ///< "0": the address names a folder of recordings
-    std::int32_t WplMarker = 0;       ///< above 0: a playlist
-    std::int32_t RadioFeedMarker = 0; ///< above 0: an internet radio station, not bound to a range
-    bool ForceRetune = false;
-    std::int16_t ActiveTimerId = 1; ///< which of the timers 1 to 4 is in charge
-    std::string CaptionBase = "Quillon";
-};
-
-struct RangeState {
-    std::int16_t ReceptionRange = 50; ///< nautical miles; 0 switches the range check off
-    bool InRange = false;
-    std::int32_t AirportSearchStart = 0;
-};
-
-/// Recorded chatter: the folder being played and the files of it not yet played in this round.
-struct ChatterState {
-    std::int16_t ChatterMinSeconds = 15;
-    std::int16_t ChatterMaxSeconds = 25;
-    bool FirstPick = false; ///< a folder has just been picked by hand: its first recording starts at once
-    std::string File1Path;
-    std::vector<std::string> List3; ///< not yet played
-    std::vector<std::string> List4; ///< played
-
-    std::int16_t NextChatterDelay = 0; ///< the gap before the next recording, s
-    std::int64_t ChatterElapsed = 0;   ///< whole seconds of it that have passed
-
-    std::chrono::sys_time<std::chrono::milliseconds> ChatterStartTime; ///< from which the gap is counted
-    std::chrono::sys_time<std::chrono::milliseconds> ChatterNowTime;
-};
-
-struct MuteState {
-    std::int32_t MuteKeyCode = 9;
-    bool Muted = false;
-    bool FrameOpen = false; ///< a preference frame is shown; the mute key is ignored
-    std::string SavedStatusText;
-};
-
 /// Everything the program knows and shows.
-struct ProgramState {
+struct ProgramState : PlaybackState {
     frmATC form;
     frmSplash splash;
     frmShow_FSUIPC fsuipcStatus;
@@ -98,11 +27,6 @@ struct ProgramState {
     frmCheckFeeds checkFeeds;
 
     Folders folders;
-    RadioState radio;
-    FeedState feed;
-    RangeState range;
-    ChatterState chatter;
-    MuteState mute;
 
     FrequencyPool List1;               ///< free frequencies
     std::vector<std::string> lstUFreq; ///< frequencies that the catalogue states, sorted

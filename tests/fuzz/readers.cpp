@@ -77,18 +77,17 @@ void SettingsFile(Bytes bytes) {
 }
 
 void AirportFile(Bytes bytes) {
-    ProgramState state;
+    std::string step, message, latitude = "43.01", longitude = "-79.01";
     FakePrompts prompts;
-    ErrorTrap trap(state.StartupStep, state.MessageText, prompts.AsReport());
-    state.Airports = {{"heading", std::string(bytes)}};
-    state.feed.FeedIcao = bytes.substr(0, bytes.find(','));
-    state.radio.AircraftLatitudeText = "43.01";
-    state.radio.AircraftLongitudeText = "-79.01";
-    ReceptionRange(state, trap).CalcDistance();
-    std::string miles = state.form.Label2.Caption;
-    std::erase(miles, ',');
-    Require(Val(miles) >= 0 && Val(miles) <= 10830, "no airport is farther than half around the Earth");
-    Require(!state.range.InRange || Val(miles) <= 50, "what is in range is near");
+    ErrorTrap trap(step, message, prompts.AsReport());
+    const AirportList airports({"heading", std::string(bytes)});
+    const std::string icao(bytes.substr(0, bytes.find(',')));
+    std::int32_t search_start = 1;
+    const RangeReading read =
+        ReceptionRange(airports, trap).CalcDistance({icao, search_start}, {latitude, longitude}, 50);
+    const std::int32_t miles = read.nautical_miles;
+    Require(miles >= 0 && miles <= 10830, "no airport is farther than half around the Earth");
+    Require(read.in_range == (miles <= 50) || !read.in_range, "what is in range is near");
 }
 
 /// The bytes are the reply to a round of requests.

@@ -47,7 +47,7 @@ class Flight : public TempFolder {
     /// One tick of whichever cycle timer is enabled; at most one may be.
     void Tick() {
         int enabled = 0;
-        for (int id = 1; id <= 4; ++id) enabled = state().form.Timer(id).Enabled ? enabled * 10 + id : enabled;
+        for (int id = 1; id <= 4; ++id) enabled = state().cycle.Timer(id).Enabled ? enabled * 10 + id : enabled;
         ASSERT_LT(enabled, 10) << "two cycle timers at once";
         if (enabled != 0) program->Timer_Timer(enabled);
     }

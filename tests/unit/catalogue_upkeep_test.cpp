@@ -32,7 +32,7 @@ class Upkeep : public Flight {
     std::string timers() const {
         std::string on;
         for (int id = 1; id <= 5; ++id)
-            if (state().form.Timer(id).Enabled) on += std::to_string(id);
+            if (state().cycle.Timer(id).Enabled) on += std::to_string(id);
         return on;
     }
 };

@@ -37,18 +37,19 @@ TEST_F(ShuffleBag, HoldsTheWavesOfTheFolderSorted) {
     for (const char* name : {"b.WAV", "a.wav", "C.Wav", "\xC3\x89.wav", "d.wave", "e.wav.txt"})
         Write("a b \xC3\xA9\\" + std::string(name), "");
     const std::string waves = At("a b \xC3\xA9");
-    ProgramState state;
+    ChatterState chatter;
+    std::string step;
     for (const std::string& path : {waves, waves + "\\"}) {
-        FillShuffleBag(state, path);
+        FillShuffleBag(chatter, path, step);
         std::string all;
-        for (const std::string& wave : state.chatter.List3) all += wave.substr(waves.size());
+        for (const std::string& wave : chatter.List3) all += wave.substr(waves.size());
         EXPECT_EQ(all, "\\a.wav\\b.WAV\\C.Wav\\\xC3\x89.wav");
     }
     std::filesystem::current_path(PathOf(folder)); // no folder is looked for from there
     for (const std::string& nowhere :
          {At("missing"), waves + "\\a.wav", waves.substr(folder.size() + 1), std::string("."), std::string()}) {
-        FillShuffleBag(state, nowhere);
-        EXPECT_TRUE(state.chatter.List3.empty()) << nowhere;
+        FillShuffleBag(chatter, nowhere, step);
+        EXPECT_TRUE(chatter.List3.empty()) << nowhere;
     }
     std::filesystem::current_path("..");
 }
@@ -175,16 +176,16 @@ TEST_F(Chatter, HandsBackWithinATickOfARetune) {
         if (!playing) HearRecording();
         Seconds(1);
         TuneTo("118.70");
-        EXPECT_EQ(state().feed.ActiveTimerId, 1);
+        EXPECT_EQ(state().cycle.ActiveTimerId, 1);
         Seconds(1);
         EXPECT_EQ(player.url, "http://feeds.example/a");
     }
     player.state = Ready;
     TuneTo("118.00");
     Seconds(1);
-    EXPECT_EQ(state().feed.ActiveTimerId, 1); // "No Connection" is a reason, too
+    EXPECT_EQ(state().cycle.ActiveTimerId, 1); // "No Connection" is a reason, too
     Seconds(1);
-    EXPECT_EQ(state().feed.ActiveTimerId, 3);
+    EXPECT_EQ(state().cycle.ActiveTimerId, 3);
 }
 
 TEST_F(Chatter, APickByHandIsHeardAtOnceWhereverAndAlsoWhileMuted) {
@@ -232,12 +233,12 @@ TEST_F(Chatter, CopesWithAnEmptyFolderAndReportsImpossibleGaps) {
 
 /// The pieces alone, where every state can be set.
 struct Bench {
-    Bench() { PutInCharge(state, 4); }
+    Bench() { PutInCharge(state.cycle, 4); }
 
     /// The enabled cycle timers' numbers.
     std::string Timers() const {
         std::string on;
-        for (int id = 1; id <= 4; ++id) on += state.form.Timer(id).Enabled ? std::to_string(id) : "";
+        for (int id = 1; id <= 4; ++id) on += state.cycle.Timer(id).Enabled ? std::to_string(id) : "";
         return on;
     }
 
@@ -246,39 +247,40 @@ struct Bench {
     FakeClock clock;
     FakePlayer player;
     FakePrompts prompts;
-    FakeShell shell;
     FakeKeyboard keyboard;
     FakeDisplay screen;
     ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
     FsuipcClient link{simulator, simulator, clock};
-    RadioReadout readout{state, link};
-    ReceptionRange range{state, trap};
-    PlayerDisplay display{state, player, player, shell};
-    SimWatch sim{state, link, readout, range, player, [] {}};
-    RecordedChatter chatter{state, sim, display, player, clock, trap};
-    Mute mute{state, player};
+    RadioReadout readout{link, state.radio.FsuipcResult};
+    ReceptionRange range{state.Airports, trap};
+    ScreenTexts texts{state, state.form};
+    SimWatch sim{state, texts, link, readout, range, player, [] {}};
+    RecordedChatter chatter{state, state.LastSearchText, texts, sim, player, clock, trap};
+    Mute mute{state, texts, player};
     MuteKey mute_key{state, mute, keyboard, screen, clock};
 };
 
 TEST(ManualChatter, HandsOnlyAWebFeedBack) {
     struct Row {
-        const char *marker, *frequency, *panel, *timer;
+        const char *marker, *frequency;
+        Activity shown;
+        const char* timer;
         SelectionMode mode;
     };
-    const Row rows[] = {{"1", "118.70", "", "2", SelectionMode::Manual},
-                        {"1", "118.00", "No Connection", "1", SelectionMode::Automatic},
-                        {"1", "118.00", "", "4", SelectionMode::Manual},
-                        {"0", "118.70", "No Connection", "4", SelectionMode::Manual}};
+    const Row rows[] = {{"1", "118.70", Activity::None, "2", SelectionMode::Manual},
+                        {"1", "118.00", Activity::NoConnection, "1", SelectionMode::Automatic},
+                        {"1", "118.00", Activity::None, "4", SelectionMode::Manual},
+                        {"0", "118.70", Activity::NoConnection, "4", SelectionMode::Manual}};
     for (const Row& row : rows) {
         Bench bench;
-        bench.state.form.Mode = row.mode;
+        bench.state.cycle.Mode = row.mode;
         bench.state.feed.FeedUrlMarker = row.marker;
         bench.state.radio.PreviousFrequency = "118.00";
         bench.state.radio.MasterFrequency = row.frequency;
-        bench.state.form.PanelAt(1).Text = row.panel;
+        bench.texts.ShowStatus({row.shown});
         bench.chatter.Timer4_Timer();
-        EXPECT_EQ(bench.Timers(), row.timer) << row.marker << row.frequency << row.panel;
-        EXPECT_EQ(bench.state.feed.ForceRetune, bench.Timers() != "4");
+        EXPECT_EQ(bench.Timers(), row.timer) << row.marker << row.frequency << static_cast<int>(row.shown);
+        EXPECT_EQ(bench.state.cycle.ForceRetune, bench.Timers() != "4");
         EXPECT_EQ(bench.state.form.StatusBarColor.value_or(0), &row == &rows[2] ? 0U : 0xC0C0C0U);
     }
 }
@@ -294,15 +296,17 @@ TEST(MuteKey, SilencesEveryKindOfSourceAndBringsItBack) {
                         {"0", 8, 3, Paused},  {"0", 0, 4, Paused},  {"0", 0, 7, Paused}};
     for (const Row& row : rows) {
         Bench bench;
-        PutInCharge(bench.state, row.timer);
+        PutInCharge(bench.state.cycle, row.timer);
         bench.state.feed.FeedUrlMarker = row.marker;
         bench.state.feed.RadioFeedMarker = row.radio;
-        bench.state.feed.CaptionBase = "Quillon - Manual Mode";
-        bench.state.form.PanelAt(1).Text = "Playing";
+        bench.state.cycle.CaptionBase = "Quillon - Manual Mode";
+        bench.texts.ShowStatus({Activity::Playing});
         bench.player.SetUrl("x");
         bench.keyboard.down = 9;
         std::string painted;
-        bench.screen.painted = [&] { painted = bench.state.form.PanelAt(1).Text + bench.state.form.Caption; };
+        bench.screen.painted = [&] {
+            painted = bench.state.form[StatusPanel::Player].Text + bench.state.form.Caption;
+        };
         const std::string running = bench.Timers();
         bench.mute_key.Timer5_Timer();
         EXPECT_EQ(bench.player.state, row.muted);
@@ -325,7 +329,7 @@ TEST(MuteKey, HeldDownTogglesOnceASecondUnlessItHasNoEffect) {
                         {9, 0, false, false, false}, {9, 9, true, false, false},   {9, 9, false, true, false}};
     for (const Row& row : rows) {
         Bench bench;
-        bench.state.mute = {row.key, false, row.frame_open, ""};
+        bench.state.mute = {row.key, false, row.frame_open, {}};
         bench.state.radio.NoConnection = row.no_connection;
         bench.keyboard.down = row.down;
         const TimePoint end = bench.clock.now + std::chrono::seconds(10);

@@ -103,14 +103,14 @@ class Day : public Flight {
 /// Names the first rule that does not hold; empty when all do.
 std::string Day::BrokenRule() const {
     const ProgramState& now = state();
-    const int in_charge = now.feed.ActiveTimerId;
+    const int in_charge = now.cycle.ActiveTimerId;
     int running = 0;
-    for (int id = 1; id <= 4; ++id) running += now.form.Timer(id).Enabled ? 1 : 0;
+    for (int id = 1; id <= 4; ++id) running += now.cycle.Timer(id).Enabled ? 1 : 0;
     if (running > 1) return "two cycle timers run";
     if (running == 0 && !now.mute.Muted) return "no cycle timer runs";
-    if (running == 1 && !now.form.Timer(in_charge).Enabled) return "the timer that runs is not in charge";
-    if (now.form.optManual() != (in_charge % 2 == 0)) return "the timer in charge is the other mode's";
-    const bool looks_muted = panel(1) == "Muted" && now.form.Caption == now.feed.CaptionBase + " -Mute";
+    if (running == 1 && !now.cycle.Timer(in_charge).Enabled) return "the timer that runs is not in charge";
+    if (now.cycle.optManual() != (in_charge % 2 == 0)) return "the timer in charge is the other mode's";
+    const bool looks_muted = panel(1) == "Muted" && now.form.Caption == now.cycle.CaptionBase + " -Mute";
     if (running == 0 && (player.state == Playing || !looks_muted)) return "it is not as it is when muted";
     std::vector<std::string> recordings = now.chatter.List3;
     recordings.insert(recordings.end(), now.chatter.List4.begin(), now.chatter.List4.end());
@@ -129,7 +129,7 @@ std::string Day::BrokenRule() const {
 
 /// The same for what a tick of that timer leaves.
 std::string Day::BrokenTick(int timer) const {
-    const std::string& base = state().feed.CaptionBase;
+    const std::string& base = state().cycle.CaptionBase;
     const std::string text = panel(1);
     const auto known = Suffixes.find(text);
     const std::string suffix = known != Suffixes.end()       ? known->second
@@ -160,7 +160,7 @@ TEST_F(Day, KeepsItsRulesInEverySecond) {
         ASSERT_EQ(BrokenRule(), "");
         prompts.messages.clear();
         int timer = 1;
-        while (timer <= 4 && !state().form.Timer(timer).Enabled) ++timer;
+        while (timer <= 4 && !state().cycle.Timer(timer).Enabled) ++timer;
         ++ticks[timer];
         clock.now += std::chrono::seconds(1);
         if (timer == 5) continue; // muted

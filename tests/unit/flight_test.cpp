@@ -249,7 +249,7 @@ TEST_F(Flight, ModesSwitchTheTimersAndForceANewSearch) {
     Start();
     TuneTo("118.70");
     program->optManual_Click();
-    EXPECT_EQ(state().feed.ActiveTimerId, 2);
+    EXPECT_EQ(state().cycle.ActiveTimerId, 2);
     EXPECT_EQ(panel(4), "Selection Mode: Manual");
     EXPECT_EQ(player.state, Playing); // what plays goes on
     program->optAuto_Click();
@@ -267,14 +267,14 @@ TEST_F(Flight, TheStripMutesTheCycleInAutomaticMode) {
     Tick();
     program->cmdPause_Click();
     EXPECT_EQ(player.state, Paused);
-    EXPECT_FALSE(state().form.Timer(1).Enabled);
+    EXPECT_FALSE(state().cycle.Timer(1).Enabled);
     EXPECT_EQ(state().form.Caption, "Quillon -Mute");
     EXPECT_EQ(panel(1), "Muted");
     EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, "");
     program->cmdStop_Click(); // muted is muted
     program->cmdPlay_Click();
     EXPECT_EQ(player.state, Playing);
-    EXPECT_TRUE(state().form.Timer(1).Enabled);
+    EXPECT_TRUE(state().cycle.Timer(1).Enabled);
     EXPECT_EQ(state().form.Caption, "Quillon");
     EXPECT_EQ(panel(1), "Playing");
 
@@ -290,7 +290,7 @@ TEST_F(Flight, TheStripMutesTheCycleInAutomaticMode) {
     ASSERT_EQ(player.state, Playing);
     program->cmdPause_Click(); // and that can be muted too
     EXPECT_NE(player.state, Playing);
-    EXPECT_FALSE(state().form.Timer(1).Enabled);
+    EXPECT_FALSE(state().cycle.Timer(1).Enabled);
     program->cmdPlay_Click();
 
     program->optManual_Click();
@@ -347,7 +347,7 @@ TEST_F(Flight, NothingNestsInsideAMessageBox) {
         program->Timer_Timer(1);
         program->optManual_Click();
         program->mnuQuit_Click();
-        EXPECT_FALSE(state().form.optManual());
+        EXPECT_FALSE(state().cycle.optManual());
         EXPECT_FALSE(state().Ended);
     };
     simulator.Put(PauseFlag, 0xFFFF);

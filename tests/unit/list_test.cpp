@@ -128,15 +128,15 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
         EXPECT_EQ(panel(3), row.feed);
         EXPECT_EQ(distance(), row.label);
         EXPECT_EQ(player.state, Playing) << "whatever the range";
-        EXPECT_EQ(state().feed.ActiveTimerId, 2);
+        EXPECT_EQ(state().cycle.ActiveTimerId, 2);
     }
     Pick(5);
-    EXPECT_EQ(state().feed.ActiveTimerId, 4);
+    EXPECT_EQ(state().cycle.ActiveTimerId, 4);
     EXPECT_EQ(state().chatter.List3.size(), 2U);
     EXPECT_TRUE(state().chatter.FirstPick);
     EXPECT_EQ(player.state, Stopped);
     program->optAuto_Click();
-    EXPECT_EQ(state().feed.ActiveTimerId, 1);
+    EXPECT_EQ(state().cycle.ActiveTimerId, 1);
 }
 
 TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {

@@ -1,8 +1,10 @@
 // Airports, and whether the aircraft is in range of the feed's one.
+#include "FakeSimulator.h"
 #include "Fakes.h"
 #include "TempFolder.h"
 #include "geo/Airports.h"
 #include "geo/ReceptionRange.h"
+#include "playback/SimWatch.h"
 
 using namespace quillon;
 
@@ -12,19 +14,17 @@ using Shown = FakePrompts::Shown;
 
 class AirportFile : public TempFolder {
   protected:
-    AirportFile() { state.folders.DataPath = At(""); }
-
     ProgramState state;
     FakePrompts prompts;
     ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
     FakeCodePage page;
-    Airports airports{state, page, trap};
+    Airports airports{state.Airports, page, trap};
 };
 
 TEST_F(AirportFile, KeepsTheTextOfEveryLine) {
     using namespace std::string_literals;
     Write("Airport.dat", "\xEF\xBB\xBFICAO,x\r\n KJFK,N \r\r\n\nEGLL\n\0,\xFF\r\nlast\r"s);
-    airports.LoadAirports();
+    airports.LoadAirports(At(""));
     EXPECT_EQ(state.Airports.Lines(),
               (std::vector{"ICAO,x"s, " KJFK,N \r"s, ""s, "EGLL"s, "\0,\xC3\xBF"s, "last"s}));
     EXPECT_EQ(state.StartupStep, "");
@@ -33,9 +33,9 @@ TEST_F(AirportFile, KeepsTheTextOfEveryLine) {
 
 TEST_F(AirportFile, ThatCannotBeReadIsReported) {
     const std::string step = "Opening " + At("Airport.dat") + "\rError ";
-    airports.LoadAirports();
+    airports.LoadAirports(At(""));
     MakeFolder("Airport.dat");
-    airports.LoadAirports();
+    airports.LoadAirports(At(""));
     EXPECT_EQ(
         prompts.messages,
         (std::vector<Shown>{{"LoadAirports Error", step + "53 File not found", Icon::Exclamation},
@@ -77,7 +77,14 @@ class CalcDistance : public testing::Test {
     Label& label = state.form.Label2;
     FakePrompts prompts;
     ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
-    ReceptionRange range{state, trap};
+    FakeSimulator simulator;
+    FakeClock clock;
+    FakePlayer player;
+    FsuipcClient link{simulator, simulator, clock};
+    RadioReadout readout{link, state.radio.FsuipcResult};
+    ReceptionRange range{state.Airports, trap};
+    ScreenTexts texts{state, state.form};
+    SimWatch sim{state, texts, link, readout, range, player, [] {}};
 };
 
 TEST_F(CalcDistance, ComparesTheMilesShownWithTheRange) {
@@ -102,9 +109,9 @@ TEST_F(CalcDistance, ComparesTheMilesShownWithTheRange) {
     for (const Row& row : rows) {
         Fly(row.latitude, "-73.7667");
         state.range = {row.range, !row.in_range, 0};
-        state.form.Mode = row.mode;
+        state.cycle.Mode = row.mode;
         state.MessageText = "old";
-        range.CalcDistance();
+        sim.CalcDistance();
         const std::string set = " Range set at " + std::to_string(row.range) + " Nautical Miles ";
         EXPECT_EQ(label, (Label{row.caption, row.range == 0 ? " Range Disabled " : set})) << row.rule;
         EXPECT_EQ(state.range.InRange, row.in_range) << row.rule;
@@ -119,25 +126,26 @@ TEST_F(CalcDistance, LabelSaysWhyThereIsNoDistance) {
         const char* latitude;
         const char* city;
         std::int16_t playlist;
-        const char* before;
+        DistanceKind before;
         const char* caption;
     };
     const Row rows[] = {
-        {"unknown airport", "ZZZZ", "41.6333", "Town", 0, "", "ICAO not found!"},
-        {"position not read yet", "KXYZ", "", "Town", 0, "", "ICAO not found!"},
-        {"playlist", "ZZZZ", "41.6333", "Town", 5, "", "Windows PlayList"},
-        {"radio before playlist", "ZZZZ", "41.6333", "Town RADIO", 5, "", "Net Radio"},
-        {"radio is not looked up", "KXYZ", "41.6333", "Radio", 0, "Net Radio", "Net Radio"},
-        {"label left from a radio", "KXYZ", "41.6333", "Town", 0, "Net Radio", "ICAO not found!"}};
+        {"unknown airport", "ZZZZ", "41.6333", "Town", 0, DistanceKind::None, "ICAO not found!"},
+        {"position not read yet", "KXYZ", "", "Town", 0, DistanceKind::None, "ICAO not found!"},
+        {"playlist", "ZZZZ", "41.6333", "Town", 5, DistanceKind::None, "Windows PlayList"},
+        {"radio before playlist", "ZZZZ", "41.6333", "Town RADIO", 5, DistanceKind::None, "Net Radio"},
+        {"radio is not looked up", "KXYZ", "41.6333", "Radio", 0, DistanceKind::NetRadio, "Net Radio"},
+        {"label left from a radio", "KXYZ", "41.6333", "Town", 0, DistanceKind::NetRadio, "ICAO not found!"}};
     for (const Row& row : rows)
         for (const bool in_range : {false, true}) {
             state.feed.FeedIcao = row.icao;
             state.feed.FeedCity = row.city;
             state.feed.WplMarker = row.playlist;
             Fly(row.latitude, "-73.7667");
-            label = {row.before, "tip"};
+            texts.ShowDistance({row.before});
+            label.ToolTipText = "tip";
             state.range = {50, in_range, 1};
-            range.CalcDistance();
+            sim.CalcDistance();
             EXPECT_EQ(label, (Label{row.caption, "tip"})) << row.rule;
             EXPECT_EQ(state.range.InRange, in_range) << row.rule;
             EXPECT_EQ(state.StartupStep, "sLatitude = 0 or bFoundAirport = False") << row.rule;
@@ -148,12 +156,12 @@ TEST_F(CalcDistance, LabelSaysWhyThereIsNoDistance) {
 TEST_F(CalcDistance, WithoutARangeEveryFeedIsInRange) {
     state.range.ReceptionRange = 0;
     state.feed.FeedIcao = "";
-    range.CalcDistance();
+    sim.CalcDistance();
     EXPECT_FALSE(state.range.InRange);
     EXPECT_EQ(label, Label{});
 
     state.feed.FeedIcao = "ZZZZ";
-    range.CalcDistance();
+    sim.CalcDistance();
     EXPECT_TRUE(state.range.InRange);
     EXPECT_EQ(label, (Label{"ICAO not found!", " Range Disabled "}));
 }
@@ -175,7 +183,7 @@ TEST_F(CalcDistance, SearchGoesOnlyForwardAndNeverToTheFirstLine) {
     for (const Row& row : rows) {
         state.feed.FeedIcao = row.icao;
         state.range.AirportSearchStart = row.start;
-        range.CalcDistance();
+        sim.CalcDistance();
         EXPECT_EQ(state.range.AirportSearchStart, row.end) << row.rule;
         EXPECT_EQ(label.Caption != "ICAO not found!", row.found) << row.rule;
     }
@@ -203,7 +211,7 @@ TEST_F(CalcDistance, ReadsTheAirportsLine) {
         Fly(row.latitude, row.longitude);
         state.Airports = {{"", row.line}};
         state.range = {100, false, 1};
-        range.CalcDistance();
+        sim.CalcDistance();
         EXPECT_EQ(label.Caption, row.caption) << row.rule;
     }
     EXPECT_TRUE(prompts.messages.empty());
@@ -236,7 +244,7 @@ TEST_F(CalcDistance, BadLinesAreReportedOnceAndLeaveLabelAndRangeAlone) {
             prompts.messages.clear();
             for (int tick = 0; tick < 2; ++tick) {
                 Fly(row.latitude, "-73.7667");
-                range.CalcDistance();
+                sim.CalcDistance();
             }
             EXPECT_EQ(label, (Label{"caption", "tip"})) << row.line;
             EXPECT_EQ(state.range.InRange, in_range) << row.line;

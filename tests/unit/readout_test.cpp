@@ -22,9 +22,9 @@ TEST(DecodeFrequency, PutsALostZeroBackWhereTheRasterLostIt) {
         {0x18, 0x01, "118.10", false},
     };
     for (const Row& row : rows) {
-        bool inserted = false;
-        EXPECT_EQ(DecodeFrequency(row.high, row.low, inserted), row.text);
-        EXPECT_EQ(inserted, row.inserted) << row.text;
+        const RadioReading read = DecodeFrequency(row.high, row.low);
+        EXPECT_EQ(read.frequency, row.text);
+        EXPECT_EQ(read.zero_inserted, row.inserted) << row.text;
     }
 }
 
@@ -36,21 +36,19 @@ TEST(DegreesText, IsFixedAndAlwaysHasAPoint) {
 }
 
 TEST(RadioReadout, ReadsRadioPauseAndPosition) {
-    ProgramState state;
     FakeSimulator simulator;
     FakeClock clock;
     FsuipcClient link(simulator, simulator, clock);
-    RadioReadout readout(state, link);
-    ASSERT_TRUE(link.FsuipcOpen(0, state.radio.FsuipcResult));
+    std::uint32_t result = 0;
+    RadioReadout readout(link, result);
+    ASSERT_TRUE(link.FsuipcOpen(0, result));
 
-    EXPECT_EQ(readout.ReadMasterFrequency(), RadioReadout::Frequency::Unread); // no radio chosen yet
+    EXPECT_FALSE(readout.ReadRadio(0));
     const std::uint32_t offsets[] = {0x034E, 0x311A, 0x3118, 0x311C};
     for (std::int16_t comm = 1; comm <= 4; ++comm) {
         const std::string frequency = "12" + std::to_string(comm) + ".50";
         simulator.Tune(offsets[comm - 1], frequency);
-        state.radio.SelectedComm = comm;
-        EXPECT_EQ(readout.ReadMasterFrequency(), RadioReadout::Frequency::Read);
-        EXPECT_EQ(state.radio.MasterFrequency, frequency);
+        EXPECT_EQ(readout.ReadRadio(FindCommRadio(comm)->Offset).value().frequency, frequency);
     }
 
     simulator.Put(0x0264, 1);
@@ -65,17 +63,15 @@ TEST(RadioReadout, ReadsRadioPauseAndPosition) {
     simulator.Put(0x0560, 0x40000000);
     simulator.Put(0x056C, static_cast<std::uint32_t>(-0x40000000));
     simulator.Put(0x0568, 0);
-    readout.ReadAircraftPosition();
-    EXPECT_NEAR(state.radio.AircraftLatitude, 9 + 2.5 * 90 / 10001750, 1e-9);
-    EXPECT_EQ(state.radio.AircraftLongitudeText, "-90.0");
+    EXPECT_NEAR(readout.ReadPosition().latitude.value(), 9 + 2.5 * 90 / 10001750, 1e-9);
+    EXPECT_EQ(DegreesText(readout.ReadPosition().longitude.value()), "-90.0");
     simulator.Put(0x0564, static_cast<std::uint32_t>(-1000175));
-    readout.ReadAircraftPosition();
-    EXPECT_NEAR(state.radio.AircraftLatitude, -9 - 2.5 * 90 / 10001750, 1e-9);
+    EXPECT_NEAR(readout.ReadPosition().latitude.value(), -9 - 2.5 * 90 / 10001750, 1e-9);
 
     simulator.running = false;
-    EXPECT_EQ(readout.ReadMasterFrequency(), RadioReadout::Frequency::Unread);
-    EXPECT_EQ(state.radio.MasterFrequency, "124.50");
+    EXPECT_FALSE(readout.ReadRadio(0x034E));
     EXPECT_FALSE(readout.ReadPauseState());
+    EXPECT_FALSE(readout.ReadPosition().latitude);
 }
 
 TEST(SimConnection, KnowsWhichModulesAreTooOld) {

@@ -47,12 +47,13 @@ constexpr Click Clicks[] = {
 } // namespace
 
 void RunCommand(Program& program, int id) {
-    const frmATC& form = program.State().form;
+    const ProgramState& state = program.State();
     // A radio button also says that it was clicked when it only gets the keyboard.
-    if (id == IdOptAuto && form.optManual()) program.optAuto_Click();
-    if (id == IdOptManual && !form.optManual()) program.optManual_Click();
+    if (id == IdOptAuto && state.cycle.optManual()) program.optAuto_Click();
+    if (id == IdOptManual && !state.cycle.optManual()) program.optManual_Click();
     const int com = id - IdOptCom1 + 1;
-    if (com >= 1 && com <= 4 && form.optCom.Value != com) program.optCom_Click(static_cast<std::int16_t>(com));
+    if (com >= 1 && com <= 4 && state.form.optCom.Value != com)
+        program.optCom_Click(static_cast<std::int16_t>(com));
     for (const Click& click : Clicks)
         if (click.id == id) (program.*click.handler)();
 }

@@ -169,12 +169,12 @@ void MainControls::PlaceLabels(const Theme& theme, int y, int width) {
     MoveControl(distance_, distance_x, y, std::max(0, elapsed_x - theme.Px(Gap) - distance_x), height);
 }
 
-void MainControls::Sync(const frmATC& form) {
-    if (!mode_shown_ || shown_mode_ != form.Mode) {
+void MainControls::Sync(const frmATC& form, const CycleState& cycle) {
+    if (!mode_shown_ || shown_mode_ != cycle.Mode) {
         mode_shown_ = true;
-        shown_mode_ = form.Mode;
-        SendMessageW(auto_, BM_SETCHECK, form.optManual() ? BST_UNCHECKED : BST_CHECKED, 0);
-        SendMessageW(manual_, BM_SETCHECK, form.optManual() ? BST_CHECKED : BST_UNCHECKED, 0);
+        shown_mode_ = cycle.Mode;
+        SendMessageW(auto_, BM_SETCHECK, cycle.optManual() ? BST_UNCHECKED : BST_CHECKED, 0);
+        SendMessageW(manual_, BM_SETCHECK, cycle.optManual() ? BST_CHECKED : BST_UNCHECKED, 0);
     }
     if (!(shown_distance_ == form.Label2)) {
         if (shown_distance_.Caption != form.Label2.Caption)
@@ -183,7 +183,7 @@ void MainControls::Sync(const frmATC& form) {
             SetControlTip(tips_, distance_, form.Label2.ToolTipText);
         shown_distance_ = form.Label2;
     }
-    SyncCountdown(form);
+    SyncCountdown(form, cycle);
     if (shown_volume_ != form.Volume) {
         shown_volume_ = form.Volume;
         if (VolumePosition() != form.Volume) SendMessageW(volume_, TBM_SETPOS, TRUE, form.Volume);
@@ -194,11 +194,11 @@ void MainControls::Sync(const frmATC& form) {
     }
 }
 
-void MainControls::SyncCountdown(const frmATC& form) {
+void MainControls::SyncCountdown(const frmATC& form, const CycleState& cycle) {
     if (shown_elapsed_ != form.Label3.Caption)
         SetWindowTextW(elapsed_, Wide(shown_elapsed_ = form.Label3.Caption).c_str());
     if (shown_gap_ != form.Label4.Caption) SetWindowTextW(gap_, Wide(shown_gap_ = form.Label4.Caption).c_str());
-    const bool chatter = form.Timer(3).Enabled || form.Timer(4).Enabled;
+    const bool chatter = cycle.Timer(3).Enabled || cycle.Timer(4).Enabled;
     if (chatter == countdown_shown_) return;
     countdown_shown_ = chatter;
     ShowControls({elapsed_, of_, gap_}, chatter);

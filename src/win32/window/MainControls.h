@@ -1,6 +1,7 @@
 #pragma once
 
 #include "state/Forms.h"
+#include "state/PlaybackState.h"
 #include "win32/window/Theme.h"
 
 #include <windows.h>
@@ -29,7 +30,7 @@ class MainControls {
     int LeastWidth(const Theme& theme) const;
 
     /// Shows what differs from what is shown.
-    void Sync(const frmATC& form);
+    void Sync(const frmATC& form, const CycleState& cycle);
 
     int VolumePosition() const;
 
@@ -40,7 +41,7 @@ class MainControls {
     void PlaceModes(const Theme& theme, int x, int y, int height);
     void PlacePlayer(const Theme& theme, int x, int y, int width, int height);
     void PlaceLabels(const Theme& theme, int y, int width);
-    void SyncCountdown(const frmATC& form);
+    void SyncCountdown(const frmATC& form, const CycleState& cycle);
 
     HWND tips_;
     HWND mode_group_;

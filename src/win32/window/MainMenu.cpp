@@ -132,14 +132,14 @@ void MainMenu::Sync(const frmATC& form, bool busy) {
         EnableMenuItem(bar_, static_cast<UINT>(Rules[i].id), (enabled >> i & 1U) != 0 ? MF_ENABLED : MF_GRAYED);
 }
 
-int MainMenu::AskForRow(HWND window, POINT where, const frmATC& form) {
+int MainMenu::AskForRow(HWND window, POINT where, bool can_tune) {
     const Handle<HMENU, DestroyMenu> menu(MakePopup({{IdMnuPlayFeed, L"&Play"},
                                                      {IdMnuTuneFeed, L"&Tune the Simulator"},
                                                      {0, nullptr},
                                                      {IdMnuCopyAddress, L"&Copy Address"},
                                                      {IdMnuEditData, L"&Edit Feeds in Notepad"}}));
     SetMenuDefaultItem(menu.Get(), IdMnuPlayFeed, FALSE);
-    if (form.optManual()) EnableMenuItem(menu.Get(), IdMnuTuneFeed, MF_GRAYED);
+    if (!can_tune) EnableMenuItem(menu.Get(), IdMnuTuneFeed, MF_GRAYED);
     return TrackPopupMenu(menu.Get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, where.x, where.y, 0, window, nullptr);
 }
 

@@ -23,7 +23,7 @@ class MainMenu {
 
     /// Shows the menu of a row of the list at a point of the screen and returns the command that is chosen, 0
     /// for none. Serves window events meanwhile.
-    static int AskForRow(HWND window, POINT where, const frmATC& form);
+    static int AskForRow(HWND window, POINT where, bool can_tune);
 
     /// Turns a key press for the window into its command.
     bool Translate(HWND window, MSG& message) const;

@@ -167,7 +167,7 @@ void MainWindow::ShowRowMenu(HWND control, POINT where) {
     if (control != list_->Window() || !row || program_->State().Busy) return;
     if (where.x == -1 && where.y == -1) where = list_->PlaceOf(*row);
     const std::uint64_t revision = list.Revision();
-    const int chosen = MainMenu::AskForRow(window_, where, program_->State().form);
+    const int chosen = MainMenu::AskForRow(window_, where, !program_->State().cycle.optManual());
     if (chosen == 0 || list.Revision() != revision) return;
     program_->lvwDB_Select(row);
     RunCommand(*program_, chosen);
@@ -283,7 +283,7 @@ void MainWindow::SyncOnce() {
     }
     menu_.Sync(state.form, state.Busy);
     SyncBusy();
-    controls_->Sync(state.form);
+    controls_->Sync(state.form, state.cycle);
     if (frames_->Sync(state.form, theme_) && shown_) LayoutAnew();
     fsuipc_status_.Sync(window_, state.fsuipcStatus);
     add_feed_.Sync(window_, *program_);
@@ -295,7 +295,7 @@ void MainWindow::SyncOnce() {
 }
 
 void MainWindow::SyncTimers() {
-    const auto& wanted = program_->State().form.Timers;
+    const auto& wanted = program_->State().cycle.Timers;
     for (std::size_t i = 0; i < wanted.size(); ++i) {
         if (wanted[i].Enabled == timers_[i].Enabled && wanted[i].Interval == timers_[i].Interval) continue;
         timers_[i] = wanted[i];

@@ -1,0 +1,112 @@
+#pragma once
+
+#include "state/ShownValues.h"
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace quillon {
+
+// Frequencies that no radio holds and no feed has; they only steer the test whether the frequency has changed.
+inline constexpr const char* ForcedFrequency = "999.99"; ///< start of PreviousFrequency, and a forced retune
+inline constexpr const char* UnreadFrequency = "999.98"; ///< start of MasterFrequency
+inline constexpr const char* HandPickedFrequency = "999.00"; ///< PreviousFrequency after a pick by hand
+
+inline bool IsSentinel(const std::string& frequency) {
+    return frequency == ForcedFrequency || frequency == UnreadFrequency || frequency == HandPickedFrequency;
+}
+
+/// The simulator link and what was last read over it.
+struct RadioState {
+    std::string PreviousFrequency = ForcedFrequency;
+    std::string MasterFrequency = UnreadFrequency;
+    std::int16_t SelectedComm = 0; ///< 1 COM1, 2 COM1 standby, 3 COM2, 4 COM2 standby
+    std::uint32_t CommOffset =
+        0; ///< where the followed radio stands in the simulator's memory; 0 is nowhere yet
+    std::int16_t SimPauseState = 0; ///< 1 while the simulator is paused
+    bool NoConnection = false;
+    bool SimConnected = false;
+    std::uint32_t FsuipcResult = 0; ///< of the last link call
+    std::string FsuipcVersionText;  ///< "3.456" or "3.456a"
+    double AircraftLatitude = 0;    ///< degrees, north positive
+    double AircraftLongitude = 0;   ///< degrees, east positive
+    std::string AircraftLatitudeText;
+    std::string AircraftLongitudeText;
+};
+
+/// The current feed and how it is played.
+struct FeedState {
+    std::string FeedIcao;
+    std::string FeedCity;
+    std::string FeedFrequency;
+    std::string FeedUrl;
+    std::string FeedUrlMarker = "0";  ///< "0": the address names a folder of recordings
+    std::int32_t WplMarker = 0;       ///< above 0: a playlist
+    std::int32_t RadioFeedMarker = 0; ///< above 0: an internet radio station, not bound to a range
+};
+
+struct RangeState {
+    std::int16_t ReceptionRange = 50; ///< nautical miles; 0 switches the range check off
+    bool InRange = false;
+    std::int32_t AirportSearchStart = 0;
+};
+
+/// Recorded chatter: the folder being played and the files of it not yet played in this round.
+struct ChatterState {
+    std::int16_t ChatterMinSeconds = 15;
+    std::int16_t ChatterMaxSeconds = 25;
+    bool FirstPick = false; ///< a folder has just been picked by hand: its first recording starts at once
+    std::string File1Path;
+    std::vector<std::string> List3; ///< not yet played
+    std::vector<std::string> List4; ///< played
+
+    std::int16_t NextChatterDelay = 0; ///< the gap before the next recording, s
+    std::int64_t ChatterElapsed = 0;   ///< whole seconds of it that have passed
+
+    std::chrono::sys_time<std::chrono::milliseconds> ChatterStartTime; ///< from which the gap is counted
+    std::chrono::sys_time<std::chrono::milliseconds> ChatterNowTime;
+};
+
+struct MuteState {
+    std::int32_t MuteKeyCode = 9;
+    bool Muted = false;
+    bool FrameOpen = false;   ///< a preference frame is shown; the mute key is ignored
+    PlayerStatus SavedStatus; ///< of the player's panel before it was muted
+};
+
+enum class SelectionMode { Automatic, Manual };
+
+struct FormTimer {
+    bool Enabled = false;
+    int Interval = 1000; ///< ms
+};
+
+/// The form's timers, and which cycle they drive.
+struct CycleState {
+    SelectionMode Mode = SelectionMode::Automatic; ///< which of `optAuto` and `optManual` is on
+    std::int16_t ActiveTimerId = 1;                ///< which of the timers 1 to 4 is in charge
+    bool ForceRetune = false;                      ///< the next tick of `Timer1` searches anew
+    std::string CaptionBase = "Quillon";
+
+    std::array<FormTimer, 5> Timers{{{true, 1000}, {false, 1000}, {false, 1000}, {false, 1000}, {true, 100}}};
+
+    bool optManual() const { return Mode == SelectionMode::Manual; }
+    FormTimer& Timer(int id) { return Timers.at(static_cast<std::size_t>(id) - 1); }
+    const FormTimer& Timer(int id) const { return Timers.at(static_cast<std::size_t>(id) - 1); }
+};
+
+/// What the cycles know and change. Forms, files and the catalogue are no part of it.
+struct PlaybackState {
+    RadioState radio;
+    FeedState feed;
+    RangeState range;
+    ChatterState chatter;
+    MuteState mute;
+    CycleState cycle;
+    ShownValues shown;
+};
+
+} // namespace quillon
