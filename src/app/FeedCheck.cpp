@@ -16,41 +16,38 @@ std::string NameOf(const CatalogueReview::Feed& feed) {
 } // namespace
 
 void FeedCheck::mnuCheckFeeds_Click() {
-    ++state_.checkFeeds.Calls;
-    if (!state_.checkFeeds.Running)
-        trap_.RunCommand("Check Feeds Error", Icon::Exclamation, [this] { Begin(); });
+    ++form_.Calls;
+    if (!form_.Running) trap_.RunCommand("Check Feeds Error", Icon::Exclamation, [this] { Begin(); });
 }
 
 void FeedCheck::Begin() {
-    const std::string path = state_.folders.DataPath + CatalogueName;
-    state_.StartupStep = "Opening " + path;
+    const std::string path = folders_.DataPath + CatalogueName;
+    trap_.StartupStep() = "Opening " + path;
     CatalogueReview review = ReviewCatalogue(ReadText(path, page_));
-    state_.StartupStep.clear();
-    frmCheckFeeds& form = state_.checkFeeds;
-    form.Rows.clear();
+    trap_.StartupStep().clear();
+    form_.Rows.clear();
     for (CatalogueReview::FaultyLine& fault : review.Faults)
-        form.Rows.push_back(
+        form_.Rows.push_back(
             {Finding::FaultyLine, fault.Number, std::move(fault.Text), "", std::move(fault.Reason)});
-    ++form.Revision;
+    ++form_.Revision;
     feeds_ = std::move(review.Feeds);
-    form.Done = 0;
-    form.Total = feeds_.size();
-    form.Visible = form.Running = true;
+    form_.Done = 0;
+    form_.Total = feeds_.size();
+    form_.Visible = form_.Running = true;
     TryNext();
 }
 
 void FeedCheck::TryNext() {
-    frmCheckFeeds& form = state_.checkFeeds;
-    if (form.Done == form.Total) return End("Done.");
-    const CatalogueReview::Feed& feed = feeds_[form.Done];
-    form.LabelCaption =
-        "Trying " + std::to_string(form.Done + 1) + " of " + std::to_string(form.Total) + ": " + NameOf(feed);
+    if (form_.Done == form_.Total) return End("Done.");
+    const CatalogueReview::Feed& feed = feeds_[form_.Done];
+    form_.LabelCaption =
+        "Trying " + std::to_string(form_.Done + 1) + " of " + std::to_string(form_.Total) + ": " + NameOf(feed);
     try_began_ = clock_.Now();
-    probe_.Start(feed.URL, state_.UserAgent);
+    probe_.Start(feed.URL, user_agent_);
 }
 
 void FeedCheck::Timer_Timer() {
-    if (!state_.checkFeeds.Running) return;
+    if (!form_.Running) return;
     if (const auto answer = probe_.Result()) {
         Record(*answer);
     } else if (clock_.Now() - try_began_ > LongestTry) {
@@ -60,24 +57,22 @@ void FeedCheck::Timer_Timer() {
 }
 
 void FeedCheck::Record(const FeedAnswer& answer) {
-    frmCheckFeeds& form = state_.checkFeeds;
-    const CatalogueReview::Feed& feed = feeds_[form.Done++];
-    form.Rows.push_back({answer.Kind, feed.Line, NameOf(feed), feed.URL, answer.Words});
-    ++form.Revision;
+    const CatalogueReview::Feed& feed = feeds_[form_.Done++];
+    form_.Rows.push_back({answer.Kind, feed.Line, NameOf(feed), feed.URL, answer.Words});
+    ++form_.Revision;
     TryNext();
 }
 
 /// What there is to mend comes to the top.
 void FeedCheck::End(const std::string& how) {
-    frmCheckFeeds& form = state_.checkFeeds;
-    form.Running = false;
+    form_.Running = false;
     std::vector<frmCheckFeeds::Row> rows;
     for (const Finding kind : {Finding::FaultyLine, Finding::Fails, Finding::Redirects, Finding::Answers})
-        for (frmCheckFeeds::Row& row : form.Rows)
+        for (frmCheckFeeds::Row& row : form_.Rows)
             if (row.Kind == kind) rows.push_back(std::move(row));
-    form.Rows = std::move(rows);
-    ++form.Revision;
-    form.LabelCaption = how + Summary();
+    form_.Rows = std::move(rows);
+    ++form_.Revision;
+    form_.LabelCaption = how + Summary();
 }
 
 std::string FeedCheck::Summary() const {
@@ -87,7 +82,7 @@ std::string FeedCheck::Summary() const {
                                                           {Finding::FaultyLine, " Faults in the file: "}};
     std::string summary;
     for (const auto& [kind, title] : Titles) {
-        const auto count = std::count_if(state_.checkFeeds.Rows.begin(), state_.checkFeeds.Rows.end(),
+        const auto count = std::count_if(form_.Rows.begin(), form_.Rows.end(),
                                          [kind = kind](const auto& row) { return row.Kind == kind; });
         summary += title + std::to_string(count) + ".";
     }
@@ -95,30 +90,29 @@ std::string FeedCheck::Summary() const {
 }
 
 void FeedCheck::cmdCancel_Click() {
-    frmCheckFeeds& form = state_.checkFeeds;
-    if (!form.Running) return Form_Close();
+    if (!form_.Running) return Form_Close();
     probe_.Cancel();
-    End("Cancelled after " + std::to_string(form.Done) + " of " + std::to_string(form.Total) + ".");
+    End("Cancelled after " + std::to_string(form_.Done) + " of " + std::to_string(form_.Total) + ".");
 }
 
 void FeedCheck::Form_Close() {
     probe_.Cancel();
-    state_.checkFeeds.Visible = state_.checkFeeds.Running = false;
+    form_.Visible = form_.Running = false;
 }
 
 void FeedCheck::lstResults_DblClick(std::size_t row) {
-    const std::vector<frmCheckFeeds::Row>& rows = state_.checkFeeds.Rows;
+    const std::vector<frmCheckFeeds::Row>& rows = form_.Rows;
     if (row >= rows.size()) return;
     const auto feed = std::find_if(feeds_.begin(), feeds_.end(),
                                    [&](const auto& candidate) { return candidate.Line == rows[row].Line; });
     if (feed == feeds_.end()) return;
-    ListView& list = state_.form.lvwDB;
-    const auto item = std::find_if(list.Items().begin(), list.Items().end(), [&](const FeedRecord& candidate) {
-        return candidate.URL == feed->URL && candidate.City == feed->City && candidate.ICAO == feed->ICAO;
-    });
-    if (item == list.Items().end()) return;
-    list.Select(static_cast<std::size_t>(item - list.Items().begin()));
-    list.EnsureSelectedVisible();
+    const auto item =
+        std::find_if(list_.Items().begin(), list_.Items().end(), [&](const FeedRecord& candidate) {
+            return candidate.URL == feed->URL && candidate.City == feed->City && candidate.ICAO == feed->ICAO;
+        });
+    if (item == list_.Items().end()) return;
+    list_.Select(static_cast<std::size_t>(item - list_.Items().begin()));
+    list_.EnsureSelectedVisible();
 }
 
 } // namespace quillon

@@ -5,7 +5,8 @@
 #include "ports/Clock.h"
 #include "ports/FeedProbe.h"
 #include "runtime/ErrorTrap.h"
-#include "state/ProgramState.h"
+#include "state/Folders.h"
+#include "state/Forms.h"
 
 namespace quillon {
 
@@ -16,8 +17,16 @@ class FeedCheck {
     /// An address that has neither answered nor failed after so long counts as failed.
     static constexpr std::chrono::seconds LongestTry{90};
 
-    FeedCheck(ProgramState& state, FeedProbe& probe, AnsiCodePage& page, Clock& clock, ErrorTrap& trap)
-        : state_(state), probe_(probe), page_(page), clock_(clock), trap_(trap) {}
+    FeedCheck(frmCheckFeeds& form, ListView& list, const Folders& folders, const std::string& user_agent,
+              FeedProbe& probe, AnsiCodePage& page, Clock& clock, ErrorTrap& trap)
+        : form_(form),
+          list_(list),
+          folders_(folders),
+          user_agent_(user_agent),
+          probe_(probe),
+          page_(page),
+          clock_(clock),
+          trap_(trap) {}
 
     /// Opens the dialog and begins; one that runs goes on.
     void mnuCheckFeeds_Click();
@@ -41,7 +50,10 @@ class FeedCheck {
     void End(const std::string& how);
     std::string Summary() const;
 
-    ProgramState& state_;
+    frmCheckFeeds& form_;
+    ListView& list_;
+    const Folders& folders_;
+    const std::string& user_agent_;
     FeedProbe& probe_;
     AnsiCodePage& page_;
     Clock& clock_;

@@ -12,14 +12,13 @@ constexpr std::uint32_t AccessDenied = 5;
 } // namespace
 
 void FsuipcStatus::mnuFSUPIC_Click() {
-    frmShow_FSUIPC& dialog = state_.fsuipcStatus;
     const std::uint32_t simulator = link_.SimVersion();
-    state_.radio.FsuipcVersionText = VersionText(link_.FsuipcVersion());
-    dialog.LabelCaption = "FSUIPC Ver:    " + state_.radio.FsuipcVersionText + "\r\r" + Radios() +
-                          "FlightSim:  " + SimName(simulator);
-    dialog.LabelRed = simulator == 0;
-    if (dialog.LabelRed) dialog.LabelCaption += "\r\rUnable to connect with the FSUIPC Module" + Trouble();
-    dialog.Visible = true;
+    radio_.FsuipcVersionText = VersionText(link_.FsuipcVersion());
+    form_.LabelCaption =
+        "FSUIPC Ver:    " + radio_.FsuipcVersionText + "\r\r" + Radios() + "FlightSim:  " + SimName(simulator);
+    form_.LabelRed = simulator == 0;
+    if (form_.LabelRed) form_.LabelCaption += "\r\rUnable to connect with the FSUIPC Module" + Trouble();
+    form_.Visible = true;
 }
 
 std::string FsuipcStatus::Radios() {
@@ -27,8 +26,8 @@ std::string FsuipcStatus::Radios() {
         "Com1 Freq:      ", "Com1 Stby:      ", "Com2 Freq:      ", "Com2 Stby:      "};
     std::string lines;
     for (std::int16_t number = 1; number <= 4; ++number) {
-        state_.radio.CommOffset = FindCommRadio(number)->Offset;
-        const auto read = readout_.ReadRadio(state_.radio.CommOffset);
+        radio_.CommOffset = FindCommRadio(number)->Offset;
+        const auto read = readout_.ReadRadio(radio_.CommOffset);
         lines += Titles[number - 1] + (read ? read->frequency : "") + "\r";
     }
     return lines;

@@ -2,27 +2,29 @@
 
 #include "simlink/FsuipcClient.h"
 #include "simlink/RadioReadout.h"
-#include "state/ProgramState.h"
+#include "state/Forms.h"
+#include "state/PlaybackState.h"
 
 namespace quillon {
 
 /// The status dialog of the simulator link.
 class FsuipcStatus {
   public:
-    FsuipcStatus(ProgramState& state, FsuipcClient& link, RadioReadout& readout)
-        : state_(state), link_(link), readout_(readout) {}
+    FsuipcStatus(frmShow_FSUIPC& form, RadioState& radio, FsuipcClient& link, RadioReadout& readout)
+        : form_(form), radio_(radio), link_(link), readout_(readout) {}
 
     /// Reads the four radios and shows them with the module's version and the simulator's name; says why when
     /// there is no link. The followed radio's offset is the last one's afterwards, until the next tick sets it.
     void mnuFSUPIC_Click();
 
-    void Command1_Click() { state_.fsuipcStatus.Visible = false; }
+    void Command1_Click() { form_.Visible = false; }
 
   private:
     std::string Radios();
     std::string Trouble() const;
 
-    ProgramState& state_;
+    frmShow_FSUIPC& form_;
+    RadioState& radio_;
     FsuipcClient& link_;
     RadioReadout& readout_;
 };

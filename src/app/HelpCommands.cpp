@@ -7,7 +7,7 @@ void HelpCommands::mnuContents_Click() {
 }
 
 void HelpCommands::mnuFolders_Click() {
-    const std::string chosen = dialogs_.ProgramFolders(state_.folders);
+    const std::string chosen = dialogs_.ProgramFolders(folders_);
     if (!chosen.empty()) Open(chosen, "The folder");
 }
 

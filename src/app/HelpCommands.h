@@ -3,15 +3,15 @@
 #include "ports/Dialogs.h"
 #include "ports/Prompts.h"
 #include "ports/Shell.h"
-#include "state/ProgramState.h"
+#include "state/Folders.h"
 
 namespace quillon {
 
 /// The "Help" menu: the help pages, the program's folders and what it is.
 class HelpCommands {
   public:
-    HelpCommands(ProgramState& state, Prompts& prompts, Dialogs& dialogs, Shell& shell)
-        : state_(state), prompts_(prompts), dialogs_(dialogs), shell_(shell) {}
+    HelpCommands(const Folders& folders, Prompts& prompts, Dialogs& dialogs, Shell& shell)
+        : folders_(folders), prompts_(prompts), dialogs_(dialogs), shell_(shell) {}
 
     /// Opens the help pages, which lie in the folder "help" beside the program.
     void mnuContents_Click();
@@ -22,7 +22,7 @@ class HelpCommands {
   private:
     void Open(const std::string& address, const std::string& what);
 
-    ProgramState& state_;
+    const Folders& folders_;
     Prompts& prompts_;
     Dialogs& dialogs_;
     Shell& shell_;

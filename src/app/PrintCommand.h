@@ -4,15 +4,22 @@
 #include "ports/Printer.h"
 #include "ports/Prompts.h"
 #include "runtime/ErrorTrap.h"
-#include "state/ProgramState.h"
+#include "state/Forms.h"
 
 namespace quillon {
 
 /// Printing the list of feeds, in the order in which it is sorted.
 class PrintCommand {
   public:
-    PrintCommand(ProgramState& state, Prompts& prompts, Printer& printer, Clock& clock, ErrorTrap& trap)
-        : state_(state), prompts_(prompts), printer_(printer), clock_(clock), trap_(trap) {}
+    /// `last_search_text` is forgotten once the list is printed.
+    PrintCommand(frmATC& form, std::string& last_search_text, Prompts& prompts, Printer& printer, Clock& clock,
+                 ErrorTrap& trap)
+        : form_(form),
+          last_search_text_(last_search_text),
+          prompts_(prompts),
+          printer_(printer),
+          clock_(clock),
+          trap_(trap) {}
 
     /// Asks, lets the user choose a printer and prints. Cancelling anywhere ends it without a word.
     void mnuPrint_Click();
@@ -22,7 +29,8 @@ class PrintCommand {
     bool PrintList();
     bool PrintPages(PrintJob& job, std::int16_t sheets);
 
-    ProgramState& state_;
+    frmATC& form_;
+    std::string& last_search_text_;
     Prompts& prompts_;
     Printer& printer_;
     Clock& clock_;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ports/AnsiCodePage.h"
-#include "state/ProgramState.h"
+#include "state/Folders.h"
 
 #include <string>
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "state/ProgramState.h"
+#include "state/Folders.h"
+#include "state/Forms.h"
 
 namespace quillon {
 

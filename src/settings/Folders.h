@@ -2,7 +2,7 @@
 
 #include "ports/Shell.h"
 #include "runtime/Files.h"
-#include "state/ProgramState.h"
+#include "state/Folders.h"
 
 #include <array>
 #include <string>

@@ -100,20 +100,20 @@ void RememberedState::Read() {
         may_write_ = error.Number == FileNotFound;
     }
     RememberedValues values = ParseRemembered(bytes);
-    state_.form.Volume = values.Volume;
-    state_.UserAgent = std::move(values.UserAgent);
-    state_.form.Size = values.Window;
+    form_.Volume = values.Volume;
+    user_agent_ = std::move(values.UserAgent);
+    form_.Size = values.Window;
     auto width = values.Columns.begin();
-    for (ListView::ColumnHeader& header : state_.form.lvwDB.ColumnHeaders)
+    for (ListView::ColumnHeader& header : form_.lvwDB.ColumnHeaders)
         if (width != values.Columns.end() && *width++ > 0) header.WidthTwips = *std::prev(width);
 }
 
 void RememberedState::Write() {
     if (!may_write_) return;
     try {
-        RememberedValues values{state_.form.Volume, state_.UserAgent, state_.form.Size, {}};
+        RememberedValues values{form_.Volume, user_agent_, form_.Size, {}};
         auto width = values.Columns.begin();
-        for (const ListView::ColumnHeader& header : state_.form.lvwDB.ColumnHeaders)
+        for (const ListView::ColumnHeader& header : form_.lvwDB.ColumnHeaders)
             if (width != values.Columns.end()) *width++ = header.WidthTwips;
         ReplaceFile(Path(), RememberedText(values));
     } catch (const RuntimeError&) {

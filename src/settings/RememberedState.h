@@ -1,6 +1,7 @@
 #pragma once
 
-#include "state/ProgramState.h"
+#include "state/Folders.h"
+#include "state/Forms.h"
 
 #include <array>
 #include <string>
@@ -30,7 +31,8 @@ inline constexpr const char* RememberedName = "Quillon.state";
 /// The file beside the settings file. Nothing that goes wrong with it is worth a message.
 class RememberedState {
   public:
-    explicit RememberedState(ProgramState& state) : state_(state) {}
+    RememberedState(frmATC& form, std::string& user_agent, const Folders& folders)
+        : form_(form), user_agent_(user_agent), folders_(folders) {}
 
     /// Puts the file's values in force, or the defaults.
     void Read();
@@ -39,9 +41,11 @@ class RememberedState {
     void Write();
 
   private:
-    std::string Path() const { return state_.folders.DataPath + RememberedName; }
+    std::string Path() const { return folders_.DataPath + RememberedName; }
 
-    ProgramState& state_;
+    frmATC& form_;
+    std::string& user_agent_;
+    const Folders& folders_;
     bool may_write_ = false;
 };
 

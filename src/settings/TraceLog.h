@@ -1,6 +1,6 @@
 #pragma once
 
-#include "state/ProgramState.h"
+#include "state/Folders.h"
 
 #include <string>
 #include <string_view>

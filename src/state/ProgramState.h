@@ -1,6 +1,7 @@
 #pragma once
 
 #include "state/AirportList.h"
+#include "state/Folders.h"
 #include "state/Forms.h"
 #include "state/FrequencyPool.h"
 #include "state/PlaybackState.h"
@@ -9,13 +10,6 @@
 #include <vector>
 
 namespace quillon {
-
-/// Folders, each ending in a backslash.
-struct Folders {
-    std::string AppPath;
-    std::string DataPath;
-    std::string WavePath;
-};
 
 /// Everything the program knows and shows.
 struct ProgramState : PlaybackState {

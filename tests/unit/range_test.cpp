@@ -5,6 +5,7 @@
 #include "geo/Airports.h"
 #include "geo/ReceptionRange.h"
 #include "playback/SimWatch.h"
+#include "state/ProgramState.h"
 
 using namespace quillon;
 

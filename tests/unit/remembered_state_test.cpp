@@ -1,6 +1,7 @@
 // The file of what is remembered from run to run: its values, and that it is never a reason for a message.
 #include "TempFolder.h"
 #include "settings/RememberedState.h"
+#include "state/ProgramState.h"
 
 using namespace quillon;
 
@@ -25,7 +26,7 @@ using RememberedStateFile = TempFolder;
 TEST_F(RememberedStateFile, IsNotReplacedWhenItCouldNotBeRead) {
     ProgramState state;
     state.folders.DataPath = folder + "\\";
-    RememberedState remembered(state);
+    RememberedState remembered(state.form, state.UserAgent, state.folders);
     MakeFolder("Quillon.state");
     remembered.Read();
     std::filesystem::remove(PathOf(At("Quillon.state")));

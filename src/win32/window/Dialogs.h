@@ -1,6 +1,7 @@
 #pragma once
 
-#include "state/ProgramState.h"
+#include "state/Folders.h"
+#include "state/Forms.h"
 #include "win32/window/ModelessDialog.h"
 
 #include <windows.h>
