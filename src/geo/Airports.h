@@ -33,9 +33,9 @@ struct AirportPosition {
     DmsRecord longitude;
 };
 
-/// Position in an airport's line. An "S" anywhere behind the ICAO code makes the latitude southern. The sign is
-/// that of the whole degrees, so that with 0 degrees the angle is 0. Raises error 5 when a separator is missing
-/// or out of place, 13 when southern or western degrees are no number.
+/// Position in an airport's line. An "S" anywhere after the ICAO code makes the latitude southern. The whole
+/// degrees give the sign, so an angle of 0 degrees and some minutes counts as 0. Raises error 5 if a separator
+/// is missing or misplaced, 13 if southern or western degrees are not a number.
 AirportPosition ParseAirport(std::string_view line);
 
 } // namespace quillon

@@ -50,7 +50,7 @@ class Geodesic {
         cos2_ = u2.cos;
     }
 
-    /// Finds `lambda` and its arc; false when the passes do not settle.
+    /// Finds `lambda` and its arc; returns false if the iteration does not converge.
     bool Converge() {
         lambda_ = difference_;
         for (int pass = 1; pass < PassLimit; ++pass) {
@@ -89,11 +89,11 @@ class Geodesic {
         arc.sin_sigma = std::sqrt(Square(cos2_ * sin) + Square(cos_sin_ - sin_cos_ * cos));
         if (arc.sin_sigma == 0) Raise(DivisionByZero);
         arc.cos_sigma = sin_sin_ + cos_cos_ * cos;
-        // From both, because the cosine alone cannot tell near points apart.
+        // From both: the cosine alone cannot tell near points apart.
         arc.sigma = std::atan2(arc.sin_sigma, arc.cos_sigma);
         arc.sin_alpha = cos_cos_ * sin / arc.sin_sigma;
         arc.cos2_alpha = 1 - Square(arc.sin_alpha);
-        // Along the equator (0, or less by rounding) every use of the middle is multiplied by next to nothing.
+        // Along the equator (0, or less by rounding) the middle has next to no weight.
         arc.cos_2sigma_m = arc.cos2_alpha > 0 ? arc.cos_sigma - 2 * sin_sin_ / arc.cos2_alpha : 0;
         return arc;
     }

@@ -38,11 +38,11 @@ constexpr double Square(double x) {
 }
 
 /// Whether a point (degrees) lies on the globe: Success, LatitudeOutside or LongitudeOutside; the longitude's
-/// code when both are outside. The two results are the point's latitude mirrored at the equator and its
-/// longitude turned half round, [0, 180); both 180 for a point that is none.
+/// code if both are outside. The two results are the latitude mirrored at the equator and the longitude turned
+/// by 180 degrees, in [0, 180); both 180 if the point is invalid.
 GeodesyCode ValidatePoint(double lat, double lon, double& mirrored_lat, double& turned_lon);
 
-/// Whether either of two points (degrees) is none.
+/// Whether either of two points (degrees) is invalid.
 bool PointsInvalid(double lat1, double lon1, double lat2, double lon2);
 
 struct EllipsoidRecord {
@@ -51,8 +51,8 @@ struct EllipsoidRecord {
     std::string_view name;
 };
 
-/// Axes and name of an ellipsoid by its number in `Geodesy`. EllipsoidUnknown, and the record left as it was,
-/// for a number that it does not have.
+/// Axes and name of an ellipsoid by its number in `Geodesy`. Returns EllipsoidUnknown for any other number and
+/// leaves the record unchanged.
 GeodesyCode GetEllipsoid(std::int16_t index, EllipsoidRecord& ellipsoid);
 
 struct GeodesicProblem {

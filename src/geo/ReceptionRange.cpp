@@ -11,8 +11,7 @@ namespace {
 
 constexpr std::int16_t Wgs84 = 22;
 
-/// The angle of a text "D.MM.SS". The sign is that of the whole degrees: between -1 and 0 degrees the angle is
-/// 0.
+/// The angle of a text "D.MM.SS". The whole degrees give the sign: between -1 and 0 degrees the angle is 0.
 DmsRecord AngleOf(const std::string& text) {
     const std::ptrdiff_t first = InStr(text, ".");
     const std::ptrdiff_t second = InStr(first + 1, text, ".");
@@ -21,7 +20,7 @@ DmsRecord AngleOf(const std::string& text) {
             Sgn(degrees)};
 }
 
-/// Whole nautical miles. They are made from whole statute miles.
+/// Whole nautical miles, computed from whole statute miles.
 std::int32_t NauticalMiles(double metres) {
     const std::int32_t miles = CLng(metres) / 1609;
     return CLng(Val(Format(miles * 0.8689741, "0")));
@@ -75,8 +74,8 @@ void ReceptionRange::Measure(const Airport& airport, const PositionTexts& aircra
     trap_.ClearTexts();
 }
 
-/// Leaves the index of the airport's line in `search_start`. The list's first line is a heading, never an
-/// airport, and the search does not go back to lines before the start.
+/// Sets `search_start` to the line found. The first line is a heading, and the search never goes back before
+/// the start.
 std::optional<std::size_t> ReceptionRange::FindAirport(const Airport& airport) const {
     if (!airport.known) return std::nullopt;
     std::int32_t& start = airport.search_start;

@@ -12,9 +12,9 @@
 
 namespace quillon {
 
-/// Position text such as "-33.9461" (degrees) as degrees, minutes and seconds: "-33.56.48". Cuts `value` to its
-/// first 7 characters. The seconds come from the minutes rounded to one decimal, and so are a multiple of 6.
-/// `startup_step` follows what it does. Raises error 5 for a text without a ".".
+/// Converts degrees such as "-33.9461" to degrees, minutes and seconds: "-33.56.48". Cuts `value` to its first
+/// 7 characters. The seconds come from minutes rounded to one decimal, so they are a multiple of 6.
+/// `startup_step` says what is being done. Raises error 5 for a text without a ".".
 std::string Convert2DMS(std::string& value, std::string& startup_step);
 
 /// A position in degrees as texts; always with a decimal point.

@@ -32,7 +32,7 @@ std::int16_t DegreesToDms(double value, DmsRecord& angle) {
     double degrees = Fix(magnitude);
     double minutes = (magnitude - degrees) * 60;
     double seconds = (minutes - Fix(minutes)) * 60;
-    // Either is below 60 here, so that one carry is enough.
+    // Both are below 60 here, so one carry is enough.
     if (seconds >= AlmostSixty) {
         seconds -= 60;
         minutes += 1;

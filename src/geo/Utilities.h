@@ -12,7 +12,7 @@ struct DmsRecord {
     std::int16_t sign = 0; ///< -1, 0 or +1; 0 makes the angle 0 whatever the fields say
 };
 
-/// Decimal degrees of the angle. Seconds, then minutes, of 59.99999 and more count as the next whole minute or
+/// Decimal degrees of the angle. Seconds, then minutes, of 59.99999 or more round up to the next minute or
 /// degree.
 double DmsToDegrees(const DmsRecord& angle);
 

@@ -9,7 +9,7 @@ namespace quillon {
 
 namespace {
 
-/// First row of that frequency. The sentinels and the empty text match none.
+/// First row with that frequency. The sentinels and the empty text match no row.
 std::optional<std::size_t> FindFrequency(const ListView& list, const std::string& frequency) {
     if (frequency.empty() || IsSentinel(frequency)) return std::nullopt;
     const auto& items = list.Items();

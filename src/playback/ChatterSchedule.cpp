@@ -30,7 +30,7 @@ void ChatterSchedule::MeasureElapsed() {
     startup_step_ = "Check elapsed time";
     chatter_.ChatterNowTime = clock_.Now();
     chatter_.ChatterElapsed = DateDiffSeconds(chatter_.ChatterStartTime, chatter_.ChatterNowTime);
-    // Less than nothing: the clock was set back, which would stretch the gap by as much.
+    // Negative if the clock was set back, which would stretch the gap by as much.
     if (chatter_.ChatterElapsed > LongestElapsed || chatter_.ChatterElapsed < 0) {
         chatter_.ChatterElapsed = 1;
         chatter_.ChatterStartTime = chatter_.ChatterNowTime - std::chrono::seconds(1);

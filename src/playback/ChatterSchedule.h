@@ -9,9 +9,9 @@
 
 namespace quillon {
 
-/// Length of a gap in seconds, between the bounds, both included: `r` in [0, 1) says where. With the bounds the
-/// wrong way round it lies between `max_seconds` + 1 and `min_seconds`. Raises error 6 when the number of
-/// lengths to choose from does not fit 16 bits.
+/// Length of a gap in seconds, from `min_seconds` to `max_seconds`, picked by `r` in [0, 1). If the bounds are
+/// swapped, it lies between `max_seconds` + 1 and `min_seconds`. Raises error 6 if the number of possible
+/// lengths does not fit 16 bits.
 std::int16_t GapSeconds(std::int16_t min_seconds, std::int16_t max_seconds, double r);
 
 /// When the next recording is due, and which one it is.
@@ -25,11 +25,11 @@ class ChatterSchedule {
     /// Refreshes `ChatterElapsed` and the label that shows it.
     void MeasureElapsed();
 
-    /// Whether the gap is still running. If so, shows how long it will.
+    /// Whether the gap is still running; if so, shows the seconds left.
     bool CountDown();
 
-    /// Draws the next gap and then, under the step text given, the recording to play now. Nothing when all have
-    /// been played: they are put back, to be drawn from at the next tick.
+    /// Draws the next gap and then, with `step` as the step text, the recording to play now. If all have been
+    /// played, refills the bag for the next tick and returns nothing.
     std::optional<std::string> Draw(const std::string& step);
 
   private:

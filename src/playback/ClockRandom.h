@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-/// Random numbers from a generator that the clock seeds anew before each.
+/// Random numbers from a generator reseeded from the clock before each.
 class ClockRandom {
   public:
     explicit ClockRandom(Clock& clock) : clock_(clock) {}

@@ -15,7 +15,7 @@ void MakeCurrent(PlaybackState& state, ScreenTexts& texts, const FeedRecord& rec
     feed.RadioFeedMarker = RadioMarker(feed.FeedCity);
     feed.WplMarker = PlaylistMarker(feed.FeedUrl);
     feed.FeedUrlMarker = feed.WplMarker > 0 ? "1" : std::to_string(StreamMarker(feed.FeedUrl));
-    texts.ShowStation(""); // was what the station before said
+    texts.ShowStation(""); // it was the previous station's
     texts.ShowDistance({feed.RadioFeedMarker > 0 ? DistanceKind::NetRadio : DistanceKind::None});
     texts.ClearRange();
     state.range.InRange = false;

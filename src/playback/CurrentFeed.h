@@ -7,27 +7,26 @@
 
 namespace quillon {
 
-/// Makes a feed the current one: its fields and markers, the label of an internet radio station, and the range
-/// not yet known.
+/// Makes the record's feed the current one: sets its fields and markers and resets the range to unknown.
 void MakeCurrent(PlaybackState& state, ScreenTexts& texts, const FeedRecord& record);
 
-/// Whether it is the record's feed that is the current one.
+/// Whether the record's feed is the current one.
 bool IsCurrent(const FeedState& feed, const FeedRecord& record);
 
-/// Whether the feed is a stream or a playlist: there is one, and it is no folder of recordings.
+/// Whether the feed is a stream or a playlist. False for a folder of recordings, and without a feed.
 bool IsStream(const FeedState& feed);
 
-/// No feed is current.
+/// Leaves no feed current.
 void ClearCurrentFeed(PlaybackState& state, ScreenTexts& texts);
 
-/// Empties the player, so that nothing of the feed before can start again.
+/// Clears the player's address, so that the previous feed cannot start again.
 void EmptyPlayer(MediaPlayer& player);
 
 /// Puts one of the four cycle timers in charge; the other three stop.
 void PutInCharge(CycleState& cycle, std::int16_t timer_id);
 
-/// Stops the four cycle timers; the one in charge stays so. Returns whether it ran: while the sound is muted it
-/// does not.
+/// Stops the four cycle timers without changing which one is in charge. Returns whether it was running; while
+/// muted it is not.
 bool StopCycle(CycleState& cycle);
 
 } // namespace quillon

@@ -20,7 +20,7 @@ void ManualMonitoring::Tick() {
     display_.GetWMPState();
     trap_.StartupStep() = "Comparing Previous amd Master Frequencies";
     if (radio.MasterFrequency == radio.PreviousFrequency) return;
-    radio.PreviousFrequency = radio.MasterFrequency; // one pick starts one source, once
+    radio.PreviousFrequency = radio.MasterFrequency; // each pick starts its source once
     if (!feed.FeedUrl.empty()) StartPickedFeed();
 }
 

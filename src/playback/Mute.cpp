@@ -15,7 +15,7 @@ void Mute::MuteSound() {
     mute.SavedStatus = state_.shown.Status;
     texts_.ShowStatus({Activity::Muted});
     texts_.ShowTitle(state_.cycle.CaptionBase, {Activity::Muted});
-    texts_.ShowStation(""); // what the station plays is followed no more
+    texts_.ShowStation(""); // no longer updated while muted
 }
 
 void Mute::UnMuteSound() {

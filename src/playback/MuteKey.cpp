@@ -16,7 +16,7 @@ bool MuteKey::Pressed() {
     return !state_.mute.FrameOpen && !state_.radio.NoConnection && keyboard_.IsDown(state_.mute.MuteKeyCode);
 }
 
-/// A clock that is set back meanwhile ends it, too.
+/// Also ends if the clock is set back.
 void MuteKey::BlockForTheRestOfTheSecond() {
     const TimePoint start = clock_.Now();
     while (DateDiffSeconds(start, clock_.Now()) == 0) clock_.Sleep(std::chrono::milliseconds(10));

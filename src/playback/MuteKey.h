@@ -13,8 +13,8 @@ class MuteKey {
     MuteKey(PlaybackState& state, Mute& mute, Keyboard& keyboard, Display& display, Clock& clock)
         : state_(state), mute_(mute), keyboard_(keyboard), display_(display), clock_(clock) {}
 
-    /// Mutes or un-mutes while the key is down, and then blocks until the clock's next second, so that a key
-    /// held down toggles once a second.
+    /// If the key is down, toggles mute and then blocks until the clock's next second, so that a held key
+    /// toggles once a second.
     void Timer5_Timer();
 
   private:

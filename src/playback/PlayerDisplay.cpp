@@ -19,7 +19,7 @@ Activity ActivityOf(PlayState state) {
         return Activity::Playing;
     case Buffering:
     case MediaEnded:
-        return Activity::Buffering; // the next piece of a live feed is on its way
+        return Activity::Buffering; // a live feed's next part is on its way
     case Transitioning:
         return Activity::Connecting;
     default:

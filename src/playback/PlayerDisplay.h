@@ -8,7 +8,7 @@
 
 namespace quillon {
 
-/// Tells the user what the player is doing: status bar, caption suffix and label.
+/// Shows what the player is doing.
 class PlayerDisplay {
   public:
     PlayerDisplay(PlaybackState& state, ScreenTexts& texts, MediaPlayer& player, const LiveFeed& live,

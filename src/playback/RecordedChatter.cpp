@@ -19,7 +19,7 @@ void RecordedChatter::AutomaticTick() {
     if (!schedule_.CountDown()) PlayNextInRange();
 }
 
-/// Returns whether the tick goes on to the recordings.
+/// Returns whether the tick goes on with the recordings.
 bool RecordedChatter::FollowSimulator() {
     if (!sim_.Relink()) return false;
     trap_.StartupStep() = "Checking pause state";
@@ -41,7 +41,7 @@ bool RecordedChatter::FollowSimulator() {
     return true;
 }
 
-/// Whether the recordings' frequency is no longer the one to follow. The status bar's grey tells of it.
+/// Whether the radio has left the recordings' frequency; if so, greys the status bar.
 bool RecordedChatter::Retuned() {
     const bool retuned = state_.radio.MasterFrequency != state_.radio.PreviousFrequency ||
                          state_.shown.Status.What == Activity::NoConnection;
@@ -54,7 +54,7 @@ void RecordedChatter::HandBack(std::int16_t timer_id) {
     state_.cycle.ForceRetune = true;
 }
 
-/// The gap counts from the moment the recording has ended.
+/// The gap counts from the end of the recording.
 bool RecordedChatter::RecordingPlays() {
     if (player_.State() != Playing) return false;
     schedule_.BeginGap();
@@ -64,7 +64,7 @@ bool RecordedChatter::RecordingPlays() {
 void RecordedChatter::PlayNextInRange() {
     const auto path = schedule_.Draw("Select random wave");
     if (!path) return;
-    if (state_.range.InRange) player_.SetUrl(*path); // what is out of range is missed, not put off
+    if (state_.range.InRange) player_.SetUrl(*path); // out of range, a recording is skipped, not postponed
     ShowPlaying(*path);
 }
 
@@ -87,7 +87,7 @@ void RecordedChatter::ManualTick() {
         PlayNextAnywhere();
 }
 
-/// Who has just picked a folder hears it at once, whatever is left of the gap.
+/// A folder just picked is heard at once, whatever is left of the gap.
 void RecordedChatter::HurryFirstPick() {
     ChatterState& chatter = state_.chatter;
     if (!chatter.FirstPick) return;

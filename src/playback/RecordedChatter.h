@@ -6,8 +6,7 @@
 
 namespace quillon {
 
-/// `Timer3` and `Timer4`: in charge while the feed is a folder of recordings. One recording plays, a gap of
-/// random length follows its end, then the next one plays.
+/// `Timer3` and `Timer4`: play a folder of recordings, with a random gap after each.
 class RecordedChatter {
   public:
     /// `last_search_text` is forgotten when a recording starts.
@@ -21,11 +20,11 @@ class RecordedChatter {
           schedule_(state.chatter, texts, clock, trap.StartupStep()),
           trap_(trap) {}
 
-    /// The feed was tuned: keeps following the simulator, is heard in range only, and hands back to `Timer1`
-    /// when the radio is retuned.
+    /// For a tuned feed: follows the simulator, plays only in range, and hands back to `Timer1` when the radio
+    /// is retuned.
     void Timer3_Timer();
 
-    /// The feed was picked by hand: heard whatever the range, and the first recording at once.
+    /// For a feed picked by hand: plays whatever the range, the first recording at once.
     void Timer4_Timer();
 
   private:

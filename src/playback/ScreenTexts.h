@@ -8,48 +8,48 @@
 
 namespace quillon {
 
-/// The one writer of what title, status bar and labels of the main window say about the player and its feed.
+/// The only writer of the main window's title, status bar and labels.
 class ScreenTexts {
   public:
     ScreenTexts(PlaybackState& state, frmATC& form) : state_(state), shown_(state.shown), form_(form) {}
 
-    /// What the player does, in the first panel.
+    /// First panel: what the player does.
     void ShowStatus(PlayerStatus status);
 
-    /// The title: its base, and behind it what the player does.
+    /// The title: the base and a suffix for what the player does.
     void ShowTitle(const std::string& base, PlayerStatus status = {});
 
-    /// The second panel; a frequency that no radio holds leaves it empty, and without the tip.
+    /// Second panel. A sentinel frequency leaves it and its tip empty.
     void ShowFrequency(const std::string& frequency, const std::string& tip);
 
-    /// The second panel says that no radio is followed.
+    /// Second panel: no radio is followed.
     void ShowManualPick();
 
-    /// The second panel at once after tuning from the list; its tip waits for the next tick.
+    /// Second panel right after tuning from the list; the next tick updates the tip.
     void ShowTunedFrequency(const std::string& frequency);
 
-    /// The current feed's airport and place in the third panel. Without a feed the panel stays as it is.
+    /// Third panel: the current feed's airport and place. No effect without a feed.
     void ShowFeed();
 
-    /// What the simulator link does; it covers the feed in the third panel.
+    /// Third panel: the link's state, which hides the feed.
     void ShowLink(LinkNews news);
 
-    /// What the station says of itself: the third panel's tip.
+    /// Third panel's tip: the stream's title.
     void ShowStation(const std::string& title);
 
-    /// An address in the fourth panel, its last 28 characters if it is longer.
+    /// Fourth panel: an address, or the last 28 characters of a longer one.
     void DisplayURL(const std::string& address);
 
-    /// The selection mode in the fourth panel.
+    /// Fourth panel: the selection mode.
     void ShowMode();
 
-    /// The third and fourth panel say that the frequency has no feed.
+    /// Third and fourth panel: the frequency has no feed.
     void ShowNoFeed();
 
     /// `Label2`.
     void ShowDistance(DistanceValue distance);
 
-    /// The tip of `Label2`: the range in nautical miles, 0 while it is switched off.
+    /// Tip of `Label2`: the range in nautical miles, 0 if it is off.
     void ShowRange(std::int16_t range);
     void ClearRange();
 
@@ -60,7 +60,7 @@ class ScreenTexts {
     /// The picture of the live ATC service.
     void ShowServiceLogo(bool visible);
 
-    /// Greys the status bar: the recordings' frequency is no longer the one to follow.
+    /// Greys the status bar: the radio has left the recordings' frequency.
     void GreyStatusBar();
 
   private:
@@ -69,7 +69,7 @@ class ScreenTexts {
     PlaybackState& state_;
     ShownValues& shown_;
     frmATC& form_;
-    std::string feed_text_; ///< the third panel's, once nothing covers it
+    std::string feed_text_; ///< third panel while the link has no news
 };
 
 } // namespace quillon

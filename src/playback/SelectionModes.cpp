@@ -10,7 +10,7 @@ void SelectionModes::optAuto_Click() {
     texts_.ShowMode();
     texts_.ShowDistance({DistanceKind::Stopped});
     EmptyPlayer(player_);
-    // A frequency picked by hand must not pass for one that a radio was tuned to.
+    // A frequency picked by hand must not count as one the radio was tuned to.
     state_.radio.MasterFrequency = UnreadFrequency;
     state_.cycle.ForceRetune = true;
     PutInCharge(state_.cycle, 1);
@@ -21,7 +21,7 @@ void SelectionModes::optManual_Click() {
     state_.cycle.Mode = SelectionMode::Manual;
     texts_.ShowTitle("Quillon - Manual");
     texts_.ShowMode();
-    // Nothing has been picked by hand yet; what the radio had started goes on.
+    // Nothing has been picked by hand yet; what the radio started goes on.
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
     PutInCharge(state_.cycle, 2);
 }

@@ -7,17 +7,17 @@
 
 namespace quillon {
 
-// A folder of recordings as a bag: each is drawn once before any is drawn again.
+// A folder of recordings as a shuffle bag: each is drawn once before any is drawn again.
 
-/// Fills the bag with a folder: every "*.wav" of it, sorted by name, none of them played yet. A folder that is
-/// missing, or not named by its whole path, is an empty one. `startup_step` follows what it does.
+/// Fills the bag with every "*.wav" of a folder, sorted by name. A folder that is missing, or given by a
+/// relative path, counts as empty. `startup_step` says what is being done.
 void FillShuffleBag(ChatterState& chatter, const std::string& folder, std::string& startup_step);
 
-/// Fills the bag with its folder once more, as the folder is by now.
+/// Lists the bag's folder again and refills the bag.
 void RefillShuffleBag(ChatterState& chatter, std::string& startup_step);
 
-/// Moves one recording from the bag to the played ones and returns its path; nothing when the bag is empty. `r`
-/// in [0, 1) says how far down the bag it lies.
+/// Moves one recording from the bag to the played list and returns its path; returns nothing if the bag is
+/// empty. `r` in [0, 1) picks it.
 std::optional<std::string> DrawRecording(ChatterState& chatter, double r);
 
 } // namespace quillon

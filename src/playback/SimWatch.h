@@ -10,11 +10,11 @@
 
 namespace quillon {
 
-/// What both automatic cycles do at the start of a tick: keep the link, follow the pause state, the radio and
+/// The start of a tick in both automatic cycles: re-opens the link and follows the pause state, the radio and
 /// the range.
 class SimWatch {
   public:
-    /// `end_program` is called when a simulator that had been connected has gone.
+    /// `end_program` is called once a connected simulator is gone.
     SimWatch(PlaybackState& state, ScreenTexts& texts, FsuipcClient& link, RadioReadout& readout,
              ReceptionRange& range, MediaPlayer& player, std::function<void()> end_program)
         : state_(state),
@@ -25,26 +25,25 @@ class SimWatch {
           player_(player),
           end_program_(std::move(end_program)) {}
 
-    /// Opens the link anew. Returns false when the simulator has gone and the program has been ended.
+    /// Re-opens the link. Returns false if the simulator is gone and the program was ended.
     bool Relink();
 
-    /// Pauses the player while the simulator is paused and starts it again afterwards. Returns whether it is
-    /// paused.
+    /// Pauses the player while the simulator is paused and resumes it afterwards. Returns whether the simulator
+    /// is paused.
     bool FollowPause();
 
-    /// Reads the position and refreshes distance and `InRange`. What cannot be read stays as it was.
+    /// Reads the position, then CalcDistance. A position that cannot be read is left as it was.
     void UpdateRange();
 
-    /// Refreshes distance and `InRange` from the position last read. Without a feed nothing changes; without a
-    /// known airport or position only the label does; an error, or points between which there is no distance,
-    /// leaves both.
+    /// Updates the distance label and `InRange` from the last position. Without a feed nothing changes; without
+    /// a known airport or position only the label does; if the distance cannot be computed, neither does.
     void CalcDistance();
 
-    /// Reads the followed radio. The second panel is refreshed with it when `always_show` is set, or when the
-    /// reading had a lost zero put back.
+    /// Reads the followed radio. Updates the second panel if `always_show` is set or the reading had its lost
+    /// zero restored.
     void FollowRadio(bool always_show);
 
-    /// Pauses the player while the feed is out of range; radio stations and playlists have no range. Returns
+    /// Pauses the player if the feed is out of range; radio stations and playlists have no range. Returns
     /// whether the feed may be heard.
     bool HushOutOfRange();
 

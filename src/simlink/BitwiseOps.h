@@ -4,9 +4,9 @@
 
 namespace quillon {
 
-/// `value` multiplied (left) or divided (right) by 2 to the power `bits`; a division truncates toward zero, so
-/// a negative value does not shift as its bits would. Raises error 6 when the power (from 2^31 on) or the
-/// product does not fit 32 bits, and error 11 for a division by a power that rounds to 0 (a negative `bits`).
+/// `value` multiplied (left) or divided (right) by 2 to the power `bits`; division truncates toward zero,
+/// unlike an arithmetic shift. Raises error 6 if the power (from 2^31 on) or the product does not fit 32 bits,
+/// and error 11 if the divisor rounds to 0 (a negative `bits`).
 std::int32_t ShiftBits(std::int32_t value, std::int32_t bits, bool left);
 
 } // namespace quillon

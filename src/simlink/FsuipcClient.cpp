@@ -62,7 +62,7 @@ bool FsuipcClient::ShareArea(std::uint32_t& result) {
     return true;
 }
 
-/// A simulator that is still starting answers with zeros; it is asked again a few times.
+/// A simulator that is still starting answers with zeros, so it is asked again a few times.
 bool FsuipcClient::AskVersions(std::uint32_t& result) {
     for (int pass = 0; pass < MaxVersionPasses && (link_.FsuipcVersion == 0 || link_.SimVersion == 0); ++pass) {
         const bool answered = FsuipcRead(0x3304, 4, &link_.FsuipcVersion, result) &&
@@ -102,14 +102,14 @@ bool FsuipcClient::FsuipcProcess(std::uint32_t& result) {
     std::uint32_t reply = 0;
     if (!SendRound(reply, result)) return false;
     if (reply != Accepted) return Fail(result, LinkBadData);
-    // The other process can change the area at any moment, so it is looked at in a copy of our own.
+    // The other process can change the area at any moment, so a copy is checked.
     const std::vector<std::uint8_t> replies(link_.FsuipcView, link_.FsuipcView + round.length);
     if (!DeliverReplies(round, replies)) return false;
     result = LinkConnected;
     return true;
 }
 
-/// A round that gets through only with the last retry counts as failed.
+/// A success on the last retry still counts as a failure.
 bool FsuipcClient::SendRound(std::uint32_t& reply, std::uint32_t& result) {
     last_error_ = 0;
     for (int retries = 0;; ++retries) {

@@ -18,13 +18,12 @@ struct LinkState {
     std::uint8_t* FsuipcView = nullptr;
     std::int32_t FsuipcVersion = 0;
     std::uint32_t SimVersion = 0;
-    std::uint32_t FsuipcLibWord = 0; ///< overlaps the upper half of SimVersion as sent; read along, not used
+    std::uint32_t FsuipcLibWord = 0; ///< overlaps the upper half of SimVersion as sent; not used
 };
 
-/// The link to the FSUIPC module inside the simulator, which shows the simulator's state as numbered offsets.
-/// Reads and writes are queued and then handed over in one round trip. Calls return true on success and set
-/// `result` to a LinkResult; a call that fails sets it to the reason. They block for as long as they take and
-/// let no window events in.
+/// The link to the FSUIPC module inside the simulator, which exposes the simulator's state as numbered offsets.
+/// Reads and writes are queued and then sent in one round trip. Calls return true on success and set `result`
+/// to a LinkResult, the reason if they fail. They block and let no window events in.
 class FsuipcClient {
   public:
     FsuipcClient(MessageLink& messages, SharedMemory& memory, Clock& clock)
@@ -33,34 +32,32 @@ class FsuipcClient {
     FsuipcClient(const FsuipcClient&) = delete;
     FsuipcClient& operator=(const FsuipcClient&) = delete;
 
-    /// Makes ready for an open: a link that is still open is closed, so that none of its handles is lost.
+    /// Closes a link that is still open, ready for the next open.
     void FsuipcReset() { FsuipcClose(); }
 
-    /// Opens the link to the simulator of that code, 0 for any. Takes a tenth of a second at least. An open
-    /// link is left alone (LinkAlreadyOpen), but the two versions are forgotten; after any other failure the
-    /// link is closed.
+    /// Opens the link to the simulator with that code, 0 for any. Takes at least a tenth of a second. Fails
+    /// with LinkAlreadyOpen if the link is open, which only clears the two versions; any other failure leaves
+    /// the link closed.
     bool FsuipcOpen(std::uint32_t requested, std::uint32_t& result);
 
-    /// Opens the link anew, to whatever simulator there is.
+    /// Re-opens the link to whatever simulator there is.
     bool FsuipcReopen(std::uint32_t& result) {
         FsuipcReset();
         return FsuipcOpen(0, result);
     }
 
-    /// Queues a read. The bytes arrive in `destination` when FsuipcProcess succeeds; it must stay valid until
-    /// then.
+    /// Queues a read. FsuipcProcess fills `destination`, which must stay valid until then.
     bool FsuipcRead(std::uint32_t offset, std::uint32_t size, void* destination, std::uint32_t& result);
 
     /// Queues a write. The bytes are copied at once.
     bool FsuipcWrite(std::uint32_t offset, std::uint32_t size, const void* source, std::uint32_t& result);
 
-    /// Hands the queue over, copies what was read to its destinations and leaves the queue empty, also when it
-    /// fails. A reply that is not the answer to what was queued fails without touching `result`; destinations
-    /// of the records before the damaged one are filled by then. A simulator that hangs is waited for 23
-    /// seconds at most.
+    /// Sends the queue, copies the replies to their destinations and empties the queue, even if it fails. A
+    /// reply that does not match the queue fails without changing `result`; destinations before the bad record
+    /// are filled. Waits at most 23 seconds for a hung simulator.
     bool FsuipcProcess(std::uint32_t& result);
 
-    /// Releases everything; does nothing to a closed link.
+    /// Releases everything. No effect on a closed link.
     void FsuipcClose();
 
     bool IsOpen() const { return link_.FsuipcView != nullptr; }
@@ -71,7 +68,7 @@ class FsuipcClient {
     /// The simulator's code (see SimName), 0 while the link is closed.
     std::uint32_t SimVersion() const { return link_.SimVersion; }
 
-    /// The system's error number for the last message that could not be sent, 0 while they get through.
+    /// System error of the last message that could not be sent, 0 if the last one was.
     std::uint32_t LastSystemError() const { return last_error_; }
 
   private:

@@ -32,8 +32,7 @@ extern const std::array<const char*, 16> ResultTexts;
 /// Names of the simulator codes 0 to 8.
 extern const std::array<const char*, 9> SimNames;
 
-/// Name of any simulator code: newer simulators than SimNames knows have one too, an unknown code is shown as a
-/// number.
+/// Name of any simulator code, including those newer than SimNames; an unknown code becomes a number.
 std::string SimName(std::uint32_t code);
 
 } // namespace quillon

@@ -43,7 +43,7 @@ class RadioReadout {
     /// `result` receives the LinkResult of each call.
     RadioReadout(FsuipcClient& link, std::uint32_t& result) : link_(link), result_(result) {}
 
-    /// The radio at that offset; nothing for offset 0, which is no radio's.
+    /// The radio at that offset; nothing for offset 0.
     std::optional<RadioReading> ReadRadio(std::uint32_t offset);
 
     /// The simulator's pause indicator, 1 while it is paused. Raises error 6 for a value beyond 16 bits.

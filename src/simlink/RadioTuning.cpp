@@ -24,7 +24,7 @@ void RadioTuning::Write_FSUIPC(const std::string& TuneFrequencyText) {
 
 void RadioTuning::LL2(const std::string& TuneFrequencyText) {
     const std::uint32_t word = BcdOfFrequency(TuneFrequencyText);
-    // Four bytes: the two behind the radio's own word become zero.
+    // Four bytes: the two after the radio's own word become zero.
     if (radio_.CommOffset != 0) link_.FsuipcWrite(radio_.CommOffset, sizeof word, &word, radio_.FsuipcResult);
 }
 

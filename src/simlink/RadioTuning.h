@@ -7,8 +7,8 @@
 
 namespace quillon {
 
-/// A frequency text "1##.##" as the BCD word of a radio: "118.30" is 0x1830. Only the text's characters 2, 3
-/// and last two count; raises error 13 when they are no digits.
+/// A frequency text "1##.##" as a radio's BCD word: "118.30" is 0x1830. Uses only characters 2, 3 and the last
+/// two; raises error 13 if they are not digits.
 std::uint32_t BcdOfFrequency(const std::string& frequency);
 
 /// Tunes the simulator's followed radio.
@@ -16,8 +16,8 @@ class RadioTuning {
   public:
     RadioTuning(RadioState& radio, FsuipcClient& link) : radio_(radio), link_(link) {}
 
-    /// Writes the frequency to the followed radio. Without a link, or while no radio has ever been chosen,
-    /// nothing is written and nothing is said. Raises error 13 when the text is no frequency.
+    /// Writes the frequency to the followed radio. No effect without a link or a chosen radio. Raises error 13
+    /// if the text is not a frequency.
     void Write_FSUIPC(const std::string& TuneFrequencyText);
 
   private:

@@ -53,8 +53,8 @@ void RequestArea::Attach(std::uint8_t* start) {
 
 bool RequestArea::QueueRead(std::uint32_t offset, std::uint32_t size, void* destination) {
     if (!Fits(ReadHeaderSize, size)) return false;
-    // An address may not fit the field's four bytes, and the other side has no use for it: the record's ordinal
-    // number stands for it.
+    // A pointer may not fit the field's four bytes, and the other side ignores it, so the record's ordinal
+    // number is sent.
     const auto token = destination ? static_cast<std::uint32_t>(queued_.size() + 1) : 0;
     Append({{ReadRequest, offset, size, token}, ReadHeaderSize, destination}, nullptr);
     return true;

@@ -8,7 +8,7 @@
 
 namespace quillon {
 
-/// A record as it was queued. What the other side hands back is compared with it and never used in its place.
+/// A record as it was queued. The other side's copy is checked against it, never trusted.
 struct Request {
     std::array<std::uint32_t, 4>
         header;                ///< identifier, offset, size and, of a read only, the destination's token
@@ -24,10 +24,9 @@ struct Round {
     std::size_t length = 0; ///< bytes of the area that they and their terminator take
 };
 
-/// Copies the replies of a round to their destinations, record by record, from the bytes the other side left. A
-/// zero identifier ends the walk wherever it stands. Returns false at the first record that is not the one
-/// queued there (unknown identifier, other offset, size or destination) or runs past the bytes; nothing is
-/// copied from it on.
+/// Copies the replies of a round to their destinations, record by record. A zero identifier ends the walk.
+/// Returns false at the first record that differs from the one queued (identifier, offset, size or destination)
+/// or runs past the end; it and the rest are not copied.
 bool DeliverReplies(const Round& round, std::span<const std::uint8_t> reply);
 
 /// The memory shared with the simulator, into which requests are written back to back, all numbers
@@ -40,7 +39,7 @@ class RequestArea {
     /// Starts an empty queue in memory of `Length` bytes.
     void Attach(std::uint8_t* start);
 
-    /// Return false, and queue nothing, when the area has no room left.
+    /// Return false and queue nothing if the area is full.
     bool QueueRead(std::uint32_t offset, std::uint32_t size, void* destination);
     bool QueueWrite(std::uint32_t offset, std::uint32_t size, const void* source);
 

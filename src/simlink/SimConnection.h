@@ -12,7 +12,7 @@ namespace quillon {
 /// "3.456a".
 std::string VersionText(std::int32_t version_word);
 
-/// Why this version of the module will not do for that simulator; empty when it will.
+/// What to tell the user if this version of the module is too old for that simulator, else empty.
 std::string TooOldText(const std::string& simulator, const std::string& version_text);
 
 /// Makes the link to the simulator at start.
@@ -20,12 +20,12 @@ class SimConnection {
   public:
     SimConnection(RadioState& radio, FsuipcClient& link) : radio_(radio), link_(link) {}
 
-    /// Tries until the simulator answers; `wait` is called after each failure and returns whether to try again.
+    /// Tries until the simulator answers. Calls `wait` after each failure, which returns whether to try again.
     /// Returns whether the link is open.
     bool Connect(const std::function<bool()>& wait);
 
-    /// After Connect: sets the version text and `SimConnected`. Returns what the user must be told when the
-    /// module is too old to work with, else an empty text.
+    /// After Connect: sets the version text and `SimConnected`. Returns what to tell the user if the module is
+    /// too old, else an empty text.
     std::string CheckVersion();
 
   private:
