@@ -3,6 +3,7 @@
 #include "geo/ReceptionRange.h"
 #include "ports/TextFile.h"
 #include "simlink/FsuipcClient.h"
+#include "simlink/RadioReadout.h"
 
 #include <array>
 #include <benchmark/benchmark.h>
@@ -97,16 +98,10 @@ void LinkCalls(benchmark::State& state) {
     FakeClock clock;
     FsuipcClient link(simulator, simulator, clock);
     std::uint32_t result = 0;
-    std::array<std::uint8_t, 4> bytes{};
-    const auto ask = [&](std::uint32_t offset, std::uint32_t size) {
-        if (!link.FsuipcRead(offset, size, bytes.data(), result) || !link.FsuipcProcess(result))
-            state.SkipWithError("the link failed");
-    };
+    RadioReadout readout(link, result);
     for (auto _ : state) {
         link.FsuipcReopen(result);
-        ask(0x0264, 2);
-        ask(FollowedRadio, 4);
-        for (const std::uint32_t offset : {0x0564U, 0x0560U, 0x056CU, 0x0568U}) ask(offset, 4);
+        if (!readout.Read(FollowedRadio).Radio()) state.SkipWithError("the link failed");
     }
 }
 BENCHMARK(LinkCalls<SimulatorProcess>)->Name("tick/link calls")->Unit(benchmark::kMicrosecond);

@@ -31,6 +31,7 @@ void AutomaticTuning::Tick() {
     state_.cycle.CaptionBase = "Quillon";
     display_.GetWMPState();
     trap_.StartupStep() = "Check pause state";
+    sim_.Read();
     if (sim_.FollowPause()) return;
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
     trap_.StartupStep() = "Get master frequency";

@@ -23,6 +23,7 @@ void RecordedChatter::AutomaticTick() {
 bool RecordedChatter::FollowSimulator() {
     if (!sim_.Relink()) return false;
     trap_.StartupStep() = "Checking pause state";
+    sim_.Read();
     if (sim_.FollowPause()) return false;
     trap_.StartupStep() = "Comparing frequencies";
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;

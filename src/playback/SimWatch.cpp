@@ -14,8 +14,12 @@ bool SimWatch::Relink() {
     return true;
 }
 
+void SimWatch::Read() {
+    reading_ = readout_.Read(FollowedOffset());
+}
+
 bool SimWatch::FollowPause() {
-    const auto pause = readout_.ReadPauseState();
+    const auto pause = reading_.PauseState();
     if (!pause) return false;
     const std::int16_t before = state_.radio.SimPauseState;
     state_.radio.SimPauseState = *pause;
@@ -35,7 +39,7 @@ void SimWatch::UpdateRange() {
 
 void SimWatch::ReadAircraftPosition() {
     RadioState& radio = state_.radio;
-    const PositionReading position = readout_.ReadPosition();
+    const PositionReading position = reading_.Position();
     if (position.latitude) {
         radio.AircraftLatitude = *position.latitude;
         radio.AircraftLatitudeText = DegreesText(*position.latitude);
@@ -82,10 +86,16 @@ void SimWatch::FollowRadio(bool always_show) {
 
 std::optional<RadioReading> SimWatch::ReadMasterFrequency() {
     RadioState& radio = state_.radio;
-    if (const CommRadio* followed = FindCommRadio(radio.SelectedComm)) radio.CommOffset = followed->Offset;
-    auto read = readout_.ReadRadio(radio.CommOffset);
+    radio.CommOffset = FollowedOffset();
+    auto read = reading_.Radio();
     if (read) radio.MasterFrequency = read->frequency;
     return read;
+}
+
+/// Without a chosen radio the last offset stays in force.
+std::uint32_t SimWatch::FollowedOffset() const {
+    const CommRadio* followed = FindCommRadio(state_.radio.SelectedComm);
+    return followed ? followed->Offset : state_.radio.CommOffset;
 }
 
 bool SimWatch::HushOutOfRange() {

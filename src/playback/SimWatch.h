@@ -28,19 +28,22 @@ class SimWatch {
     /// Re-opens the link. Returns false if the simulator is gone and the program was ended.
     bool Relink();
 
+    /// Reads what the rest of the tick needs. Call it once, before FollowPause.
+    void Read();
+
     /// Pauses the player while the simulator is paused and resumes it afterwards. Returns whether the simulator
     /// is paused.
     bool FollowPause();
 
-    /// Reads the position, then CalcDistance. A position that cannot be read is left as it was.
+    /// Takes over the position read, then CalcDistance. A position that could not be read is left as it was.
     void UpdateRange();
 
     /// Updates the distance label and `InRange` from the last position. Without a feed nothing changes; without
     /// a known airport or position only the label does; if the distance cannot be computed, neither does.
     void CalcDistance();
 
-    /// Reads the followed radio. Updates the second panel if `always_show` is set or the reading had its lost
-    /// zero restored.
+    /// Takes over the followed radio's frequency. Updates the second panel if `always_show` is set or the
+    /// reading had its lost zero restored.
     void FollowRadio(bool always_show);
 
     /// Pauses the player if the feed is out of range; radio stations and playlists have no range. Returns
@@ -50,6 +53,7 @@ class SimWatch {
   private:
     void ReadAircraftPosition();
     std::optional<RadioReading> ReadMasterFrequency();
+    std::uint32_t FollowedOffset() const;
     void ShowRange(const RangeReading& reading);
 
     PlaybackState& state_;
@@ -59,6 +63,7 @@ class SimWatch {
     ReceptionRange& range_;
     MediaPlayer& player_;
     std::function<void()> end_program_;
+    SimReading reading_;
 };
 
 } // namespace quillon

@@ -36,7 +36,7 @@ bool FsuipcClient::FsuipcOpen(std::uint32_t requested, std::uint32_t& result) {
     if (IsOpen()) return Fail(result, LinkAlreadyOpen);
     if (FindPeer(result) && ShareArea(result) && AskVersions(result) && CheckVersions(requested, result))
         return true;
-    FsuipcClose();
+    FsuipcReset();
     return false;
 }
 
@@ -50,16 +50,26 @@ bool FsuipcClient::FindPeer(std::uint32_t& result) {
 }
 
 bool FsuipcClient::ShareArea(std::uint32_t& result) {
-    const std::string name = std::string(LinkName) + ":" + Hex(messages_.ProcessId()) + ":1";
-    link_.FsuipcAtom = memory_.AddNameAtom(name);
-    if (link_.FsuipcAtom == 0) return Fail(result, LinkNoAtom);
-    const SharedMemory::Mapping mapping = memory_.CreateMapping(name, RequestArea::Length);
-    link_.FsuipcMapping = mapping.handle;
-    if (mapping.already_existed) return Fail(result, LinkMappingTaken);
-    link_.FsuipcView = link_.FsuipcMapping ? memory_.MapView(link_.FsuipcMapping) : nullptr;
-    if (!link_.FsuipcView) return Fail(result, LinkNoView);
+    if (!shared_.view && !MakeArea(result)) {
+        ReleaseArea();
+        return false;
+    }
+    link_.FsuipcAtom = shared_.atom;
+    link_.FsuipcMapping = shared_.mapping;
+    link_.FsuipcView = shared_.view;
     area_.Attach(link_.FsuipcView);
     return true;
+}
+
+bool FsuipcClient::MakeArea(std::uint32_t& result) {
+    const std::string name = std::string(LinkName) + ":" + Hex(messages_.ProcessId()) + ":1";
+    shared_.atom = memory_.AddNameAtom(name);
+    if (shared_.atom == 0) return Fail(result, LinkNoAtom);
+    const SharedMemory::Mapping mapping = memory_.CreateMapping(name, RequestArea::Length);
+    shared_.mapping = mapping.handle;
+    if (mapping.already_existed) return Fail(result, LinkMappingTaken);
+    shared_.view = mapping.handle ? memory_.MapView(mapping.handle) : nullptr;
+    return shared_.view || Fail(result, LinkNoView);
 }
 
 /// A simulator that is still starting answers with zeros, so it is asked again a few times.
@@ -123,12 +133,21 @@ bool FsuipcClient::SendRound(std::uint32_t& reply, std::uint32_t& result) {
     }
 }
 
-void FsuipcClient::FsuipcClose() {
+void FsuipcClient::FsuipcReset() {
     area_.Attach(nullptr);
-    const LinkState held = std::exchange(link_, {});
-    if (held.FsuipcAtom) memory_.DeleteAtom(held.FsuipcAtom);
-    if (held.FsuipcView) memory_.UnmapView(held.FsuipcView);
-    if (held.FsuipcMapping) memory_.CloseMapping(held.FsuipcMapping);
+    link_ = {};
+}
+
+void FsuipcClient::FsuipcClose() {
+    FsuipcReset();
+    ReleaseArea();
+}
+
+void FsuipcClient::ReleaseArea() {
+    const SharedArea held = std::exchange(shared_, {});
+    if (held.atom) memory_.DeleteAtom(held.atom);
+    if (held.view) memory_.UnmapView(held.view);
+    if (held.mapping) memory_.CloseMapping(held.mapping);
 }
 
 } // namespace quillon

@@ -32,8 +32,8 @@ class FsuipcClient {
     FsuipcClient(const FsuipcClient&) = delete;
     FsuipcClient& operator=(const FsuipcClient&) = delete;
 
-    /// Closes a link that is still open, ready for the next open.
-    void FsuipcReset() { FsuipcClose(); }
+    /// Closes a link that is still open, ready for the next open. Keeps the shared area.
+    void FsuipcReset();
 
     /// Opens the link to the simulator with that code, 0 for any. Takes at least a tenth of a second. Fails
     /// with LinkAlreadyOpen if the link is open, which only clears the two versions; any other failure leaves
@@ -72,8 +72,18 @@ class FsuipcClient {
     std::uint32_t LastSystemError() const { return last_error_; }
 
   private:
+    /// The memory that the simulator sees, and the atom that names it. Kept until FsuipcClose: a server may
+    /// hold on to both, and would answer in the old memory if a new one were made under the same name.
+    struct SharedArea {
+        std::uint32_t atom = 0;
+        NativeHandle mapping = 0;
+        std::uint8_t* view = nullptr;
+    };
+
     bool FindPeer(std::uint32_t& result);
     bool ShareArea(std::uint32_t& result);
+    bool MakeArea(std::uint32_t& result);
+    void ReleaseArea();
     bool AskVersions(std::uint32_t& result);
     bool CheckVersions(std::uint32_t requested, std::uint32_t& result);
     bool SendRound(std::uint32_t& reply, std::uint32_t& result);
@@ -82,6 +92,7 @@ class FsuipcClient {
     SharedMemory& memory_;
     Clock& clock_;
 
+    SharedArea shared_;
     LinkState link_;
     bool wide_client_ = false; ///< found under the class that the network client uses
     RequestArea area_;

@@ -3,6 +3,7 @@
 #include "runtime/Number.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdio>
 
 namespace quillon {
@@ -21,12 +22,6 @@ constexpr CommRadio Radios[] = {
     {0x3118, " Comm 2 "},
     {0x311C, " Comm 2 Standby "},
 };
-
-std::int32_t LittleEndian(const std::array<std::uint8_t, 4>& bytes) {
-    const std::uint32_t value = bytes[0] | std::uint32_t{bytes[1]} << 8U | std::uint32_t{bytes[2]} << 16U |
-                                std::uint32_t{bytes[3]} << 24U;
-    return static_cast<std::int32_t>(value);
-}
 
 } // namespace
 
@@ -51,38 +46,53 @@ std::string DegreesText(double degrees) {
     return text == "-0.0" ? "0.0" : text;
 }
 
-template <std::size_t Size>
-bool RadioReadout::Read(std::uint32_t offset, std::array<std::uint8_t, Size>& bytes) {
-    return link_.FsuipcRead(offset, Size, bytes.data(), result_) && link_.FsuipcProcess(result_);
+std::optional<std::int16_t> SimReading::PauseState() const {
+    if (!answered_) return std::nullopt;
+    // The two bytes' decimal texts stand side by side: 1, 0 reads as 01.
+    return CInt(Val(std::to_string(pause_[1]) + std::to_string(pause_[0])));
+}
+
+std::optional<RadioReading> SimReading::Radio() const {
+    if (!answered_ || !has_radio_) return std::nullopt;
+    return DecodeFrequency(RadioBytes[1], RadioBytes[0]);
+}
+
+double SimReading::FixedPoint::Value() const {
+    // The low part counts ten times what it stands for; at worst that is 5 metres.
+    const double fraction = low / 429496729.0;
+    return high <= 0 ? high - fraction : high + fraction;
+}
+
+PositionReading SimReading::Position() const {
+    if (!answered_) return {};
+    return {latitude_.Value() * (90 / 10001750.0), longitude_.Value() * (360 / 4294967296.0)};
+}
+
+SimReading RadioReadout::Read(std::uint32_t radio_offset) {
+    SimReading reading;
+    reading.has_radio_ = radio_offset != 0;
+    reading.answered_ = Queue(PauseIndicator, reading.pause_) &&
+                        (!reading.has_radio_ || Queue(radio_offset, reading.RadioBytes)) &&
+                        Queue(LatitudeHigh, reading.latitude_.high) &&
+                        Queue(LatitudeLow, reading.latitude_.low) &&
+                        Queue(LongitudeHigh, reading.longitude_.high) &&
+                        Queue(LongitudeLow, reading.longitude_.low) && link_.FsuipcProcess(result_);
+    return reading;
 }
 
 std::optional<RadioReading> RadioReadout::ReadRadio(std::uint32_t offset) {
     std::array<std::uint8_t, 4> RadioBytes{};
-    if (offset == 0 || !Read(offset, RadioBytes)) return std::nullopt;
+    if (!Queue(offset, RadioBytes) || !link_.FsuipcProcess(result_)) return std::nullopt;
     return DecodeFrequency(RadioBytes[1], RadioBytes[0]);
 }
 
-std::optional<std::int16_t> RadioReadout::ReadPauseState() {
-    std::array<std::uint8_t, 2> bytes{};
-    if (!Read(PauseIndicator, bytes)) return std::nullopt;
-    // The two bytes' decimal texts stand side by side: 1, 0 reads as 01.
-    return CInt(Val(std::to_string(bytes[1]) + std::to_string(bytes[0])));
+bool RadioReadout::Queue(std::uint32_t offset, std::span<std::uint8_t> bytes) {
+    return link_.FsuipcRead(offset, static_cast<std::uint32_t>(bytes.size()), bytes.data(), result_);
 }
 
-std::optional<double> RadioReadout::ReadFixedPoint(std::uint32_t high_offset, std::uint32_t low_offset,
-                                                   double unit) {
-    std::array<std::uint8_t, 4> high{};
-    std::array<std::uint8_t, 4> low{};
-    if (!Read(high_offset, high) || !Read(low_offset, low)) return std::nullopt;
-    const double h = LittleEndian(high);
-    // The low part counts ten times what it stands for; at worst that is 5 metres.
-    const double f = LittleEndian(low) / 429496729.0;
-    return (h <= 0 ? h - f : h + f) * unit;
-}
-
-PositionReading RadioReadout::ReadPosition() {
-    return {ReadFixedPoint(LatitudeHigh, LatitudeLow, 90 / 10001750.0),
-            ReadFixedPoint(LongitudeHigh, LongitudeLow, 360 / 4294967296.0)};
+bool RadioReadout::Queue(std::uint32_t offset, std::int32_t& word) {
+    static_assert(std::endian::native == std::endian::little);
+    return link_.FsuipcRead(offset, sizeof word, &word, result_);
 }
 
 } // namespace quillon

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 
 namespace quillon {
@@ -37,24 +38,52 @@ struct PositionReading {
     std::optional<double> longitude;
 };
 
+/// What one tick needs of the simulator, as it came over the link.
+class SimReading {
+  public:
+    /// The pause indicator, 1 while the simulator is paused. Raises error 6 for a value beyond 16 bits.
+    std::optional<std::int16_t> PauseState() const;
+
+    /// The radio that was asked for.
+    std::optional<RadioReading> Radio() const;
+
+    PositionReading Position() const;
+
+  private:
+    friend class RadioReadout;
+
+    /// A coordinate's whole units and the fraction below them.
+    struct FixedPoint {
+        std::int32_t high = 0;
+        std::int32_t low = 0;
+
+        double Value() const;
+    };
+
+    bool answered_ = false;
+    bool has_radio_ = false;
+    std::array<std::uint8_t, 2> pause_{};
+    std::array<std::uint8_t, 4> RadioBytes{};
+    FixedPoint latitude_;
+    FixedPoint longitude_;
+};
+
 /// Reads radios, the pause indicator and the position. A read that fails gives nothing.
 class RadioReadout {
   public:
     /// `result` receives the LinkResult of each call.
     RadioReadout(FsuipcClient& link, std::uint32_t& result) : link_(link), result_(result) {}
 
-    /// The radio at that offset; nothing for offset 0.
+    /// Asks for everything in one round trip: if that fails, none of it is known. A radio offset of 0 leaves
+    /// the radio out.
+    SimReading Read(std::uint32_t radio_offset);
+
+    /// The radio at that offset.
     std::optional<RadioReading> ReadRadio(std::uint32_t offset);
 
-    /// The simulator's pause indicator, 1 while it is paused. Raises error 6 for a value beyond 16 bits.
-    std::optional<std::int16_t> ReadPauseState();
-
-    PositionReading ReadPosition();
-
   private:
-    template <std::size_t Size>
-    bool Read(std::uint32_t offset, std::array<std::uint8_t, Size>& bytes);
-    std::optional<double> ReadFixedPoint(std::uint32_t high_offset, std::uint32_t low_offset, double unit);
+    bool Queue(std::uint32_t offset, std::span<std::uint8_t> bytes);
+    bool Queue(std::uint32_t offset, std::int32_t& word);
 
     FsuipcClient& link_;
     std::uint32_t& result_;

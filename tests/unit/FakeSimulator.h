@@ -5,16 +5,20 @@
 #include <array>
 #include <cstring>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace quillon {
 
-/// A simulator that flies well: a memory of offsets behind the link's ports.
+/// A simulator that flies well: a memory of offsets behind the link's ports. Like some servers, it keeps every
+/// area mapped that it was sent.
 class FakeSimulator : public MessageLink, public SharedMemory {
   public:
     bool running = true;
-    bool refuses = false; ///< denies us access
+    bool refuses = false;      ///< denies us access
+    std::uint32_t process = 0; ///< the client's
+    int rounds = 0;            ///< answered so far
 
     FakeSimulator() {
         Put(0x3304, 0x49990000);
@@ -44,9 +48,10 @@ class FakeSimulator : public MessageLink, public SharedMemory {
         return running && name == "UIPCMAIN" ? 7 : 0;
     }
     std::uint32_t RegisterMessage(const std::string&) override { return 0xC123; }
-    std::uint32_t ProcessId() override { return 1; }
+    std::uint32_t ProcessId() override { return process; }
     Sent Send(NativeHandle, std::uint32_t, std::uint32_t, std::uint32_t) override {
         if (!running || refuses) return {false, 0, refuses ? 5U : 1400U};
+        ++rounds;
         for (std::uint8_t* at = area_.data(); Word(at) != 0;) {
             std::uint8_t* data = at + (Word(at) == 1 ? 16 : 12);
             const std::uint32_t size = Word(at + 8);
@@ -61,7 +66,9 @@ class FakeSimulator : public MessageLink, public SharedMemory {
 
     std::uint32_t AddNameAtom(const std::string&) override { return 0xC456; }
     void DeleteAtom(std::uint32_t) override {}
-    Mapping CreateMapping(const std::string&, std::size_t) override { return {9, false}; }
+    Mapping CreateMapping(const std::string& name, std::size_t) override {
+        return {9, !areas_.insert(name).second};
+    }
     void CloseMapping(NativeHandle) override {}
     std::uint8_t* MapView(NativeHandle) override { return area_.data(); }
     void UnmapView(std::uint8_t*) override {}
@@ -73,6 +80,7 @@ class FakeSimulator : public MessageLink, public SharedMemory {
         return word;
     }
 
+    std::set<std::string> areas_;
     std::array<std::uint8_t, 0x10000> memory_{};
     std::vector<std::uint8_t> area_ = std::vector<std::uint8_t>(0x8000);
 };

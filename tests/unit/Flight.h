@@ -38,6 +38,7 @@ class Flight : public TempFolder {
     }
 
     void Start(const std::string& command_line = "") {
+        ++simulator.process;
         const Ports ports{simulator, simulator, clock,    player, player,   prompts, dialogs, display,
                           shell,     files,     regional, page,   keyboard, printer, probe};
         program = std::make_unique<Program>(ports, command_line);

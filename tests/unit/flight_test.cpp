@@ -20,6 +20,9 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     EXPECT_EQ(player.volume, 30);
     EXPECT_EQ(player.user_agent, "me");
     EXPECT_EQ(regional.decimal + regional.thousand, ".,");
+    simulator.rounds = 0;
+    Tick();
+    EXPECT_EQ(simulator.rounds, 2); // the hand-shake, and everything else in one
 
     ReplaceFile(At("Quillon\\Quillon.ini"), "spoilt");
     program->sldVolume_Change(0);

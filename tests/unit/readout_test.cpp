@@ -43,35 +43,35 @@ TEST(RadioReadout, ReadsRadioPauseAndPosition) {
     RadioReadout readout(link, result);
     ASSERT_TRUE(link.FsuipcOpen(0, result));
 
-    EXPECT_FALSE(readout.ReadRadio(0));
+    EXPECT_FALSE(readout.Read(0).Radio());
     const std::uint32_t offsets[] = {0x034E, 0x311A, 0x3118, 0x311C};
     for (std::int16_t comm = 1; comm <= 4; ++comm) {
         const std::string frequency = "12" + std::to_string(comm) + ".50";
         simulator.Tune(offsets[comm - 1], frequency);
-        EXPECT_EQ(readout.ReadRadio(FindCommRadio(comm)->Offset).value().frequency, frequency);
+        EXPECT_EQ(readout.Read(FindCommRadio(comm)->Offset).Radio().value().frequency, frequency);
     }
 
     simulator.Put(0x0264, 1);
-    EXPECT_EQ(readout.ReadPauseState(), 1);
+    EXPECT_EQ(readout.Read(0).PauseState(), 1);
     simulator.Put(0x0264, 0x0102);
-    EXPECT_EQ(readout.ReadPauseState(), 12);
+    EXPECT_EQ(readout.Read(0).PauseState(), 12);
     simulator.Put(0x0264, 0xFFFF);
-    EXPECT_THROW(readout.ReadPauseState(), RuntimeError);
+    EXPECT_THROW(readout.Read(0).PauseState(), RuntimeError);
 
     // The low part: a quarter of a unit is 0x40000000, and counts ten times that.
     simulator.Put(0x0564, 1000175);
     simulator.Put(0x0560, 0x40000000);
     simulator.Put(0x056C, static_cast<std::uint32_t>(-0x40000000));
     simulator.Put(0x0568, 0);
-    EXPECT_NEAR(readout.ReadPosition().latitude.value(), 9 + 2.5 * 90 / 10001750, 1e-9);
-    EXPECT_EQ(DegreesText(readout.ReadPosition().longitude.value()), "-90.0");
+    EXPECT_NEAR(readout.Read(0).Position().latitude.value(), 9 + 2.5 * 90 / 10001750, 1e-9);
+    EXPECT_EQ(DegreesText(readout.Read(0).Position().longitude.value()), "-90.0");
     simulator.Put(0x0564, static_cast<std::uint32_t>(-1000175));
-    EXPECT_NEAR(readout.ReadPosition().latitude.value(), -9 - 2.5 * 90 / 10001750, 1e-9);
+    EXPECT_NEAR(readout.Read(0).Position().latitude.value(), -9 - 2.5 * 90 / 10001750, 1e-9);
 
     simulator.running = false;
-    EXPECT_FALSE(readout.ReadRadio(0x034E));
-    EXPECT_FALSE(readout.ReadPauseState());
-    EXPECT_FALSE(readout.ReadPosition().latitude);
+    EXPECT_FALSE(readout.ReadRadio(0x034E) || readout.Read(0x034E).Radio());
+    EXPECT_FALSE(readout.Read(0).PauseState());
+    EXPECT_FALSE(readout.Read(0).Position().latitude);
 }
 
 TEST(SimConnection, KnowsWhichModulesAreTooOld) {
