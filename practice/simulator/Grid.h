@@ -1,6 +1,6 @@
 #pragma once
 
-#include "win32/window/Theme.h"
+#include "win32/window/Layout.h"
 
 #include <windows.h>
 
@@ -14,8 +14,7 @@ enum class Kind { Heading, Edit, Combo, Check };
 struct Item {
     Kind kind;
     int id;
-    int row;
-    int column;
+    int column; ///< 0 starts a row
     const wchar_t* label;
     bool wide = false; ///< the box reaches over both columns
 };
@@ -25,20 +24,20 @@ class Grid {
   public:
     void Create(HWND parent, const std::vector<Item>& items);
 
-    /// Puts everything in its place. Returns the size that the grid takes.
+    /// Puts everything in its place. Returns the grid's size in pixels.
     SIZE Place(const quillon::Theme& theme);
 
   private:
     struct Placed {
         Item item;
         HWND label;
-        HWND box; ///< the line beside a heading
+        HWND box; ///< the line below a heading
     };
-    struct Measures;
 
     static Placed Make(HWND parent, const Item& item);
-    Measures Measure(const quillon::Theme& theme) const;
-    int PlaceRow(int row, int top, const Measures& measures) const;
+    std::vector<quillon::Row> Rows(const quillon::Theme& theme) const;
+    std::vector<quillon::Cell> Cells(const quillon::Theme& theme, const Placed& placed) const;
+    std::wstring WidestLabel(const quillon::Theme& theme, int column) const;
 
     std::vector<Placed> placed_;
 };

@@ -26,20 +26,20 @@ constexpr COLORREF WrongText = RGB(0xC0, 0x00, 0x00);
 constexpr COLORREF HeadingText = RGB(0x00, 0x3C, 0x96);
 
 const std::vector<Item> Items = {
-    {Kind::Heading, Unnamed, 0, 0, L"Radios"},
-    {Kind::Edit, FirstBox + Com1, 1, 0, L"COM &1"},
-    {Kind::Edit, FirstBox + Com1Standby, 1, 1, L"&Standby"},
-    {Kind::Edit, FirstBox + Com2, 2, 0, L"COM &2"},
-    {Kind::Edit, FirstBox + Com2Standby, 2, 1, L"S&tandby"},
-    {Kind::Heading, Unnamed, 3, 0, L"Position"},
-    {Kind::Edit, FirstBox + Latitude, 4, 0, L"&Latitude"},
-    {Kind::Edit, FirstBox + Longitude, 4, 1, L"L&ongitude"},
-    {Kind::Combo, FlyToBox, 5, 0, L"&Fly to", true},
-    {Kind::Heading, Unnamed, 6, 0, L"Simulator"},
-    {Kind::Combo, FirstBox + Simulator, 7, 0, L"&Kind", true},
-    {Kind::Edit, FirstBox + Version, 8, 0, L"FSUIPC &version"},
-    {Kind::Combo, FirstBox + Misbehaviour, 8, 1, L"&Misdeed"},
-    {Kind::Check, FirstBox + Paused, 9, 0, L"&Paused"},
+    {Kind::Heading, Unnamed, 0, L"Radios"},
+    {Kind::Edit, FirstBox + Com1, 0, L"COM &1"},
+    {Kind::Edit, FirstBox + Com1Standby, 1, L"&Standby"},
+    {Kind::Edit, FirstBox + Com2, 0, L"COM &2"},
+    {Kind::Edit, FirstBox + Com2Standby, 1, L"S&tandby"},
+    {Kind::Heading, Unnamed, 0, L"Position"},
+    {Kind::Edit, FirstBox + Latitude, 0, L"&Latitude"},
+    {Kind::Edit, FirstBox + Longitude, 1, L"L&ongitude"},
+    {Kind::Combo, FlyToBox, 0, L"&Fly to", true},
+    {Kind::Heading, Unnamed, 0, L"Simulator"},
+    {Kind::Combo, FirstBox + Simulator, 0, L"&Kind", true},
+    {Kind::Edit, FirstBox + Version, 0, L"FSUIPC &version"},
+    {Kind::Combo, FirstBox + Misbehaviour, 1, L"&Misdeed"},
+    {Kind::Check, FirstBox + Paused, 0, L"&Paused"},
 };
 
 /// Selects a row of a combo box, -1 for none.

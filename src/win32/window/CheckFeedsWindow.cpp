@@ -4,6 +4,7 @@
 #include "win32/window/Controls.h"
 #include "win32/window/DialogIds.h"
 #include "win32/window/Dialogs.h"
+#include "win32/window/Layout.h"
 
 #include <algorithm>
 #include <iterator>
@@ -146,26 +147,19 @@ INT_PTR CheckFeedsWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     }
 }
 
-/// The controls keep their margins; the list takes what room there is.
 void CheckFeedsWindow::Layout() {
+    constexpr int Edge = 12;
     RECT client{};
     GetClientRect(Window(), &client);
-    const RECT margin = Pixels(Window(), {8, 7, 8, 6});
-    const auto stretch = [&](int id, LONG bottom) {
-        RECT area{};
-        GetWindowRect(Item(id), &area);
-        MapWindowPoints(HWND_DESKTOP, Window(), reinterpret_cast<POINT*>(&area), 2);
-        SetWindowPos(Item(id), nullptr, 0, 0, client.right - margin.right - area.left,
-                     bottom > 0 ? bottom - area.top : area.bottom - area.top,
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    };
-    const RECT button = Pixels(Window(), {0, 0, 50, 15});
-    const LONG top = client.bottom - margin.top - button.bottom;
-    stretch(IDC_CHECK_STATE, 0);
-    stretch(IDC_CHECK_BAR, 0);
-    stretch(IDC_CHECK_LIST, top - margin.bottom);
-    SetWindowPos(Item(IDCANCEL), nullptr, client.right - margin.right - button.right, top, 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const auto across = [&](int id) { return std::vector<Cell>{Edge, {Item(id), Grows}, Edge}; };
+    const std::vector<Cell> buttons{{nullptr, Grows}, {Item(IDCANCEL), 75}, Edge};
+    const std::vector<Row> rows{13, {15, across(IDC_CHECK_STATE)},
+                                5,  {15, across(IDC_CHECK_BAR)},
+                                12, {15, across(IDC_CHECK_LABEL)},
+                                3,  {across(IDC_CHECK_LIST), Grows},
+                                10, {24, buttons},
+                                11};
+    PlaceRows(Theme(GetDpiForWindow(Window())), rows, {client.right, client.bottom});
     FitColumns();
     RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }

@@ -2,9 +2,10 @@
 
 namespace quillon {
 
-HWND AddControl(HWND parent, const wchar_t* control_class, const wchar_t* text, DWORD style, int id) {
-    return CreateWindowExW(0, control_class, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
-                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+HWND AddControl(HWND parent, const wchar_t* control_class, const wchar_t* text, DWORD style, int id,
+                DWORD extended_style) {
+    return CreateWindowExW(extended_style, control_class, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
+                           parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
 }
 
 void MoveControl(HWND control, int x, int y, int width, int height) {
@@ -22,6 +23,22 @@ void SetFonts(std::initializer_list<HWND> controls, HFONT font) {
 void TellSystemColors(HWND window) {
     for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
         SendMessageW(child, WM_SYSCOLORCHANGE, 0, 0);
+}
+
+std::wstring TextOf(HWND control) {
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(control)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(control, text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+HFONT FontOf(HWND control) {
+    return reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
+}
+
+int HeightOf(HWND control) {
+    RECT area{};
+    GetWindowRect(control, &area);
+    return area.bottom - area.top;
 }
 
 int LineHeight(const Theme& theme) {

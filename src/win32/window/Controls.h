@@ -5,15 +5,13 @@
 #include <windows.h>
 
 #include <initializer_list>
+#include <string>
 
 namespace quillon {
 
-// Lengths at 96 dpi that the parts of the main window share.
-inline constexpr int Margin = 8;
-inline constexpr int CheckMark = 22;
-
-/// Makes a visible child control; it is placed later.
-HWND AddControl(HWND parent, const wchar_t* control_class, const wchar_t* text, DWORD style, int id);
+/// Makes a visible child control; a layout places it.
+HWND AddControl(HWND parent, const wchar_t* control_class, const wchar_t* text, DWORD style, int id,
+                DWORD extended_style = 0);
 
 void MoveControl(HWND control, int x, int y, int width, int height);
 void ShowControls(std::initializer_list<HWND> controls, bool visible);
@@ -22,7 +20,13 @@ void SetFonts(std::initializer_list<HWND> controls, HFONT font);
 /// Passes a change of the system's colours on, of which Windows tells only top-level windows.
 void TellSystemColors(HWND window);
 
-/// Height of one line of the window's text.
+std::wstring TextOf(HWND control);
+HFONT FontOf(HWND control);
+
+/// Height of a control as it is now, in pixels; of a combo box without its list.
+int HeightOf(HWND control);
+
+/// Height of one line of the window's text, in pixels.
 int LineHeight(const Theme& theme);
 
 } // namespace quillon

@@ -38,12 +38,10 @@ RECT AreaOf(HWND dialog, HWND control) {
 }
 
 int HeightOfText(HWND label, int width) {
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(label)) + 1, L'\0');
-    GetWindowTextW(label, text.data(), static_cast<int>(text.size()));
     RECT area{0, 0, width, 0};
     HDC context = GetDC(label);
-    const HGDIOBJ old = SelectObject(context, reinterpret_cast<HFONT>(SendMessageW(label, WM_GETFONT, 0, 0)));
-    DrawTextW(context, text.c_str(), -1, &area, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    const HGDIOBJ old = SelectObject(context, FontOf(label));
+    DrawTextW(context, TextOf(label).c_str(), -1, &area, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
     SelectObject(context, old);
     ReleaseDC(label, context);
     return area.bottom;
@@ -71,10 +69,7 @@ void FitToText(HWND dialog, int label_id) {
 }
 
 std::string TextOfItem(HWND dialog, int id) {
-    HWND item = GetDlgItem(dialog, id);
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(item)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(item, text.data(), static_cast<int>(text.size()))));
-    return Narrow(text);
+    return Narrow(TextOf(GetDlgItem(dialog, id)));
 }
 
 namespace {

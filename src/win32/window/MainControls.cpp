@@ -5,7 +5,6 @@
 #include "win32/window/Controls.h"
 #include "win32/window/ToolTips.h"
 
-#include <algorithm>
 #include <commctrl.h>
 
 namespace quillon {
@@ -13,18 +12,9 @@ namespace quillon {
 namespace {
 
 constexpr int Gap = 6; // all lengths at 96 dpi
-constexpr int ButtonWidth = 34;
 constexpr int GlyphSize = 14;
-constexpr int SliderWidth = 110;
 constexpr int PictureSize = 22;
 constexpr int LabelHeight = 32;
-
-constexpr const wchar_t* AutoText = L"&Automatic";
-constexpr const wchar_t* ManualText = L"&Manual";
-constexpr const wchar_t* VolumeText = L"&Volume";
-constexpr const wchar_t* CountdownText = L"of";
-constexpr const wchar_t* QuitText = L"Quit";
-constexpr const wchar_t* LiveAtcText = L"Live ATC";
 
 struct ButtonKind {
     int Id;
@@ -41,31 +31,32 @@ constexpr std::array<ButtonKind, 3> Buttons{{
 
 MainControls::MainControls(HWND parent, HWND tips, const Theme& theme) : tips_(tips) {
     mode_group_ = AddControl(parent, WC_BUTTONW, L"Selection mode", BS_GROUPBOX | WS_GROUP, -1);
-    auto_ = AddControl(parent, WC_BUTTONW, AutoText, BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP, IdOptAuto);
-    manual_ = AddControl(parent, WC_BUTTONW, ManualText, BS_AUTORADIOBUTTON, IdOptManual);
+    auto_ =
+        AddControl(parent, WC_BUTTONW, L"&Automatic", BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP, IdOptAuto);
+    manual_ = AddControl(parent, WC_BUTTONW, L"&Manual", BS_AUTORADIOBUTTON, IdOptManual);
     player_group_ = AddControl(parent, WC_BUTTONW, L"Player", BS_GROUPBOX | WS_GROUP, -1);
     for (std::size_t i = 0; i < Buttons.size(); ++i) {
         buttons_[i] = AddControl(parent, WC_BUTTONW, Buttons[i].Name,
                                  BS_ICON | WS_TABSTOP | (i == 0 ? WS_GROUP : 0U), Buttons[i].Id);
         SetControlTip(tips_, buttons_[i], Narrow(Buttons[i].Name));
     }
-    volume_label_ = AddControl(parent, WC_STATICW, VolumeText, SS_CENTERIMAGE, -1);
+    volume_label_ = AddControl(parent, WC_STATICW, L"&Volume", SS_CENTERIMAGE, -1);
     volume_ = AddControl(parent, TRACKBAR_CLASSW, L"Volume", TBS_HORZ | TBS_NOTICKS | WS_TABSTOP, IdVolume);
     SendMessageW(volume_, TBM_SETRANGE, FALSE, MAKELPARAM(0, 100));
     SendMessageW(volume_, TBM_SETPAGESIZE, 0, 10);
     SetControlTip(tips_, volume_, "Volume of the feed");
-    quit_ = AddControl(parent, WC_BUTTONW, QuitText, WS_TABSTOP | WS_GROUP, IdQuit);
+    quit_ = AddControl(parent, WC_BUTTONW, L"Quit", WS_TABSTOP | WS_GROUP, IdQuit);
     distance_ = AddControl(parent, WC_STATICW, L"", SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY | SS_CENTERIMAGE,
                            IdLabel2);
     elapsed_ = AddControl(parent, WC_STATICW, L"", SS_RIGHT | SS_CENTERIMAGE | SS_NOTIFY, IdLabel3);
-    of_ = AddControl(parent, WC_STATICW, CountdownText, SS_CENTER | SS_CENTERIMAGE, -1);
+    of_ = AddControl(parent, WC_STATICW, L"of", SS_CENTER | SS_CENTERIMAGE, -1);
     gap_ = AddControl(parent, WC_STATICW, L"", SS_CENTERIMAGE | SS_NOTIFY, IdLabel4);
     SetControlTip(tips_, elapsed_, "Seconds since the last recording");
     SetControlTip(tips_, gap_, "Seconds from the last recording to the next");
     ShowControls({elapsed_, of_, gap_}, false);
     picture_ =
         AddControl(parent, WC_BUTTONW, L"Live ATC web site", BS_ICON | WS_TABSTOP | WS_GROUP, IdLiveAtcPicture);
-    picture_label_ = AddControl(parent, WC_STATICW, LiveAtcText, SS_NOTIFY | SS_CENTERIMAGE, IdLiveAtcLabel);
+    picture_label_ = AddControl(parent, WC_STATICW, L"Live ATC", SS_NOTIFY | SS_CENTERIMAGE, IdLiveAtcLabel);
     for (HWND control : {picture_, picture_label_}) SetControlTip(tips_, control, "Open the live ATC web site");
     ShowControls({picture_, picture_label_}, false);
     SetTheme(theme);
@@ -84,89 +75,28 @@ void MainControls::SetTheme(const Theme& theme) {
     SendMessageW(picture_, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(picture_icon_.Get()));
 }
 
-int MainControls::ModeGroupWidth(const Theme& theme) const {
-    const int texts = theme.Measure(theme.Text(), AutoText).cx + theme.Measure(theme.Text(), ManualText).cx;
-    return texts + theme.Px(2 * CheckMark + Gap + 2 * Margin);
-}
-
-int MainControls::PlayerGroupWidth(const Theme& theme) const {
-    return theme.Measure(theme.Text(), VolumeText).cx +
-           theme.Px(3 * (ButtonWidth + Gap) + SliderWidth + 2 * Margin + Gap);
-}
-
-int MainControls::QuitWidth(const Theme& theme) const {
-    return theme.Measure(theme.Text(), QuitText).cx + theme.Px(32);
-}
-
-int MainControls::LeastWidth(const Theme& theme) const {
-    return ModeGroupWidth(theme) + PlayerGroupWidth(theme) + QuitWidth(theme) + theme.Px(4 * Margin);
-}
-
-int MainControls::Place(const Theme& theme, int width) {
-    const int line = LineHeight(theme);
-    const int group_height = line + theme.Px(ButtonWidth);
-    const int mode_width = ModeGroupWidth(theme);
-    const int top = theme.Px(4);
-    PlaceModes(theme, theme.Px(Margin), top, group_height);
-    const int player_x = mode_width + theme.Px(2 * Margin);
-    PlacePlayer(theme, player_x, top, PlayerGroupWidth(theme), group_height);
-    const int quit_width = QuitWidth(theme);
-    const int quit_height = theme.Px(26);
-    MoveControl(quit_, width - theme.Px(Margin) - quit_width, top + group_height - quit_height - theme.Px(6),
-                quit_width, quit_height);
-    const int labels_y = top + group_height + theme.Px(Gap);
-    PlaceLabels(theme, labels_y, width);
-    return labels_y + theme.Px(LabelHeight + Gap);
-}
-
-void MainControls::PlaceModes(const Theme& theme, int x, int y, int height) {
-    MoveControl(mode_group_, x, y, ModeGroupWidth(theme), height);
-    const int line = LineHeight(theme);
-    const int button_height = line + theme.Px(4);
-    const int button_y = y + line + (height - line - button_height) / 2 - theme.Px(2);
-    int left = x + theme.Px(Margin);
-    const int auto_width = theme.Measure(theme.Text(), AutoText).cx + theme.Px(CheckMark);
-    MoveControl(auto_, left, button_y, auto_width, button_height);
-    left += auto_width + theme.Px(Gap);
-    MoveControl(manual_, left, button_y, theme.Measure(theme.Text(), ManualText).cx + theme.Px(CheckMark),
-                button_height);
-}
-
-void MainControls::PlacePlayer(const Theme& theme, int x, int y, int width, int height) {
-    MoveControl(player_group_, x, y, width, height);
-    const int line = LineHeight(theme);
-    const int row_height = theme.Px(26);
-    const int row_y = y + line + (height - line - row_height) / 2 - theme.Px(2);
-    int left = x + theme.Px(Margin);
-    for (HWND button : buttons_) {
-        MoveControl(button, left, row_y, theme.Px(ButtonWidth), row_height);
-        left += theme.Px(ButtonWidth + Gap);
-    }
-    left += theme.Px(Gap);
-    const int label_width = theme.Measure(theme.Text(), VolumeText).cx;
-    MoveControl(volume_label_, left, row_y, label_width, row_height);
-    left += label_width;
-    // A slider without ticks draws its thumb in the upper part of its area.
-    const int drop = theme.Px(3);
-    MoveControl(volume_, left, row_y + drop, x + width - theme.Px(Margin) - left, row_height - drop);
-}
-
-void MainControls::PlaceLabels(const Theme& theme, int y, int width) {
-    const int height = theme.Px(LabelHeight);
-    const int site_width = theme.Measure(theme.Text(), LiveAtcText).cx + theme.Px(Gap);
-    const int site_x = width - theme.Px(Margin) - site_width;
-    MoveControl(picture_label_, site_x, y, site_width, height);
-    const int picture_x = site_x - theme.Px(LabelHeight + Gap);
-    MoveControl(picture_, picture_x, y, height, height);
-    const int number_width = theme.Measure(theme.Text(), L"00000").cx;
-    const int of_width = theme.Measure(theme.Text(), CountdownText).cx + theme.Px(Gap);
-    const int gap_x = picture_x - theme.Px(Gap) - number_width;
-    const int elapsed_x = gap_x - of_width - number_width;
-    MoveControl(elapsed_, elapsed_x, y, number_width, height);
-    MoveControl(of_, elapsed_x + number_width, y, of_width, height);
-    MoveControl(gap_, gap_x, y, number_width, height);
-    const int distance_x = theme.Px(Margin + 2);
-    MoveControl(distance_, distance_x, y, std::max(0, elapsed_x - theme.Px(Gap) - distance_x), height);
+std::vector<Row> MainControls::Rows() const {
+    const std::vector<Cell> modes{Fitted(auto_, CheckMark), Gap, Fitted(manual_, CheckMark)};
+    std::vector<Cell> player;
+    for (HWND button : buttons_) player.insert(player.end(), {{button, 34}, Gap});
+    player.insert(player.end(), {Gap, Fitted(volume_label_), {volume_, 110}});
+    player.back().drop = 3; // a slider without ticks draws its thumb in the upper part of its area
+    const std::vector<Cell> upper{
+        Margin,           {mode_group_, modes}, Margin, {player_group_, player}, Margin,
+        {nullptr, Grows}, Fitted(quit_, 32),    Margin};
+    const std::wstring longest_time = L"00000";
+    const std::vector<Cell> lower{Margin + 2,
+                                  {distance_, Grows},
+                                  Gap,
+                                  {elapsed_, longest_time, 0},
+                                  Fitted(of_, Gap),
+                                  {gap_, longest_time, 0},
+                                  Gap,
+                                  {picture_, LabelHeight},
+                                  Gap,
+                                  Fitted(picture_label_, Gap),
+                                  Margin};
+    return {4, {34, upper, 26}, Gap, {LabelHeight, lower}, Gap};
 }
 
 void MainControls::Sync(const frmATC& form, const CycleState& cycle) {

@@ -2,12 +2,13 @@
 
 #include "state/Forms.h"
 #include "state/PlaybackState.h"
-#include "win32/window/Theme.h"
+#include "win32/window/Layout.h"
 
 #include <windows.h>
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace quillon {
 
@@ -23,11 +24,7 @@ class MainControls {
     HWND ModePane() const { return shown_mode_ == SelectionMode::Manual ? manual_ : auto_; }
     HWND PlayerPane() const { return buttons_[0]; }
 
-    /// Places the band at the top of an area of that width and returns its height. Sizes follow the texts.
-    int Place(const Theme& theme, int width);
-
-    /// The narrowest width at which nothing of the band is cut.
-    int LeastWidth(const Theme& theme) const;
+    std::vector<Row> Rows() const;
 
     /// Shows what differs from what is shown.
     void Sync(const frmATC& form, const CycleState& cycle);
@@ -35,12 +32,6 @@ class MainControls {
     int VolumePosition() const;
 
   private:
-    int ModeGroupWidth(const Theme& theme) const;
-    int PlayerGroupWidth(const Theme& theme) const;
-    int QuitWidth(const Theme& theme) const;
-    void PlaceModes(const Theme& theme, int x, int y, int height);
-    void PlacePlayer(const Theme& theme, int x, int y, int width, int height);
-    void PlaceLabels(const Theme& theme, int y, int width);
     void SyncCountdown(const frmATC& form, const CycleState& cycle);
 
     HWND tips_;

@@ -8,7 +8,6 @@
 
 #include <windowsx.h>
 
-#include <algorithm>
 #include <climits>
 #include <commctrl.h>
 
@@ -49,7 +48,7 @@ bool MainWindow::Create(Program& program) {
                     this);
     if (window_ == nullptr) return false;
     MatchTitleToApps(window_);
-    MainWindowSize::SetFirst(window_, theme_, controls_->LeastWidth(theme_));
+    MainWindowSize::SetFirst(window_, theme_, SizeOf(theme_, controls_->Rows()).cx);
     Sync();
     return true;
 }
@@ -83,7 +82,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_GETMINMAXINFO:
         if (controls_)
             MainWindowSize::Limit(*reinterpret_cast<MINMAXINFO*>(lparam), theme_,
-                                  controls_->LeastWidth(theme_));
+                                  SizeOf(theme_, controls_->Rows()).cx);
         return 0;
     case WM_DPICHANGED:
         MoveToDpi(HIWORD(wparam), *reinterpret_cast<RECT*>(lparam));
@@ -238,12 +237,12 @@ void MainWindow::Layout() {
     GetClientRect(window_, &area);
     if (area.right == 0) return; // minimised
     status_->Place(theme_);
-    const int band = controls_->Place(theme_, area.right);
-    const int top = band + frames_->Place(theme_, band);
-    const int height =
-        std::max(theme_.Px(LeastListHeight), static_cast<int>(area.bottom) - top - status_->Height());
+    std::vector<Row> rows = controls_->Rows();
+    for (const Row& frame : frames_->Rows()) rows.push_back(frame);
+    rows.push_back({{{list_->Window(), Grows}}, Grows, LeastListHeight});
+    PlaceRows(theme_, rows, {area.right, area.bottom - HeightOf(status_->Window())});
     // At the bottom, as Tab comes to the list last, also when frames have been made after it.
-    SetWindowPos(list_->Window(), HWND_BOTTOM, 0, top, area.right, height, SWP_NOACTIVATE);
+    SetWindowPos(list_->Window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     list_->SyncColumns();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "state/Forms.h"
-#include "win32/window/Theme.h"
+#include "win32/window/Layout.h"
 
 #include <windows.h>
 
@@ -21,8 +21,8 @@ class PreferenceFrames {
     /// What takes the keyboard when it comes to one of the frames that are shown.
     std::vector<HWND> Panes() const;
 
-    /// Places the frames that are shown from `y` down; returns the height they take.
-    int Place(const Theme& theme, int y);
+    /// The frames that are shown.
+    std::vector<Row> Rows() const;
 
     /// Shows what differs from what is shown. Returns whether the frames' height has changed.
     bool Sync(const frmATC& form, const Theme& theme);
@@ -31,8 +31,6 @@ class PreferenceFrames {
     std::optional<std::size_t> PickedEntry(int combo_id) const;
 
   private:
-    void PlaceRadios(const Theme& theme, int y, int height);
-    void PlaceChatter(const Theme& theme, int y, int height);
     void Make(const frmATC& form);
 
     HWND parent_;

@@ -28,12 +28,6 @@ StatusBar::StatusBar(HWND parent, HWND tips)
     for (int index = 0; index < 4; ++index) AddRectangleTip(tips_, window_, static_cast<UINT_PTR>(index));
 }
 
-int StatusBar::Height() const {
-    RECT area{};
-    GetWindowRect(window_, &area);
-    return area.bottom - area.top;
-}
-
 void StatusBar::SetTheme(const Theme& theme) {
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Text()), FALSE);
 }

@@ -17,7 +17,6 @@ class StatusBar {
     StatusBar(HWND parent, HWND tips);
 
     HWND Window() const { return window_; }
-    int Height() const;
 
     void SetTheme(const Theme& theme);
 
