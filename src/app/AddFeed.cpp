@@ -42,7 +42,7 @@ void AddFeed::mnuAddATC_Click() {
     state_.addFeed = {};
     state_.addFeed.PromptCaption = AddressPrompt;
     state_.addFeed[AddBox::txtURL] = services::LiveAtcFeedPrefix;
-    state_.addFeed.WantedFocus = {AddBox::txtICAO, 0, 0};
+    state_.addFeed.RequestFocus({AddBox::txtICAO, 0, 0});
     trap_.RunCommand("Add Feed Errors", Icon::Exclamation, [this] { CollectFrequencies(); });
     state_.addFeed.Visible = true;
 }
@@ -93,7 +93,7 @@ int AddFeed::Text_KeyPress(AddBox box, int key) {
 
 void AddFeed::txtURL_GotFocus() {
     const auto end = static_cast<std::ptrdiff_t>(Len(state_.addFeed[AddBox::txtURL]));
-    state_.addFeed.WantedFocus = {AddBox::txtURL, end, 0};
+    state_.addFeed.RequestFocus({AddBox::txtURL, end, 0});
 }
 
 void AddFeed::cmdBrowse_Click() {
@@ -108,7 +108,7 @@ void AddFeed::VerifyData() {
     const auto fault = FindFault(state_.addFeed);
     state_.addFeed.BadData = fault.has_value();
     if (!fault) return;
-    state_.addFeed.WantedFocus = fault->Where;
+    state_.addFeed.RequestFocus(fault->Where);
     prompts_.Message(fault->Title, fault->Text, Icon::Exclamation);
 }
 
@@ -162,7 +162,7 @@ void AddFeed::PrepareNext() {
         form[AddBox::txtCity] = WaveCity;
         break;
     }
-    form.WantedFocus = {AddBox::txtICAO, 0, 0};
+    form.RequestFocus({AddBox::txtICAO, 0, 0});
 }
 
 } // namespace quillon

@@ -16,7 +16,7 @@ std::string NameOf(const CatalogueReview::Feed& feed) {
 } // namespace
 
 void FeedCheck::mnuCheckFeeds_Click() {
-    ++form_.Calls;
+    ++form_.ActivationRequest;
     if (!form_.Running) trap_.RunCommand("Check Feeds Error", Icon::Exclamation, [this] { Begin(); });
 }
 

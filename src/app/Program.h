@@ -73,9 +73,6 @@ class Program {
     /// An event of the add-feed dialog, while it is shown.
     void AddFeedEvent(const std::function<void(AddFeed&)>& event);
 
-    /// The dialog has moved the keyboard as a handler had asked.
-    void AddFeedFocusTaken() { state_.addFeed.WantedFocus.reset(); }
-
     void mnuCheckFeeds_Click();
 
     /// An event of the catalogue check's dialog, while it is shown.
@@ -98,9 +95,6 @@ class Program {
     /// The user gave the window another size, or a column another width (twips).
     void Form_Resize(WindowSize size) { state_.form.Size = size; }
     void lvwDB_ColumnResize(Column column, int width);
-
-    /// The list has taken the keyboard as a handler had asked.
-    void FocusTaken() { state_.form.lvwDBFocus = false; }
 
     /// Closing the window, the Quit command and the Quit button.
     void mnuQuit_Click();

@@ -54,7 +54,7 @@ void FeedLoader::ShowFirst() {
     if (first == items.end()) return;
     list.Select(static_cast<std::size_t>(first - items.begin()));
     list.EnsureSelectedVisible();
-    state_.form.lvwDBFocus = true;
+    ++state_.form.ListFocusRequest;
 }
 
 void FeedLoader::LoadUserFreq() {

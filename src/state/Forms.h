@@ -1,6 +1,7 @@
 #pragma once
 
 #include "state/ListView.h"
+#include "state/ViewRequest.h"
 
 #include <algorithm>
 #include <array>
@@ -60,7 +61,7 @@ struct frmATC {
     std::string Caption = "Quillon";
 
     ListView lvwDB;
-    bool lvwDBFocus = false; ///< a handler wants the keyboard in the list; cleared when that has been done
+    ViewRequest ListFocusRequest = 0; ///< to give the list the keyboard, once the window is shown
     std::array<Panel, 4> StatusBar1;
     std::optional<std::uint32_t> StatusBarColor; ///< 0xBBGGRR; empty is the system's
 
@@ -132,10 +133,16 @@ struct frmAddATC {
     std::array<std::string, 4> Texts; ///< of the boxes, in their order
     std::string PromptCaption;        ///< above `txtURL`
     bool cmdBrowseVisible = false;
-    std::optional<Focus> WantedFocus; ///< a handler wants the keyboard there; emptied when that has been done
+    Focus WantedFocus{};
+    ViewRequest FocusRequest = 0; ///< to move the keyboard to `WantedFocus`
 
     std::vector<std::string> lstAdd; ///< frequencies that the catalogue states
     bool BadData = false;            ///< the last entry was rejected
+
+    void RequestFocus(Focus focus) {
+        WantedFocus = focus;
+        ++FocusRequest;
+    }
 
     std::string& operator[](AddBox box) { return Texts.at(static_cast<std::size_t>(box)); }
     const std::string& operator[](AddBox box) const { return Texts.at(static_cast<std::size_t>(box)); }
@@ -156,7 +163,7 @@ struct frmCheckFeeds {
 
     bool Visible = false;
     bool Running = false;
-    int Calls = 0; ///< changes whenever the user has asked for it
+    ViewRequest ActivationRequest = 0; ///< to bring the window to the front
     std::string LabelCaption;
     std::size_t Done = 0; ///< feeds tried
     std::size_t Total = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "state/ViewRequest.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -44,8 +46,8 @@ class ListView {
     /// Changes whenever the rows do; what draws the list compares it with the number it drew last.
     std::uint64_t Revision() const { return revision_; }
 
-    /// Changes whenever a handler wants a row brought into view.
-    std::uint64_t VisibleRequest() const { return visible_request_; }
+    /// To scroll the selected row into view.
+    ViewRequest VisibleRequest() const { return visible_request_; }
 
     void Clear();
 
@@ -84,7 +86,7 @@ class ListView {
     Column sort_key_ = Column::ICAO;
     SortOrder order_ = SortOrder::Ascending;
     std::uint64_t revision_ = 0;
-    std::uint64_t visible_request_ = 0;
+    ViewRequest visible_request_ = 0;
 };
 
 } // namespace quillon

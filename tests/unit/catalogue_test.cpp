@@ -147,7 +147,7 @@ TEST_F(Catalogue, FirstLoadCanSortByFrequencyAndPickEdmonton) {
     EXPECT_FALSE(loader.FirstListLoad);
     EXPECT_EQ(list.Selected(), 1U);
     EXPECT_EQ(list.Items()[1].ICAO, "CYEE2");
-    EXPECT_TRUE(state.form.lvwDBFocus);
+    EXPECT_EQ(state.form.ListFocusRequest, 1U);
 }
 
 TEST_F(Catalogue, AppendingKeepsTheEncodingWhileItCan) {

@@ -7,6 +7,7 @@
 #include "win32/window/Dialogs.h"
 
 #include <commctrl.h>
+#include <utility>
 
 namespace quillon {
 
@@ -36,6 +37,7 @@ void AddFeedWindow::Sync(HWND owner, Program& program) {
 void AddFeedWindow::Open(HWND owner) {
     OpenWindow(IDD_ADD_FEED, owner);
     if (Window() == nullptr) return;
+    focus_served_ = 0; // the form begins anew
     for (const AddBox box : Boxes)
         SetWindowSubclass(GetDlgItem(Window(), IdOf(box)), EditProcedure, static_cast<UINT_PTR>(box),
                           reinterpret_cast<DWORD_PTR>(this));
@@ -59,10 +61,7 @@ void AddFeedWindow::Show() {
         SetDlgItemTextW(Window(), IDC_URL_PROMPT, Wide(form.PromptCaption).c_str());
     ShowBrowse(form.cmdBrowseVisible);
     ShowKind(form.Kind);
-    if (!form.WantedFocus) return;
-    const frmAddATC::Focus focus = *form.WantedFocus;
-    program_->AddFeedFocusTaken();
-    TakeFocus(focus);
+    if (std::exchange(focus_served_, form.FocusRequest) != form.FocusRequest) TakeFocus(form.WantedFocus);
 }
 
 /// The address takes the button's room while there is none.
@@ -80,7 +79,7 @@ void AddFeedWindow::ShowKind(SourceKind kind) {
         CheckRadioButton(Window(), IDC_KIND1, IDC_KIND4, chosen);
 }
 
-void AddFeedWindow::TakeFocus(const frmAddATC::Focus& focus) {
+void AddFeedWindow::TakeFocus(frmAddATC::Focus focus) {
     HWND edit = GetDlgItem(Window(), IdOf(focus.Box));
     if (GetFocus() != edit) SendMessageW(Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(edit), TRUE);
     const std::string& text = program_->State().addFeed[focus.Box];

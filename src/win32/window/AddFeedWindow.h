@@ -27,12 +27,13 @@ class AddFeedWindow : public ModelessDialog {
     void Show();
     void ShowBrowse(bool visible);
     void ShowKind(SourceKind kind);
-    void TakeFocus(const frmAddATC::Focus& focus);
+    void TakeFocus(frmAddATC::Focus focus);
     void Command(int id, int code);
     void Event(const std::function<void(AddFeed&)>& event);
 
     std::function<void()> sync_;
     Program* program_ = nullptr;
+    ViewRequest focus_served_ = 0;
 };
 
 } // namespace quillon

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace quillon {
 
@@ -87,10 +88,8 @@ void CheckFeedsWindow::Show() {
     const std::string button = form.Running ? "Cancel" : "Close";
     if (TextOfItem(Window(), IDCANCEL) != button) SetDlgItemTextW(Window(), IDCANCEL, Wide(button).c_str());
     ShowRows();
-    if (calls_ != form.Calls) {
-        calls_ = form.Calls;
+    if (std::exchange(activation_served_, form.ActivationRequest) != form.ActivationRequest)
         SetActiveWindow(Window());
-    }
 }
 
 void CheckFeedsWindow::ShowRows() {

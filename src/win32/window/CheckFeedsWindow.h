@@ -35,7 +35,7 @@ class CheckFeedsWindow : public ModelessDialog {
 
     std::function<void()> sync_;
     Program* program_ = nullptr;
-    int calls_ = 0;
+    ViewRequest activation_served_ = 0;
     std::uint64_t revision_ = 0;
     std::wstring cell_; // text of the cell being asked for; lives until the next question
 };

@@ -118,10 +118,8 @@ void FeedList::Sync() {
         InvalidateRect(window_, nullptr, FALSE);
     }
     SyncArrow();
-    if (visible_request_ != data_.VisibleRequest()) {
-        visible_request_ = data_.VisibleRequest();
-        if (selected_) ListView_EnsureVisible(window_, static_cast<int>(*selected_), FALSE);
-    }
+    if (std::exchange(visible_served_, data_.VisibleRequest()) != data_.VisibleRequest() && selected_)
+        ListView_EnsureVisible(window_, static_cast<int>(*selected_), FALSE);
     syncing_ = false;
 }
 

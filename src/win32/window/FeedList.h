@@ -61,7 +61,7 @@ class FeedList {
     bool dragging_ = false;             // a column's edge
     bool syncing_ = false;
     std::uint64_t revision_ = 0;
-    std::uint64_t visible_request_ = 0;
+    ViewRequest visible_served_ = 0;
     std::optional<std::size_t> selected_;
     int marked_ = 0;
     int arrow_ = 0; // 1-based column, negative when it points down; 0 is none

@@ -10,6 +10,7 @@
 
 #include <climits>
 #include <commctrl.h>
+#include <utility>
 
 namespace quillon {
 
@@ -314,10 +315,8 @@ void MainWindow::SyncVisibility() {
         shown_ = true;
         UpdateWindow(window_);
     }
-    if (form.lvwDBFocus && form.Visible) {
+    if (form.Visible && std::exchange(list_focus_served_, form.ListFocusRequest) != form.ListFocusRequest)
         SetFocus(list_->Window());
-        program_->FocusTaken();
-    }
 }
 
 /// The window itself stays in reach: it can be moved and closed.

@@ -85,6 +85,7 @@ class MainWindow : public Display {
     CheckFeedsWindow check_feeds_;
     std::string caption_;
     bool shown_ = false;
+    ViewRequest list_focus_served_ = 0;
     bool syncing_ = false;
     bool sync_again_ = false;
     bool busy_ = false;
