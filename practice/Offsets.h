@@ -4,9 +4,9 @@
 
 namespace practice {
 
-// Where things stand in the simulator's memory of 64 KiB.
+// Offsets in the simulator's 64 KiB of memory.
 inline constexpr std::uint32_t PauseOffset = 0x0264; // 16 bits, 1 while paused
-inline constexpr std::uint32_t Com1Offset = 0x034E;  // 16 bits, binary-coded decimals, as the other radios
+inline constexpr std::uint32_t Com1Offset = 0x034E;  // 16 bits of BCD, as are the other radios
 inline constexpr std::uint32_t Com1StandbyOffset = 0x311A;
 inline constexpr std::uint32_t Com2Offset = 0x3118;
 inline constexpr std::uint32_t Com2StandbyOffset = 0x311C;
@@ -16,6 +16,6 @@ inline constexpr std::uint32_t VersionOffset = 0x3304;   // 32 bits
 inline constexpr std::uint32_t SimulatorOffset = 0x3308; // 16 bits, followed by the mark
 inline constexpr std::uint32_t ValidMarkOffset = 0x330A;
 inline constexpr std::uint16_t ValidMark = 0xFADE;
-inline constexpr std::uint32_t MisdeedOffset = 0x66C0; // of our own: number of the misdeed, then its argument
+inline constexpr std::uint32_t InjectedFaultOffset = 0x66C0; // not FSUIPC's: an InjectedFault
 
 } // namespace practice

@@ -17,7 +17,7 @@ const Command* FindCommand(const std::string& name) {
     return nullptr;
 }
 
-/// An answer is one line whatever it quotes.
+/// Escapes line ends, as an answer is always one line.
 std::string OneLine(const std::string& text) {
     std::string line;
     for (const char c : text) {
@@ -45,7 +45,7 @@ std::string Run(Words words) {
 
 } // namespace
 
-std::string Obey(const std::string& line) {
+std::string Execute(const std::string& line) {
     std::istringstream stream(line);
     Words words;
     for (std::string word; stream >> word;) words.push_back(word);
@@ -58,7 +58,7 @@ std::string Obey(const std::string& line) {
 
 unsigned NumberArgument(const std::string& text) {
     const auto number = NumberOf(text);
-    if (!number) throw Failure(text + " is no number");
+    if (!number) throw Failure(text + " is not a number");
     return *number;
 }
 

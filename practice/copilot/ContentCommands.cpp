@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::size_t MaxText = 4096; // characters
 
-/// Memory inside the program that owns a window: the system does not carry pointers to status bars and lists
-/// across.
+/// Memory in the process that owns a window: Windows does not marshal the pointers in messages to status bars
+/// and lists.
 class RemoteMemory {
   public:
     RemoteMemory(HWND window, std::size_t size)
@@ -32,7 +32,7 @@ class RemoteMemory {
             throw Failure("no access to the program");
     }
 
-    /// The text that ends with a NUL at `offset`.
+    /// The NUL-terminated text at `offset`.
     std::string Text(std::size_t offset) const {
         std::wstring text(MaxText, L'\0');
         if (!ReadProcessMemory(process_.Get(), Start() + offset, text.data(), MaxText * sizeof(wchar_t),
@@ -76,7 +76,7 @@ std::string Panel(const Words& words) {
     return memory.Text(0);
 }
 
-/// The main window's list, or that of a box when the argument, its id, is there.
+/// The main window's list or, if there is an argument at `at`, the list with that id in a box.
 HWND ListArgument(const Words& words, std::size_t at) {
     if (words.size() <= at) return TheControl(WC_LISTVIEWW);
     const int id = static_cast<int>(NumberArgument(words[at]));
@@ -110,7 +110,7 @@ std::string Row(const Words& words) {
     return texts;
 }
 
-/// Middle of a rectangle that a control tells in answer to a message.
+/// The middle of the rectangle with which a control answers a message; `left_code` is that message's argument.
 LPARAM MiddleOf(HWND control, UINT message, WPARAM index, LONG left_code) {
     RemoteMemory memory(control, sizeof(RECT));
     RECT area{left_code, 0, 0, 0};

@@ -1,4 +1,4 @@
-#include "../Misdeeds.h"
+#include "../InjectedFault.h"
 #include "../Offsets.h"
 #include "../Units.h"
 #include "Commands.h"
@@ -28,7 +28,7 @@ class SleepingClock : public quillon::Clock {
     bool ServeEvents(std::chrono::milliseconds time) override { return Sleep(time), true; }
 };
 
-/// Opens the link, runs one round of what `queue` puts into it and closes it.
+/// Opens the link, runs one round of the requests that `queue` adds, and closes it. Raises Failure.
 template <typename Queue>
 void OverTheLink(Queue queue) {
     quillon::WinMessageLink messages;
@@ -54,7 +54,7 @@ std::uint32_t HexArgument(const std::string& text) {
 
 double DegreesArgument(const std::string& text, double limit) {
     const auto degrees = DecimalOf(text);
-    if (!degrees || std::abs(*degrees) > limit) throw Failure(text + " is no such angle");
+    if (!degrees || std::abs(*degrees) > limit) throw Failure(text + " is not an angle within range");
     return *degrees;
 }
 
@@ -65,9 +65,9 @@ std::string Tune(const Words& words) {
                                                                 {"com2stby", Com2StandbyOffset}};
     const auto* radio = std::find_if(std::begin(Radios), std::end(Radios),
                                      [&](const auto& known) { return words[0] == known.first; });
-    if (radio == std::end(Radios)) throw Failure(words[0] + " is no radio");
+    if (radio == std::end(Radios)) throw Failure(words[0] + " is not a radio");
     const auto word = RadioWord(words[1]);
-    if (!word) throw Failure(words[1] + " is no frequency");
+    if (!word) throw Failure(words[1] + " is not a frequency");
     WriteValue(radio->second, *word);
     return "ok";
 }
@@ -91,7 +91,7 @@ constexpr unsigned LargestValue = 4096;
 
 std::vector<std::uint8_t> BytesArgument(const std::string& size) {
     const unsigned bytes = NumberArgument(size);
-    if (bytes == 0 || bytes > LargestValue) throw Failure(size + " is no size");
+    if (bytes == 0 || bytes > LargestValue) throw Failure(size + " is not a valid size");
     return std::vector<std::uint8_t>(bytes);
 }
 
@@ -107,7 +107,7 @@ std::string Read(const Words& words) {
     return digits;
 }
 
-/// Digits beyond the size are an error, missing ones are zeros.
+/// Too many digits for the size are an error; missing leading digits are zeros.
 std::string Write(const Words& words) {
     std::vector<std::uint8_t> bytes = BytesArgument(words[1]);
     const std::uint32_t offset = HexArgument(words[0]);
@@ -122,9 +122,8 @@ std::string Write(const Words& words) {
     return "ok";
 }
 
-/// A simulator that misbehaves may not get through the link's checks, so this one round is sent without them
-/// and whatever comes back is taken.
-void WriteUnchecked(std::uint32_t offset, const Behaviour& behaviour) {
+/// Sends one round without the link's checks, which may reject a faulty simulator, and ignores the reply.
+void WriteUnchecked(std::uint32_t offset, const InjectedFault& injected) {
     constexpr UINT PatienceMs = 10000;
     quillon::WinMessageLink messages;
     quillon::WinSharedMemory memory;
@@ -140,16 +139,16 @@ void WriteUnchecked(std::uint32_t offset, const Behaviour& behaviour) {
     if (!view || !atom) throw Failure("no shared memory");
     quillon::RequestArea area;
     area.Attach(static_cast<std::uint8_t*>(view.Get()));
-    area.QueueWrite(offset, sizeof behaviour, &behaviour);
+    area.QueueWrite(offset, sizeof injected, &injected);
     area.Seal();
     if (!messages.Send(window, messages.RegisterMessage("FSASMLIB:IPC"), atom.Get(), PatienceMs).delivered)
         throw Failure("the simulator does not answer");
 }
 
-std::string Misbehave(const Words& words) {
-    const auto behaviour = BehaviourOf(words[0]);
-    if (!behaviour) throw Failure(words[0] + " is no misdeed");
-    WriteUnchecked(MisdeedOffset, *behaviour);
+std::string InjectFault(const Words& words) {
+    const auto injected = ParseFault(words[0]);
+    if (!injected) throw Failure(words[0] + " is not a fault");
+    WriteUnchecked(InjectedFaultOffset, *injected);
     return "ok";
 }
 
@@ -157,7 +156,7 @@ std::string Misbehave(const Words& words) {
 
 const std::vector<Command> LinkCommands = {
     {"tune", 2, 2, Tune}, {"fly", 2, 2, Fly},     {"pause", 1, 1, PauseSimulator},
-    {"read", 2, 2, Read}, {"write", 3, 3, Write}, {"misbehave", 1, 1, Misbehave},
+    {"read", 2, 2, Read}, {"write", 3, 3, Write}, {"fault", 1, 1, InjectFault},
 };
 
 } // namespace practice

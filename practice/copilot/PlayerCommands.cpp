@@ -10,7 +10,7 @@ void ServeMessages() {
     for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) DispatchMessageW(&message);
 }
 
-/// Each state it is in until the time is over.
+/// Each state that the player enters until the time is up.
 std::string StatesOf(quillon::MediaPlayer& player, unsigned limit_ms) {
     std::string states;
     quillon::PlayState last = quillon::Undefined;
@@ -22,7 +22,7 @@ std::string StatesOf(quillon::MediaPlayer& player, unsigned limit_ms) {
     return states;
 }
 
-/// What there is of the Windows Media Player control, and how an address fares in it until it is stopped.
+/// How much of the Windows Media Player control works and, with an address, which states it goes through.
 std::string TryControl(const Words& words) {
     const quillon::ComApartment apartment;
     quillon::WindowsMediaPlayer player;

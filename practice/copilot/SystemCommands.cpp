@@ -12,7 +12,7 @@ namespace practice {
 
 namespace {
 
-/// A file that no other program can open from now on; without a path all of them are let go.
+/// Keeps other programs from opening a file; without a path, releases all files.
 std::string Lock(const Words& words) {
     static std::vector<quillon::Handle<HANDLE, CloseHandle>> locked;
     if (words.empty()) return locked.clear(), "ok";
@@ -35,7 +35,7 @@ std::size_t WindowCount(DWORD process) {
     return counted.second;
 }
 
-/// The system's list of handles, which has no declaration in the toolchain.
+/// The system's list of handles, which the toolchain does not declare.
 struct HandleList {
     ULONG count;
     struct {
@@ -53,7 +53,7 @@ std::size_t HandleCount(DWORD process) {
     ULONG needed = 0;
     while (NtQuerySystemInformation(AllHandles, room.data(), static_cast<ULONG>(room.size() * sizeof room[0]),
                                     &needed) != 0) {
-        if (room.size() > 1U << 24U) throw Failure("no list of handles");
+        if (room.size() > 1U << 24U) throw Failure("cannot list the handles");
         room.resize(room.size() * 2);
     }
     const auto* list = reinterpret_cast<const HandleList*>(room.data());
@@ -61,7 +61,7 @@ std::size_t HandleCount(DWORD process) {
                                                   [&](const auto& entry) { return entry.process == process; }));
 }
 
-/// One of the drawing objects in the table that the process keeps of them.
+/// An entry of a process' table of GDI objects.
 struct DrawingObject {
     std::uint64_t object;
     std::uint32_t owner;
@@ -80,7 +80,7 @@ std::size_t DrawingObjectCount(HANDLE process) {
     if (!ReadProcessMemory(process, reinterpret_cast<const char*>(basic.PebBaseAddress) + TableInBlock, &table,
                            sizeof table, nullptr) ||
         !ReadProcessMemory(process, table, objects.data(), Most * sizeof objects[0], nullptr))
-        throw Failure("no table of drawing objects");
+        throw Failure("cannot read the table of drawing objects");
     return static_cast<std::size_t>(
         std::count_if(objects.begin(), objects.end(), [](const DrawingObject& one) { return one.type != 0; }));
 }

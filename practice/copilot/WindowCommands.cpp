@@ -63,12 +63,12 @@ void SendKey(unsigned key, DWORD flags) {
     if (SendInput(1, &input, sizeof input) != 1) throw Failure("the key was not taken");
 }
 
-/// Longer than the pause between two looks at the keyboard, and than Wine remembers the last look.
-constexpr unsigned UsualMs = 150;
+/// Longer than the interval at which the keyboard is polled, and than Wine caches a key's state.
+constexpr unsigned KeyPressMs = 150;
 
 std::string Key(const Words& words) {
     const unsigned key = NumberArgument(words[0]);
-    const unsigned held_ms = words.size() > 1 ? NumberArgument(words[1]) : UsualMs;
+    const unsigned held_ms = words.size() > 1 ? NumberArgument(words[1]) : KeyPressMs;
     SendKey(key, 0);
     Sleep(held_ms);
     SendKey(key, KEYEVENTF_KEYUP);
@@ -91,7 +91,7 @@ std::string ShowBoxes(const Words&) {
         try {
             texts += (texts.empty() ? "" : "|") + BoxText(box);
         } catch (const Failure&) {
-            if (IsWindow(box)) throw; // one that closes while it is read is no longer there
+            if (IsWindow(box)) throw; // it was closed while being read
         }
     }
     return texts;
@@ -135,7 +135,7 @@ std::string PickEntry(const Words& words) {
 
 std::string Hold(const Words& words) {
     SendKey(NumberArgument(words[0]), 0);
-    Sleep(UsualMs);
+    Sleep(KeyPressMs);
     return "ok";
 }
 

@@ -26,7 +26,7 @@ std::wstring ProgramOf(HWND window) {
     return text.substr(text.find_last_of(L'\\') + 1);
 }
 
-/// The installer and the uninstaller run under changing names.
+/// The installer and the uninstaller run as temporary files, whose names vary.
 bool IsOurs(HWND window) {
     wchar_t text[64];
     const std::wstring title(text, static_cast<std::size_t>(GetWindowTextW(window, text, 64)));

@@ -8,27 +8,28 @@
 
 namespace practice {
 
-// Finding windows of other programs. "The" window raises Failure when there is none.
+// Finds windows of other programs. Functions named The... raise Failure if there is none.
 
 std::wstring ClassOf(HWND window);
 DWORD ProcessOf(HWND window);
 
-/// The first top-level window of a class, null if there is none.
+/// The first top-level window of a class; null if there is none.
 HWND FindTopLevel(const std::wstring& window_class);
 HWND TheTopLevel(const std::wstring& window_class);
 
-/// Quillon's main window, and the first descendant of a window that fits.
+/// Quillon's main window, and the first descendant of `parent` for which `fits` returns true; `what` names it
+/// in the error.
 HWND TheMainWindow();
 HWND TheChild(HWND parent, const std::function<bool(HWND)>& fits, const std::string& what);
 
-/// Visible dialog and message boxes of Quillon and its installer, the topmost first. They may be there before
-/// the main window is.
+/// Visible dialogs and message boxes of Quillon and its installer, topmost first. They may appear before the
+/// main window does.
 std::vector<HWND> Boxes();
 
-/// Descendants in the order of the tab key.
+/// Descendants in tab order.
 std::vector<HWND> Descendants(HWND parent);
 
-/// A message that waits for the answer, but not for ever: a hung program raises Failure.
+/// Sends a message and returns the result. Raises Failure if that takes more than 10 seconds.
 LRESULT Ask(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
 
 /// The text of a control of any program, in UTF-8.

@@ -1,4 +1,4 @@
-// A hand for tests and demonstrations: flies the practice simulator and works Quillon's windows from outside.
+// For tests and demonstrations: flies the practice simulator and drives Quillon's windows from outside.
 // Reads one command per line and answers each with one line, "error: " and the reason when it fails.
 #include "Commands.h"
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-/// False at the end of the input.
+/// Returns false at the end of the input.
 bool ReadLine(std::string& line) {
     line.clear();
     for (int c = std::getchar(); c != EOF; c = std::getchar()) {
@@ -24,7 +24,7 @@ int wmain() {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     for (std::string line; ReadLine(line);) {
-        std::printf("%s\n", practice::Obey(line).c_str());
+        std::printf("%s\n", practice::Execute(line).c_str());
         std::fflush(stdout);
     }
     return 0;

@@ -1,6 +1,6 @@
 #include "Fields.h"
 
-#include "../Misdeeds.h"
+#include "../InjectedFault.h"
 #include "../Offsets.h"
 #include "../Units.h"
 #include "runtime/Number.h"
@@ -63,14 +63,14 @@ std::string VersionText(const OffsetMemory& memory) {
     return "0x" + quillon::Hex(memory.Get<std::uint32_t>(VersionOffset));
 }
 
-std::string MisdeedText(const OffsetMemory& memory) {
-    return BehaviourText(memory.Get<Behaviour>(MisdeedOffset));
+std::string InjectedFaultText(const OffsetMemory& memory) {
+    return FaultText(memory.Get<InjectedFault>(InjectedFaultOffset));
 }
 
-bool SetMisdeed(OffsetMemory& memory, std::string_view text) {
-    const auto behaviour = BehaviourOf(text);
-    if (behaviour) memory.Set(MisdeedOffset, *behaviour);
-    return behaviour.has_value();
+bool SetInjectedFault(OffsetMemory& memory, std::string_view text) {
+    const auto injected = ParseFault(text);
+    if (injected) memory.Set(InjectedFaultOffset, *injected);
+    return injected.has_value();
 }
 
 } // namespace
@@ -84,7 +84,7 @@ const std::array<Field, FieldCount> Fields = {{
     {"lon", AngleText<EastWest>, SetAngle<EastWest>},
     {"sim", NumberText<std::uint16_t, SimulatorOffset>, SetNumber<std::uint16_t, SimulatorOffset>},
     {"version", VersionText, SetNumber<std::uint32_t, VersionOffset>},
-    {"misbehave", MisdeedText, SetMisdeed},
+    {"fault", InjectedFaultText, SetInjectedFault},
     {"paused", NumberText<std::uint16_t, PauseOffset>, SetNumber<std::uint16_t, PauseOffset>},
 }};
 

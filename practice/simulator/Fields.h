@@ -17,21 +17,21 @@ enum FieldId {
     Longitude,
     Simulator,
     Version,
-    Misbehaviour,
+    FaultInjection,
     Paused,
     FieldCount
 };
 
-/// What a person sees of the simulator's memory, and can change there, as text.
+/// A value in the simulator's memory as the text that a person sees and edits.
 struct Field {
-    std::string_view name; ///< of its command line option
+    std::string_view name; ///< of its command-line option
     std::string (*text)(const OffsetMemory& memory);
-    bool (*set)(OffsetMemory& memory, std::string_view text); ///< false, and no change, for a text that is none
+    bool (*set)(OffsetMemory& memory, std::string_view text); ///< false, and no change, if the text is invalid
 };
 
 extern const std::array<Field, FieldCount> Fields;
 
-/// The cockpit as it is found: an FSX at Toronto with a current FSUIPC, not paused.
+/// The initial state: an FSX at Toronto with a current FSUIPC, not paused.
 void SetUp(OffsetMemory& memory);
 
 struct Airport {
@@ -40,7 +40,7 @@ struct Airport {
     std::string_view longitude;
 };
 
-/// Places to fly to at once.
+/// Airports that the aircraft can be moved to.
 extern const std::array<Airport, 8> Airports;
 
 void MoveTo(OffsetMemory& memory, const Airport& airport);

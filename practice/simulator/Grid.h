@@ -10,16 +10,16 @@ namespace practice {
 
 enum class Kind { Heading, Edit, Combo, Check };
 
-/// One entry of the grid of two columns: a box with its label before it, or a heading over the whole width.
+/// One entry of a two-column grid: a box with a label before it, or a heading across both columns.
 struct Item {
     Kind kind;
     int id;
     int column; ///< 0 starts a row
     const wchar_t* label;
-    bool wide = false; ///< the box reaches over both columns
+    bool wide = false; ///< the box spans both columns
 };
 
-/// The boxes of a window, made from a table and laid out by the size of their texts.
+/// The controls of a window, made from a table. Columns are as wide as their longest label.
 class Grid {
   public:
     void Create(HWND parent, const std::vector<Item>& items);

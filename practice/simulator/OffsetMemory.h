@@ -7,7 +7,7 @@
 
 namespace practice {
 
-/// The simulator's memory as FSUIPC shows it. What lies beyond its end reads as zeros and takes no writes.
+/// The simulator's memory as FSUIPC shows it. Beyond its end it reads as zeros, and writes are ignored.
 class OffsetMemory {
   public:
     void Read(std::uint32_t offset, std::span<std::uint8_t> to) const {
@@ -24,7 +24,7 @@ class OffsetMemory {
         }
     }
 
-    /// The little-endian number that stands at an offset.
+    /// The little-endian number at an offset.
     template <typename Number>
     Number Get(std::uint32_t offset) const {
         Number number{};

@@ -17,7 +17,7 @@ std::string ReadOptions(const std::vector<std::string>& words, Options& options,
             Fields[Paused].set(memory, "1");
             continue;
         }
-        if (i + 1 == words.size()) return word + " lacks its value";
+        if (i + 1 == words.size()) return word + " needs a value";
         const std::string& value = words[++i];
         if (word == "--class") {
             options.window_class = value;
@@ -26,8 +26,8 @@ std::string ReadOptions(const std::vector<std::string>& words, Options& options,
         const auto field = std::find_if(Fields.begin(), Fields.end(), [&](const Field& known) {
             return word.starts_with("--") && word.substr(2) == known.name;
         });
-        if (field == Fields.end()) return word + " is no option";
-        if (!field->set(memory, value)) return std::string(value).append(" is no value for ").append(word);
+        if (field == Fields.end()) return word + " is not an option";
+        if (!field->set(memory, value)) return std::string(value).append(" is not a value for ").append(word);
     }
     return {};
 }

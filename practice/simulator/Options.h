@@ -12,9 +12,8 @@ struct Options {
     bool minimised = false;
 };
 
-/// Takes the command line's words (without the program's name): "--" and a field's name, then its value;
-/// "--paused",
-/// "--minimised", "--class NAME". Returns what is wrong with them, an empty text if nothing is.
+/// Parses the command line's words, without the program's name: "--" and a field's name, then its value;
+/// "--paused", "--minimised", "--class NAME". Returns an error message, or an empty text.
 std::string ReadOptions(const std::vector<std::string>& words, Options& options, OffsetMemory& memory);
 
 } // namespace practice

@@ -1,6 +1,6 @@
 #include "Peer.h"
 
-#include "../Misdeeds.h"
+#include "../InjectedFault.h"
 #include "../Offsets.h"
 #include "win32/system/Handle.h"
 
@@ -18,16 +18,16 @@ struct Header {
 constexpr std::uint32_t ReadRequest = 1;
 constexpr std::uint32_t WriteRequest = 2;
 
-/// What a misdeed does to the data and the records that go back.
+/// What a fault changes in a reply.
 struct Damage {
-    std::uint32_t shown_offset = 0; ///< four bytes there read as `shown` instead; 0 is none
+    std::uint32_t shown_offset = 0; ///< four bytes there read as `shown` instead; 0: none do
     std::uint32_t shown = 0;
     std::size_t field = 0;
     std::uint32_t flipped = 0; ///< bits of that header field
 };
 
-Damage DamageOf(std::uint32_t misdeed) {
-    switch (misdeed) {
+Damage DamageOf(std::uint32_t fault) {
+    switch (fault) {
     case WrongVersion:
         return {VersionOffset, 0x19980004, 0, 0};
     case OldVersion:
@@ -73,34 +73,33 @@ std::span<std::uint8_t> BytesOf(const View& view) {
 
 } // namespace
 
-/// A round that brings a new behaviour is the last one under the old behaviour, but no hang outlives its end.
+/// A round that injects another fault is itself still answered with the old one, but a hang ends at once.
 std::uint32_t Peer::Answer(std::uintptr_t atom) {
-    const auto behaviour = memory_.Get<Behaviour>(MisdeedOffset);
-    if (behaviour.misdeed == VanishInFlight) EndAtOnce();
+    const auto injected = memory_.Get<InjectedFault>(InjectedFaultOffset);
+    if (injected.fault == VanishInFlight) EndAtOnce();
     const bool served = ServeMapping(atom);
     if (served) ++answered_;
-    if (behaviour.misdeed == Hang) HangFor(behaviour.argument);
-    const std::uint32_t reply = served && behaviour.misdeed != ZeroReply ? 1 : 0;
-    if (Misdeed() == Vanish) {
+    if (injected.fault == Hang) HangFor(injected.argument);
+    const std::uint32_t reply = served && injected.fault != ZeroReply ? 1 : 0;
+    if (CurrentFault() == Vanish) {
         ReplyMessage(static_cast<LRESULT>(reply));
         EndAtOnce();
     }
     return reply;
 }
 
-/// Other programs' rounds are still taken meanwhile, or none could end the hang; their answers are late just
-/// the same.
+/// Serves further rounds meanwhile, or nothing could end the hang; their answers are delayed too.
 void Peer::HangFor(std::uint32_t time_ms) {
     const ULONGLONG start = GetTickCount64();
-    for (ULONGLONG passed = 0; Misdeed() == Hang && passed < time_ms; passed = GetTickCount64() - start) {
+    for (ULONGLONG passed = 0; CurrentFault() == Hang && passed < time_ms; passed = GetTickCount64() - start) {
         MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(time_ms - passed), QS_SENDMESSAGE);
         MSG message;
         PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
     }
 }
 
-std::uint32_t Peer::Misdeed() const {
-    return memory_.Get<std::uint32_t>(MisdeedOffset);
+std::uint32_t Peer::CurrentFault() const {
+    return memory_.Get<std::uint32_t>(InjectedFaultOffset);
 }
 
 bool Peer::ServeMapping(std::uintptr_t atom) {
@@ -113,7 +112,7 @@ bool Peer::ServeMapping(std::uintptr_t atom) {
 }
 
 bool Peer::Serve(std::span<std::uint8_t> area) {
-    const Damage damage = DamageOf(Misdeed());
+    const Damage damage = DamageOf(CurrentFault());
     while (area.size() >= sizeof(std::uint32_t)) {
         Header header;
         std::memcpy(header.field, area.data(), std::min(sizeof header, area.size()));

@@ -7,13 +7,13 @@
 
 namespace practice {
 
-/// FSUIPC's side of the link: serves the rounds that other programs send, well or badly as told.
+/// FSUIPC's side of the link: serves the rounds that other programs send, with the injected fault, if any.
 class Peer {
   public:
     explicit Peer(OffsetMemory& memory) : memory_(memory) {}
 
-    /// Serves the round in the file mapping whose name the global atom holds. Returns the answer to the
-    /// message: 1, or 0 when there is no such mapping or something in it is not understood.
+    /// Serves the round in the file mapping whose name the global atom holds. Returns the message's
+    /// result: 1, or 0 if there is no such mapping or it holds a malformed record.
     std::uint32_t Answer(std::uintptr_t atom);
 
     std::uint64_t Answered() const { return answered_; }
@@ -21,7 +21,7 @@ class Peer {
   private:
     bool ServeMapping(std::uintptr_t atom);
     void HangFor(std::uint32_t time_ms);
-    std::uint32_t Misdeed() const;
+    std::uint32_t CurrentFault() const;
     bool Serve(std::span<std::uint8_t> area);
 
     OffsetMemory& memory_;

@@ -1,6 +1,6 @@
 #include "SimulatorWindow.h"
 
-#include "../Misdeeds.h"
+#include "../InjectedFault.h"
 #include "runtime/Number.h"
 #include "simlink/LinkTexts.h"
 #include "win32/system/Utf16.h"
@@ -38,11 +38,11 @@ const std::vector<Item> Items = {
     {Kind::Heading, Unnamed, 0, L"Simulator"},
     {Kind::Combo, FirstBox + Simulator, 0, L"&Kind", true},
     {Kind::Edit, FirstBox + Version, 0, L"FSUIPC &version"},
-    {Kind::Combo, FirstBox + Misbehaviour, 1, L"&Misdeed"},
+    {Kind::Combo, FirstBox + FaultInjection, 1, L"Fa&ult"},
     {Kind::Check, FirstBox + Paused, 0, L"&Paused"},
 };
 
-/// Selects a row of a combo box, -1 for none.
+/// Selects a row of a combo box; -1 selects none.
 void Choose(HWND combo, std::ptrdiff_t row) {
     SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(row), 0);
 }
@@ -111,7 +111,7 @@ LRESULT SimulatorWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     }
 }
 
-/// Does for a plain window what dialogs do by themselves; a label's underlined letter depends on it.
+/// What a dialog does by default; without it a label's mnemonic would not move the focus.
 void SimulatorWindow::MoveFocus(WPARAM wparam, LPARAM lparam) {
     const bool to_control = LOWORD(lparam) != 0;
     SetFocus(to_control ? reinterpret_cast<HWND>(wparam) : GetNextDlgTabItem(window_, GetFocus(), wparam != 0));
@@ -140,13 +140,13 @@ void SimulatorWindow::FillChoices() {
         add(FirstBox + Simulator, Wide(quillon::SimName(code)));
         choices_[Simulator].push_back(std::to_string(code));
     }
-    for (const std::string_view name : MisdeedNames) {
-        add(FirstBox + Misbehaviour, Wide(name));
-        choices_[Misbehaviour].emplace_back(name);
+    for (const std::string_view name : FaultNames) {
+        add(FirstBox + FaultInjection, Wide(name));
+        choices_[FaultInjection].emplace_back(name);
     }
 }
 
-/// Sizes the window to its content; moves it only when a corner is given.
+/// Sizes the window to its content, and moves it to `corner` if there is one.
 void SimulatorWindow::Place(const POINT* corner) {
     const SIZE grid = grid_.Place(theme_);
     SendMessageW(status_bar_, WM_SETFONT, reinterpret_cast<WPARAM>(theme_.Text()), TRUE);
@@ -174,7 +174,7 @@ void SimulatorWindow::Command(int id, int notification) {
         Show(field);
 }
 
-/// A text that is not (yet) a value leaves the memory alone and is shown in red.
+/// Invalid text is shown in red and changes nothing in memory.
 void SimulatorWindow::Edited(FieldId field) {
     wrong_[field] = !Fields[field].set(memory_, Entered(field));
     shown_[field] = Fields[field].text(memory_);
@@ -189,7 +189,7 @@ void SimulatorWindow::FlyTo() {
     Refresh();
 }
 
-/// Shows what has changed. What a person is entering right now stays unless the memory behind it has changed.
+/// Shows what has changed in memory. Text being entered stays if its value in memory has not changed.
 void SimulatorWindow::Refresh() {
     for (int i = 0; i < FieldCount; ++i) {
         const auto field = static_cast<FieldId>(i);

@@ -13,13 +13,13 @@
 
 namespace practice {
 
-/// The practice simulator's window: its class is what other programs find it by, its fields show and change the
-/// simulator's memory at once.
+/// The practice simulator's window. Other programs find it by its class; its fields show the simulator's memory
+/// and change it as they are edited.
 class SimulatorWindow {
   public:
     SimulatorWindow(OffsetMemory& memory, Peer& peer) : memory_(memory), peer_(peer) {}
 
-    /// Makes the window and shows it as `show` (SW_...) says. False when the system refuses.
+    /// Creates and shows the window; `show` is an SW_... value. Returns false if Windows refuses.
     bool Create(const std::wstring& window_class, int show);
 
     HWND Handle() const { return window_; }
@@ -49,7 +49,7 @@ class SimulatorWindow {
     quillon::Theme theme_;
     Grid grid_;
     UINT link_message_ = 0;
-    std::array<std::vector<std::string>, FieldCount> choices_; ///< field texts of the combo boxes' rows
+    std::array<std::vector<std::string>, FieldCount> choices_; ///< the value of each row of a field's combo box
     std::array<std::string, FieldCount> shown_;
     std::array<bool, FieldCount> wrong_{};
     bool refreshing_ = false;

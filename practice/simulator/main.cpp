@@ -48,7 +48,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int show) {
     practice::Peer peer(memory);
     practice::SimulatorWindow window(memory, peer);
     if (!window.Create(quillon::Wide(options.window_class), options.minimised ? SW_SHOWMINNOACTIVE : show))
-        return Refuse("the window could not be made");
+        return Refuse("the window could not be created");
     ServeMessages(window.Handle());
     return 0;
 }

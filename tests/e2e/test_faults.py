@@ -31,18 +31,18 @@ NEW_LINE = b"EGLL|Added|http://127.0.0.1:1/x|120.00\r\n"
 ALL = "--all" in sys.argv
 
 
-def in_flight(misdeed, ends=True):
+def in_flight(fault, ends=True):
     """Ends within what the link's retries take, or goes on as if nothing had been."""
     def job(station):
         station.fly()
         station.await_tuned()
         station.settings.unlink()
-        station.copilot.ask("kill UIPCMAIN" if misdeed == "killed" else f"misbehave {misdeed}")
-        worst = station.silence(40 if ends or "hang" in misdeed else 5)
-        assert worst < (30 if "hang" in misdeed else 5), worst
+        station.copilot.ask("kill UIPCMAIN" if fault == "killed" else f"fault {fault}")
+        worst = station.silence(40 if ends or "hang" in fault else 5)
+        assert worst < (30 if "hang" in fault else 5), worst
         assert (station.quillon.poll() is not None) == ends
         if not ends:
-            station.copilot.ask("misbehave none")
+            station.copilot.ask("fault none")
             station.await_tuned()
             station.copilot.ask("close QuillonMain")
         station.has_ended_well()
@@ -52,14 +52,14 @@ def in_flight(misdeed, ends=True):
 
 
 def at_start(*options):
-    """Is looked for until it behaves."""
+    """Is looked for until the fault ends."""
     def job(station):
         station.fly(*options)
         worst = 0
-        if "--misbehave" in options:
+        if "--fault" in options:
             station.copilot.await_text("panel 3", "Looking for the simulator ...", 40)
             worst = station.silence(3)
-            station.copilot.ask("misbehave none")
+            station.copilot.ask("fault none")
         station.await_tuned()
         station.close_quillon()
         return f"silent for {worst:.1f} s at worst"
@@ -68,7 +68,7 @@ def at_start(*options):
 
 def hung_at_start(station):
     """The splash goes, though each tick takes longer than the timer's interval."""
-    station.start_simulator("--misbehave", "hang=3000")
+    station.start_simulator("--fault", "hang=3000")
     station.quillon = station.start("Quillon.exe")
     return f"window after {int(station.copilot.ask('wait QuillonMain 40000')) / 1000:.1f} s"
 
@@ -194,9 +194,9 @@ JOBS = {
     **{f"flight_{name}": in_flight(name)
        for name in ("hang=3000", "hang=30000", "killed", "vanish", "vanish-in-flight", *DAMAGED)},
     **{f"flight_{name}": in_flight(name, ends=False) for name in ("hang=1000", "old-version")},
-    **{f"start_{name}": at_start("--misbehave", name) for name in DAMAGED},
+    **{f"start_{name}": at_start("--fault", name) for name in DAMAGED},
     "start_wide": at_start("--class", "FS98MAIN"),
-    "start_wide-no-fade": at_start("--class", "FS98MAIN", "--misbehave", "no-fade"),
+    "start_wide-no-fade": at_start("--class", "FS98MAIN", "--fault", "no-fade"),
     "start_hang=3000": hung_at_start, "others": others, "deep": deep,
     "read-only": unusable(spoiling.read_only, "Error 70 Permission denied", readable=True),
     "locked": unusable(spoiling.lock, "Error 70 Permission denied"),

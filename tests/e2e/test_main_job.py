@@ -90,7 +90,7 @@ class Flight(unittest.TestCase):
     def test_8_ends_with_the_simulator_and_saves_the_settings(self):
         settings = self.world.data / "Quillon.ini"
         settings.unlink()
-        self.copilot.ask("misbehave vanish")
+        self.copilot.ask("fault vanish")
         self.assertEqual(self.world.quillon.wait(20), 0)
         self.assertEqual(settings.read_bytes(), b" 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n")
 

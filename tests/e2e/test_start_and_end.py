@@ -73,7 +73,7 @@ class Starts(unittest.TestCase):
         self.assertEqual(settings.read_bytes(), b"12\r\nCom1\r\n20\r\n30\r\n35\r\n")
 
     def test_an_old_module_is_refused_and_the_program_ends(self):
-        simulator = self.world.start("PracticeSim.exe", "--sim", "7", "--misbehave", "old-version")
+        simulator = self.world.start("PracticeSim.exe", "--sim", "7", "--fault", "old-version")
         self.copilot.ask("wait UIPCMAIN 20000")
         quillon = self.world.start("Quillon.exe")
         report = self.copilot.await_text("boxes", lambda text: "Version 2.8.4.2" in text, 20)
