@@ -1,4 +1,4 @@
-// The least a program with a window can be: what starting takes before Quillon adds anything of its own.
+// The smallest possible program with a window: the part of Quillon's start-up time that Windows takes.
 #include <windows.h>
 
 static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {

@@ -34,7 +34,7 @@ Font MakeFont(double height, int weight) {
     font.lfWeight = weight;
     font.lfCharSet = DEFAULT_CHARSET;
     font.lfOutPrecision = OUT_TT_PRECIS;
-    font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN; // for a system without the face
+    font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN; // if Consolas is missing
     wcscpy_s(font.lfFaceName, L"Consolas");
     return Font(CreateFontIndirectW(&font));
 }
@@ -48,7 +48,7 @@ double CharacterWidth(HDC device, const Font& font) {
     return 1.0 * size.cx / Sample;
 }
 
-/// A printer driver can round the size that comes out, so it is made one that is no more than wanted.
+/// Rounds down to a scale at which the type has a whole size, as a printer driver may round a fraction up.
 double SqueezeFor(double wanted, double type_px) {
     const double size = std::round(PointsOf(PrintFont::Normal) * type_px);
     return std::min(1.0, std::floor(wanted * size) / size);
@@ -65,14 +65,14 @@ Paper::Paper(HDC device)
       column_px_(ColumnWidth(device)),
       squeeze_(SqueezeFor(column_px_ / CharacterWidth(device, normal_), type_px_)) {}
 
-/// In the squeezed coordinates that Draw sets.
+/// In the condensed coordinates that Draw sets.
 int Paper::Left(int column) const {
     return static_cast<int>(std::lround((column - 1) * column_px_ / squeeze_));
 }
 
 void Paper::Draw(const PrintedPage& page) const {
     const int saved = SaveDC(device_);
-    // A font's own width does not do: Wine's printer driver measures by it but draws in the natural width.
+    // Not by the font's width: Wine's printer driver measures with it but draws at the natural width.
     const XFORM squeeze{static_cast<FLOAT>(squeeze_), 0, 0, 1, 0, 0};
     SetGraphicsMode(device_, GM_ADVANCED);
     SetWorldTransform(device_, &squeeze);
@@ -90,10 +90,10 @@ void Paper::DrawLine(const PrintedLine& line, int top) const {
     for (std::size_t i = 0; i < line.Texts.size(); ++i) {
         const bool last = i + 1 == line.Texts.size();
         const int left = Left(line.Texts[i].Column);
-        // A column stays free before the next text; the paper ends by itself.
+        // Leaves a column free before the next text. The last text ends at the edge of the paper.
         const int right = last ? 2 * Left(PageColumns) : Left(line.Texts[i + 1].Column - 1);
         const RECT place{left, top, right, top + static_cast<int>(2 * PointsOf(line.Font) * line_px_)};
-        // Far more than fits, but not so much that the system would draw nothing at all.
+        // Far more than fits, yet short enough for Windows, which draws nothing if a text is too long.
         const std::wstring text = Wide(quillon::Left(line.Texts[i].Text, 4 * PageColumns));
         ExtTextOutW(device_, left, top, ETO_CLIPPED, &place, text.c_str(), static_cast<UINT>(text.size()),
                     nullptr);

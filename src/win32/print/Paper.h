@@ -9,14 +9,14 @@ namespace quillon {
 
 using DeviceContext = Handle<HDC, DeleteDC>;
 
-/// A printer's paper as pages are set on it: 120 columns over the printable width, each at most 6 points, and
-/// lines that let the longest page fit. Type is squeezed until a character fits into a column; on paper shorter
-/// than the longest page in 10 points it is made smaller.
+/// The printable area of a printer's page as 120 columns, each at most 6 points wide, and lines so high that
+/// the longest page fits. Type is condensed until a character fits a column, and smaller than 10 points on
+/// paper that is too short for the longest page.
 class Paper {
   public:
     explicit Paper(HDC device);
 
-    /// Draws the page on the device's current page. What is too long for its place is cut off.
+    /// Draws on the device's current page. Text that is too long for its place is cut off.
     void Draw(const PrintedPage& page) const;
 
   private:
@@ -25,12 +25,12 @@ class Paper {
     const Font& FontOf(PrintFont font) const { return font == PrintFont::Heading ? heading_ : normal_; }
 
     HDC device_;
-    double line_px_; // of a line, per point of its type
-    double type_px_; // of a point of type
+    double line_px_; // line height per point of type
+    double type_px_; // one point of type
     Font normal_;
     Font heading_;
     double column_px_;
-    double squeeze_; // of all that is drawn, sideways
+    double squeeze_; // horizontal scale, at most 1
 };
 
 } // namespace quillon

@@ -12,7 +12,7 @@ PrintProgress::PrintProgress(HWND owner, int pages) : owner_(owner), pages_(page
 
 PrintProgress::~PrintProgress() {
     if (Window() == nullptr) return;
-    EnableWindow(owner_, TRUE); // first, or another program's window would come to the front
+    EnableWindow(owner_, TRUE); // first, or Windows would activate another program's window
 }
 
 void PrintProgress::SetPage(int page) {
@@ -31,7 +31,7 @@ void PrintProgress::Open() {
     const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_PROGRESS_CLASS};
     InitCommonControlsEx(&classes);
     OpenWindow(IDD_PRINT_PROGRESS, owner_);
-    if (Window() == nullptr) return; // nothing would bring the owner back
+    if (Window() == nullptr) return; // nothing would enable the owner again
     SendDlgItemMessageW(Window(), IDC_PRINT_BAR, PBM_SETRANGE32, 0, pages_);
     ShowPage();
     EnableWindow(owner_, FALSE);
@@ -48,7 +48,7 @@ bool PrintProgress::Serve() {
 }
 
 void PrintProgress::Dispatch(MSG& message) {
-    if (message.message == WM_QUIT) { // is for the program's own loop
+    if (message.message == WM_QUIT) { // left for the main loop
         cancelled_ = true;
         PostQuitMessage(static_cast<int>(message.wParam));
     } else if (!IsDialogMessageW(Window(), &message)) {

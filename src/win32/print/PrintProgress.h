@@ -4,22 +4,23 @@
 
 namespace quillon {
 
-/// The dialog that shows how far a print job has come and can cancel it. It opens by itself when the job takes
-/// longer than one would wait without a word; meanwhile its owner is disabled.
+/// The dialog that shows the progress of a print job and can cancel it. It opens once the job has taken half a
+/// second; its owner is disabled while it is open.
 class PrintProgress : public ModelessDialog {
   public:
-    /// `pages` is what the job will have.
+    /// `pages` is the number of pages in the job.
     PrintProgress(HWND owner, int pages);
     ~PrintProgress() override;
     PrintProgress(const PrintProgress&) = delete;
     PrintProgress& operator=(const PrintProgress&) = delete;
 
-    /// The page that is now being printed, counted from 1.
+    /// The page being printed, from 1.
     void SetPage(int page);
 
     bool Cancelled() const { return cancelled_; }
 
-    /// Lets window events in, once the dialog is open. Returns false when the user has cancelled.
+    /// Opens the dialog when it is time, and handles messages while it is open. Returns false once the user has
+    /// cancelled.
     bool Serve();
 
   private:

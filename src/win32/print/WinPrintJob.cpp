@@ -9,10 +9,10 @@ namespace quillon {
 
 namespace {
 
-// The system tells its abort procedure nothing but the device.
+// The abort procedure is passed nothing but the device.
 thread_local PrintProgress* shown_progress = nullptr;
 
-/// ": " and the system's words for the code; empty when it has none.
+/// ": " and the system's message for the code, empty if it has none.
 std::string Because(DWORD code) {
     std::array<wchar_t, 512> text{};
     const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
@@ -38,7 +38,8 @@ BOOL CALLBACK WinPrintJob::AbortProcedure(HDC, int) {
     return shown_progress == nullptr || shown_progress->Serve() ? TRUE : FALSE;
 }
 
-/// Makes a call: false when the user cancelled it, raises when it failed. Not every failure sets a code.
+/// Makes a printing call. Returns false if the user cancelled, raises PrinterError if it failed; not every
+/// failure sets an error code.
 bool WinPrintJob::Do(const std::function<int()>& call, const char* failure) const {
     SetLastError(ERROR_SUCCESS);
     const int result = call();

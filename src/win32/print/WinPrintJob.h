@@ -7,16 +7,16 @@
 
 namespace quillon {
 
-/// A document on its way to a printer of the system's.
+/// A document being printed.
 class WinPrintJob : public PrintJob {
   public:
-    /// `owner` is disabled while the progress of `pages` pages is shown.
+    /// `owner` is disabled while the progress dialog is open; `pages` is the number of pages to come.
     WinPrintJob(DeviceContext device, HWND owner, int pages);
     ~WinPrintJob() override;
     WinPrintJob(const WinPrintJob&) = delete;
     WinPrintJob& operator=(const WinPrintJob&) = delete;
 
-    /// Returns false when the user cancelled; raises when the printer refuses.
+    /// Returns false if the user cancelled; raises PrinterError if the printer refuses.
     bool Start(const std::string& title);
 
     bool PrintPage(const PrintedPage& page) override;

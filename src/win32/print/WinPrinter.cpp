@@ -21,7 +21,7 @@ namespace {
 bool HasDefaultPrinter() {
     const auto name = LateFunction<decltype(GetDefaultPrinterW)>(L"winspool.drv", "GetDefaultPrinterW");
     DWORD length = 0;
-    if (name != nullptr) name(nullptr, &length); // says only how long it is
+    if (name != nullptr) name(nullptr, &length); // fails, but sets the length
     return length > 0;
 }
 

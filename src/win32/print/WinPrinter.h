@@ -9,10 +9,10 @@
 
 namespace quillon {
 
-/// The system's print dialog and the printers behind it.
+/// The system's print dialog and printers.
 class WinPrinter : public Printer {
   public:
-    /// `owner` brings the windows up to date and names the one that a dialog stands above (and blocks).
+    /// `owner` updates the windows and returns the one that owns a dialog, and is disabled meanwhile.
     explicit WinPrinter(std::function<HWND()> owner) : owner_(std::move(owner)) {}
 
     bool ShowPrinter() override;

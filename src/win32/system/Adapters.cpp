@@ -38,7 +38,7 @@ void WinClock::Sleep(std::chrono::milliseconds time) {
 }
 
 void WinUserFiles::Delete2Recycle(const std::string& path) {
-    const std::wstring from = Wide(path) + L'\0'; // a list of paths ends with an empty one
+    const std::wstring from = Wide(path) + L'\0'; // a list of paths, ended by an empty one
     SHFILEOPSTRUCTW operation{};
     operation.hwnd = owner_();
     operation.wFunc = FO_DELETE;
@@ -74,7 +74,7 @@ bool WinShell::OpenAddress(const std::string& address) {
     const std::wstring file = Wide(address);
     SHELLEXECUTEINFOW order{};
     order.cbSize = sizeof order;
-    order.fMask = SEE_MASK_FLAG_NO_UI; // the caller knows better what it was for
+    order.fMask = SEE_MASK_FLAG_NO_UI; // the caller reports the failure
     order.lpFile = file.c_str();
     order.nShow = SW_SHOWNORMAL;
     return ShellExecuteExW(&order) != FALSE;
@@ -94,7 +94,8 @@ class WinStartedProgram : public StartedProgram {
 
 } // namespace
 
-/// One of Windows' own programs: by its bare name alone, one in our folder or the current one would come first.
+/// Starts a program from Windows' own folder: with a bare name, our folder and the current one would be
+/// searched first.
 std::unique_ptr<StartedProgram> WinShell::Start(const std::string& program, const std::string& file) {
     std::array<wchar_t, MAX_PATH> folder{};
     GetSystemDirectoryW(folder.data(), folder.size());
@@ -116,7 +117,7 @@ namespace {
 
 using GlobalMemory = Handle<HGLOBAL, GlobalFree>;
 
-/// A copy of the text that other programs can be given; empty when there is no room.
+/// A copy of the text for the clipboard; empty if there is no memory.
 GlobalMemory Share(const std::wstring& text) {
     const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
     GlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
@@ -129,13 +130,13 @@ GlobalMemory Share(const std::wstring& text) {
 
 } // namespace
 
-/// The clipboard takes data only for a window.
+/// Without a window as owner the clipboard refuses data.
 void WinShell::CopyText(const std::string& text) {
     GlobalMemory memory = Share(Wide(text));
-    if (!memory || !OpenClipboard(owner_())) return; // another program holds it
+    if (!memory || !OpenClipboard(owner_())) return; // another program has it open
     EmptyClipboard();
     if (SetClipboardData(CF_UNICODETEXT, memory.Get()) != nullptr)
-        memory.Release(); // the clipboard's from now on
+        memory.Release(); // now owned by the clipboard
     CloseClipboard();
 }
 
@@ -167,11 +168,10 @@ void WinRegionalSettings::Write(Separator separator, const std::string& text) {
 
 namespace {
 
-/// The code page of files that are not UTF-8. Windows can be told to have UTF-8 for its ANSI code page, which
-/// such bytes are no text in: what programs wrote before that was in the page that the system's language has
-/// otherwise.
+/// The code page of files that are not UTF-8: the ANSI code page or, where that has been set to UTF-8, the
+/// usual one for the system's language, in which programs wrote before.
 UINT LegacyPage() {
-    constexpr UINT WesternEuropean = 1252; // has a character for each byte, so nothing is ever lost
+    constexpr UINT WesternEuropean = 1252; // maps every byte to a character
     if (const UINT ansi = GetACP(); ansi != CP_UTF8) return ansi;
     DWORD page = 0;
     GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,

@@ -13,11 +13,11 @@
 
 namespace quillon {
 
-// One adapter per port, over the calls of Windows.
+// One adapter per port.
 
 class WinClock : public Clock {
   public:
-    /// `serve` serves window events for about that long; it returns false once the program is ending.
+    /// `serve` handles messages for about that long; it returns false once the program is ending.
     explicit WinClock(std::function<bool(std::chrono::milliseconds)> serve) : serve_(std::move(serve)) {}
 
     TimePoint Now() override;

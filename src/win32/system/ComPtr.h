@@ -7,12 +7,12 @@
 
 namespace quillon {
 
-/// Owner of one reference to a COM object. Move-only; empty when there is no object.
+/// Owns one reference to a COM object, or none. Move-only.
 template <typename T>
 class ComPtr {
   public:
     ComPtr() = default;
-    /// Takes over a reference that the caller has.
+    /// Takes ownership of the caller's reference.
     explicit ComPtr(T* object) : object_(object) {}
     ComPtr(ComPtr&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
     ComPtr& operator=(ComPtr&& other) noexcept {
@@ -29,14 +29,14 @@ class ComPtr {
     T* operator->() const { return object_; }
     explicit operator bool() const { return object_ != nullptr; }
 
-    /// Where a call puts the reference it hands out. The owner must be empty.
+    /// For a call that returns a reference through a pointer. Must be empty.
     T** Out() { return &object_; }
 
   private:
     T* object_ = nullptr;
 };
 
-/// COM for the thread that makes it, for as long as it lives.
+/// Initialises COM for the current thread during its lifetime.
 class ComApartment {
   public:
     ComApartment() : good_(SUCCEEDED(OleInitialize(nullptr))) {}

@@ -12,9 +12,9 @@ namespace quillon {
 
 namespace {
 
-/// As Windows wants it: a long path is only taken with a mark in front, which allows no "/".
+/// The path for Windows, which accepts a long one only with a "\\?\" prefix and then no "/".
 std::wstring Local(std::string_view path) {
-    constexpr std::size_t Longest = 247; // what leaves room for a short name in a folder
+    constexpr std::size_t Longest = 247; // leaves room for a short file name in a folder
     std::wstring local = Wide(path);
     std::replace(local.begin(), local.end(), L'/', L'\\');
     if (local.size() <= Longest || local.starts_with(L"\\\\?\\")) return local;
@@ -30,7 +30,7 @@ bool IsFolder(const std::wstring& local) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-/// The error for a path that Windows refused, from what it said of it.
+/// Raises the RuntimeError for a path that Windows refused with that error code.
 [[noreturn]] void RaiseFor(const std::wstring& local, DWORD cause) {
     if (IsFolder(local)) Raise(PathFileAccessError);
     switch (cause) {
@@ -68,9 +68,9 @@ void Close(void* file) {
     CloseHandle(file);
 }
 
-/// Zero, or what Windows said at the last of some tries: a virus scanner may hold a file that was just written,
-/// but only for a moment.
-DWORD ErrorOfMove(const std::wstring& from, const std::wstring& to) {
+/// Moves the file and returns 0, or Windows' error after a few tries: a virus scanner may hold a file briefly
+/// after it was written.
+DWORD MoveWithRetries(const std::wstring& from, const std::wstring& to) {
     constexpr int Tries = 5;
     constexpr DWORD PauseMs = 20;
     DWORD error = 0;
@@ -125,17 +125,17 @@ void WriteFile(std::string_view path, WriteMode mode, std::string_view content) 
         if (!::WriteFile(file.Get(), content.data(), most, &count, nullptr)) RaiseFor(local, GetLastError());
         content.remove_prefix(count);
     }
-    // Else a power cut soon after could leave an empty file under the name that it is then given.
+    // Otherwise a power cut could leave the file empty after it has replaced another.
     if (!append && !FlushFileBuffers(file.Get())) RaiseFor(local, GetLastError());
 }
 
 void MoveFileOver(std::string_view from, std::string_view to) {
     const std::wstring target = Local(to);
     const DWORD attributes = GetFileAttributesW(target.c_str());
-    // Windows refuses by itself, Wine does not.
+    // Windows refuses this itself; Wine does not.
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
         Raise(PermissionDenied);
-    if (const DWORD error = ErrorOfMove(Local(from), target); error != 0) RaiseFor(target, error);
+    if (const DWORD error = MoveWithRetries(Local(from), target); error != 0) RaiseFor(target, error);
 }
 
 void DeleteFileAt(std::string_view path) {

@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// Owner of one system handle: `Close` is called on it exactly once. Move-only.
+/// Owns one system handle, or none, and calls `Close` on it exactly once. Move-only.
 template <typename T, auto Close, T Empty = T{}>
 class Handle {
   public:
@@ -22,7 +22,7 @@ class Handle {
     T Get() const { return handle_; }
     explicit operator bool() const { return handle_ != Empty; }
 
-    /// Gives the handle away unclosed.
+    /// Gives up ownership without closing.
     T Release() { return std::exchange(handle_, Empty); }
 
     void Reset(T handle = Empty) {

@@ -4,8 +4,8 @@
 
 namespace quillon {
 
-/// A function of one of Windows' libraries, which is loaded now and stays: most starts of the program have no
-/// use for some of them, and each would cost a start some milliseconds. Null where there is none.
+/// A function of one of Windows' libraries, which stays loaded. For libraries that are rarely needed: linking
+/// to one would slow every start by milliseconds. Null if the library or function is missing.
 template <typename Function>
 Function* LateFunction(const wchar_t* library, const char* name) {
     HMODULE loaded = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);

@@ -5,7 +5,7 @@
 
 namespace quillon {
 
-/// Between the program's UTF-8 and Windows' UTF-16. What is not well-formed becomes a replacement character.
+/// Convert between the program's UTF-8 and Windows' UTF-16. Malformed parts become replacement characters.
 std::wstring Wide(std::string_view text);
 std::string Narrow(std::wstring_view text);
 

@@ -25,7 +25,7 @@ MessageLink::Sent WinMessageLink::Send(NativeHandle window, std::uint32_t messag
                                        std::uint32_t timeout_ms) {
     const auto hwnd = reinterpret_cast<HWND>(window);
     DWORD_PTR reply = 0;
-    SetLastError(ERROR_SUCCESS); // some systems leave it as it was when the time runs out
+    SetLastError(ERROR_SUCCESS); // some systems do not set it on a timeout
     if (SendMessageTimeoutA(hwnd, message, wparam, 0, SMTO_BLOCK, timeout_ms, &reply))
         return {true, static_cast<std::uint32_t>(reply), 0};
     const DWORD error = GetLastError();

@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// Window messages as Windows sends them.
+/// Sends window messages.
 class WinMessageLink : public MessageLink {
   public:
     NativeHandle FindPeerWindow(const std::string& window_class) override;
@@ -14,7 +14,7 @@ class WinMessageLink : public MessageLink {
     std::uint32_t ProcessId() override;
 };
 
-/// File mappings in the page file, and the global atoms that carry their names.
+/// File mappings backed by the page file, and global atoms for their names.
 class WinSharedMemory : public SharedMemory {
   public:
     std::uint32_t AddNameAtom(const std::string& name) override;

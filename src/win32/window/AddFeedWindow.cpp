@@ -19,7 +19,7 @@ int IdOf(AddBox box) {
     return IDC_TXT_ICAO + static_cast<int>(box);
 }
 
-/// A position in characters as one in UTF-16 units.
+/// The number of UTF-16 units in the first `characters` characters.
 WPARAM UnitsBefore(const std::string& text, std::ptrdiff_t characters) {
     return Wide(Left(text, characters)).size();
 }
@@ -46,7 +46,7 @@ void AddFeedWindow::Open(HWND owner) {
     ShowWindow(Window(), SW_SHOW);
 }
 
-/// The owner comes back first: a dialog that goes gives the keyboard to whichever window can take it.
+/// Enables the owner first: Windows activates another window if the owner is still disabled.
 void AddFeedWindow::Close(HWND owner) {
     EnableWindow(owner, TRUE);
     CloseWindow();
@@ -64,7 +64,7 @@ void AddFeedWindow::Show() {
     if (std::exchange(focus_served_, form.FocusRequest) != form.FocusRequest) TakeFocus(form.WantedFocus);
 }
 
-/// The address takes the button's room while there is none.
+/// The address box takes the button's place while that is hidden.
 void AddFeedWindow::ShowBrowse(bool visible) {
     ShowWindow(GetDlgItem(Window(), IDC_BROWSE), visible ? SW_SHOW : SW_HIDE);
     RECT size{0, 0, visible ? 148 : 202, 14};
@@ -89,7 +89,7 @@ void AddFeedWindow::TakeFocus(frmAddATC::Focus focus) {
 
 INT_PTR AddFeedWindow::Handle(UINT message, WPARAM wparam, LPARAM) {
     if (message == WM_INITDIALOG) PrepareDialog(Window());
-    if (message != WM_COMMAND) return FALSE; // the form says where the keyboard goes
+    if (message != WM_COMMAND) return FALSE; // leaves the focus alone
     Command(LOWORD(wparam), HIWORD(wparam));
     return TRUE;
 }
@@ -105,7 +105,7 @@ void AddFeedWindow::Command(int id, int code) {
         return;
     }
     if (code != BN_CLICKED) return;
-    // A radio button also says that it was clicked when it only gets the keyboard.
+    // A radio button also reports a click when it only gets the focus.
     const auto kind = static_cast<SourceKind>(id - IDC_KIND1 + 1);
     if (id >= IDC_KIND1 && id <= IDC_KIND4 && kind != chosen)
         Event([kind](AddFeed& dialog) { dialog.optKind_Click(kind); });

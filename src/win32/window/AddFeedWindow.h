@@ -9,13 +9,13 @@
 
 namespace quillon {
 
-/// The add-feed dialog on the screen. It takes the main window out of reach while it is shown.
+/// The add-feed dialog on the screen. The main window is disabled while it is shown.
 class AddFeedWindow : public ModelessDialog {
   public:
-    /// `sync` brings all windows up to date after an event.
+    /// `sync` updates all windows; it is called after each event.
     explicit AddFeedWindow(std::function<void()> sync) : sync_(std::move(sync)) {}
 
-    /// Opens, updates or closes it as the data say.
+    /// Opens, updates or closes the dialog to match the data.
     void Sync(HWND owner, Program& program);
 
   private:

@@ -15,7 +15,7 @@ namespace quillon {
 namespace {
 
 constexpr UINT PollMs = 100;
-constexpr std::size_t LongestCell = 1024; // nobody reads more of a hand-written line in a column
+constexpr std::size_t LongestCell = 1024; // characters of a catalogue's line that anyone reads in a column
 
 struct ShownColumn {
     const wchar_t* title;
@@ -36,7 +36,7 @@ std::string CellOf(const frmCheckFeeds::Row& row, int column) {
     }
 }
 
-/// Pixels of a length in the dialog's units, which grow with its resolution.
+/// Converts dialog units to pixels.
 RECT Pixels(HWND dialog, RECT units) {
     MapDialogRect(dialog, &units);
     return units;
@@ -100,7 +100,7 @@ void CheckFeedsWindow::ShowRows() {
     SendMessageW(Item(IDC_CHECK_BAR), PBM_SETPOS, form.Done, 0);
     HWND list = Item(IDC_CHECK_LIST);
     ListView_SetItemCountEx(list, static_cast<int>(form.Rows.size()), LVSICF_NOSCROLL);
-    if (!form.Running) { // they have changed places
+    if (!form.Running) { // the rows have been sorted
         ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
         ListView_EnsureVisible(list, 0, FALSE);
     }
@@ -111,13 +111,13 @@ INT_PTR CheckFeedsWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
     case WM_INITDIALOG:
         PrepareDialog(Window());
-        SendMessageW(Window(), DM_REPOSITION, 0, 0); // it may be wider than its owner, which may be at the edge
+        SendMessageW(Window(), DM_REPOSITION, 0, 0); // back onto the screen: it may be wider than its owner
         return TRUE;
     case WM_TIMER:
         Event([](FeedCheck& check) { check.Timer_Timer(); });
         return TRUE;
     case WM_SYSCOLORCHANGE:
-        TellSystemColors(Window());
+        ForwardSystemColors(Window());
         return TRUE;
     case WM_SIZE:
         Layout();
@@ -163,8 +163,8 @@ void CheckFeedsWindow::Layout() {
     RedrawWindow(Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
-/// The columns share the list's width in the proportions that they or the user's hand have given them. The line
-/// numbers keep theirs.
+/// Scales the columns to fill the list in the proportions that they have, or that the user gave them. The line
+/// numbers keep their width.
 void CheckFeedsWindow::FitColumns() {
     constexpr int Last = static_cast<int>(std::size(Columns)) - 1;
     HWND list = Item(IDC_CHECK_LIST);

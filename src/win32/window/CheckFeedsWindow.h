@@ -11,13 +11,13 @@
 
 namespace quillon {
 
-/// The window of the catalogue's check. Sizeable; a timer of its own drives the check.
+/// The window of the catalogue's check. Its timer drives the check.
 class CheckFeedsWindow : public ModelessDialog {
   public:
-    /// `sync` brings all windows up to date after an event of this one.
+    /// `sync` updates all windows; it is called after each event.
     explicit CheckFeedsWindow(std::function<void()> sync) : sync_(std::move(sync)) {}
 
-    /// Opens, updates or closes it as the data say.
+    /// Opens, updates or closes the window to match the data.
     void Sync(HWND owner, Program& program);
 
   private:
@@ -37,7 +37,7 @@ class CheckFeedsWindow : public ModelessDialog {
     Program* program_ = nullptr;
     ViewRequest activation_served_ = 0;
     std::uint64_t revision_ = 0;
-    std::wstring cell_; // text of the cell being asked for; lives until the next question
+    std::wstring cell_; // keeps the text of the last requested cell alive
 };
 
 } // namespace quillon

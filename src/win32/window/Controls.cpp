@@ -20,7 +20,7 @@ void SetFonts(std::initializer_list<HWND> controls, HFONT font) {
     for (HWND control : controls) SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
 }
 
-void TellSystemColors(HWND window) {
+void ForwardSystemColors(HWND window) {
     for (HWND child = GetWindow(window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
         SendMessageW(child, WM_SYSCOLORCHANGE, 0, 0);
 }

@@ -9,7 +9,7 @@
 
 namespace quillon {
 
-/// Makes a visible child control; a layout places it.
+/// Creates a visible child control without a size.
 HWND AddControl(HWND parent, const wchar_t* control_class, const wchar_t* text, DWORD style, int id,
                 DWORD extended_style = 0);
 
@@ -17,16 +17,16 @@ void MoveControl(HWND control, int x, int y, int width, int height);
 void ShowControls(std::initializer_list<HWND> controls, bool visible);
 void SetFonts(std::initializer_list<HWND> controls, HFONT font);
 
-/// Passes a change of the system's colours on, of which Windows tells only top-level windows.
-void TellSystemColors(HWND window);
+/// Passes on WM_SYSCOLORCHANGE, which Windows sends only to top-level windows.
+void ForwardSystemColors(HWND window);
 
 std::wstring TextOf(HWND control);
 HFONT FontOf(HWND control);
 
-/// Height of a control as it is now, in pixels; of a combo box without its list.
+/// Current height of a window in pixels; of a combo box without its list.
 int HeightOf(HWND control);
 
-/// Height of one line of the window's text, in pixels.
+/// Height of a line of text in pixels.
 int LineHeight(const Theme& theme);
 
 } // namespace quillon

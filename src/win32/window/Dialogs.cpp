@@ -196,13 +196,13 @@ void FsuipcStatusWindow::Sync(HWND owner, const frmShow_FSUIPC& form) {
     caption_ = form.LabelCaption;
     red_ = form.LabelRed;
     SetDlgItemTextW(Window(), IDC_STATUS_TEXT, WithLineFeeds(caption_).c_str());
-    FitToText(Window(), IDC_STATUS_TEXT); // three times as long where there is trouble to explain
+    FitToText(Window(), IDC_STATUS_TEXT); // up to three times as long when there is a problem to explain
     if (!opens) return;
     PrepareDialog(Window());
     ShowWindow(Window(), SW_SHOW);
 }
 
-/// A red that is read on the user's background, be it light or dark.
+/// A red that is legible on light and dark backgrounds.
 COLORREF FsuipcStatusWindow::TextColor() const {
     if (!red_) return GetSysColor(COLOR_BTNTEXT);
     const COLORREF face = GetSysColor(COLOR_3DFACE);

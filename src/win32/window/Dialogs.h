@@ -11,40 +11,40 @@
 
 namespace quillon {
 
-/// Gives a dialog's title the user's colours, and moves it to the middle of the window that owns it, if there
-/// is one.
+/// Gives a dialog's title bar the user's colours and centres the dialog over its owner, if it has one.
 void PrepareDialog(HWND dialog);
 
-/// Asks for a line of text in a modal dialog; empty when the user cancelled.
+/// Asks for a line of text in a modal dialog. Returns an empty text if the user cancelled.
 std::string AskForText(HWND owner, const std::string& title, const std::string& prompt,
                        const std::string& default_answer);
 
-/// The modal dialog of the mute key: shows one of its four options selected (0: none) and returns the one that
-/// was set, 0 when it was closed without.
+/// The modal dialog of the mute key, with option 1 to 4 selected (0: none). Returns the option that the user
+/// set, 0 if the dialog was closed without.
 int AskForMuteKey(HWND owner, int option);
 
-/// The modal dialog of the program's version and licence. Returns whether the system's information is wanted.
+/// The modal dialog of the program's version and licence. Returns whether the user asked for system
+/// information.
 bool ShowAbout(HWND owner);
 
-/// The modal dialog of the program's folders. Returns the one to be opened, empty for none.
+/// The modal dialog of the program's folders. Returns the folder to open, empty for none.
 std::string ShowFolders(HWND owner, const Folders& folders);
 
-/// A carriage return ends a line in the program's texts; Windows wants a line feed behind it.
+/// The text with CR LF for each CR, which alone ends a line in the program's texts.
 std::wstring WithLineFeeds(const std::string& text);
 
-/// Makes a label as high as its text; what lies below it and the dialog's edge follow.
+/// Makes a label as high as its text and moves what is below it, the dialog's lower edge included.
 void FitToText(HWND dialog, int label_id);
 
-/// The text of a dialog's control.
+/// The text of a dialog's control, in UTF-8.
 std::string TextOfItem(HWND dialog, int id);
 
 /// The window of the simulator link's status.
 class FsuipcStatusWindow : public ModelessDialog {
   public:
-    /// `closed` is called when the user closes it.
+    /// `closed` is called when the user closes the window.
     explicit FsuipcStatusWindow(std::function<void()> closed) : closed_(std::move(closed)) {}
 
-    /// Shows, updates or closes it as the data say.
+    /// Opens, updates or closes the window to match the data.
     void Sync(HWND owner, const frmShow_FSUIPC& form);
 
   private:

@@ -15,7 +15,7 @@ namespace {
 constexpr int TwipsPerInch = 1440;
 constexpr int ArrowRoom = 36; // at 96 dpi
 
-/// A third of the one colour over the other.
+/// Mixes one part of `over` with two of `under`.
 COLORREF Blend(COLORREF over, COLORREF under) {
     const auto mix = [](int a, int b) { return (a + 2 * b) / 3; };
     return RGB(mix(GetRValue(over), GetRValue(under)), mix(GetGValue(over), GetGValue(under)),
@@ -52,8 +52,7 @@ void FeedList::SyncColumns() {
     }
 }
 
-/// Pixels. The addresses take what room the other columns leave, and a sorted column's header has room for its
-/// arrow.
+/// In pixels. The last column fills what the others leave; a sorted column has room for its header's arrow.
 int FeedList::WidthOf(std::size_t column) const {
     const ListView::ColumnHeader& header = data_.ColumnHeaders[column];
     int width = theme_->TwipsToPx(header.WidthTwips);
@@ -75,19 +74,19 @@ void FeedList::AddColumn(int index, const std::string& name) {
     ListView_InsertColumn(window_, index, &column);
 }
 
-/// A double click on a column's edge fits it to its texts, which Windows tells as a change and Wine only by the
-/// click. While an edge is dragged the width changes all the time, and the last column must not be fitted.
+/// A double click on a column's edge fits it to its texts; Windows then reports the new width, Wine only the
+/// click. Changes while an edge is dragged are ignored until it is released.
 std::optional<std::pair<Column, int>> FeedList::ResizedColumn(const NMHDR& header) {
     if (header.hwndFrom != ListView_GetHeader(window_)) return std::nullopt;
     if (header.code == HDN_BEGINTRACKW) dragging_ = true;
     if (header.code == HDN_ENDTRACKW) dragging_ = false;
-    const bool may_tell =
+    const bool may_be_resize =
         header.code == HDN_ENDTRACKW || header.code == HDN_ITEMCHANGEDW || header.code == HDN_DIVIDERDBLCLICKW;
-    if (!may_tell || dragging_) return std::nullopt;
+    if (!may_be_resize || dragging_) return std::nullopt;
     const auto& change = reinterpret_cast<const NMHEADERW&>(header);
     const auto index = static_cast<std::size_t>(change.iItem);
-    const bool tells = change.pitem != nullptr && (change.pitem->mask & HDI_WIDTH) != 0;
-    const int width = tells ? change.pitem->cxy : ListView_GetColumnWidth(window_, change.iItem);
+    const bool has_width = change.pitem != nullptr && (change.pitem->mask & HDI_WIDTH) != 0;
+    const int width = has_width ? change.pitem->cxy : ListView_GetColumnWidth(window_, change.iItem);
     if (index >= shown_widths_.size() || width == shown_widths_[index]) return std::nullopt;
     shown_widths_[index] = width;
     return std::pair(static_cast<Column>(index), MulDiv(width, TwipsPerInch, static_cast<int>(theme_->Dpi())));
@@ -101,9 +100,9 @@ void FeedList::Sync() {
         InvalidateRect(window_, nullptr, FALSE);
         selected_ = SelectedRow();
     }
-    SyncColumns(); // now that the scroll bar is there or gone
+    SyncColumns(); // a scroll bar may have come or gone
     if (!tip_shown_ && !data_.ToolTipText.empty()) {
-        tip_shown_ = true; // it speaks of the headers, and over the rows it would hide them
+        tip_shown_ = true; // it is about the headers; over the rows it would hide them
         SetControlTip(tips_, ListView_GetHeader(window_), data_.ToolTipText);
     }
     if (selected_ != data_.Selected()) {
@@ -169,7 +168,7 @@ LRESULT FeedList::Notify(NMHDR& header) {
 void FeedList::FillItem(LVITEMW& item) {
     const auto row = static_cast<std::size_t>(item.iItem);
     if ((item.mask & LVIF_TEXT) == 0 || item.iItem < 0 || row >= data_.Items().size()) return;
-    // A hand-written line may be of any length; nobody reads more than this in a column.
+    // A line of the catalogue may be of any length; nobody reads more than this in a column.
     const std::string_view text = TextOf(data_.Items()[row], static_cast<Column>(item.iSubItem));
     cell_ = Wide(text.substr(0, 1024));
     item.pszText = cell_.data();
@@ -192,7 +191,7 @@ LRESULT FeedList::Draw(NMLVCUSTOMDRAW& draw) const {
     if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
     const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
     if (row == selected_ && GetFocus() != window_) {
-        // What plays stays in sight; the system's own colour for this is hardly told from the window's.
+        // Keeps the selected row visible: the system's colour without focus hardly differs from the background.
         draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
         draw.clrText = GetSysColor(COLOR_WINDOWTEXT);
         draw.clrTextBk = Blend(GetSysColor(COLOR_HIGHLIGHT), GetSysColor(COLOR_WINDOW));

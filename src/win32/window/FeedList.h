@@ -20,29 +20,28 @@ class FeedList {
 
     HWND Window() const { return window_; }
 
-    /// Columns, font and widths for a resolution.
+    /// Sets the font, and widths for the resolution.
     void SetTheme(const Theme& theme);
 
-    /// Brings the columns up to the data and to the list's width, which the last one fills.
+    /// Updates the columns from the data; the last one fills the list's width.
     void SyncColumns();
 
-    /// Brings rows, selection and scroll position up to the data.
+    /// Updates rows, selection and scroll position from the data.
     void Sync();
 
-    /// The row that the control has selected.
+    /// The control's selected row.
     std::optional<std::size_t> SelectedRow() const;
 
-    /// Where on the screen a row begins, below its text.
+    /// Screen position of the lower left corner of a row's text.
     POINT PlaceOf(std::size_t row) const;
 
-    /// Whether a selection message comes from the user's hand rather than from Sync.
+    /// Whether a selection message was caused by the user rather than by Sync.
     bool UserIsSelecting() const { return !syncing_; }
 
-    /// The column that the user has just made wider or narrower, if that is what the message says, and its
-    /// width in twips.
+    /// The column that the user has just resized, and its width in twips; nothing for any other message.
     std::optional<std::pair<Column, int>> ResizedColumn(const NMHDR& header);
 
-    /// The control's notifications that only the list itself understands.
+    /// Handles the notifications that concern only the list. Returns the message's result.
     LRESULT Notify(NMHDR& header);
 
   private:
@@ -64,10 +63,10 @@ class FeedList {
     ViewRequest visible_served_ = 0;
     std::optional<std::size_t> selected_;
     int marked_ = 0;
-    int arrow_ = 0; // 1-based column, negative when it points down; 0 is none
+    int arrow_ = 0; // the sorted column from 1, negative if descending; 0: none
     HWND tips_;
     bool tip_shown_ = false;
-    std::wstring cell_; // text of the cell being asked for; lives until the next question
+    std::wstring cell_; // keeps the text of the last requested cell alive
 };
 
 } // namespace quillon

@@ -6,7 +6,7 @@ namespace quillon {
 
 namespace {
 
-/// Whether a control, or the one it is part of, is in the same group as the pane's first.
+/// Whether a control, or its parent, is in the dialog group that starts with `pane`.
 bool IsInPane(HWND window, HWND pane, HWND control) {
     HWND member = pane;
     do {
@@ -18,13 +18,13 @@ bool IsInPane(HWND window, HWND pane, HWND control) {
 
 } // namespace
 
-void KeyboardFocus::Keep() {
-    if (HWND focus = GetFocus(); IsChild(window_, focus)) kept_ = focus;
+void KeyboardFocus::Save() {
+    if (HWND focus = GetFocus(); IsChild(window_, focus)) saved_ = focus;
 }
 
-/// What had it may be hidden by now, as a frame is by its own button.
+/// The control may be hidden by now, as a preference frame is after its Close button.
 void KeyboardFocus::Restore() const {
-    SetFocus(kept_ != nullptr && IsWindowVisible(kept_) ? kept_ : list_.Window());
+    SetFocus(saved_ != nullptr && IsWindowVisible(saved_) ? saved_ : list_.Window());
 }
 
 void KeyboardFocus::Move(WPARAM wparam, LPARAM lparam) const {

@@ -8,23 +8,23 @@
 
 namespace quillon {
 
-/// Where the keyboard is among the main window's controls.
+/// Keyboard focus among the main window's controls.
 class KeyboardFocus {
   public:
     KeyboardFocus(HWND window, const FeedList& list, const MainControls& controls,
                   const PreferenceFrames& frames)
         : window_(window), list_(list), controls_(controls), frames_(frames) {}
 
-    /// Remembers which control has the keyboard, if one does, before it is taken away.
-    void Keep();
+    /// Remembers which control has the focus, if one does.
+    void Save();
 
-    /// Gives it back.
+    /// Returns the focus to that control, or to the list if it is hidden or none is remembered.
     void Restore() const;
 
-    /// What a label's mnemonic asks for by WM_NEXTDLGCTL, which only dialogs answer by themselves.
+    /// Handles WM_NEXTDLGCTL, which labels' mnemonics send and only dialogs handle by default.
     void Move(WPARAM wparam, LPARAM lparam) const;
 
-    /// To the list, the selection mode, the player, and the preference frames that are shown, in a circle.
+    /// Cycles through the list, the selection mode, the player and the visible preference frames.
     void NextPane(bool back) const;
 
   private:
@@ -32,7 +32,7 @@ class KeyboardFocus {
     const FeedList& list_;
     const MainControls& controls_;
     const PreferenceFrames& frames_;
-    HWND kept_ = nullptr;
+    HWND saved_ = nullptr;
 };
 
 } // namespace quillon

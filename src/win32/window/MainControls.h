@@ -12,21 +12,21 @@
 
 namespace quillon {
 
-/// The band of controls above the list: selection mode, player strip, distance label and the live ATC picture.
+/// The controls above the list: selection mode, player strip, distance label and live ATC picture.
 class MainControls {
   public:
     MainControls(HWND parent, HWND tips, const Theme& theme);
 
-    /// Fonts and pictures for a resolution.
+    /// Sets fonts and pictures for the resolution.
     void SetTheme(const Theme& theme);
 
-    /// What takes the keyboard when it comes to that part of the band.
+    /// The control that takes the focus when F6 comes to that part.
     HWND ModePane() const { return shown_mode_ == SelectionMode::Manual ? manual_ : auto_; }
     HWND PlayerPane() const { return buttons_[0]; }
 
     std::vector<Row> Rows() const;
 
-    /// Shows what differs from what is shown.
+    /// Updates the controls from the data.
     void Sync(const frmATC& form, const CycleState& cycle);
 
     int VolumePosition() const;
@@ -57,7 +57,7 @@ class MainControls {
     std::string shown_gap_;
     bool countdown_shown_ = false;
     int shown_volume_ = -1;
-    SelectionMode shown_mode_ = SelectionMode::Manual; // differs from the first, so that Sync checks a button
+    SelectionMode shown_mode_ = SelectionMode::Manual;
     bool mode_shown_ = false;
     bool picture_shown_ = false;
 };

@@ -89,7 +89,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         MoveToDpi(HIWORD(wparam), *reinterpret_cast<RECT*>(lparam));
         return 0;
     case WM_SYSCOLORCHANGE:
-        TellSystemColors(window_);
+        ForwardSystemColors(window_);
         [[fallthrough]];
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
@@ -113,7 +113,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         focus_->Move(wparam, lparam);
         return 0;
     case WM_ACTIVATE:
-        if (LOWORD(wparam) == WA_INACTIVE) focus_->Keep();
+        if (LOWORD(wparam) == WA_INACTIVE) focus_->Save();
         return DefWindowProcW(window_, message, wparam, lparam);
     case WM_LBUTTONDOWN:
         Event(&Program::Form_Click);
@@ -141,7 +141,7 @@ void MainWindow::Event(const std::function<void(Program&)>& event) {
     Sync();
 }
 
-/// The size counts from the moment on at which the user can change it.
+/// Sizes before the window is shown are not the user's.
 void MainWindow::Resized(bool restored) {
     if (!shown_) return;
     Layout();
@@ -156,11 +156,11 @@ void MainWindow::MoveToDpi(UINT dpi, const RECT& area) {
 
 void MainWindow::Restyle() {
     MatchTitleToApps(window_);
-    if (focus_) SetDpi(theme_.Dpi()); // once all the controls are made
+    if (focus_) SetDpi(theme_.Dpi()); // all controls have been created
 }
 
-/// A point of (-1, -1) is the menu key's: the menu then opens at the row. While it is open, tuning may select
-/// another row; what is chosen is meant for the one it was opened for.
+/// Opens the row's menu, at the row itself for the menu key, whose point is (-1, -1). The command applies to
+/// the row the menu was opened for, even if tuning selects another meanwhile.
 void MainWindow::ShowRowMenu(HWND control, POINT where) {
     const ListView& list = program_->State().form.lvwDB;
     const auto row = list_->SelectedRow();
@@ -192,7 +192,7 @@ void MainWindow::SetDpi(UINT dpi) {
     list_->SetTheme(theme_);
     status_->SetTheme(theme_);
     frames_->SetTheme(theme_);
-    LayoutAnew();
+    LayoutAndRedraw();
 }
 
 void MainWindow::Command(int id, int code) {
@@ -200,7 +200,7 @@ void MainWindow::Command(int id, int code) {
         const auto entry = frames_->PickedEntry(id);
         if (entry) (program_->*(id == IdCboMin ? &Program::cboMin_Click : &Program::cboMax_Click))(*entry);
     }
-    // Menus and pictures say 0 as buttons do; keys that stand for a command say 1.
+    // The code is 0 from menus and pictures, as from buttons, and 1 from accelerators.
     if (code == BN_CLICKED || code == 1) RunCommand(*program_, id);
     Sync();
 }
@@ -242,12 +242,12 @@ void MainWindow::Layout() {
     for (const Row& frame : frames_->Rows()) rows.push_back(frame);
     rows.push_back({{{list_->Window(), Grows}}, Grows, LeastListHeight});
     PlaceRows(theme_, rows, {area.right, area.bottom - HeightOf(status_->Window())});
-    // At the bottom, as Tab comes to the list last, also when frames have been made after it.
+    // Bottom of the z-order: last in tab order, even if frames were created after it.
     SetWindowPos(list_->Window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     list_->SyncColumns();
 }
 
-void MainWindow::LayoutAnew() {
+void MainWindow::LayoutAndRedraw() {
     Layout();
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
@@ -258,8 +258,8 @@ void MainWindow::Repaint() {
     if (splash_.Window() != nullptr) UpdateWindow(splash_.Window());
 }
 
-/// What the windows report while they are changed comes back here. A second pass then follows: a window that is
-/// just being made must not be made twice.
+/// Windows send notifications while they are being changed, which lead back here. Such a call is deferred to a
+/// second pass, so that a window that is being created is not created twice.
 void MainWindow::Sync() {
     sync_again_ = syncing_;
     if (syncing_) return;
@@ -270,7 +270,7 @@ void MainWindow::Sync() {
 }
 
 void MainWindow::SyncOnce() {
-    if (window_ == nullptr || !status_) return; // what is being made reports, too
+    if (window_ == nullptr || !status_) return; // controls also notify while they are being created
     const ProgramState& state = program_->State();
     splash_.Show(state.splash.Visible);
     if (state.Ended) {
@@ -284,7 +284,7 @@ void MainWindow::SyncOnce() {
     menu_.Sync(state.form, state.Busy);
     SyncBusy();
     controls_->Sync(state.form, state.cycle);
-    if (frames_->Sync(state.form, theme_) && shown_) LayoutAnew();
+    if (frames_->Sync(state.form, theme_) && shown_) LayoutAndRedraw();
     fsuipc_status_.Sync(window_, state.fsuipcStatus);
     add_feed_.Sync(window_, *program_);
     check_feeds_.Sync(window_, *program_);
@@ -319,20 +319,21 @@ void MainWindow::SyncVisibility() {
         SetFocus(list_->Window());
 }
 
-/// The window itself stays in reach: it can be moved and closed.
+/// The window itself stays enabled: it can be moved and closed.
 void MainWindow::SyncBusy() {
     const ProgramState& state = program_->State();
-    const bool busy = state.Busy && !state.addFeed.Visible; // that dialog blocks the window as a whole
+    const bool busy = state.Busy && !state.addFeed.Visible; // that dialog disables the whole window
     if (busy_ == busy) return;
     busy_ = busy;
-    if (busy_) focus_->Keep();
+    if (busy_) focus_->Save();
     for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
         if (GetDlgCtrlID(child) != IdQuit) EnableWindow(child, busy_ ? FALSE : TRUE);
     if (!busy_ && GetActiveWindow() == window_) focus_->Restore();
 }
 
-/// Serves what is pending, but no more of it after a moment of GetTickCount64: a timer whose handler takes
-/// longer than its interval, as with a simulator that hangs, is always pending.
+/// Handles pending messages until the queue is empty or GetTickCount64 reaches `until`: a timer whose handler
+/// takes longer than its interval, as with a hung simulator, is always pending. Returns false once the program
+/// is ending.
 bool MainWindow::Dispatch(ULONGLONG until) {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {

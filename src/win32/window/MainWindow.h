@@ -24,8 +24,8 @@
 
 namespace quillon {
 
-/// The main window on the screen. It decodes what the user does, hands it to the program and then draws what
-/// the program's data say.
+/// The main window on the screen. It passes the user's actions to the program and then shows the program's
+/// data.
 class MainWindow : public Display {
   public:
     MainWindow();
@@ -33,18 +33,18 @@ class MainWindow : public Display {
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
 
-    /// Makes the window, hidden, for that program. Returns false when Windows refuses.
+    /// Creates the window, hidden. Returns false if Windows refuses.
     bool Create(Program& program);
 
-    /// The window that a message box belongs to, null while none is to be seen.
+    /// The owner for a message box; null while no window is visible.
     HWND BoxOwner();
 
     void Repaint() override;
 
-    /// Serves the thread's window events for about that long; false once the program is ending.
+    /// Handles the thread's messages for about that long. Returns false once the program is ending.
     bool ServeEvents(std::chrono::milliseconds time);
 
-    /// Serves them until the program has ended.
+    /// Handles messages until the program has ended.
     void Run();
 
   private:
@@ -60,7 +60,7 @@ class MainWindow : public Display {
     bool Keystroke(MSG& message);
     LRESULT Notify(NMHDR& header);
     void Layout();
-    void LayoutAnew();
+    void LayoutAndRedraw();
     void ShowRowMenu(HWND control, POINT where);
 
     void Sync();

@@ -7,7 +7,7 @@ namespace quillon {
 
 namespace {
 
-constexpr int LeastHeight = 370; // at 96 dpi: room for the least list below both preference frames
+constexpr int LeastHeight = 370; // at 96 dpi: leaves the list its least height below both preference frames
 constexpr int FirstHeight = 480;
 
 void Resize(HWND window, int width, int height) {

@@ -7,19 +7,19 @@
 
 namespace quillon {
 
-/// How large the main window is. `least_width` is what its controls need, in pixels.
+/// Size of the main window. `least_width` is what its controls need, in pixels.
 class MainWindowSize {
   public:
-    /// The size of a window that no other is known for yet.
+    /// Sets the size for the first start, when none is remembered.
     static void SetFirst(HWND window, const Theme& theme, int least_width);
 
-    /// How small the user can make it.
+    /// Limits how small the user can make the window.
     static void Limit(MINMAXINFO& limits, const Theme& theme, int least_width);
 
-    /// What the user has made it.
+    /// The window's current size.
     WindowSize Read(HWND window, const Theme& theme);
 
-    /// Brings the window to the size of the data, or to the screen's.
+    /// Applies the size in the data, limited to the screen's.
     void Sync(HWND window, const Theme& theme, WindowSize size);
 
   private:

@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// A dialog that the program goes on beside. Its window also goes when the owner's does.
+/// A dialog beside which the program runs on. Its window is destroyed with the owner's.
 class ModelessDialog {
   public:
     ModelessDialog() = default;
@@ -12,15 +12,15 @@ class ModelessDialog {
     ModelessDialog(const ModelessDialog&) = delete;
     ModelessDialog& operator=(const ModelessDialog&) = delete;
 
-    /// Null while there is none.
+    /// Null while the dialog is closed.
     HWND Window() const { return window_; }
 
   protected:
-    /// Makes the window of a dialog resource, hidden. There is none when Windows refuses.
+    /// Creates the window from a dialog resource, hidden. Window() stays null if Windows refuses.
     void OpenWindow(int resource, HWND owner);
     void CloseWindow();
 
-    /// The dialog's messages, from WM_INITDIALOG on and until it is closed; returns what a dialog procedure
+    /// Handles the dialog's messages, from WM_INITDIALOG until it is closed. Returns what a dialog procedure
     /// does.
     virtual INT_PTR Handle(UINT message, WPARAM wparam, LPARAM lparam) = 0;
 

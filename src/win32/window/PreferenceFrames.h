@@ -10,31 +10,31 @@
 
 namespace quillon {
 
-/// The two preference frames of the main window. Each is a band of its own above the list while it is shown.
-/// Their controls are made when a frame is first shown, as that takes time which a start need not take.
+/// The two preference frames of the main window, each a row above the list while it is shown. Their controls
+/// are created when a frame is first shown, which keeps the start fast.
 class PreferenceFrames {
   public:
     explicit PreferenceFrames(HWND parent) : parent_(parent) {}
 
     void SetTheme(const Theme& theme);
 
-    /// What takes the keyboard when it comes to one of the frames that are shown.
+    /// The controls that take the focus when F6 comes to a visible frame.
     std::vector<HWND> Panes() const;
 
-    /// The frames that are shown.
+    /// The rows of the visible frames.
     std::vector<Row> Rows() const;
 
-    /// Shows what differs from what is shown. Returns whether the frames' height has changed.
+    /// Updates the frames from the data. Returns whether a frame was shown or hidden.
     bool Sync(const frmATC& form, const Theme& theme);
 
-    /// The entry picked from the list of a combo box; none when the list was closed without a pick.
+    /// The selected entry of a combo box's list, from 0; nothing if none is selected.
     std::optional<std::size_t> PickedEntry(int combo_id) const;
 
   private:
     void Make(const frmATC& form);
 
     HWND parent_;
-    HWND radio_group_ = nullptr; // as the others, until they are made
+    HWND radio_group_ = nullptr; // like the others, until Make
     std::array<HWND, 4> radios_{};
     HWND radio_close_ = nullptr;
     HWND chatter_group_ = nullptr;

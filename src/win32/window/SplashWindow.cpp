@@ -62,7 +62,7 @@ LRESULT CALLBACK SplashWindow::Procedure(HWND window, UINT message, WPARAM wpara
         self->window_ = window;
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
     }
-    if (message == WM_CLOSE) return 0; // it goes when the program has started
+    if (message == WM_CLOSE) return 0; // it closes when the program has started
     if (message == WM_PAINT) {
         reinterpret_cast<SplashWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA))->Paint();
         return 0;

@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-/// The picture shown while the program starts.
+/// The splash screen, shown while the program starts.
 class SplashWindow {
   public:
     SplashWindow() = default;

@@ -11,7 +11,7 @@ namespace quillon {
 
 namespace {
 
-/// The first panel must show every state whole; these are the longest.
+/// Width in pixels of the longest player state, which must not be cut off.
 int LongestState(const Theme& theme) {
     int longest = 0;
     for (const wchar_t* text : {L"No Connection", L"ATC in 300 sec"})
@@ -44,7 +44,7 @@ void StatusBar::Place(const Theme& theme) {
     RECT bar{};
     GetClientRect(window_, &bar);
     const int surplus = std::max(0L, bar.right - edges.back());
-    edges[2] += surplus; // the feed's name is the longest
+    edges[2] += surplus; // its texts are the longest
     edges.back() = -1;
     SendMessageW(window_, SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
     for (int index = 0; index < 4; ++index) {
@@ -75,7 +75,7 @@ void StatusBar::Sync(const frmATC& form, const Theme& theme) {
 }
 
 void StatusBar::SetTip(int index, const Panel& panel) {
-    // Without a tip of its own a panel shows its text, which may be cut at the panel's edge.
+    // The default tip is the panel's text, which the panel may cut off.
     SetTipText(tips_, window_, static_cast<UINT_PTR>(index),
                panel.ToolTipText.empty() ? panel.Text : panel.ToolTipText);
 }

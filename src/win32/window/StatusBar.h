@@ -11,7 +11,7 @@
 
 namespace quillon {
 
-/// The status bar at the window's foot. Its last panel reaches to the window's edge.
+/// The status bar at the bottom of the window. Its last panel extends to the window's edge.
 class StatusBar {
   public:
     StatusBar(HWND parent, HWND tips);
@@ -20,10 +20,10 @@ class StatusBar {
 
     void SetTheme(const Theme& theme);
 
-    /// Puts the bar at its parent's foot and sets the panels' edges.
+    /// Moves the bar to the bottom of its parent and sets the panels' edges.
     void Place(const Theme& theme);
 
-    /// Shows the panels' texts, tool tips and widths, and the bar's colour.
+    /// Updates the panels' texts, tool tips and widths and the bar's colour from the data.
     void Sync(const frmATC& form, const Theme& theme);
 
   private:

@@ -8,7 +8,7 @@ namespace quillon {
 
 namespace {
 
-/// The system's message font, scaled and made bold as wanted.
+/// The system's message font, scaled.
 Font MakeFont(UINT dpi, double scale, bool bold) {
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
@@ -19,7 +19,7 @@ Font MakeFont(UINT dpi, double scale, bool bold) {
     return Font(CreateFontIndirectW(&font));
 }
 
-/// Whether a point of the unit square belongs to a headset: band, two ear cups, and a boom with its microphone.
+/// Whether the headset covers a point of the unit square: band, two ear cups, microphone boom.
 bool CoversHeadset(double x, double y) {
     const double side = std::abs(x - 0.5);
     const double band = std::hypot(side, y - 0.47);
@@ -30,7 +30,7 @@ bool CoversHeadset(double x, double y) {
     return std::hypot((x - 0.55) / 1.5, y - 0.91) < 0.08;
 }
 
-/// Whether a point of the unit square belongs to the glyph.
+/// Whether the glyph covers a point of the unit square.
 bool Covers(Glyph glyph, double x, double y) {
     switch (glyph) {
     case Glyph::Play:
@@ -86,7 +86,7 @@ void MatchTitleToApps(HWND window) {
     DWORD size = sizeof light;
     RegGetValueW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
                  L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &light, &size);
-    constexpr DWORD UseImmersiveDarkMode = 20; // of Windows 10 2004 and later
+    constexpr DWORD UseImmersiveDarkMode = 20; // Windows 10 2004 and later
     const BOOL dark = light == 0 ? TRUE : FALSE;
     DwmSetWindowAttribute(window, UseImmersiveDarkMode, &dark, sizeof dark);
 }

@@ -11,7 +11,7 @@ namespace quillon {
 using Font = Handle<HFONT, DeleteObject>;
 using IconHandle = Handle<HICON, DestroyIcon>;
 
-/// Sizes and fonts of a window at its resolution.
+/// Sizes and fonts for a window's resolution.
 class Theme {
   public:
     explicit Theme(UINT dpi = 96);
@@ -27,7 +27,7 @@ class Theme {
     HFONT Large() const { return large_.Get(); }
     HFONT Huge() const { return huge_.Get(); }
 
-    /// Size of one line of text.
+    /// Size in pixels of a line of text.
     SIZE Measure(HFONT font, const std::wstring& text) const;
 
   private:
@@ -36,19 +36,19 @@ class Theme {
     Font bold_;
     Font large_;
     Font huge_;
-    Handle<HDC, DeleteDC> paper_; // to measure on
+    Handle<HDC, DeleteDC> paper_; // for measuring text
 };
 
-/// Whether the user has chosen a theme of few, far apart colours, which are then the only ones to draw with.
+/// Whether a high-contrast theme is on. Nothing may then be drawn in colours of our own.
 bool HighContrast();
 
-/// Gives the window's title bar the light or dark look that the user has chosen for apps. Does nothing on
-/// systems that know only one.
+/// Makes the window's title bar light or dark, as the user has chosen for apps. No effect before Windows 10
+/// 2004.
 void MatchTitleToApps(HWND window);
 
 enum class Glyph { Play, Pause, Stop, Headset };
 
-/// A button's picture in a colour of the system's.
+/// Draws a button's picture. Returns an empty handle if Windows refuses.
 IconHandle DrawGlyph(Glyph glyph, int size_px, COLORREF ink);
 
 } // namespace quillon

@@ -6,13 +6,13 @@
 
 namespace quillon {
 
-/// A tool tip window for the tools of one window and of what lies in it. It dies with that window.
+/// Creates a tool tip window for a window and its controls; it is destroyed with that window.
 HWND CreateToolTips(HWND owner);
 
-/// Gives a control a tip, or changes it; an empty text takes it away.
+/// Sets a control's tip; an empty text removes it.
 void SetControlTip(HWND tips, HWND control, const std::string& text);
 
-/// A tip for a rectangle of a window, told apart by number; it starts empty.
+/// Adds a tip, empty at first, for a rectangle of a window; `number` identifies it.
 void AddRectangleTip(HWND tips, HWND window, UINT_PTR number);
 void SetTipRectangle(HWND tips, HWND window, UINT_PTR number, const RECT& area);
 void SetTipText(HWND tips, HWND window, UINT_PTR number, const std::string& text);

@@ -24,11 +24,11 @@ UINT StyleOf(Icon icon) {
     return 0;
 }
 
-/// A report can quote a whole line of a broken file; a box as long as that could not be closed.
+/// Shortens a report that quotes a long line of a broken file: the box's button would be off the screen.
 std::wstring FitForBox(const std::string& text) {
     constexpr std::size_t Most = 1500;
     std::string shown = text.size() <= Most ? text : Left(text, Most / 2) + "\r...\r" + Right(text, Most / 2);
-    std::erase(shown, '\0'); // would end it
+    std::erase(shown, '\0'); // would end the text
     return WithLineFeeds(shown);
 }
 

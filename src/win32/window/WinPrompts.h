@@ -11,7 +11,7 @@ namespace quillon {
 
 class WinPrompts : public Prompts {
   public:
-    /// `owner` brings the windows up to date and names the one that a box stands above (and blocks).
+    /// `owner` updates the windows and returns the one that owns a box, and is disabled meanwhile.
     explicit WinPrompts(std::function<HWND()> owner) : owner_(std::move(owner)) {}
 
     void Message(const std::string& title, const std::string& text, Icon icon) override;
