@@ -3,6 +3,7 @@
 #include "runtime/Text.h"
 #include "win32/system/Utf16.h"
 #include "win32/window/ControlIds.h"
+#include "win32/window/Controls.h"
 #include "win32/window/ToolTips.h"
 
 #include <algorithm>
@@ -25,10 +26,9 @@ COLORREF Blend(COLORREF over, COLORREF under) {
 } // namespace
 
 FeedList::FeedList(HWND parent, HWND tips, const ListView& data) : data_(data), tips_(tips) {
-    constexpr DWORD Style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_GROUP | LVS_REPORT | LVS_OWNERDATA |
-                            LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
-    window_ = CreateWindowExW(WS_EX_CLIENTEDGE, WC_LISTVIEWW, L"Feeds", Style, 0, 0, 0, 0, parent,
-                              reinterpret_cast<HMENU>(INT_PTR{IdFeedList}), nullptr, nullptr);
+    constexpr DWORD Style = WS_TABSTOP | WS_GROUP | LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL |
+                            LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
+    window_ = AddControl(parent, WC_LISTVIEWW, L"Feeds", Style, IdFeedList, WS_EX_CLIENTEDGE);
     ListView_SetExtendedListViewStyle(window_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
 }
 

@@ -50,29 +50,30 @@ MainControls::MainControls(HWND parent, HWND tips, const Theme& theme) : tips_(t
                            IdLabel2);
     elapsed_ = AddControl(parent, WC_STATICW, L"", SS_RIGHT | SS_CENTERIMAGE | SS_NOTIFY, IdLabel3);
     of_ = AddControl(parent, WC_STATICW, L"of", SS_CENTER | SS_CENTERIMAGE, -1);
-    gap_ = AddControl(parent, WC_STATICW, L"", SS_CENTERIMAGE | SS_NOTIFY, IdLabel4);
+    interval_ = AddControl(parent, WC_STATICW, L"", SS_CENTERIMAGE | SS_NOTIFY, IdLabel4);
     SetControlTip(tips_, elapsed_, "Seconds since the last recording");
-    SetControlTip(tips_, gap_, "Seconds from the last recording to the next");
-    ShowControls({elapsed_, of_, gap_}, false);
-    picture_ =
+    SetControlTip(tips_, interval_, "Seconds from the last recording to the next");
+    ShowControls({elapsed_, of_, interval_}, false);
+    site_button_ =
         AddControl(parent, WC_BUTTONW, L"Live ATC web site", BS_ICON | WS_TABSTOP | WS_GROUP, IdLiveAtcPicture);
-    picture_label_ = AddControl(parent, WC_STATICW, L"Live ATC", SS_NOTIFY | SS_CENTERIMAGE, IdLiveAtcLabel);
-    for (HWND control : {picture_, picture_label_}) SetControlTip(tips_, control, "Open the live ATC web site");
-    ShowControls({picture_, picture_label_}, false);
+    site_label_ = AddControl(parent, WC_STATICW, L"Live ATC", SS_NOTIFY | SS_CENTERIMAGE, IdLiveAtcLabel);
+    for (HWND control : {site_button_, site_label_})
+        SetControlTip(tips_, control, "Open the live ATC web site");
+    ShowControls({site_button_, site_label_}, false);
     SetTheme(theme);
 }
 
 void MainControls::SetTheme(const Theme& theme) {
-    SetFonts(
-        {mode_group_, auto_, manual_, player_group_, volume_label_, picture_label_, quit_, elapsed_, of_, gap_},
-        theme.Text());
+    SetFonts({mode_group_, auto_, manual_, player_group_, volume_label_, site_label_, quit_, elapsed_, of_,
+              interval_},
+             theme.Text());
     SendMessageW(distance_, WM_SETFONT, reinterpret_cast<WPARAM>(theme.Large()), FALSE);
     for (std::size_t i = 0; i < Buttons.size(); ++i) {
         glyphs_[i] = DrawGlyph(Buttons[i].Picture, theme.Px(GlyphSize), GetSysColor(COLOR_BTNTEXT));
         SendMessageW(buttons_[i], BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(glyphs_[i].Get()));
     }
-    picture_icon_ = DrawGlyph(Glyph::Headset, theme.Px(PictureSize), GetSysColor(COLOR_HIGHLIGHT));
-    SendMessageW(picture_, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(picture_icon_.Get()));
+    site_icon_ = DrawGlyph(Glyph::Headset, theme.Px(PictureSize), GetSysColor(COLOR_HIGHLIGHT));
+    SendMessageW(site_button_, BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(site_icon_.Get()));
 }
 
 std::vector<Row> MainControls::Rows() const {
@@ -90,11 +91,11 @@ std::vector<Row> MainControls::Rows() const {
                                   Gap,
                                   {elapsed_, longest_time, 0},
                                   Fitted(of_, Gap),
-                                  {gap_, longest_time, 0},
+                                  {interval_, longest_time, 0},
                                   Gap,
-                                  {picture_, LabelHeight},
+                                  {site_button_, LabelHeight},
                                   Gap,
-                                  Fitted(picture_label_, Gap),
+                                  Fitted(site_label_, Gap),
                                   Margin};
     return {4, {34, upper, 26}, Gap, {LabelHeight, lower}, Gap};
 }
@@ -118,20 +119,21 @@ void MainControls::Sync(const frmATC& form, const CycleState& cycle) {
         shown_volume_ = form.Volume;
         if (VolumePosition() != form.Volume) SendMessageW(volume_, TBM_SETPOS, TRUE, form.Volume);
     }
-    if (picture_shown_ != form.picATCNetVisible) {
-        picture_shown_ = form.picATCNetVisible;
-        ShowControls({picture_, picture_label_}, picture_shown_);
+    if (site_shown_ != form.picATCNetVisible) {
+        site_shown_ = form.picATCNetVisible;
+        ShowControls({site_button_, site_label_}, site_shown_);
     }
 }
 
 void MainControls::SyncCountdown(const frmATC& form, const CycleState& cycle) {
     if (shown_elapsed_ != form.Label3.Caption)
         SetWindowTextW(elapsed_, Wide(shown_elapsed_ = form.Label3.Caption).c_str());
-    if (shown_gap_ != form.Label4.Caption) SetWindowTextW(gap_, Wide(shown_gap_ = form.Label4.Caption).c_str());
+    if (shown_interval_ != form.Label4.Caption)
+        SetWindowTextW(interval_, Wide(shown_interval_ = form.Label4.Caption).c_str());
     const bool chatter = cycle.Timer(3).Enabled || cycle.Timer(4).Enabled;
     if (chatter == countdown_shown_) return;
     countdown_shown_ = chatter;
-    ShowControls({elapsed_, of_, gap_}, chatter);
+    ShowControls({elapsed_, of_, interval_}, chatter);
 }
 
 int MainControls::VolumePosition() const {

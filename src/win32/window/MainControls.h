@@ -45,21 +45,21 @@ class MainControls {
     HWND distance_;
     HWND elapsed_;
     HWND of_;
-    HWND gap_;
-    HWND picture_;
-    HWND picture_label_;
+    HWND interval_;
+    HWND site_button_;
+    HWND site_label_;
     HWND quit_;
     std::array<IconHandle, 3> glyphs_;
-    IconHandle picture_icon_;
+    IconHandle site_icon_;
 
     Label shown_distance_;
     std::string shown_elapsed_;
-    std::string shown_gap_;
+    std::string shown_interval_;
     bool countdown_shown_ = false;
     int shown_volume_ = -1;
     SelectionMode shown_mode_ = SelectionMode::Manual;
     bool mode_shown_ = false;
-    bool picture_shown_ = false;
+    bool site_shown_ = false;
 };
 
 } // namespace quillon

@@ -93,9 +93,9 @@ bool PreferenceFrames::Sync(const frmATC& form, const Theme& theme) {
     if (shown_max_ != form.cboMax.Text) SetWindowTextW(max_, Wide(shown_max_ = form.cboMax.Text).c_str());
     if (shown_radio_ != form.optCom.Value) {
         shown_radio_ = form.optCom.Value;
-        for (int number = 1; number <= 4; ++number)
-            SendMessageW(radios_[static_cast<std::size_t>(number) - 1], BM_SETCHECK,
-                         number == shown_radio_ ? BST_CHECKED : BST_UNCHECKED, 0);
+        for (std::size_t i = 0; i < radios_.size(); ++i)
+            SendMessageW(radios_[i], BM_SETCHECK,
+                         static_cast<int>(i) + 1 == shown_radio_ ? BST_CHECKED : BST_UNCHECKED, 0);
     }
     const bool changed = radios_shown_ != form.Frame1Visible || chatter_shown_ != form.frmRandomChatterVisible;
     if (!changed) return false;

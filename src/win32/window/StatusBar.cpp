@@ -2,6 +2,7 @@
 
 #include "win32/system/Utf16.h"
 #include "win32/window/ControlIds.h"
+#include "win32/window/Controls.h"
 #include "win32/window/ToolTips.h"
 
 #include <algorithm>
@@ -22,10 +23,8 @@ int LongestState(const Theme& theme) {
 } // namespace
 
 StatusBar::StatusBar(HWND parent, HWND tips)
-    : window_(CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0, 0, 0, 0,
-                              parent, reinterpret_cast<HMENU>(INT_PTR{IdStatusBar}), nullptr, nullptr)),
-      tips_(tips) {
-    for (int index = 0; index < 4; ++index) AddRectangleTip(tips_, window_, static_cast<UINT_PTR>(index));
+    : window_(AddControl(parent, STATUSCLASSNAMEW, L"", SBARS_SIZEGRIP, IdStatusBar)), tips_(tips) {
+    for (UINT_PTR index = 0; index < shown_.size(); ++index) AddRectangleTip(tips_, window_, index);
 }
 
 void StatusBar::SetTheme(const Theme& theme) {
@@ -34,28 +33,29 @@ void StatusBar::SetTheme(const Theme& theme) {
 
 void StatusBar::Place(const Theme& theme) {
     SendMessageW(window_, WM_SIZE, 0, 0);
-    std::array<int, 4> edges{};
+    std::array<int, PanelWidths.size()> edges{};
     int edge = 0;
     for (std::size_t index = 0; index < edges.size(); ++index) {
-        const int least = index == 0 ? LongestState(theme) + theme.Px(12) : 0;
+        const int least =
+            static_cast<StatusPanel>(index) == StatusPanel::Player ? LongestState(theme) + theme.Px(12) : 0;
         edge += std::max(theme.TwipsToPx(shown_[index].WidthTwips), least);
         edges[index] = edge;
     }
     RECT bar{};
     GetClientRect(window_, &bar);
     const int surplus = std::max(0L, bar.right - edges.back());
-    edges[2] += surplus; // its texts are the longest
+    edges.at(static_cast<std::size_t>(StatusPanel::Feed)) += surplus; // its texts are the longest
     edges.back() = -1;
     SendMessageW(window_, SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
-    for (int index = 0; index < 4; ++index) {
+    for (std::size_t index = 0; index < edges.size(); ++index) {
         RECT area{};
-        SendMessageW(window_, SB_GETRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&area));
-        SetTipRectangle(tips_, window_, static_cast<UINT_PTR>(index), area);
+        SendMessageW(window_, SB_GETRECT, index, reinterpret_cast<LPARAM>(&area));
+        SetTipRectangle(tips_, window_, index, area);
     }
 }
 
 void StatusBar::Sync(const frmATC& form, const Theme& theme) {
-    const std::array<Panel, 4>& panels = form.StatusBar1;
+    const auto& panels = form.StatusBar1;
     bool widths_changed = false;
     for (std::size_t index = 0; index < panels.size(); ++index) {
         if (shown_[index] == panels[index]) continue;
@@ -65,7 +65,7 @@ void StatusBar::Sync(const frmATC& form, const Theme& theme) {
         if (text_changed)
             SendMessageW(window_, SB_SETTEXTW, index,
                          reinterpret_cast<LPARAM>(Wide(panels[index].Text).c_str()));
-        SetTip(static_cast<int>(index), panels[index]);
+        SetTip(index, panels[index]);
     }
     if (widths_changed) Place(theme);
     if (color_ == form.StatusBarColor) return;
@@ -74,10 +74,9 @@ void StatusBar::Sync(const frmATC& form, const Theme& theme) {
         SendMessageW(window_, SB_SETBKCOLOR, 0, static_cast<LPARAM>(color_.value_or(CLR_DEFAULT)));
 }
 
-void StatusBar::SetTip(int index, const Panel& panel) {
+void StatusBar::SetTip(std::size_t index, const Panel& panel) {
     // The default tip is the panel's text, which the panel may cut off.
-    SetTipText(tips_, window_, static_cast<UINT_PTR>(index),
-               panel.ToolTipText.empty() ? panel.Text : panel.ToolTipText);
+    SetTipText(tips_, window_, index, panel.ToolTipText.empty() ? panel.Text : panel.ToolTipText);
 }
 
 } // namespace quillon

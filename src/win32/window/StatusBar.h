@@ -27,7 +27,7 @@ class StatusBar {
     void Sync(const frmATC& form, const Theme& theme);
 
   private:
-    void SetTip(int index, const Panel& panel);
+    void SetTip(std::size_t index, const Panel& panel);
 
     HWND window_;
     HWND tips_;
