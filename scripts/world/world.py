@@ -8,9 +8,9 @@ import tempfile
 from pathlib import Path
 
 from .feeds import FEEDS, FeedServer, make_recordings
-from .processes import Processes, wait_until
+from .processes import Processes
 from .sound import Ear, SoundServer
-from .wine import BUILD, ROOT, Copilot, Prefix
+from .wine import ROOT, Copilot, Prefix
 
 SOUNDS = ROOT / "build" / "sounds"
 
