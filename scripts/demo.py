@@ -79,7 +79,7 @@ class Tour:
             self.missed += 1
             verdict = f"  <-- {failure}"
         self.world.screenshot(SHOTS / f"leg-{number}.png")
-        shown = " | ".join([*self.copilot.panels(), self.copilot.ask("text 1005")])
+        shown = " | ".join([*self.copilot.panels(), self.copilot.ask("text IdLabel2")])
         print(f"{leg:<34} {self.world.ear.hears():<10} {self.copilot.ask('title'):<13} {shown}{verdict}", flush=True)
 
 

@@ -16,7 +16,7 @@ def main():
         world.set_side_by_side()
         world.ear.await_(LONDON.icao)
         world.copilot.await_text("title", "Quillon -OK")
-        world.copilot.await_text("text 1005", "0 NM")
+        world.copilot.await_text("text IdLabel2", "0 NM")
         world.screenshot(PICTURE)
     # The black screen around the windows becomes transparent and is cut off.
     subprocess.run(["convert", PICTURE, "-alpha", "set", "-fill", "none", "-floodfill", "+0+0", "black", "-trim",

@@ -6,14 +6,17 @@ from pathlib import Path
 from .feeds import FEEDS
 from .processes import wait_until
 
-OK, CANCEL, NO = 1, 2, 7
-AUTOMATIC, RADIOS, COM2_STANDBY, CLOSE_RADIOS, TAB = 1003, 2005, 1024, 1025, 9
+OK, CANCEL, NO, TAB = "IDOK", "IDCANCEL", "IDNO", 9
+COM2_STANDBY = "IdOptCom1+3"
 
 ACTIONS = [f"tune com2stby {frequency}" for frequency in ("122.80", *(feed.frequency for feed in FEEDS))]
-ACTIONS += [f"command {number}" for number in (*range(2002, 2008), *range(2009, 2014), *range(2016, 2020))]
-ACTIONS += [f"click {number}" for number in (AUTOMATIC, 1004, 1006, 1007, 1008, 1021, COM2_STANDBY, CLOSE_RADIOS, 1033)]
+ACTIONS += [f"command IdMnu{name}" for name in (
+    "Search", "CitySearch", "SearchAgain", "SelComm", "Range", "RecordedChatter", "Fsuipc", "SetMute", "AddAtc", "Backup",
+    "Restore", "Folders", "About", "PlayFeed", "TuneFeed")]
+ACTIONS += [f"click {name}" for name in (
+    "IdOptAuto", "IdOptManual", "IdPlay", "IdPause", "IdStop", "IdOptCom1", COM2_STANDBY, "IdComClose", "IdClose2")]
 ACTIONS += [f"{what} {number}" for what in ("rowclick", "rowdouble", "header") for number in (1, 2, 3)]
-ACTIONS += ["pause 0", "pause 1", "fly 43.7 -79.6", "fly 51.4 -0.4", f"key {TAB}", "pick 1031 3"]
+ACTIONS += ["pause 0", "pause 1", "fly 43.7 -79.6", "fly 51.4 -0.4", f"key {TAB}", "pick IdCboMin 3"]
 
 MEASURED = ("resident MB", "threads", "open files", "handles", "windows", "drawing objects")
 
@@ -30,10 +33,10 @@ def clear_boxes(station, buttons):
 def measure(station):
     """The six of MEASURED while nothing goes on."""
     def quiet():
-        station.try_to(f"click {AUTOMATIC}", f"command {RADIOS}", f"click {COM2_STANDBY}", f"click {CLOSE_RADIOS}",
+        station.try_to("click IdOptAuto", "command IdMnuSelComm", f"click {COM2_STANDBY}", "click IdComClose",
                        f"key {TAB}")  # muted is not quiet
         clear_boxes(station, (CANCEL, NO, OK))
-        time.sleep(4)
+        time.sleep(4)  # between two looks: sessions and boxes take their time to end
         return station.copilot.ask("title") == "Quillon -S"
 
     station.try_to("pause 0", "tune com2stby 122.80")

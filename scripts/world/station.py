@@ -52,17 +52,17 @@ class Station(World):
         self.copilot.await_text("panel 3", f"{feed.icao} - {feed.city}")
 
     def open_add_dialog(self):
-        self.copilot.ask("command 2011")
+        self.copilot.ask("command IdMnuAddAtc")
         self.box("Add Feed")
 
     def add(self, line):
-        for field, text in enumerate(line.decode().strip().split("|"), 1611):
-            self.copilot.ask(f"field {field} ={text}")
-        self.copilot.ask("press 1")
+        for field, text in zip(("ICAO", "CITY", "URL", "FREQ"), line.decode().strip().split("|")):
+            self.copilot.ask(f"field IDC_TXT_{field} ={text}")
+        self.copilot.ask("press IDOK")
 
     def back_up(self):
-        self.copilot.ask("command 2012")
-        self.box("Please confirm", press=6)
+        self.copilot.ask("command IdMnuBackup")
+        self.box("Please confirm", press="IDYES")
 
     def try_to(self, *commands):
         for command in commands:
@@ -84,7 +84,7 @@ class Station(World):
         worst = 0
         while self.quillon.poll() is None and time.monotonic() - start < seconds:
             try:
-                self.copilot.ask("text 1005")
+                self.copilot.ask("text IdLabel2")
                 worst, last = max(worst, time.monotonic() - last), time.monotonic()
             except RuntimeError:
                 pass  # no answer for ten seconds, or just ending

@@ -4,6 +4,7 @@ import shutil
 import subprocess
 from pathlib import Path
 
+from .ids import numbered
 from .processes import wait_until
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -79,7 +80,7 @@ class Copilot:
                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE)
 
     def ask(self, command):
-        self.process.stdin.write((command + "\n").encode())
+        self.process.stdin.write((numbered(command) + "\n").encode())
         self.process.stdin.flush()
         answer = self.process.stdout.readline().decode().rstrip("\r\n")
         if answer.startswith("error:"):

@@ -14,7 +14,6 @@ from world.world import World
 TORONTO, LONDON, _ = FEEDS
 RECORDINGS = {"adpcm_ms": 500, "pcm_mulaw": 900, "pcm_u8": 1300}  # name, which is that of the coding -> Hz
 TAB, END = 9, 35
-LABEL3, LABEL4 = 1013, 1014
 
 
 class Chatter(unittest.TestCase):
@@ -65,18 +64,18 @@ class Chatter(unittest.TestCase):
         self.assertEqual(sorted(order[3:]), sorted(RECORDINGS), order)
         self.copilot.await_text("panel 1", lambda text: text.startswith("ATC in ") and text.endswith(" sec"))
         self.assertIn(self.copilot.ask("title"), [f"Quillon -{seconds}" for seconds in range(1, 4)])
-        self.assertIn(self.copilot.ask(f"text {LABEL3}"), ("0", "1", "2"))
-        self.assertIn(self.copilot.ask(f"text {LABEL4}"), ("2", "3"))
+        self.assertIn(self.copilot.ask("text IdLabel3"), ("0", "1", "2"))
+        self.assertIn(self.copilot.ask("text IdLabel4"), ("2", "3"))
 
     def test_2_a_folder_picked_by_hand_starts_at_once_whatever_the_range(self):
         self.copilot.ask("fly %s %s" % LONDON.position)
-        self.copilot.await_text("text 1005", lambda text: "(Out of Range)" in text)
+        self.copilot.await_text("text IdLabel2", lambda text: "(Out of Range)" in text)
         self.world.ear.await_("silence")
-        self.copilot.ask("click 1004")
+        self.copilot.ask("click IdOptManual")
         rows = [self.copilot.ask(f"row {number + 1}") for number in range(int(self.copilot.ask("rows")))]
         self.copilot.ask(f"rowclick {1 + next(n for n, row in enumerate(rows) if '|118.00|' in row)}")
         self.assertEqual(len(set(self.heard(3))), 3)
-        self.copilot.ask("click 1003")
+        self.copilot.ask("click IdOptAuto")
 
     def test_3_the_mute_key_silences_and_brings_back(self):
         self.copilot.ask(f"tune com2stby {LONDON.frequency}")
@@ -91,10 +90,10 @@ class Chatter(unittest.TestCase):
         self.copilot.await_text("panel 1", "Playing")
 
     def test_4_another_key_is_set_in_its_dialog(self):
-        self.copilot.ask("command 2010")
+        self.copilot.ask("command IdMnuSetMute")
         self.copilot.await_text("boxes", lambda text: "Mute Key" in text)
-        self.copilot.ask("press 1304")  # "End"
-        self.copilot.ask("press 1")
+        self.copilot.ask("press IDC_OPTION4")  # End
+        self.copilot.ask("press IDOK")
         self.copilot.await_text("boxes", "")
         self.press(TAB)
         self.assertEqual(self.world.ear.listens(1), LONDON.icao)

@@ -8,7 +8,6 @@ from hostile_server import HostileServer, make_tone
 from world.feeds import FEEDS
 from world.world import SOUNDS, World
 
-CHECK, LABEL, LIST, CANCEL = 2023, 1801, 1803, 2
 ROWS = ('5|CYYZ|broken||1 "|" instead of 3', "2|EGLL refuse|*The server takes no connections", "3|EGLL 404|*(404)",
         "4|EGLL untrusted|*No valid certificate*redirected to https", "6|EGLL mute|*within ten seconds", "7|EGLL gone|*There is no such folder",
         "1|EGLL relative-redirect|*|Redirected to *.end?a=b", *(f"{8 + n}|{feed.icao} *|Plays" for n, feed in enumerate(FEEDS)))
@@ -30,20 +29,20 @@ class Check(unittest.TestCase):
 
             def check(until):
                 server.asked.clear()
-                copilot.ask(f"command {CHECK}")
-                return copilot.await_text(f"field {LABEL}", lambda text: text.startswith(until), 40)
+                copilot.ask("command IdMnuCheckFeeds")
+                return copilot.await_text("field IDC_CHECK_STATE", lambda text: text.startswith(until), 40)
 
             check("Trying 5 of 9: EGLL mute")
             self.assertEqual(world.ear.listens(2), feed.icao)
             check("Done. Good: 3. Redirected: 1. Failed: 5. Faults in the file: 1.")
             for number, row in enumerate(ROWS, 1):
-                shown = copilot.ask(f"row {number} {LIST}")
+                shown = copilot.ask(f"row {number} IDC_CHECK_LIST")
                 for part in row.split("*"):
                     self.assertIn(part, shown)
             self.assertEqual(world.ear.listens(1), feed.icao)
             check("Trying 5 of 9")
-            copilot.ask(f"press {CANCEL}")
-            copilot.await_text(f"field {LABEL}", lambda text: text.startswith("Cancelled after 4 of 9."))
+            copilot.ask("press IDCANCEL")
+            copilot.await_text("field IDC_CHECK_STATE", lambda text: text.startswith("Cancelled after 4 of 9."))
             check("Trying 5 of 9")
             copilot.ask("close QuillonMain")
             self.assertEqual(world.quillon.wait(8), 0)  # sooner than the address is given up

@@ -23,7 +23,7 @@ from world.station import Stations
 from world.world import World
 
 TORONTO, LONDON, NEW_YORK = FEEDS
-OK, CANCEL = 1, 2
+OK, CANCEL = "IDOK", "IDCANCEL"
 DEFAULTS = b" 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n"
 MINE, MINE_SAVED = DEFAULTS.replace(b"50", b"12").replace(b" ", b""), DEFAULTS.replace(b"50", b"12")
 OLD_BACKUP = b"old backup"
@@ -77,8 +77,9 @@ def others(station):
     """Two simulators at once, and one restarted between two ticks."""
     station.fly()
     station.await_tuned()
+    first = station.copilot.ask("pid UIPCMAIN")
     second = station.start("PracticeSim.exe", "--com2stby", LONDON.frequency)
-    time.sleep(2)
+    station.copilot.await_text("pid UIPCMAIN", lambda pid: pid != first, 20)  # its window opens above the other
     station.simulator.kill()
     station.await_tuned(LONDON)
     station.quillon.send_signal(signal.SIGSTOP)

@@ -8,7 +8,7 @@ from world.feeds import FEEDS
 from world.world import World
 
 TORONTO, LONDON, NEW_YORK = FEEDS
-DISTANCE = "text 1005"
+DISTANCE = "text IdLabel2"
 
 
 class Flight(unittest.TestCase):
@@ -81,10 +81,10 @@ class Flight(unittest.TestCase):
     def test_7_the_strip_mutes_and_unmutes(self):
         self.tune(LONDON)
         self.ear.await_(LONDON.icao)
-        self.copilot.ask("click 1007")
+        self.copilot.ask("click IdPause")
         self.ear.await_("silence")
         self.assertEqual((self.copilot.ask("title"), self.copilot.ask("panel 1")), ("Quillon -Mute", "Muted"))
-        self.copilot.ask("click 1006")
+        self.copilot.ask("click IdPlay")
         self.ear.await_(LONDON.icao)
 
     def test_8_ends_with_the_simulator_and_saves_the_settings(self):

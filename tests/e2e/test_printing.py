@@ -9,7 +9,6 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
 from world.printing import PrintServer
 from world.world import World
 
-PRINT, OK, CANCEL, YES = 2021, 1, 2, 6
 COLUMN = 559 / 120  # points: A4 within this printer's margins of 18 points
 
 
@@ -31,11 +30,11 @@ class Printing(unittest.TestCase):
         self.addCleanup(self.copilot.ask, "close QuillonMain")
 
     def print_list(self, outcome):
-        self.copilot.ask(f"command {PRINT}")
+        self.copilot.ask("command IdMnuPrint")
         self.copilot.await_text("boxes", lambda text: text.startswith("Print Listing|The List will print as"))
-        self.copilot.ask(f"press {YES}")
+        self.copilot.ask("press IDYES")
         self.copilot.await_text("boxes", lambda text: text.startswith(outcome), 20)
-        self.copilot.ask(f"press {OK}")
+        self.copilot.ask("press IDOK")
 
     def check(self, pdf, rows, total):
         text, boxes = (subprocess.check_output(["pdftotext", option, pdf, "-"], text=True, encoding="utf-8")
@@ -63,7 +62,7 @@ class Printing(unittest.TestCase):
         self.show(20000)
         self.print_list("Print|")
         self.copilot.await_text("boxes", lambda text: re.fullmatch(r"Print Listing\|Printing page \d+ of 364", text))
-        self.copilot.ask(f"press {CANCEL}")
+        self.copilot.ask("press IDCANCEL")
         self.copilot.await_text("boxes", "")
         self.doCleanups()
         self.printer.run("lpadmin", "-x", self.printer.QUEUE)

@@ -9,10 +9,8 @@ from world.processes import wait_until
 from world.world import World
 
 TORONTO, LONDON, NEW_YORK = FEEDS
-ADD, BACKUP, RESTORE, EDIT, HELP, FOLDERS, ABOUT, RANGE = 2011, 2012, 2013, 2014, 2015, 2016, 2017, 2006
-LIVE, RADIO, PLAYLIST, WAVES, ICAO, CITY, URL, FREQ = 1601, 1602, 1603, 1604, 1611, 1612, 1613, 1614
+LIVE, RADIO, PLAYLIST, WAVES = "IDC_KIND1", "IDC_KIND1+1", "IDC_KIND1+2", "IDC_KIND4"
 CITIES = {LIVE: "", RADIO: "Radio - ", PLAYLIST: "Playlist ", WAVES: "Wav - "}  # what each kind begins with
-OK, CANCEL, YES, NO = 1, 2, 6, 7
 ESCAPE, CONTROL, HOME, SHIFT, DOWN, DELETE, KEY_S = 0x1B, 0x11, 0x24, 0x10, 0x28, 0x2E, 0x53
 
 
@@ -39,15 +37,15 @@ class Upkeep(unittest.TestCase):
 
     def fill(self, kind, **texts):
         self.copilot.ask(f"press {kind}")
-        self.copilot.await_text(f"field {CITY}", CITIES[kind])
+        self.copilot.await_text("field IDC_TXT_CITY", CITIES[kind])
         for name, text in texts.items():
-            self.copilot.ask(f"field {globals()[name]} ={text}")
-        self.copilot.ask(f"press {OK}")
+            self.copilot.ask(f"field IDC_TXT_{name} ={text}")
+        self.copilot.ask("press IDOK")
 
     def test_1_a_refusal_is_told(self):
-        self.copilot.ask(f"command {ADD}")
+        self.copilot.ask("command IdMnuAddAtc")
         self.box("Add Feed|")
-        self.assertEqual(self.copilot.ask(f"field {URL}"), "http://feeds.example/")
+        self.assertEqual(self.copilot.ask("field IDC_TXT_URL"), "http://feeds.example/")
         self.fill(LIVE, ICAO="EGLL", FREQ=TORONTO.frequency)
         self.close_by_keyboard("Available Frequencies")
 
@@ -62,7 +60,7 @@ class Upkeep(unittest.TestCase):
                                            (PLAYLIST, "Playlist Added", waves[:-4] + "list.wpl", "120.10"),
                                            (WAVES, "Wav - Added", waves + chatter + "\\", "120.15")):
             self.fill(kind, ICAO="EGLL", CITY=city, URL=url, FREQ=frequency)
-            self.copilot.await_text(f"field {ICAO}", "")  # ready for the next
+            self.copilot.await_text("field IDC_TXT_ICAO", "")  # ready for the next
         self.close_by_keyboard("Add Feed")
         for frequency, heard in (("120.00", TORONTO.icao), ("120.05", LONDON.icao), ("120.10", NEW_YORK.icao)):
             self.copilot.ask(f"tune com2stby {frequency}")
@@ -72,9 +70,9 @@ class Upkeep(unittest.TestCase):
 
     def test_3_backup_and_restore_go_through_the_recycle_bin(self):
         mine = self.catalogue.read_bytes()
-        self.copilot.ask(f"command {BACKUP}")
+        self.copilot.ask("command IdMnuBackup")
         self.box("Please confirm you want to backup")
-        self.copilot.ask(f"press {YES}")
+        self.copilot.ask("press IDYES")
         self.close_by_keyboard("Success")
         self.assertEqual((self.world.data / "live_atc_feeds.bak").read_bytes(), mine)
         self.catalogue.write_bytes(b"EGLL|Spoilt|http://x.example/|118.20\r\n")
@@ -88,17 +86,17 @@ class Upkeep(unittest.TestCase):
         self.catalogue.write_bytes(mine)
 
     def restore(self):
-        self.copilot.ask(f"command {RESTORE}")
+        self.copilot.ask("command IdMnuRestore")
         self.box("Restoring will move")
-        self.copilot.ask(f"press {YES}")
+        self.copilot.ask("press IDYES")
         self.box("Confirm file deletion")
-        self.copilot.ask(f"press {YES}")
+        self.copilot.ask("press IDYES")
 
     def test_4_notepad_edits_while_the_window_lives(self):
-        self.copilot.ask(f"command {EDIT}")
+        self.copilot.ask("command IdMnuEditData")
         self.copilot.ask("wait Notepad 20000")
-        self.copilot.await_text("enabled 1001", "0")
-        self.copilot.ask(f"command {RANGE}")  # without effect
+        self.copilot.await_text("enabled IdFeedList", "0")
+        self.copilot.ask("command IdMnuRange")  # without effect
         rows = self.catalogue.read_bytes().count(b"\n")
         for keys in ((CONTROL, HOME), (SHIFT, DOWN), (DELETE,), (CONTROL, KEY_S)):
             for key in keys[:-1]:
@@ -109,17 +107,17 @@ class Upkeep(unittest.TestCase):
         wait_until("a shorter file", lambda: self.catalogue.read_bytes().count(b"\n") == rows - 1, 10)
         self.assertEqual(self.copilot.ask("boxes"), "")
         self.copilot.ask("close Notepad")
-        self.copilot.await_text("enabled 1001", "1")
+        self.copilot.await_text("enabled IdFeedList", "1")
 
     def test_5_small_dialogs_open_and_close_by_keyboard(self):
-        self.copilot.ask(f"command {HELP}")
+        self.copilot.ask("command IdMnuContents")
         wait_until("the help pages", lambda: self.opened.exists() and "help/index.html" in self.opened.read_text(), 10)
-        for command, title in ((FOLDERS, "Program Folders"), (ABOUT, "About Quillon")):
+        for command, title in (("IdMnuFolders", "Program Folders"), ("IdMnuAbout", "About Quillon")):
             self.copilot.ask(f"command {command}")
             self.close_by_keyboard(title)
 
     def test_6_closing_leaves_notepad_alone(self):
-        self.copilot.ask(f"command {EDIT}")
+        self.copilot.ask("command IdMnuEditData")
         self.copilot.ask("wait Notepad 20000")
         self.copilot.ask("close QuillonMain")
         self.assertEqual(self.world.quillon.wait(20), 0)
