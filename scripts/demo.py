@@ -86,5 +86,5 @@ class Tour:
 if __name__ == "__main__":
     try:
         sys.exit(main())
-    except KeyboardInterrupt:  # also what the world makes of a request to end
+    except KeyboardInterrupt:  # the world turns SIGTERM and SIGHUP into this, too
         sys.exit("Stopped.")

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Installs what is missing of the Debian packages that building, running and testing Quillon need.
+# Installs the Debian packages needed to build, run and test Quillon, and those given, unless they are there.
 set -eu
 packages="cmake ninja-build g++ googletest g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
   python3 wine wine64 fonts-wine fonts-liberation xvfb xauth openbox imagemagick

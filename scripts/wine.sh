@@ -1,5 +1,5 @@
 #!/bin/sh
-# Runs a Windows program in a Wine prefix of the build folder, which is made on first use: never in the user's own.
+# Runs a Windows program in a Wine prefix in the build folder, made on first use; never in the user's own.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
 export WINEPREFIX="$root/build/wine-template" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}" LC_ALL="${LC_ALL:-C.UTF-8}"

@@ -27,7 +27,7 @@ FEEDS = (
          "Kennedy Tower. Delta four one two, runway three one left, line up and wait, traffic on a four mile final."),
 )
 
-# Recorded chatter, as it comes with Quillon.
+# The recorded chatter that ships with Quillon.
 RECORDINGS = {
     "CYYZ_T": ("Charlie golf alpha bravo kilo, contact ground on one two one decimal niner.",
                "Charlie foxtrot lima mike november, wind two four zero at eight, runway two four right, cleared for take off.",
@@ -40,7 +40,7 @@ RECORDINGS = {
                                    "November six five kilo, taxi via alpha alpha, hold short of runway two five right."),
 }
 
-RADIO = "highpass=f=350,lowpass=f=2800,acompressor,volume=1.5"  # what a radio lets through
+RADIO = "highpass=f=350,lowpass=f=2800,acompressor,volume=1.5"  # the band that a radio passes
 
 
 def speak(path, speech, voice="en", *encoding):
@@ -51,7 +51,7 @@ def speak(path, speech, voice="en", *encoding):
 
 
 def make_sound(path, speech, tone, seconds, *encoding):
-    """Speech as a radio lets it through, over a soft tone."""
+    """Speech as heard over a radio, mixed with a soft tone."""
     wave = path.with_suffix(".radio.wav")
     speak(wave, speech)
     subprocess.run(
@@ -100,7 +100,7 @@ class FeedServer:
     def __init__(self, processes, folder, sounds):
         self.port = free_port()
         folder.mkdir()
-        # Icecast refuses to run as root; it then changes to a user that may write its logs.
+        # Icecast refuses to run as root, so it switches to a user who may write its logs.
         owner = "<changeowner><user>nobody</user><group>nogroup</group></changeowner>" if os.geteuid() == 0 else ""
         folder.chmod(0o777)
         config = folder / "icecast.xml"

@@ -1,4 +1,4 @@
-"""A random hand on Quillon and on what surrounds it, and what Quillon takes of the system meanwhile."""
+"""Random input to Quillon and its surroundings, and the system resources that Quillon uses meanwhile."""
 import random
 import time
 from pathlib import Path
@@ -31,12 +31,12 @@ def clear_boxes(station, buttons):
 
 
 def measure(station):
-    """The six of MEASURED while nothing goes on."""
+    """The MEASURED figures while Quillon is idle."""
     def quiet():
         station.try_to("click IdOptAuto", "command IdMnuSelComm", f"click {COM2_STANDBY}", "click IdComClose",
-                       f"key {TAB}")  # muted is not quiet
+                       f"key {TAB}")  # in case it is muted
         clear_boxes(station, (CANCEL, NO, OK))
-        time.sleep(4)  # between two looks: sessions and boxes take their time to end
+        time.sleep(4)  # between two polls; a session may still be ending
         return station.copilot.ask("title") == "Quillon -S"
 
     station.try_to("pause 0", "tune com2stby 122.80")
@@ -48,7 +48,7 @@ def measure(station):
 
 
 def play(station, minutes, seed=1):
-    """Does anything at any moment; returns what was measured about once a minute."""
+    """Does random things at random moments; returns the measurements, about one a minute."""
     chance, samples = random.Random(seed), []
     end = time.monotonic() + 60 * minutes
     while time.monotonic() < end:
@@ -61,7 +61,7 @@ def play(station, minutes, seed=1):
 
 
 def grows(samples):
-    """Which of the six is larger in the second half of the time than it was in the first."""
+    """Names the figures that were larger in the second half of the run than in the first."""
     half = len(samples) // 2
     largest = zip(MEASURED, map(max, zip(*samples[:half])), map(max, zip(*samples[half:])))
     return [name for name, before, after in largest if after > before * 1.05 + 2]

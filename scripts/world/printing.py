@@ -1,4 +1,4 @@
-"""A printer of one's own: a private CUPS whose one queue keeps what it is given as PostScript files."""
+"""A private CUPS server whose only queue keeps each print job as a PostScript file."""
 import subprocess
 from pathlib import Path
 
@@ -41,7 +41,7 @@ cat ${{6:+"$6"}} > {folder}/.job && mv {folder}/.job {folder}/job-$1.ps
 
 
 class PrintServer:
-    """Programs that are started in the world from then on print on it."""
+    """The default printer of every program that is started in the world afterwards."""
 
     QUEUE = "Quill"
 
@@ -56,7 +56,7 @@ class PrintServer:
                 (folder / "bin" / path.name).symlink_to(path)
         backend = folder / "bin/backend/keep"
         backend.write_text(BACKEND.format(folder=folder))
-        backend.chmod(0o700)  # which makes it run as the user who owns the server
+        backend.chmod(0o700)  # so that CUPS runs it as the user who owns the server
         (folder / "etc/cupsd.conf").write_text(SERVER.format(folder=folder))
         (folder / "etc/cups-files.conf").write_text(FILES.format(folder=folder))
         world.processes.start("cupsd", ["/usr/sbin/cupsd", "-f", "-c", folder / "etc/cupsd.conf",
@@ -69,11 +69,11 @@ class PrintServer:
         return subprocess.run(command, env=self.env, capture_output=True, text=True, timeout=30).stdout
 
     def documents(self):
-        """PostScript files of what was printed, oldest first."""
+        """The printed documents as PostScript files, oldest first."""
         return sorted(self.folder.glob("job-*.ps"), key=lambda path: path.stat().st_mtime)
 
     def next_pdf(self, seconds=20):
-        """Waits for a document, takes it off the pile and returns it as a PDF file."""
+        """Waits for the next printed document and returns it as a PDF file."""
         document = wait_until("a printed document", self.documents, seconds)[0]
         pdf = document.with_suffix(".pdf")
         subprocess.run(["ps2pdf", document, pdf], check=True, timeout=60)

@@ -1,8 +1,8 @@
-"""Processes that are stopped again."""
+"""Child processes that never outlive us."""
 import subprocess
 import time
 
-# Whatever ends us, our processes do not stay behind. It becomes the program that it starts.
+# Stops the program when we end, however we end. setpriv replaces itself with the program.
 END_WITH_PARENT = ("setpriv", "--pdeathsig", "TERM", "--")
 
 
@@ -36,7 +36,7 @@ class Processes:
 
 
 def wait_until(what, condition, seconds):
-    """Polls until the condition gives something true, which is returned."""
+    """Polls until the condition returns something true, and returns that. Raises TimeoutError."""
     deadline = time.monotonic() + seconds
     while True:
         result = condition()

@@ -1,4 +1,4 @@
-"""A sound server without a sound card, and an ear on what it plays."""
+"""A sound server without a sound card, and an ear that listens to it."""
 import array
 import math
 import os
@@ -36,11 +36,11 @@ class SoundServer:
                                            "--channels=1", "--latency-msec=20"], {**os.environ, **self.env}, stdout=file)
 
     def unplug(self):
-        """Leaves nothing to play on, and nothing to hear."""
+        """Removes the only sound device; nothing is heard until plug_in()."""
         self.control("unload-module", "module-null-sink").check_returncode()
 
     def last(self, seconds):
-        """The newest sound, as samples."""
+        """The most recent sound, as samples."""
         size = 2 * int(RATE * seconds)
         with open(self.recording, "rb") as file:
             end = file.seek(0, os.SEEK_END) // 2 * 2
@@ -69,7 +69,7 @@ SILENCE = 0.002
 
 
 class Ear:
-    """Tells which feed is to be heard."""
+    """Tells which feed is audible."""
 
     def __init__(self, server, tones):
         self.server = server
@@ -85,13 +85,13 @@ class Ear:
         return name if first > 3 * second and first > 0.01 else "something else"
 
     def listens(self, seconds):
-        """What is heard in the time that follows."""
+        """Listens for that time from now on; returns what hears() says of it."""
         end = self.server.recording.stat().st_size + 2 * int(RATE * seconds)
         wait_until("the recording", lambda: self.server.recording.stat().st_size >= end, seconds + 5)
         return self.hears(seconds)
 
     def await_(self, name, seconds=10):
-        """Waits until that is heard; returns after how many seconds."""
+        """Waits until `name` is heard; returns how many seconds that took."""
         start = time.monotonic()
         try:
             wait_until(name, lambda: self.hears() == name, seconds)

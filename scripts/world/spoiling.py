@@ -1,4 +1,4 @@
-"""Ways in which the files of a station's data folder cannot be used. Each is a function of station and path."""
+"""Ways to make the files of a station's data folder unusable. Each is a function of a station and a path."""
 import contextlib
 import subprocess
 
@@ -8,18 +8,18 @@ def read_only(_, path):
 
 
 def lock(station, path):
-    """As another program does that opens it for itself alone."""
+    """Like another program that opens it exclusively."""
     station.copilot.ask(f"lock {station.windows_path(path)}")
 
 
 def put_folder(_, path):
-    """A folder in the file's place, which lies beside it."""
+    """Puts a folder in the file's place, and the file next to it."""
     path.rename(path.with_name(path.name + ".was"))
     path.mkdir()
 
 
 def take_folder(station, _):
-    """The whole data folder goes."""
+    """Moves the whole data folder away."""
     if station.data.exists():
         station.data.rename(station.data.with_name("Quillon.was"))
 
@@ -33,7 +33,7 @@ def fill_disk(station, _):
 
 @contextlib.contextmanager
 def small_disk(station):
-    """An empty data folder on a disk of 1 MB; takes root."""
+    """Mounts an empty 1 MB disk over the data folder; needs root."""
     subprocess.run(["mount", "-t", "tmpfs", "-o", "size=1m", "tmpfs", station.data], check=True)
     try:
         yield

@@ -1,4 +1,4 @@
-"""Several Quillons side by side, each in a Wine prefix of its own, on one screen and with one sound."""
+"""Several Quillons side by side, each in a Wine prefix of its own, sharing one screen and one sound server."""
 import queue
 import shutil
 import time
@@ -9,11 +9,11 @@ from .wine import Copilot, Prefix
 from .world import World
 
 INTERNATIONAL = r"HKCU\Control Panel\International"
-SEPARATORS = {"sDecimal": ",", "sThousand": "."}  # of a user whose own Quillon changes
+SEPARATORS = {"sDecimal": ",", "sThousand": "."}  # the user's own, which Quillon replaces while it runs
 
 
 class Station(World):
-    """A prefix on another world's screen; everything in it is made anew for each job."""
+    """A Wine prefix on another world's screen; each job finds fresh files in it."""
 
     def __init__(self, base):
         self.base = base
@@ -43,7 +43,7 @@ class Station(World):
             self.processes.close()
 
     def fly(self, *options):
-        """Over Toronto and tuned to its tower."""
+        """Starts a simulator over Toronto, tuned to its tower, and Quillon."""
         self.simulator = self.start_simulator("--com2stby", FEEDS[0].frequency, *options)
         self.start_quillon()
 
@@ -69,17 +69,17 @@ class Station(World):
             try:
                 self.copilot.ask(command)
             except RuntimeError:
-                pass  # a button that is not there, a window that is just going
+                pass  # there is no such button, or the window is closing
 
     def box(self, *texts, press=None):
-        """Waits for boxes with these texts, and until one of them is gone by a button."""
+        """Waits until the boxes show all these texts; `press` is the button that then closes the topmost."""
         boxes = self.copilot.await_text("boxes", lambda now: all(text in now for text in texts), 15)
         if press:
             self.copilot.ask(f"press {press}")
             self.copilot.await_text("boxes", lambda now: now != boxes)
 
     def silence(self, seconds):
-        """The longest time without an answer of the window, until the program ends or for so long."""
+        """The longest time in seconds without an answer from the window, until the program ends or for `seconds`."""
         start = last = time.monotonic()
         worst = 0
         while self.quillon.poll() is None and time.monotonic() - start < seconds:
@@ -87,7 +87,7 @@ class Station(World):
                 self.copilot.ask("text IdLabel2")
                 worst, last = max(worst, time.monotonic() - last), time.monotonic()
             except RuntimeError:
-                pass  # no answer for ten seconds, or just ending
+                pass  # no answer for ten seconds, or it is ending
             time.sleep(0.05)
         return max(worst, time.monotonic() - last)
 
@@ -103,7 +103,7 @@ class Station(World):
 
 
 class Stations:
-    """Does jobs, which are functions of a station, on a few stations at once."""
+    """Runs jobs, which are functions of a station, on several stations at once."""
 
     def __init__(self, base, count):
         self.all = [Station(base) for _ in range(count)]

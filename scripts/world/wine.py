@@ -1,4 +1,4 @@
-"""A Wine prefix of one's own, and programs in it."""
+"""A private Wine prefix, and programs in it."""
 import os
 import shutil
 import subprocess
@@ -41,7 +41,7 @@ class Prefix:
                     "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe=d"}
         self.env.pop("XDG_DATA_HOME", None)
         self.env.setdefault("XAUTHORITY", os.path.expanduser("~/.Xauthority"))  # the user's screen asks for it
-        # Keeps the server alive between programs; Debian's wrapper would let it go with the last one.
+        # Keeps the server alive between programs; Debian's wrapper would end it with the last one.
         subprocess.run(["wineserver", "-p120"], env=self.env, check=True)
 
     @property
@@ -57,11 +57,11 @@ class Prefix:
         return subprocess.run(self.command(program, *arguments), env=self.env, capture_output=True, text=True, timeout=60)
 
     def use_browser(self):
-        """Puts a file in the place of the web browser; the addresses that are opened are its lines."""
+        """Replaces the web browser with a script; returns the file to which it appends each address."""
         opened, browser = self.folder / "opened", self.folder / "browser"
         browser.write_text(f'#!/bin/sh\necho "$1" >> {opened}\n')
         browser.chmod(0o755)
-        page = r"HKCR\.html", r"HKCR\quillonpage\shell\open\command"  # without mshtml Wine knows no pages
+        page = r"HKCR\.html", r"HKCR\quillonpage\shell\open\command"  # without mshtml nothing opens pages
         self.run("reg", "add", r"HKCU\Software\Wine\WineBrowser", "/v", "Browsers", "/d", str(browser), "/f")
         self.run("reg", "add", page[0], "/ve", "/d", "quillonpage", "/f")
         self.run("reg", "add", page[1], "/ve", "/d", 'winebrowser "%1"', "/f")
@@ -73,7 +73,7 @@ class Prefix:
 
 
 class Copilot:
-    """The program that flies the practice simulator and reads Quillon's window, one line at a time."""
+    """The program that flies the practice simulator and reads Quillon's window, one command per line."""
 
     def __init__(self, processes, prefix):
         self.process = processes.start("copilot", prefix.command("Copilot.exe"), prefix.env,
@@ -91,13 +91,13 @@ class Copilot:
         return [self.ask(f"panel {number}") for number in range(1, 5)]
 
     def await_text(self, command, expected, seconds=10):
-        """Waits until the answer to a command is as expected (a text, or a test of the answer)."""
+        """Asks until the answer is as expected (a text, or a predicate), and returns it."""
         answers = [""]
 
         def as_expected():
             try:
                 answers[0] = self.ask(command)
-            except RuntimeError as error:  # a window that is just going or coming
+            except RuntimeError as error:  # the window is opening or closing
                 answers[0] = str(error)
             return expected(answers[0]) if callable(expected) else answers[0] == expected
 

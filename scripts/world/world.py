@@ -1,4 +1,4 @@
-"""Everything at once."""
+"""The complete world: screen, sound, feeds, Wine prefix, practice simulator and Quillon."""
 import atexit
 import os
 import shutil
@@ -16,7 +16,7 @@ SOUNDS = ROOT / "build" / "sounds"
 
 
 class World:
-    """`user_session` uses the screen and the sound of whoever runs it; otherwise both are virtual."""
+    """With `user_session`, on the screen and sound of whoever runs it; otherwise both are virtual."""
 
     def __init__(self, user_session=False):
         self.folder = Path(tempfile.mkdtemp(prefix="quillon-"))

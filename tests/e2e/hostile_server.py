@@ -1,4 +1,4 @@
-"""A server of live audio with bad manners, on loopback. The path asked for names the behaviour."""
+"""A badly behaved server of live audio, on loopback. The requested path names the behaviour."""
 import collections
 import random
 import socket
@@ -25,7 +25,7 @@ def make_tone(path, tone, rate=32000, channels=1, quality="-b:a 64k -reservoir 0
 
 
 def with_titles(sound, every, title):
-    """With announcements of no, odd and the greatest length in it."""
+    """The sound with announcements in it: empty, odd and of the greatest length."""
     pieces = [sound[at:at + every] for at in range(0, len(sound), every)]
     lengths = (0, 1, 3, 0, 255, 0, 7) * len(pieces)
     return b"".join(piece + bytes([length]) + title[:16 * length] for piece, length in zip(pieces, lengths))
@@ -38,12 +38,12 @@ class Visit(socketserver.BaseRequestHandler):
         try:
             name = self.request.recv(4096).decode("latin-1").split(" ")[1].lstrip("/").split("?")[0]
             self.server.asked[name] += 1
-            self.number = self.server.asked[name]  # of this name's visits, from 1
+            self.number = self.server.asked[name]  # this name's visits so far
             self.tone = self.server.tones.get(name.split(".")[0], b"")
             self.request.settimeout(90)
             BEHAVIOURS.get(name, lambda visit: visit.answer("404 Not Found"))(self)
         except (OSError, IndexError):
-            pass  # the other side has gone
+            pass  # the client has gone
 
     def send(self, data):
         self.request.sendall(data)
@@ -65,7 +65,7 @@ class Visit(socketserver.BaseRequestHandler):
         return self
 
     def play(self, seconds=SECONDS, sound=None, rate=BYTES_A_SECOND, packed=lambda piece: piece):
-        """Sound as it is made, but for one second that is there at once."""
+        """Sends sound in real time, one second ahead."""
         sound = (sound or self.tone)[:int(seconds * rate)]
         start = time.monotonic() - 1
         for at in range(0, len(sound), FRAME * 5):
@@ -81,7 +81,7 @@ class Visit(socketserver.BaseRequestHandler):
 
 
 def on_first(spoil):
-    """Does that at first and plays the next time."""
+    """Misbehaves on the first visit and plays on later ones."""
     return lambda visit: spoil(visit) if visit.number == 1 else visit.fine()
 
 
@@ -126,7 +126,7 @@ BEHAVIOURS = {
 
 
 class HostileServer(socketserver.ThreadingTCPServer):
-    """`tones` are the sounds, by the behaviour's name."""
+    """`tones` maps the names of behaviours to their sounds."""
     daemon_threads = True
 
     def __init__(self, tones, folder, certificate=None):

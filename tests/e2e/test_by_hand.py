@@ -12,7 +12,7 @@ CONTROL, ENTER, TAB, F3 = 17, 13, 9, 0x72
 
 
 class ByHand(unittest.TestCase):
-    """One sitting with a restart in it; the tests are its steps, in order."""
+    """One session with a restart; the tests are its steps, in order."""
 
     @classmethod
     def setUpClass(cls):
@@ -55,7 +55,7 @@ class ByHand(unittest.TestCase):
 
     def test_3_a_pick_in_manual_mode_is_heard(self):
         self.copilot.ask("click IdOptManual")
-        for feed in (LONDON, NEW_YORK):  # New York is out of range, which does not matter by hand
+        for feed in (LONDON, NEW_YORK):  # New York is out of range, which does not matter in manual mode
             self.copilot.ask(f"rowclick {self.row_of(feed)}")
             self.ear.await_(feed.icao)
             self.copilot.await_text("panel 2", "Manual")
@@ -120,7 +120,7 @@ class ByHand(unittest.TestCase):
 
     def test_8_the_status_dialog_shows_the_link(self):
         self.copilot.ask("command IdMnuRecordedChatter")
-        self.copilot.ask(f"key {TAB}")  # what then loses the keyboard says so while the dialog is being made
+        self.copilot.ask(f"key {TAB}")  # what loses the focus then says so while the dialog is being created
         self.copilot.ask("command IdMnuFsuipc")
         self.copilot.await_text("boxes", lambda text: "Com1 Freq:      119.10" in text and "FlightSim:  FSX" in text)
         self.copilot.ask("press IDOK")

@@ -12,7 +12,7 @@ from world.sound import Ear
 from world.world import World
 
 TORONTO, LONDON, _ = FEEDS
-RECORDINGS = {"adpcm_ms": 500, "pcm_mulaw": 900, "pcm_u8": 1300}  # name, which is that of the coding -> Hz
+RECORDINGS = {"adpcm_ms": 500, "pcm_mulaw": 900, "pcm_u8": 1300}  # codec and file name -> Hz
 TAB, END = 9, 35
 
 
@@ -35,8 +35,8 @@ class Chatter(unittest.TestCase):
         cls.copilot = cls.world.copilot
 
     def press(self, key):
-        """Well before the clock's next second: a key that is down at its beginning counts once more."""
-        wait_until("a young second", lambda: time.time() % 1 < 0.7, 2)
+        """Not just before the clock's next second: a key still down when it begins counts again."""
+        wait_until("the start of a second", lambda: time.time() % 1 < 0.7, 2)
         self.copilot.ask(f"key {key}")
 
     def heard(self, count):

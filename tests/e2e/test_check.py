@@ -45,7 +45,7 @@ class Check(unittest.TestCase):
             copilot.await_text("field IDC_CHECK_STATE", lambda text: text.startswith("Cancelled after 4 of 9."))
             check("Trying 5 of 9")
             copilot.ask("close QuillonMain")
-            self.assertEqual(world.quillon.wait(8), 0)  # sooner than the address is given up
+            self.assertEqual(world.quillon.wait(8), 0)  # before the address is given up
 
 
 if __name__ == "__main__":

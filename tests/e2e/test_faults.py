@@ -1,7 +1,7 @@
-"""Simulators that fail, files that cannot be used, being killed: what the real Quillon.exe makes of them.
+"""Failing simulators, unusable files, being killed: how the real Quillon.exe copes.
 
-The jobs are done on four Wine prefixes side by side. Does some of them; --all does every one, 200 kills and half an
-hour (or HAND_MINUTES) under a random hand, and tells the figures; Faults.test_NAME does one.
+The jobs share four Wine prefixes. Runs some of them; --all runs every one, 200 kills and half an hour (or
+HAND_MINUTES) of random input, and prints the figures; Faults.test_NAME runs one.
 """
 import contextlib
 import os
@@ -32,7 +32,7 @@ ALL = "--all" in sys.argv
 
 
 def in_flight(fault, ends=True):
-    """Ends within what the link's retries take, or goes on as if nothing had been."""
+    """Quillon ends once the link's retries are used up, or carries on as if nothing had happened."""
     def job(station):
         station.fly()
         station.await_tuned()
@@ -52,7 +52,7 @@ def in_flight(fault, ends=True):
 
 
 def at_start(*options):
-    """Is looked for until the fault ends."""
+    """Quillon looks for the simulator until it behaves."""
     def job(station):
         station.fly(*options)
         worst = 0
@@ -67,7 +67,7 @@ def at_start(*options):
 
 
 def hung_at_start(station):
-    """The splash goes, though each tick takes longer than the timer's interval."""
+    """The splash closes although each tick takes longer than the timer's interval."""
     station.start_simulator("--fault", "hang=3000")
     station.quillon = station.start("Quillon.exe")
     return f"window after {int(station.copilot.ask('wait QuillonMain 40000')) / 1000:.1f} s"
@@ -126,7 +126,7 @@ def unusable(spoil, error, readable=False):
 
 
 def deep(station):
-    """Recordings are played from a folder whose path is longer than Windows usually takes."""
+    """Recordings are played from a folder whose path is longer than Windows usually allows."""
     folder = station.data.joinpath("ATC", *("long" * 15 for _ in range(5)))
     shutil.copytree(station.data / "ATC" / "CYYZ_T", folder)
     line = f"CYYZ|Wav - Deep|{station.windows_path(folder)}\\|{TORONTO.frequency}\r\n"
@@ -138,7 +138,7 @@ def deep(station):
 
 
 def kill_once(station, stage, seconds):
-    """Every file is the old one or the new one as a whole. Returns whether one was the new one already."""
+    """Every file is wholly old or wholly new. Returns whether one was new."""
     lines = b"".join(b"// %07d\r\n" % number for number in range(200_000)) + station.feeds.catalogue().encode()
     for path, content in ((station.catalogue, lines), (station.settings, MINE), (station.backup, OLD_BACKUP)):
         path.write_bytes(content)

@@ -1,4 +1,4 @@
-"""Live audio from a server with bad manners: what the real Quillon.exe shows, and what is heard.
+"""Live audio from a badly behaved server: what the real Quillon.exe shows, and what is heard.
 
 Runs a few behaviours; --all runs every one, and every format of MP3; Hostile.test_NAME runs one.
 """
@@ -17,8 +17,8 @@ from world.world import SOUNDS, World
 
 PANELS = {"S": "Stopped", "B": "Buffering", "C": "Connecting", "OK": "Playing", "NC": "No Connection"}
 
-# Suffixes of the caption after tuning, as an expression; what is heard, in order; how long it must stay so and how
-# long it may take to come so far, in seconds; how often the address itself may be asked.
+# The caption's suffixes after tuning, as a regular expression; what is heard, in order; for how many seconds this must
+# last and within how many it must be reached; how often the address itself may be requested.
 Row = namedtuple("Row", "states heard stays within asked", defaults=("tone", 1.5, 10, 1))
 AWAY = Row("C ", "", 12, 3, 9)
 USELESS = Row("(C |B )*NC ", "", 5, 15, 3)
@@ -26,7 +26,7 @@ REFUSED = Row("(C )?NC ", "", 5, 10, 1)
 HEARD = Row("(C |B )*OK ")
 GAP = Row("(C )?OK ((B |C )+OK )?", "tone silence tone", asked=2)
 
-# What lame makes: sampling rate, channels, bit rate or quality; MPEG 2.5, 2 and 1.
+# What lame encodes: sampling rate, channels, bit rate or quality; MPEG 2.5, 2 and 1.
 FORMATS = ((8000, 1, "-b:a 8k"), (11025, 2, "-b:a 64k"), (12000, 1, "-b:a 24k"), (12000, 2, "-q:a 4"),
            (16000, 1, "-b:a 8k"), (22050, 2, "-b:a 160k"), (24000, 1, "-b:a 32k"), (22050, 1, "-q:a 6"),
            (32000, 2, "-b:a 40k"), (44100, 1, "-b:a 32k"), (48000, 2, "-b:a 320k"), (44100, 2, "-q:a 0"))
@@ -58,12 +58,12 @@ def tone_of(name):
 
 
 def note(history, what):
-    if what not in (history[-1], "something else"):  # which is heard while a sound begins and ends
+    if what not in (history[-1], "something else"):  # heard while a sound begins or ends
         history.append(what)
 
 
 class Hostile(unittest.TestCase):
-    """One sitting over Toronto; every behaviour has a frequency and a tone of its own."""
+    """One session over Toronto; every behaviour has a frequency and a tone of its own."""
 
     @classmethod
     def setUpClass(cls):
@@ -113,7 +113,7 @@ class Hostile(unittest.TestCase):
             wait_until("a clean " + name, lambda: self.purity(TONES[name]) > 0.9, 10)
 
     def purity(self, tone):
-        """Less than 1 by what else is in the sound: debris of what was cut out, gaps."""
+        """1 for the tone alone; less with gaps in it, or debris of what was cut out."""
         samples = self.world.sound.last(1)
         return tone_level(samples, tone) / (level(samples) or 1) / 2 ** 0.5
 

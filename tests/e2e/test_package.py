@@ -32,7 +32,7 @@ class Package(unittest.TestCase):
         cls.link = cls.data.parent / "Microsoft/Windows/Start Menu/Programs/Quillon.lnk"
 
     def walk(self, program, *pages):
-        """Through the program's boxes, each known by a text and left by a button."""
+        """Walks through the program's boxes, each recognised by a text and left by a button."""
         process = self.world.start(str(program))
         for text, button in pages:
             self.copilot.await_text("boxes", lambda shown: text in shown, 20)

@@ -1,4 +1,4 @@
-"""Which player the real Quillon.exe chooses, and what becomes of the sound when the device goes."""
+"""Which player the real Quillon.exe chooses, and what becomes of the sound when the device disappears."""
 import subprocess
 import sys
 import unittest
@@ -18,7 +18,7 @@ class Players(unittest.TestCase):
         cls.addClassCleanup(cls.world.close)
         cls.world.start_simulator()
 
-    def test_1_of_the_control_wine_has_the_half_that_plays_files(self):
+    def test_1_wines_control_is_partial_and_plays_files(self):
         file = self.world.folder / "tone.ogg"
         subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "sine=frequency=900:duration=2,volume=4", file],
                        check=True)

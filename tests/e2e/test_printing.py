@@ -23,7 +23,7 @@ class Printing(unittest.TestCase):
 
     def show(self, rows):
         waves = rf"C:\users\{self.world.data.parts[-4]}\AppData\Roaming\Quillon\ATC\CYYZ_T|"
-        lines = ["// CYYZ|Wav - Toronto ON - Tower Pearson Intl|" + waves]  # so that no rows are added to ours
+        lines = ["// CYYZ|Wav - Toronto ON - Tower Pearson Intl|" + waves]  # so that Quillon adds no rows of its own
         lines += [f"Q{row:03}|Zürich, Łódź|http://Feed/{'x' * row}|{100 + row / 100:.2f}" for row in range(rows)]
         (self.world.data / "live_atc_feeds.txt").write_bytes("".join(line + "\r\n" for line in lines).encode())
         self.addCleanup(self.world.start_quillon().wait, 20)

@@ -15,7 +15,7 @@ ESCAPE, CONTROL, HOME, SHIFT, DOWN, DELETE, KEY_S = 0x1B, 0x11, 0x24, 0x10, 0x28
 
 
 class Upkeep(unittest.TestCase):
-    """One sitting; the tests are its steps, in order."""
+    """One session; the tests are its steps, in order."""
 
     @classmethod
     def setUpClass(cls):
