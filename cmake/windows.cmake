@@ -1,5 +1,5 @@
-# Cross-builds for 64-bit Windows with MinGW-w64; windows32.cmake sets another prefix. On Windows itself the compiler of
-# the shell that runs CMake is used as it is (Visual Studio's developer prompt or MSYS2).
+# Cross-builds for 64-bit Windows with MinGW-w64; windows32.cmake sets another prefix. On Windows itself, CMake
+# takes the compiler of the shell it runs in (Visual Studio's developer prompt or MSYS2).
 if(NOT CMAKE_HOST_WIN32)
   if(NOT prefix)
     set(prefix x86_64-w64-mingw32)

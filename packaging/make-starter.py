@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes what a new user's data folder begins with: a catalogue, airports and recorded chatter.
+"""Makes the first contents of a new user's data folder: a catalogue, airports and recorded chatter.
 
 Usage: make-starter.py FOLDER
 """
@@ -24,7 +24,7 @@ def main():
     for name, texts in RECORDINGS.items():
         (folder / "ATC" / name).mkdir(parents=True, exist_ok=True)
         for number, text in enumerate(texts, 1):
-            # As narrow as a radio, it needs no more samples than a telephone.
+            # Radio speech has so narrow a band that a telephone's sampling rate is enough.
             speak(folder / "ATC" / name / f"message {number}.wav", text, f"en+m{number}", "-ar", "8000")
 
 

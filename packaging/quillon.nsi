@@ -1,4 +1,4 @@
-; Quillon's installer: for one user, without an administrator. ./package gives it
+; Quillon's installer: for one user, without an administrator. ./package passes
 ;   VERSION, TARGET (which of NSIS' stubs), STAGE (folder with all that is installed), OUTPUT, SOURCE (ours),
 ;   KILOBYTES, and WORK (folder with the side picture and remove.nsh, which removes just what is installed).
 Unicode true
@@ -39,7 +39,7 @@ VIAddVersionKey "LegalCopyright" "MIT License"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE "English"
 
-; The uninstaller's own page would speak of 0 KB.
+; The uninstaller's page would claim to need 0 KB.
 Function un.HideSpaceNeeded
   !define SPACE_NEEDED_ID 1023
   FindWindow $0 "#32770" "" $HWNDPARENT
@@ -47,7 +47,7 @@ Function un.HideSpaceNeeded
   ShowWindow $0 ${SW_HIDE}
 FunctionEnd
 
-; A running program's file cannot be opened for writing. Silently, this ends with exit code 2.
+; A running program's file cannot be opened for writing. A silent run then exits with code 2.
 !macro StopWhileQuillonRuns
   tryAgain:
   IfFileExists "$INSTDIR\Quillon.exe" 0 free
@@ -68,11 +68,11 @@ Section "Quillon"
   SetShellVarContext current
   !insertmacro StopWhileQuillonRuns
 
-  ; An older version leaves nothing behind but the user's data.
+  ; First remove an older version: everything but the user's data.
   IfFileExists "$INSTDIR\uninstall.exe" 0 +2
   ExecWait '"$INSTDIR\uninstall.exe" /S _?=$INSTDIR'
 
-  ; What a user has deleted stays deleted; what Quillon cannot do without it offers itself.
+  ; What the user has deleted stays deleted; Quillon itself offers to create what it needs.
   IfFileExists "${USER_DATA}\*.*" hasData
   SetOutPath "${USER_DATA}"
   File /r "${STAGE}/starter/*"
@@ -102,7 +102,7 @@ Section "un.Quillon" un_program
   !insertmacro StopWhileQuillonRuns
   !include "${WORK}/remove.nsh"
   Delete "$INSTDIR\uninstall.exe"
-  SetOutPath "$TEMP" ; the folder that is to go must not be the current one
+  SetOutPath "$TEMP" ; the folder to be removed must not be the current one
   RMDir "$INSTDIR"
   Delete "$SMPROGRAMS\Quillon.lnk"
   DeleteRegKey HKCU "${UNINSTALL_KEY}"
