@@ -1,4 +1,4 @@
-// Gives what reads bytes from outside whatever libFuzzer thinks of, and checks what must hold for any bytes.
+// Feeds libFuzzer's inputs to whatever reads bytes from outside, and checks what must hold for any bytes.
 #include "FakePlayerSystem.h"
 #include "Fakes.h"
 #include "app/StartVolume.h"
@@ -44,7 +44,7 @@ std::vector<std::string> Cut(Bytes bytes, std::size_t length) {
     return pieces;
 }
 
-/// What `read` makes of the bytes, which must not depend on the length of the pieces in which they come.
+/// The result of `read`, which must not depend on the size of the pieces in which the bytes arrive.
 template <typename Read>
 auto HoweverCut(Read read) {
     const auto whole = read(std::size_t{1} << 20U);
@@ -125,7 +125,7 @@ void HttpAnswer(Bytes bytes) {
     Require(parsed && AddressText(*parsed) == address, "a redirect leads to an address");
     const std::string request = RequestText(*parsed, "1");
     Require(std::count(request.begin(), request.end(), '\n') == 7, "which adds no line to a request");
-    Require(body.size() <= bytes.size(), "a body is no more than came");
+    Require(body.size() <= bytes.size(), "a body is no longer than the reply");
 }
 
 /// The first byte says how much sound lies between announcements.
@@ -169,7 +169,7 @@ void Mp3(Bytes bytes) {
             scan.Feed(Raw(piece));
             while (const auto frame = scan.Next()) all.append(frame->bytes.begin(), frame->bytes.end());
         }
-        Require(all.size() + scan.Skipped() <= bytes.size(), "frames and what lies between are what came");
+        Require(all.size() + scan.Skipped() <= bytes.size(), "frames and what is skipped are in the input");
         return std::pair(all, scan.Skipped());
     });
 }
@@ -180,14 +180,14 @@ void Wav(Bytes bytes) {
         Samples all;
         bool good = true;
         for (std::string& piece : Cut(bytes, length)) good = good && file.Feed(Raw(piece), all);
-        Require(all.size() <= bytes.size(), "there is no more sound than came");
+        Require(all.size() <= bytes.size(), "there are no more samples than bytes");
         return std::tuple(good, file.Format(), all);
     });
 }
 
 void CommandLine(Bytes bytes) {
     const auto volume = StartVolume(std::string(bytes));
-    Require(!volume || (*volume >= 0 && *volume <= 101), "a volume is one");
+    Require(!volume || (*volume >= 0 && *volume <= 101), "a volume is in its range");
 }
 
 const std::pair<Bytes, void (*)(Bytes)> readers[] = {
@@ -208,7 +208,7 @@ const std::pair<Bytes, void (*)(Bytes)> readers[] = {
 
 } // namespace
 
-/// Tries the reader that FUZZ_READER names.
+/// Runs the reader that FUZZ_READER names.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const std::map<Bytes, void (*)(Bytes)> by_name(std::begin(readers), std::end(readers));
     by_name.at(std::getenv("FUZZ_READER"))({reinterpret_cast<const char*>(data), size});

@@ -17,9 +17,9 @@ namespace quillon {
 using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 
-// A scripted server, a fake clock and a fake sound device, for what plays on them.
+// A scripted server, a fake clock and a fake sound device for the player's tests.
 
-/// What a server sends for each path, and what it does then.
+/// What a server sends for a path, and what it does afterwards.
 struct Script {
     std::string bytes;
     Supply then = Supply::NothingYet; // Bytes: sound as it is made, without end
@@ -29,7 +29,7 @@ struct Script {
 
 enum class Fault { Stuck, Refuses, Swallows };
 
-/// The world outside, its clock, and what was heard of it.
+/// The world around the player, its clock, and what was heard.
 struct World {
     std::map<std::string, Script> servers; // by path
     bool has_codec = true;
@@ -47,7 +47,7 @@ struct World {
     milliseconds heard{0};
     std::set<int> levels;                                    // samples heard
     std::vector<std::pair<milliseconds, std::string>> asked; // when, and for what
-    std::set<std::string> agents;                            // as which it was asked
+    std::set<std::string> agents;                            // user agents of the requests
     std::shared_ptr<Session> session;                        // the one that runs
     std::function<bool()> audible = [] { return false; };
     std::shared_ptr<int> online = std::make_shared<int>(); // shared by the connections

@@ -11,7 +11,7 @@
 
 namespace quillon {
 
-/// A simulator that flies well: a memory of offsets behind the link's ports. Like some servers, it keeps every
+/// A well-behaved simulator: a memory of offsets behind the link's ports. Like some servers, it keeps every
 /// area mapped that it was sent.
 class FakeSimulator : public MessageLink, public SharedMemory {
   public:
@@ -29,7 +29,7 @@ class FakeSimulator : public MessageLink, public SharedMemory {
 
     std::uint32_t Word(std::uint32_t offset) const { return Word(&memory_[offset]); }
 
-    /// "118.70" to the radio at that offset.
+    /// Tunes the radio at that offset to a frequency as in "118.70".
     void Tune(std::uint32_t offset, const std::string& frequency) {
         const auto bcd = std::stoul(frequency.substr(1, 2) + frequency.substr(4, 2), nullptr, 16);
         const auto word = static_cast<std::uint16_t>(bcd);

@@ -109,7 +109,7 @@ class FakeClock : public Clock {
     std::function<bool()> events; ///< what happens in each slice of a wait; false: the program is ending
 };
 
-/// Plays at once whatever it is given, as the real players' states would tell.
+/// Plays at once whatever it is given, and reports the states of the real players.
 class FakePlayer : public MediaPlayer, public LiveFeed {
   public:
     void SetUrl(const std::string& new_url) override {
@@ -221,7 +221,7 @@ class FakePrinter : public Printer {
     bool finished = false;
 };
 
-/// Keeps what it was to try; answers when it is told to.
+/// Keeps the addresses that it is to try; answers when told to.
 class FakeProbe : public FeedProbe {
   public:
     void Start(const std::string& address, const std::string&) override { tried += address + " "; }

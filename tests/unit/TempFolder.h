@@ -10,7 +10,7 @@
 
 namespace quillon {
 
-/// A path of ours as the standard library wants it on this system, and one of the library's as ours.
+/// One of our paths as the standard library's, and the other way round.
 inline std::filesystem::path PathOf(std::string_view text) {
     std::u8string path(text.begin(), text.end());
 #ifndef _WIN32

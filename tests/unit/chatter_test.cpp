@@ -45,7 +45,7 @@ TEST_F(ShuffleBag, HoldsTheWavesOfTheFolderSorted) {
         for (const std::string& wave : chatter.List3) all += wave.substr(waves.size());
         EXPECT_EQ(all, "\\a.wav\\b.WAV\\C.Wav\\\xC3\x89.wav");
     }
-    std::filesystem::current_path(PathOf(folder)); // no folder is looked for from there
+    std::filesystem::current_path(PathOf(folder)); // where relative paths find nothing
     for (const std::string& nowhere :
          {At("missing"), waves + "\\a.wav", waves.substr(folder.size() + 1), std::string("."), std::string()}) {
         FillShuffleBag(chatter, nowhere, step);

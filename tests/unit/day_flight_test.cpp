@@ -1,4 +1,4 @@
-// A day's flight under a random hand: whatever user, pilot and player do, the cycles keep their rules.
+// A day's flight under random input: whatever user, pilot and player do, the cycles keep their rules.
 #include "Flight.h"
 #include "simlink/RadioReadout.h"
 
@@ -137,7 +137,7 @@ std::string Day::BrokenTick(int timer) const {
                                                              : " unknown text";
     std::set<std::string> captions{base + suffix, base + " -Radio"};
     if (text == "Paused") captions.insert(base + " -OR");
-    // While a recording plays, what was shown before stays, and the caption does when a folder is empty.
+    // What was shown before stays while a recording plays; the caption also when a folder is empty.
     if (timer > 2) captions.insert({"Quillon" + suffix, base, "Quillon - Manual"});
     const bool empty = timer == 4 && state().chatter.List3.empty() && state().chatter.List4.empty();
     if (!empty && !captions.contains(state().form.Caption))

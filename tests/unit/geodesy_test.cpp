@@ -31,7 +31,7 @@ TEST(Geodesy, EllipsoidsAgreeWithTheirFlattening) {
     EXPECT_EQ(Geodesy::ename(22), "WGS-84");
 }
 
-TEST(Geodesy, DatumsNameAnEllipsoidThatThereIs) {
+TEST(Geodesy, DatumsNameAnExistingEllipsoid) {
     for (std::int16_t i = 1; i <= Geodesy::DChoices(); ++i)
         EXPECT_NO_THROW(Geodesy::ename(Geodesy::dNumber(i))) << Geodesy::dName(i);
     EXPECT_EQ(Geodesy::dName(102), "WGS 1984");

@@ -1,4 +1,4 @@
-// The list by hand: sorting, searching, picking, tuning from it; and the preferences.
+// The list in the user's hands: sorting, searching, picking, tuning from it; and the preferences.
 #include "Flight.h"
 #include "simlink/RadioTuning.h"
 

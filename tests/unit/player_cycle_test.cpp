@@ -106,7 +106,7 @@ TEST(Player, IsPatientWithAGivenUpAddressUntilItSounds) {
         EXPECT_EQ(in.Asked(), 2U);
         in.world.servers["/a"] = {Ok, Supply::Bytes};
     });
-    in.At(130s, start_anew); // what sounds is no longer given up
+    in.At(130s, start_anew); // an address that sounds is no longer given up
     in.At(131s, [&in] { EXPECT_EQ(in.player.State(), Playing); });
     in.RunTo(132s);
     EXPECT_EQ(in.Asked(), 4U);

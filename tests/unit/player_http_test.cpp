@@ -123,7 +123,7 @@ TEST(HttpReply, IsReadInPiecesOfAnySize) {
     }
 }
 
-TEST(HttpReply, RefusesWhatIsNone) {
+TEST(HttpReply, RefusesWhatIsNoReply) {
     const std::string endless = "HTTP/1.0 200 OK\r\n" + std::string(HttpReply::MaximumHead, 'x');
     std::string many = "HTTP/1.0 200 OK\r\n";
     while (many.size() < HttpReply::MaximumHead) many += "X: y\r\n";

@@ -8,8 +8,7 @@ using namespace quillon;
 
 namespace {
 
-/// Runs a session to its end, to the end of its first try if the world does not say when, but for 20 minutes
-/// at most.
+/// Runs a session to its end, for 20 minutes at most; without an end in the world, only its first attempt.
 void RunSession(World& world, const std::string& url) {
     if (!world.over) world.over = [](const World& w) { return w.session->IsWaiting(); };
     world.events.emplace(20min, [](Session& session) { session.Cancel(); });
@@ -24,7 +23,7 @@ std::function<bool(const World&)> After(milliseconds end) {
 
 const std::string IcyHead = "ICY 200 OK\r\nicy-metaint:1234\r\n\r\n";
 
-/// With a title behind every `interval` bytes.
+/// With a title after every `interval` bytes.
 std::string WithTitles(std::string sound, std::size_t interval) {
     const std::string title = std::string(1, '\2') + "StreamTitle='KJFK';" + std::string(13, '\0');
     for (std::size_t at = interval; at <= sound.size(); at += interval + title.size()) sound.insert(at, title);
@@ -182,7 +181,7 @@ TEST(Session, ShowsTheTitleWhileItPlays) {
     EXPECT_EQ(world.session->Title(), "");
 }
 
-/// When the address itself was asked, in whole seconds since the time before.
+/// Whole seconds between the requests for the address itself.
 std::string Gaps(const World& world, const std::string& path) {
     std::string text;
     milliseconds before{0};

@@ -65,7 +65,7 @@ TEST(Mp3Frames, AreFoundBetweenOtherBytes) {
         {"", ""},
         {Frames(3).substr(100), "44 44 "},                // joined in mid-frame
         {Frames(2) + Frames(1).substr(0, 300), "44 44 "}, // cut in mid-frame
-        {tag + Frames(2), "44 44 "},                      // the frame inside the tag is none
+        {tag + Frames(2), "44 44 "},                      // a tag may look like a frame
         {tag + tag + Frames(2), "44 44 "},
         {Frames(2) + tag + Frames(2), "44 44 44 44 "},
         {"here it is none: " + tag.substr(0, 10) + Frames(2), "44 44 "},
@@ -166,7 +166,7 @@ TEST(WavFile, RefusesWhatItCannotPlay) {
     for (const auto& [name, bytes] : rows) EXPECT_FALSE(ReadWav(bytes, 1000).good) << name;
 }
 
-/// A codec for whatever comes; a block sounds like its number of bytes.
+/// A codec for any coding; a block sounds like its number of bytes.
 class AnyCodec : public SoundDecoder {
   public:
     bool Decode(ByteView bytes, Samples& samples) override {
@@ -182,7 +182,7 @@ std::string Coded(unsigned kind, unsigned channels, unsigned block, unsigned bit
                 Chunk("data", std::string(200, 'x')));
 }
 
-TEST(WavFile, GivesACodecWholeBlocksOfACodingThatIsSound) {
+TEST(WavFile, GivesACodecWholeBlocksOfAValidCoding) {
     const auto extra = [](unsigned samples, unsigned rest = 0) {
         return LittleEndian(2 + rest, 2) + LittleEndian(samples, 2) + std::string(rest, '\7');
     };

@@ -1,4 +1,4 @@
-// Airports, and whether the aircraft is in range of the feed's one.
+// Airports, and whether the aircraft is in range of the feed's airport.
 #include "FakeSimulator.h"
 #include "Fakes.h"
 #include "TempFolder.h"

@@ -1,4 +1,4 @@
-// What the simulator's bytes and the clock's times are turned into.
+// What becomes of the simulator's bytes and the clock's times.
 #include "FakeSimulator.h"
 #include "Fakes.h"
 #include "simlink/RadioReadout.h"

@@ -1,4 +1,4 @@
-// The file of what is remembered from run to run: its values, and that it is never a reason for a message.
+// The file of what is remembered between runs: its values, and that its faults are never reported.
 #include "TempFolder.h"
 #include "settings/RememberedState.h"
 #include "state/ProgramState.h"

@@ -109,7 +109,7 @@ TEST_F(SettingsFile, FailuresAreReportedAndLeaveTheDefaultsInForce) {
     MakeFolder(Name);
     settings.WriteIni();
     settings.ReadIni();
-    settings.WriteIni(); // tells nothing: it does not try
+    settings.WriteIni(); // says nothing: it does not try
     EXPECT_EQ(prompts.messages, (std::vector<FakePrompts::Shown>{
                                     {"Write QuillonATC.ini error", "Creating " + error, Icon::Exclamation},
                                     {"ATC from load errors", "Opening " + error, Icon::Exclamation}}));
