@@ -7,14 +7,14 @@ from .feeds import FEEDS
 from .processes import wait_until
 
 OK, CANCEL, NO, TAB = "IDOK", "IDCANCEL", "IDNO", 9
-COM2_STANDBY = "IdOptCom1+3"
+COM2_STANDBY = "optCom2Stby"
 
 ACTIONS = [f"tune com2stby {frequency}" for frequency in ("122.80", *(feed.frequency for feed in FEEDS))]
-ACTIONS += [f"command IdMnu{name}" for name in (
-    "Search", "CitySearch", "SearchAgain", "SelComm", "Range", "RecordedChatter", "Fsuipc", "SetMute", "AddAtc", "Backup",
-    "Restore", "Folders", "About", "PlayFeed", "TuneFeed")]
+ACTIONS += [f"command {name}" for name in (
+    "mnuSearch", "mnuCitySearch", "SearchAgain", "mnuSelComm", "mnuRange", "mnuRecordedChatter", "mnuFSUPIC", "mnuSetMute",
+    "mnuAddATC", "mnuBackup", "mnuRestore", "ShowFolders", "ShowAbout", "PlayFeed", "TuneFeed")]
 ACTIONS += [f"click {name}" for name in (
-    "IdOptAuto", "IdOptManual", "IdPlay", "IdPause", "IdStop", "IdOptCom1", COM2_STANDBY, "IdComClose", "IdClose2")]
+    "optAuto", "optManual", "StripPlay", "StripPause", "StripStop", "optCom1", COM2_STANDBY, "cmdComClose", "cmdClose2")]
 ACTIONS += [f"{what} {number}" for what in ("rowclick", "rowdouble", "header") for number in (1, 2, 3)]
 ACTIONS += ["pause 0", "pause 1", "fly 43.7 -79.6", "fly 51.4 -0.4", f"key {TAB}", "pick IdCboMin 3"]
 
@@ -33,7 +33,7 @@ def clear_boxes(station, buttons):
 def measure(station):
     """The MEASURED figures while Quillon is idle."""
     def quiet():
-        station.try_to("click IdOptAuto", "command IdMnuSelComm", f"click {COM2_STANDBY}", "click IdComClose",
+        station.try_to("click optAuto", "command mnuSelComm", f"click {COM2_STANDBY}", "click cmdComClose",
                        f"key {TAB}")  # in case it is muted
         clear_boxes(station, (CANCEL, NO, OK))
         time.sleep(4)  # between two polls; a session may still be ending

@@ -52,7 +52,7 @@ class Station(World):
         self.copilot.await_text("panel 3", f"{feed.icao} - {feed.city}")
 
     def open_add_dialog(self):
-        self.copilot.ask("command IdMnuAddAtc")
+        self.copilot.ask("command mnuAddATC")
         self.box("Add Feed")
 
     def add(self, line):
@@ -61,7 +61,7 @@ class Station(World):
         self.copilot.ask("press IDOK")
 
     def back_up(self):
-        self.copilot.ask("command IdMnuBackup")
+        self.copilot.ask("command mnuBackup")
         self.box("Please confirm", press="IDYES")
 
     def try_to(self, *commands):

@@ -35,7 +35,7 @@ void Maintenance::BackUp() {
     state_.StartupStep = "Backup " + state_.folders.DataPath + ShownBackupName;
     ReplaceFile(backup, ReadOther(state_.folders.DataPath + CatalogueName));
     files_.SetFileDateTime(backup, clock_.Now());
-    state_.form.mnuRestoreEnabled = true;
+    state_.form.HasBackup = true;
     state_.StartupStep.clear();
     state_.MessageText = "Backup file created successfully!";
     prompts_.Message("Success", state_.MessageText, Icon::Information);

@@ -1,7 +1,5 @@
 #include "app/PlayerStrip.h"
 
-#include "playback/CurrentFeed.h"
-
 #include <algorithm>
 
 namespace quillon {
@@ -33,11 +31,7 @@ void PlayerStrip::sldVolume_Change(int volume) {
 }
 
 void PlayerStrip::mnuReload_Click() {
-    if (IsStream(state_.feed)) live_.Reload();
-}
-
-void PlayerStrip::OfferReload() {
-    state_.form.mnuReloadEnabled = IsStream(state_.feed);
+    live_.Reload();
 }
 
 } // namespace quillon

@@ -20,9 +20,6 @@ class PlayerStrip {
     /// Connects the current stream anew; what is silent stays silent.
     void mnuReload_Click();
 
-    /// Offers that while a stream is current.
-    void OfferReload();
-
   private:
     ProgramState& state_;
     MediaPlayer& player_;

@@ -84,9 +84,8 @@ void StartUp::PrepareFiles() {
 }
 
 void StartUp::EnableMenus() {
-    frmATC& form = state_.form;
-    form.mnuAddATCEnabled = form.mnuPrintEnabled = form.mnuBackupEnabled = form.mnuSearchMenuEnabled = true;
-    form.mnuRestoreEnabled = FExists(state_.folders.DataPath + BackupName);
+    state_.form.FoldersKnown = true;
+    state_.form.HasBackup = FExists(state_.folders.DataPath + BackupName);
 }
 
 void StartUp::RestorePlayer() {

@@ -83,12 +83,8 @@ struct frmATC {
     ComboBox cboMax{"30", {}};
 
     std::string mnuRangeCaption = "Set &Range";
-    bool mnuAddATCEnabled = false;
-    bool mnuPrintEnabled = false;
-    bool mnuBackupEnabled = false;
-    bool mnuSearchMenuEnabled = false;
-    bool mnuRestoreEnabled = false;
-    bool mnuReloadEnabled = false;
+    bool FoldersKnown = false; ///< commands that need the catalogue are enabled
+    bool HasBackup = false;    ///< the catalogue can be restored
 
     Panel& operator[](StatusPanel panel) { return StatusBar1.at(static_cast<std::size_t>(panel)); }
 };

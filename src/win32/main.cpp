@@ -85,8 +85,21 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     const auto control = AnsweringControl();
     MediaPlayer& player = control ? static_cast<MediaPlayer&>(*control) : built_in;
     LiveFeed& live = control ? static_cast<LiveFeed&>(*control) : built_in;
-    Program program({link, memory, clock, player, live, prompts, dialogs, window, shell, files, regional,
-                     code_page, keyboard, printer, probe},
+    Program program({.link = link,
+                     .memory = memory,
+                     .clock = clock,
+                     .player = player,
+                     .live = live,
+                     .prompts = prompts,
+                     .dialogs = dialogs,
+                     .display = window,
+                     .shell = shell,
+                     .files = files,
+                     .regional = regional,
+                     .code_page = code_page,
+                     .keyboard = keyboard,
+                     .printer = printer,
+                     .probe = probe},
                     Arguments());
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();

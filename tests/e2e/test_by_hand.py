@@ -45,16 +45,16 @@ class ByHand(unittest.TestCase):
         self.assertEqual(self.column(2), sorted(self.column(2), reverse=True))
 
     def test_2_searches_find_or_say_so(self):
-        self.copilot.ask("command IdMnuCitySearch")
+        self.copilot.ask("command mnuCitySearch")
         self.answer("kennedy")
-        self.copilot.ask("command IdMnuSearch")
+        self.copilot.ask("command mnuSearch")
         self.answer("xx")
         self.copilot.await_text("boxes", "*NOT FOUND*|XX not found!\\r\\nPlease revise your search")
         self.copilot.ask("press IDOK")
         self.copilot.await_text("boxes", "")
 
     def test_3_a_pick_in_manual_mode_is_heard(self):
-        self.copilot.ask("click IdOptManual")
+        self.copilot.ask("click optManual")
         for feed in (LONDON, NEW_YORK):  # New York is out of range, which does not matter in manual mode
             self.copilot.ask(f"rowclick {self.row_of(feed)}")
             self.ear.await_(feed.icao)
@@ -63,14 +63,14 @@ class ByHand(unittest.TestCase):
         self.copilot.await_text("title", "Quillon - Manual Mode -OK")
 
     def test_4_the_keyboard_searches_on_and_picks(self):
-        self.copilot.ask("command IdMnuSearch")
+        self.copilot.ask("command mnuSearch")
         self.answer("cyyz")  # the live feed
         self.copilot.ask(f"listkey {F3}")
         self.copilot.ask(f"listkey {ENTER}")
         self.copilot.await_text("panel 3", lambda text: text.startswith(f"{TORONTO.icao} - Wav"))
 
     def test_5_ctrl_and_a_double_click_tune_the_simulator(self):
-        self.copilot.ask("click IdOptAuto")
+        self.copilot.ask("click optAuto")
         self.copilot.await_text("panel 4", lambda text: text in ("*", "Selection Mode: Automatic"))
         self.copilot.ask(f"hold {CONTROL}")
         self.copilot.ask(f"rowdouble {self.row_of(LONDON)}")
@@ -80,48 +80,48 @@ class ByHand(unittest.TestCase):
 
     def test_5a_the_lists_menu_plays_and_tunes(self):
         self.copilot.ask(f"rowclick {self.row_of(NEW_YORK)}")
-        self.copilot.ask("command IdMnuPlayFeed")
-        self.copilot.await_text("checked IdOptManual", "1")
+        self.copilot.ask("command PlayFeed")
+        self.copilot.await_text("checked optManual", "1")
         self.ear.await_(NEW_YORK.icao)
-        self.copilot.ask("click IdOptAuto")
-        self.copilot.await_text("checked IdOptAuto", "1")
+        self.copilot.ask("click optAuto")
+        self.copilot.await_text("checked optAuto", "1")
         self.copilot.ask(f"rowclick {self.row_of(TORONTO)}")
-        self.copilot.ask("command IdMnuTuneFeed")
+        self.copilot.ask("command TuneFeed")
         self.copilot.await_text("read 311C 4", "00001870")
         self.copilot.ask(f"tune com2stby {LONDON.frequency}")
         self.ear.await_(LONDON.icao)
 
     def test_6_the_range_reaches_label_and_sound(self):
         self.copilot.ask("fly 51.9 -0.461")  # 25 miles away
-        self.copilot.ask("command IdMnuRange")
+        self.copilot.ask("command mnuRange")
         self.answer("5")
         self.copilot.await_text("text IdLabel2", lambda text: text.endswith("NM (Out of Range)"))
         self.ear.await_("silence")
-        self.copilot.ask("command IdMnuRange")
+        self.copilot.ask("command mnuRange")
         self.answer("0")
         self.ear.await_(LONDON.icao)
         self.copilot.await_text("text IdLabel2", lambda text: text.endswith(" NM"))
 
     def test_7_radio_and_gaps_are_chosen_in_their_frames(self):
-        self.copilot.ask("command IdMnuSelComm")
-        self.copilot.await_text("visible IdOptCom1", "1")
-        self.copilot.ask("click IdOptCom1")
+        self.copilot.ask("command mnuSelComm")
+        self.copilot.await_text("visible optCom1", "1")
+        self.copilot.ask("click optCom1")
         self.copilot.ask("tune com1 119.10")
         self.copilot.ask("fly %s %s" % NEW_YORK.position)
         self.ear.await_(NEW_YORK.icao)
-        self.copilot.ask("click IdComClose")
-        self.copilot.await_text("visible IdOptCom1", "0")
-        self.copilot.ask("command IdMnuRecordedChatter")
+        self.copilot.ask("click cmdComClose")
+        self.copilot.await_text("visible optCom1", "0")
+        self.copilot.ask("command mnuRecordedChatter")
         self.copilot.await_text("visible IdCboMin", "1")
         self.copilot.ask("pick IdCboMin 2")
         self.copilot.ask("pick IdCboMax 30")
-        self.copilot.ask("click IdClose2")
+        self.copilot.ask("click cmdClose2")
         self.copilot.await_text("visible IdCboMin", "0")
 
     def test_8_the_status_dialog_shows_the_link(self):
-        self.copilot.ask("command IdMnuRecordedChatter")
+        self.copilot.ask("command mnuRecordedChatter")
         self.copilot.ask(f"key {TAB}")  # what loses the focus then says so while the dialog is being created
-        self.copilot.ask("command IdMnuFsuipc")
+        self.copilot.ask("command mnuFSUPIC")
         self.copilot.await_text("boxes", lambda text: "Com1 Freq:      119.10" in text and "FlightSim:  FSX" in text)
         self.copilot.ask("press IDOK")
         self.copilot.await_text("boxes", "")
@@ -134,11 +134,11 @@ class ByHand(unittest.TestCase):
         self.assertRegex((self.world.data / "Quillon.state").read_bytes(),
                          rb"volume=100\r\nuser-agent=\r\nwindow=700 600\r\ncolumns=700 3500 800 2400\r\n")
         self.world.start_quillon()
-        for frame in ("IdMnuSelComm", "IdMnuRecordedChatter"):
+        for frame in ("mnuSelComm", "mnuRecordedChatter"):
             self.copilot.ask(f"command {frame}")
         self.copilot.await_text("text IdCboMin", "7")
         self.assertEqual(self.copilot.ask("text IdCboMax"), "40")
-        self.assertEqual(self.copilot.ask("checked IdOptCom1"), "1")
+        self.assertEqual(self.copilot.ask("checked optCom1"), "1")
         self.ear.await_(NEW_YORK.icao)
 
 

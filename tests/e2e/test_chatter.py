@@ -71,11 +71,11 @@ class Chatter(unittest.TestCase):
         self.copilot.ask("fly %s %s" % LONDON.position)
         self.copilot.await_text("text IdLabel2", lambda text: "(Out of Range)" in text)
         self.world.ear.await_("silence")
-        self.copilot.ask("click IdOptManual")
+        self.copilot.ask("click optManual")
         rows = [self.copilot.ask(f"row {number + 1}") for number in range(int(self.copilot.ask("rows")))]
         self.copilot.ask(f"rowclick {1 + next(n for n, row in enumerate(rows) if '|118.00|' in row)}")
         self.assertEqual(len(set(self.heard(3))), 3)
-        self.copilot.ask("click IdOptAuto")
+        self.copilot.ask("click optAuto")
 
     def test_3_the_mute_key_silences_and_brings_back(self):
         self.copilot.ask(f"tune com2stby {LONDON.frequency}")
@@ -90,7 +90,7 @@ class Chatter(unittest.TestCase):
         self.copilot.await_text("panel 1", "Playing")
 
     def test_4_another_key_is_set_in_its_dialog(self):
-        self.copilot.ask("command IdMnuSetMute")
+        self.copilot.ask("command mnuSetMute")
         self.copilot.await_text("boxes", lambda text: "Mute Key" in text)
         self.copilot.ask("press IDC_OPTION4")  # End
         self.copilot.ask("press IDOK")

@@ -29,7 +29,7 @@ class Check(unittest.TestCase):
 
             def check(until):
                 server.asked.clear()
-                copilot.ask("command IdMnuCheckFeeds")
+                copilot.ask("command CheckFeeds")
                 return copilot.await_text("field IDC_CHECK_STATE", lambda text: text.startswith(until), 40)
 
             check("Trying 5 of 9: EGLL mute")

@@ -81,10 +81,10 @@ class Flight(unittest.TestCase):
     def test_7_the_strip_mutes_and_unmutes(self):
         self.tune(LONDON)
         self.ear.await_(LONDON.icao)
-        self.copilot.ask("click IdPause")
+        self.copilot.ask("click StripPause")
         self.ear.await_("silence")
         self.assertEqual((self.copilot.ask("title"), self.copilot.ask("panel 1")), ("Quillon -Mute", "Muted"))
-        self.copilot.ask("click IdPlay")
+        self.copilot.ask("click StripPlay")
         self.ear.await_(LONDON.icao)
 
     def test_8_ends_with_the_simulator_and_saves_the_settings(self):

@@ -46,7 +46,7 @@ class Package(unittest.TestCase):
 
     def hear_recording(self):
         self.copilot.ask("wait QuillonMain 20000")
-        self.copilot.ask("click IdOptManual")
+        self.copilot.ask("click optManual")
         self.copilot.await_text("rows", "8")
         self.assertEqual(self.world.ear.hears(), "silence")
         self.copilot.ask("rowclick 6")

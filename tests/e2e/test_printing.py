@@ -30,7 +30,7 @@ class Printing(unittest.TestCase):
         self.addCleanup(self.copilot.ask, "close QuillonMain")
 
     def print_list(self, outcome):
-        self.copilot.ask("command IdMnuPrint")
+        self.copilot.ask("command mnuPrint")
         self.copilot.await_text("boxes", lambda text: text.startswith("Print Listing|The List will print as"))
         self.copilot.ask("press IDYES")
         self.copilot.await_text("boxes", lambda text: text.startswith(outcome), 20)

@@ -43,7 +43,7 @@ class Upkeep(unittest.TestCase):
         self.copilot.ask("press IDOK")
 
     def test_1_a_refusal_is_told(self):
-        self.copilot.ask("command IdMnuAddAtc")
+        self.copilot.ask("command mnuAddATC")
         self.box("Add Feed|")
         self.assertEqual(self.copilot.ask("field IDC_TXT_URL"), "http://feeds.example/")
         self.fill(LIVE, ICAO="EGLL", FREQ=TORONTO.frequency)
@@ -70,7 +70,7 @@ class Upkeep(unittest.TestCase):
 
     def test_3_backup_and_restore_go_through_the_recycle_bin(self):
         mine = self.catalogue.read_bytes()
-        self.copilot.ask("command IdMnuBackup")
+        self.copilot.ask("command mnuBackup")
         self.box("Please confirm you want to backup")
         self.copilot.ask("press IDYES")
         self.close_by_keyboard("Success")
@@ -86,17 +86,17 @@ class Upkeep(unittest.TestCase):
         self.catalogue.write_bytes(mine)
 
     def restore(self):
-        self.copilot.ask("command IdMnuRestore")
+        self.copilot.ask("command mnuRestore")
         self.box("Restoring will move")
         self.copilot.ask("press IDYES")
         self.box("Confirm file deletion")
         self.copilot.ask("press IDYES")
 
     def test_4_notepad_edits_while_the_window_lives(self):
-        self.copilot.ask("command IdMnuEditData")
+        self.copilot.ask("command mnuEditData")
         self.copilot.ask("wait Notepad 20000")
         self.copilot.await_text("enabled IdFeedList", "0")
-        self.copilot.ask("command IdMnuRange")  # without effect
+        self.copilot.ask("command mnuRange")  # without effect
         rows = self.catalogue.read_bytes().count(b"\n")
         for keys in ((CONTROL, HOME), (SHIFT, DOWN), (DELETE,), (CONTROL, KEY_S)):
             for key in keys[:-1]:
@@ -110,14 +110,14 @@ class Upkeep(unittest.TestCase):
         self.copilot.await_text("enabled IdFeedList", "1")
 
     def test_5_small_dialogs_open_and_close_by_keyboard(self):
-        self.copilot.ask("command IdMnuContents")
+        self.copilot.ask("command ShowHelp")
         wait_until("the help pages", lambda: self.opened.exists() and "help/index.html" in self.opened.read_text(), 10)
-        for command, title in (("IdMnuFolders", "Program Folders"), ("IdMnuAbout", "About Quillon")):
+        for command, title in (("ShowFolders", "Program Folders"), ("ShowAbout", "About Quillon")):
             self.copilot.ask(f"command {command}")
             self.close_by_keyboard(title)
 
     def test_6_closing_leaves_notepad_alone(self):
-        self.copilot.ask("command IdMnuEditData")
+        self.copilot.ask("command mnuEditData")
         self.copilot.ask("wait Notepad 20000")
         self.copilot.ask("close QuillonMain")
         self.assertEqual(self.world.quillon.wait(20), 0)

@@ -3,6 +3,7 @@
 #include "FakeSimulator.h"
 #include "Fakes.h"
 #include "TempFolder.h"
+#include "app/Commands.h"
 #include "app/Program.h"
 
 #include <memory>

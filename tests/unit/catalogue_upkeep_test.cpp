@@ -122,7 +122,7 @@ TEST(EntryKeys, EachBoxLetsItsOwnKeysThrough) {
 }
 
 TEST_F(Upkeep, EachKindPresetsItsBoxes) {
-    program->mnuAddATC_Click();
+    program->Run(Command::mnuAddATC);
     EXPECT_EQ(form()[txtURL], services::LiveAtcFeedPrefix);
     Choose(SourceKind::InternetRadio);
     EXPECT_EQ(form()[txtURL] + form()[txtCity], std::string(services::LiveAtcFeedPrefix) + "Radio - ");
@@ -140,10 +140,10 @@ TEST_F(Upkeep, EachKindPresetsItsBoxes) {
 
 TEST_F(Upkeep, AnAddedFeedIsALineAndIsTunedTo) {
     Write("Quillon\\live_atc_feeds.txt", "CYYZ|Toronto|http://a.example/|118.70"); // no line end
-    program->mnuAddATC_Click();
+    program->Run(Command::mnuAddATC);
     EXPECT_EQ(timers(), "5");
     program->Timer_Timer(5);
-    program->mnuRange_Click();
+    program->Run(Command::mnuRange);
     EXPECT_TRUE(prompts.asked.first.empty()) << "another command ran behind the dialog";
     Type(txtICAO, "EGLL");
     Type(txtURL, "http://b.example/");
@@ -162,7 +162,7 @@ TEST_F(Upkeep, AnAddedFeedIsALineAndIsTunedTo) {
 }
 
 TEST_F(Upkeep, AFailedWriteLeavesTheCatalogueAndSaysSo) {
-    program->mnuAddATC_Click();
+    program->Run(Command::mnuAddATC);
     MakeFolder("Quillon\\live_atc_feeds.txt.new"); // stands in the way of writing
     const std::string before = file();
     Type(txtICAO, "EGLL");
@@ -178,11 +178,11 @@ TEST_F(Upkeep, AFailedWriteLeavesTheCatalogueAndSaysSo) {
 
 TEST_F(Upkeep, AFolderOfRecordingsHandsBackAfterAReload) {
     Write("Quillon\\live_atc_feeds.txt", "CYYZ|Wav - Toronto|" + folder + "\\Quillon\\ATC\\CYYZ_T|118.70\r\n");
-    program->mnuAddATC_Click();
+    program->Run(Command::mnuAddATC);
     Close();
     TuneTo("118.70");
     ASSERT_EQ(timers(), "35");
-    program->mnuAddATC_Click();
+    program->Run(Command::mnuAddATC);
     Close();
     EXPECT_EQ(timers(), "15");
     Tick();
@@ -192,22 +192,22 @@ TEST_F(Upkeep, AFolderOfRecordingsHandsBackAfterAReload) {
 TEST_F(Upkeep, BackupAndRestoreKeepBothFiles) {
     const std::string mine = file();
     prompts.yes = false;
-    program->mnuBackup_Click();
-    EXPECT_FALSE(state().form.mnuRestoreEnabled);
+    program->Run(Command::mnuBackup);
+    EXPECT_FALSE(state().form.HasBackup);
     prompts.yes = true;
-    program->mnuBackup_Click();
+    program->Run(Command::mnuBackup);
     EXPECT_EQ(Read("Quillon\\live_atc_feeds.bak"), mine);
     EXPECT_NE(files.stamped.find("live_atc_feeds.bak"), std::string::npos);
-    EXPECT_TRUE(state().form.mnuRestoreEnabled);
+    EXPECT_TRUE(state().form.HasBackup);
 
     Write("Quillon\\live_atc_feeds.txt", "EGLL|x|http://x.example/|121.50\r\n");
-    program->mnuRestore_Click();
+    program->Run(Command::mnuRestore);
     EXPECT_EQ(file(), mine);
     ASSERT_EQ(files.bin.size(), 1U);
     EXPECT_EQ(state().form.lvwDB.Items().size(), 8U);
 
     DeleteFileAt(At("Quillon\\live_atc_feeds.bak"));
-    program->mnuRestore_Click();
+    program->Run(Command::mnuRestore);
     EXPECT_EQ(files.bin.back(), mine);
     EXPECT_NE(
         prompts.messages.back().text.find("live_atc_feeds.bak\r\rThe old catalogue lies in the Recycle Bin."),
@@ -220,12 +220,12 @@ TEST_F(Upkeep, EditingStopsEverythingButTheWayOut) {
     int slices = 0;
     clock.events = [&] {
         EXPECT_EQ(timers(), "5");
-        program->mnuRange_Click();
+        program->Run(Command::mnuRange);
         program->Timer_Timer(5);
         shell.ended = ++slices == 3;
         return true;
     };
-    program->mnuEditData_Click();
+    program->Run(Command::mnuEditData);
     EXPECT_EQ(slices, 3);
     EXPECT_TRUE(prompts.asked.first.empty());
     EXPECT_EQ(timers(), "15");
@@ -233,10 +233,10 @@ TEST_F(Upkeep, EditingStopsEverythingButTheWayOut) {
 
     shell.ended = false;
     clock.events = [&] {
-        program->mnuQuit_Click();
+        program->Run(Command::mnuQuit);
         return false;
     };
-    program->mnuEditData_Click();
+    program->Run(Command::mnuEditData);
     EXPECT_TRUE(state().Ended);
 }
 

@@ -62,9 +62,9 @@ class Chatter : public Flight {
         Start();
     }
     void PickFolderByHand() {
-        program->optManual_Click();
+        program->Run(Command::optManual);
         program->lvwDB_Select(5);
-        program->lvwDB_ItemClick();
+        program->Run(Command::lvwDB_ItemClick);
     }
     void Seconds(int count) {
         using std::chrono::seconds;

@@ -14,7 +14,6 @@ using namespace quillon;
 namespace {
 
 using Deed = std::function<void()>;
-using Handler = void (Program::*)();
 
 std::uint32_t Seed() {
     const char* given = std::getenv("QUILLON_DAY_SEED");
@@ -42,13 +41,13 @@ class Day : public Flight {
         simulator.Tune(FindCommRadio(state().radio.SelectedComm)->Offset, any);
     }
     void Press(int key, const Deed& meanwhile) { keyboard.down = key, meanwhile(), keyboard.down = 0; }
-    Deed Click(Handler handler) {
-        return [this, handler] { (*program.*handler)(); };
+    Deed Click(int command) {
+        return [this, command] { program->Run(command); };
     }
-    Deed Answer(Handler handler, std::vector<std::string> answers) {
-        return [this, handler, answers] {
+    Deed Answer(int command, std::vector<std::string> answers) {
+        return [this, command, answers] {
             prompts.answer = answers[random() % answers.size()];
-            (*program.*handler)();
+            program->Run(command);
         };
     }
 
@@ -71,32 +70,32 @@ class Day : public Flight {
         {"a flight anywhere", [this] { simulator.FlyTo(Below(180) - 90, Below(360) - 180); }},
         {"the clock was set", [this] { clock.now += std::chrono::hours(Below(3) - 1); }},
         {"the mute key", [this] { Press(state().mute.MuteKeyCode, [this] { program->Timer_Timer(5); }); }},
-        {"another mute key", [this] { dialogs.set_option = Below(5), program->mnuSetMute_Click(); }},
-        {"optAuto", Click(&Program::optAuto_Click)},
-        {"optManual", Click(&Program::optManual_Click)},
-        {"a pick", [this] { program->lvwDB_Select(AnyRow()), program->lvwDB_ItemClick(); }},
-        {"Ctrl+double-click", [this] { Press(17, Click(&Program::lvwDB_DblClick)); }},
+        {"another mute key", [this] { dialogs.set_option = Below(5), program->Run(Command::mnuSetMute); }},
+        {"optAuto", Click(Command::optAuto)},
+        {"optManual", Click(Command::optManual)},
+        {"a pick", [this] { program->lvwDB_Select(AnyRow()), program->Run(Command::lvwDB_ItemClick); }},
+        {"Ctrl+double-click", [this] { Press(17, Click(Command::lvwDB_DblClick)); }},
         {"sorting", [this] { program->lvwDB_ColumnClick(static_cast<Column>(Below(4))); }},
-        {"a search", Answer(&Program::mnuSearch_Click, {"", "cyyz", "EGLL", "x"})},
-        {"a search for a city", Answer(&Program::mnuCitySearch_Click, {"", "tower", "radio", "x"})},
-        {"another search", Click(&Program::mnuSearchAgain_Click)},
-        {"a range", Answer(&Program::mnuRange_Click, {"", "0", "5", "50", "-1", "abc", "99999"})},
-        {"another radio", [this] { program->optCom_Click(static_cast<std::int16_t>(1 + Below(4))); }},
-        {"a frame opened", Click(&Program::mnuSelComm_Click)},
-        {"a frame closed", Click(&Program::cmdComClose_Click)},
+        {"a search", Answer(Command::mnuSearch, {"", "cyyz", "EGLL", "x"})},
+        {"a search for a city", Answer(Command::mnuCitySearch, {"", "tower", "radio", "x"})},
+        {"another search", Click(Command::SearchAgain)},
+        {"a range", Answer(Command::mnuRange, {"", "0", "5", "50", "-1", "abc", "99999"})},
+        {"another radio", [this] { program->Run(Command::optCom1 + Below(4)); }},
+        {"a frame opened", Click(Command::mnuSelComm)},
+        {"a frame closed", Click(Command::cmdComClose)},
         {"a gap", [this] { program->cboMin_Click(random() % 20), program->cboMax_Click(random() % 20); }},
-        {"the status dialog", Click(&Program::mnuFSUPIC_Click)},
-        {"the list's menu", Click(&Program::mnuPlayFeed_Click)},
-        {"a backup", Click(&Program::mnuBackup_Click)},
-        {"Notepad", Click(&Program::mnuEditData_Click)},
+        {"the status dialog", Click(Command::mnuFSUPIC)},
+        {"the list's menu", Click(Command::PlayFeed)},
+        {"a backup", Click(Command::mnuBackup)},
+        {"Notepad", Click(Command::mnuEditData)},
         {"the add-feed dialog",
          [this] {
-             program->mnuAddATC_Click();
+             program->Run(Command::mnuAddATC);
              program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdCancel_Click(); });
          }},
-        {"play", Click(&Program::cmdPlay_Click)},
-        {"pause", Click(&Program::cmdPause_Click)},
-        {"stop", Click(&Program::cmdStop_Click)},
+        {"play", Click(Command::StripPlay)},
+        {"pause", Click(Command::StripPause)},
+        {"stop", Click(Command::StripStop)},
     };
 };
 

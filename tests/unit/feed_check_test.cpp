@@ -77,12 +77,12 @@ TEST_F(Check, TriesEachFeedInTurnWhileTheCycleGoesOn) {
     Start();
     Write("Quillon\\live_atc_feeds.txt",
           "A|a|u1|\nB|b|u2|\nbroken|\nEGLL|London Radio|http://radio.example/b|\n");
-    program->mnuCheckFeeds_Click();
+    program->Run(Command::CheckFeeds);
     EXPECT_EQ(Shown(), "3 Trying 1 of 3: A a");
     TuneTo("119.72");
     EXPECT_EQ(panel(3), "EGLL - London Director");
     Poll({{Finding::Answers, ""}});
-    program->mnuCheckFeeds_Click(); // goes on
+    program->Run(Command::CheckFeeds); // goes on
     Poll({{Finding::Redirects, ""}});
     clock.now += FeedCheck::LongestTry + 1s;
     Poll({});
@@ -90,14 +90,14 @@ TEST_F(Check, TriesEachFeedInTurnWhileTheCycleGoesOn) {
     EXPECT_EQ(Shown(), "3 4 2 1 Done. Good: 1. Redirected: 1. Failed: 1. Faults in the file: 1.");
     program->CheckFeedsEvent([](FeedCheck& check) { check.lstResults_DblClick(1); });
     EXPECT_EQ(state().form.lvwDB.Selected(), 2U);
-    program->mnuCheckFeeds_Click();
+    program->Run(Command::CheckFeeds);
     for (const bool visible : {true, false}) {
         program->CheckFeedsEvent([](FeedCheck& check) { check.cmdCancel_Click(); });
         EXPECT_EQ(state().checkFeeds.Visible, visible);
         EXPECT_EQ(Shown().substr(0, 30), "3 Cancelled after 0 of 3. Good");
     }
     DeleteFileAt(At("Quillon\\live_atc_feeds.txt"));
-    program->mnuCheckFeeds_Click();
+    program->Run(Command::CheckFeeds);
     EXPECT_FALSE(state().checkFeeds.Visible);
     EXPECT_EQ(prompts.messages.back().title, "Check Feeds Error");
 }

@@ -26,7 +26,7 @@ TEST_F(Flight, StartsConnectsAndEnds) {
 
     ReplaceFile(At("Quillon\\Quillon.ini"), "spoilt");
     program->sldVolume_Change(0);
-    program->mnuQuit_Click();
+    program->Run(Command::mnuQuit);
     EXPECT_TRUE(state().Ended);
     EXPECT_EQ(Read("Quillon\\Quillon.state"),
               "volume=0\r\nuser-agent=me\r\nwindow=\r\ncolumns=700 3500 800 2400\r\n");
@@ -47,7 +47,7 @@ TEST_F(Flight, TheNextRunPutsACrashedOnesSeparatorsBack) {
         if (!chosen_since.empty()) regional.decimal = chosen_since;
         Start();
         EXPECT_EQ(regional.decimal + regional.thousand, ".,");
-        program->mnuQuit_Click();
+        program->Run(Command::mnuQuit);
         EXPECT_EQ(regional.decimal + regional.thousand, (chosen_since.empty() ? "," : chosen_since) + ".");
         EXPECT_FALSE(FileExists(At("Quillon\\Quillon.separators")));
     }
@@ -68,8 +68,7 @@ TEST_F(Flight, ShowsTheTitleOfAStreamAndReloadsIt) {
         Tick();
         const bool streams = player.url == "http://feeds.example/a";
         EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, streams ? "KJFK Tower" : "");
-        EXPECT_EQ(state().form.mnuReloadEnabled, streams);
-        program->mnuReload_Click();
+        program->Run(Command::ReloadFeed);
         EXPECT_EQ(player.reloads, 1);
     }
 }
@@ -154,8 +153,8 @@ TEST_F(Flight, AFeedThatIsNoLongerTunedNeverComesBack) {
         Tick();
         ASSERT_EQ(player.state, Playing);
         TuneTo(frequency);
-        program->cmdPause_Click();
-        program->cmdPlay_Click();
+        program->Run(Command::StripPause);
+        program->Run(Command::StripPlay);
         EXPECT_EQ(player.state, Stopped);
         simulator.Put(PauseFlag, 1);
         Tick();
@@ -201,7 +200,7 @@ TEST_F(Flight, PlayerStatesHaveTheirTexts) {
     Tick();
     EXPECT_EQ(state().form.Caption, "Quillon -Radio");
     EXPECT_FALSE(state().form.picATCNetVisible);
-    program->picATCNet_Click();
+    program->Run(Command::picATCNet);
     EXPECT_EQ(shell.opened.size(), 1U);
 }
 
@@ -236,7 +235,7 @@ TEST_F(Flight, ManualModeEndsTheWaitingAndQuittingToo) {
         clock.events = [&] {
             if (!state().form.Visible) return true;
             EXPECT_EQ(panel(3), "Looking for the simulator ...");
-            manual ? program->optManual_Click() : program->mnuQuit_Click();
+            manual ? program->Run(Command::optManual) : program->Run(Command::mnuQuit);
             return !state().Ended;
         };
         Start();
@@ -251,11 +250,11 @@ TEST_F(Flight, ManualModeEndsTheWaitingAndQuittingToo) {
 TEST_F(Flight, ModesSwitchTheTimersAndForceANewSearch) {
     Start();
     TuneTo("118.70");
-    program->optManual_Click();
+    program->Run(Command::optManual);
     EXPECT_EQ(state().cycle.ActiveTimerId, 2);
     EXPECT_EQ(panel(4), "Selection Mode: Manual");
     EXPECT_EQ(player.state, Playing); // what plays goes on
-    program->optAuto_Click();
+    program->Run(Command::optAuto);
     EXPECT_EQ(player.url, "");
     EXPECT_EQ(distance(), "Stopped");
     EXPECT_EQ(panel(4), "Selection Mode: Automatic");
@@ -268,39 +267,39 @@ TEST_F(Flight, TheStripMutesTheCycleInAutomaticMode) {
     player.title = "KJFK Tower";
     TuneTo("118.70");
     Tick();
-    program->cmdPause_Click();
+    program->Run(Command::StripPause);
     EXPECT_EQ(player.state, Paused);
     EXPECT_FALSE(state().cycle.Timer(1).Enabled);
     EXPECT_EQ(state().form.Caption, "Quillon -Mute");
     EXPECT_EQ(panel(1), "Muted");
     EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, "");
-    program->cmdStop_Click(); // muted is muted
-    program->cmdPlay_Click();
+    program->Run(Command::StripStop); // muted is muted
+    program->Run(Command::StripPlay);
     EXPECT_EQ(player.state, Playing);
     EXPECT_TRUE(state().cycle.Timer(1).Enabled);
     EXPECT_EQ(state().form.Caption, "Quillon");
     EXPECT_EQ(panel(1), "Playing");
 
     TuneTo("119.00");
-    program->cmdStop_Click();
+    program->Run(Command::StripStop);
     EXPECT_EQ(player.state, Stopped); // an internet radio station is stopped rather than paused
-    program->cmdPlay_Click();
+    program->Run(Command::StripPlay);
 
-    program->cmdPause_Click();
-    program->optManual_Click(); // switching modes starts a timer while the sound is muted
-    program->optAuto_Click();
+    program->Run(Command::StripPause);
+    program->Run(Command::optManual); // switching modes starts a timer while the sound is muted
+    program->Run(Command::optAuto);
     Tick();
     ASSERT_EQ(player.state, Playing);
-    program->cmdPause_Click(); // and that can be muted too
+    program->Run(Command::StripPause); // and that can be muted too
     EXPECT_NE(player.state, Playing);
     EXPECT_FALSE(state().cycle.Timer(1).Enabled);
-    program->cmdPlay_Click();
+    program->Run(Command::StripPlay);
 
-    program->optManual_Click();
-    program->cmdStop_Click();
+    program->Run(Command::optManual);
+    program->Run(Command::StripStop);
     EXPECT_EQ(player.state, Stopped);
     EXPECT_FALSE(state().mute.Muted);
-    program->cmdPlay_Click();
+    program->Run(Command::StripPlay);
     EXPECT_EQ(player.state, Playing);
     program->sldVolume_Change(140);
     EXPECT_EQ(player.volume, 100);
@@ -318,7 +317,7 @@ TEST_F(Flight, AFailedStartShowsTheWindowAndWritesNothing) {
     EXPECT_TRUE(state().form.Visible);
     EXPECT_FALSE(state().splash.Visible);
     EXPECT_TRUE(state().radio.SimConnected); // it goes on connecting
-    program->mnuQuit_Click();
+    program->Run(Command::mnuQuit);
     EXPECT_FALSE(FileExists(At("Quillon\\Quillon.ini")));
 }
 
@@ -327,7 +326,7 @@ TEST_F(Flight, AStartThatFailsLateWritesNothingEither) {
     Write("Quillon\\Quillon.ini", "12\r\nCom1\r\nxx\r\n30\r\n35\r\n");
     Start();
     EXPECT_EQ(prompts.messages.size(), 1U);
-    program->mnuQuit_Click();
+    program->Run(Command::mnuQuit);
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), "12\r\nCom1\r\nxx\r\n30\r\n35\r\n");
 }
 
@@ -348,8 +347,8 @@ TEST_F(Flight, NothingNestsInsideAMessageBox) {
     MakeFolder("Quillon\\Quillon.ini"); // the way out will have something to report too
     prompts.meanwhile = [&] {
         program->Timer_Timer(1);
-        program->optManual_Click();
-        program->mnuQuit_Click();
+        program->Run(Command::optManual);
+        program->Run(Command::mnuQuit);
         EXPECT_FALSE(state().cycle.optManual());
         EXPECT_FALSE(state().Ended);
     };

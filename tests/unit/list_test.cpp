@@ -41,7 +41,7 @@ class Hand : public Flight {
   protected:
     void Pick(std::size_t row) {
         program->lvwDB_Select(row);
-        program->lvwDB_ItemClick();
+        program->Run(Command::lvwDB_ItemClick);
     }
     const ListView& list() const { return state().form.lvwDB; }
 };
@@ -69,7 +69,7 @@ TEST_F(Hand, SearchesFindMarkAndGoOn) {
     for (const Row& row : rows) {
         prompts.answer = row.answer;
         const std::size_t told = prompts.messages.size();
-        row.by_city ? program->mnuCitySearch_Click() : program->mnuSearch_Click();
+        row.by_city ? program->Run(Command::mnuCitySearch) : program->Run(Command::mnuSearch);
         ASSERT_EQ(list().LastSearchIndex() > 0, row.found != nullptr) << row.answer;
         EXPECT_EQ(prompts.messages.size() - told, row.found ? 0U : 1U);
         if (!row.found) continue;
@@ -81,26 +81,26 @@ TEST_F(Hand, SearchesFindMarkAndGoOn) {
     EXPECT_TRUE(player.urls.empty()); // in Automatic mode a search starts nothing
 
     prompts.answer = "EGLL";
-    program->mnuSearch_Click();
+    program->Run(Command::mnuSearch);
     std::string cities;
     for (int again = 0; again < 3; ++again) {
         cities.append(list().Items()[*list().Selected()].City) += ";";
-        program->mnuSearchAgain_Click();
+        program->Run(Command::SearchAgain);
     }
     EXPECT_EQ(cities, "London Director;London Radio;Playlist one;");
     EXPECT_EQ(list().Items()[*list().Selected()].City, "London Director"); // from the top again
     const int marked = list().LastSearchIndex();
     prompts.answer = "";
-    program->mnuCitySearch_Click();
+    program->Run(Command::mnuCitySearch);
     EXPECT_EQ(list().LastSearchIndex(), marked); // no answer, no search
-    program->lvwDB_ItemClick();
+    program->Run(Command::lvwDB_ItemClick);
     EXPECT_EQ(list().LastSearchIndex(), 0);
 }
 
 TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
     simulator.running = false;
     clock.events = [this] {
-        if (state().form.Visible) program->optManual_Click();
+        if (state().form.Visible) program->Run(Command::optManual);
         return true;
     };
     Start();
@@ -135,21 +135,21 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
     EXPECT_EQ(state().chatter.List3.size(), 2U);
     EXPECT_TRUE(state().chatter.FirstPick);
     EXPECT_EQ(player.state, Stopped);
-    program->optAuto_Click();
+    program->Run(Command::optAuto);
     EXPECT_EQ(state().cycle.ActiveTimerId, 1);
 }
 
 TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
     Start();
-    program->optCom_Click(3);
+    program->Run(Command::optCom2);
     program->lvwDB_Select(1);
-    program->lvwDB_DblClick(); // without Ctrl
+    program->Run(Command::lvwDB_DblClick); // without Ctrl
     keyboard.down = 17;
-    program->optManual_Click();
-    program->lvwDB_DblClick(); // not in Manual mode
-    program->optAuto_Click();
+    program->Run(Command::optManual);
+    program->Run(Command::lvwDB_DblClick); // not in Manual mode
+    program->Run(Command::optAuto);
     EXPECT_EQ(simulator.Word(Com2), 0U);
-    program->lvwDB_DblClick();
+    program->Run(Command::lvwDB_DblClick);
     EXPECT_EQ(simulator.Word(Com2), 0x00001972U);
     EXPECT_EQ(panel(2), "119.72");
     EXPECT_TRUE(player.url.empty());
@@ -157,7 +157,7 @@ TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
     Tick();
     EXPECT_EQ(player.url, "https://feeds.example/london/heathrow/director");
     EXPECT_TRUE(state().range.InRange);
-    program->lvwDB_DblClick();
+    program->Run(Command::lvwDB_DblClick);
     EXPECT_TRUE(state().range.InRange) << "what plays already is not interrupted";
 }
 
@@ -174,7 +174,7 @@ TEST_F(Hand, TheRangePromptConvertsWhatFits) {
                         {"7", 7, "Set Range (7)"},      {"abc", 0, "Set Range (disabled)"}};
     for (const Row& row : rows) {
         prompts.answer = row.answer;
-        program->mnuRange_Click();
+        program->Run(Command::mnuRange);
         EXPECT_EQ(state().range.ReceptionRange, row.range) << row.answer;
         EXPECT_EQ(state().form.mnuRangeCaption, row.caption);
     }
@@ -184,7 +184,7 @@ TEST_F(Hand, TheRangePromptConvertsWhatFits) {
               "7 Nautical Miles\rEnter 0 to disable the Range function");
     EXPECT_EQ(prompts.asked.second, "7");
     prompts.answer = "99999";
-    program->mnuRange_Click();
+    program->Run(Command::mnuRange);
     ASSERT_EQ(prompts.messages.size(), 1U);
     EXPECT_EQ(prompts.messages[0].title, "Set Range Error");
     EXPECT_EQ(state().range.ReceptionRange, 0);
@@ -192,25 +192,25 @@ TEST_F(Hand, TheRangePromptConvertsWhatFits) {
 
 TEST_F(Hand, PreferencesAreSavedAndRestored) {
     Start();
-    program->mnuSelComm_Click();
+    program->Run(Command::mnuSelComm);
     EXPECT_TRUE(state().form.Frame1Visible && state().mute.FrameOpen);
-    program->optCom_Click(1);
-    program->mnuRecordedChatter_Click();
-    program->cmdComClose_Click();
+    program->Run(Command::optCom1);
+    program->Run(Command::mnuRecordedChatter);
+    program->Run(Command::cmdComClose);
     EXPECT_FALSE(state().mute.FrameOpen); // although the other frame is still shown
     EXPECT_TRUE(state().form.frmRandomChatterVisible);
     program->cboMin_Click(40);
     program->cboMax_Click(50);
-    program->cmdClose2_Click();
+    program->Run(Command::cmdClose2);
     prompts.answer = "5";
-    program->mnuRange_Click();
-    program->mnuQuit_Click();
+    program->Run(Command::mnuRange);
+    program->Run(Command::mnuQuit);
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 5 \r\nCom1\r\n 45 \r\n 60 \r\n 9 \r\n");
     Start();
     EXPECT_EQ(state().radio.SelectedComm, 1);
     EXPECT_EQ(state().form.cboMin.Text + "/" + state().form.cboMax.Text, "45/60");
     EXPECT_EQ(state().form.mnuRangeCaption, "Set Range (5)");
-    program->Form_Click();
+    program->Run(Command::Form_Click);
     EXPECT_EQ(shell.opened, std::vector<std::string>{state().folders.AppPath + "ddt"});
 }
 
@@ -224,7 +224,7 @@ TEST_F(Hand, TheMuteKeyIsSetInItsDialog) {
         {0, 1, 65, 0}, {3, 0, 16, 3}, {0, 3, 16, 3}, {4, 3, 35, 4}}; // a foreign key shows "Tab" first
     for (const Row& row : rows) {
         dialogs.set_option = row.set;
-        program->mnuSetMute_Click();
+        program->Run(Command::mnuSetMute);
         EXPECT_EQ(dialogs.shown_option, row.shown);
         EXPECT_EQ(state().mute.MuteKeyCode, row.code);
         EXPECT_EQ(state().muteKeyDialog.Option.Value, row.next);
@@ -237,24 +237,24 @@ TEST_F(Hand, TheStatusDialogShowsTheLink) {
     simulator.Tune(0x034E, "118.05");
     simulator.Tune(0x311A, "136.97");
     simulator.Tune(Com2, "121.50");
-    program->mnuFSUPIC_Click();
+    program->Run(Command::mnuFSUPIC);
     EXPECT_EQ(state().fsuipcStatus.LabelCaption,
               "FSUIPC Ver:    4.999\r\rCom1 Freq:      118.05\rCom1 Stby:      136.97\rCom2 Freq:      121.50\r"
               "Com2 Stby:      118.70\rFlightSim:  FSX");
     EXPECT_FALSE(state().fsuipcStatus.LabelRed);
     EXPECT_EQ(state().radio.MasterFrequency, "118.70");
-    program->frmShow_FSUIPC_Command1_Click();
+    program->Run(Command::frmShow_FSUIPC_Command1);
     EXPECT_FALSE(state().fsuipcStatus.Visible);
 }
 
 TEST_F(Hand, TheStatusDialogExplainsDeniedAccess) {
     simulator.refuses = true;
     clock.events = [this] {
-        if (state().form.Visible) program->optManual_Click();
+        if (state().form.Visible) program->Run(Command::optManual);
         return true;
     };
     Start();
-    program->mnuFSUPIC_Click();
+    program->Run(Command::mnuFSUPIC);
     EXPECT_TRUE(state().fsuipcStatus.LabelRed);
     const std::string& text = state().fsuipcStatus.LabelCaption;
     EXPECT_NE(text.find("FlightSim:  No Connection to Flight Simulator"), std::string::npos);

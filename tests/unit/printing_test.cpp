@@ -53,13 +53,13 @@ class Printing : public Flight {
         Write("Quillon\\live_atc_feeds.txt", lines);
         Start();
         prompts.answer = "City";
-        program->mnuCitySearch_Click();
+        program->Run(Command::mnuCitySearch);
     }
 };
 
 TEST_F(Printing, PrintsTheListAsItIsSorted) {
     for (int click = 0; click < 2; ++click) program->lvwDB_ColumnClick(Column::Freq);
-    program->mnuPrint_Click();
+    program->Run(Command::mnuPrint);
     ASSERT_EQ(printer.pages.size(), 3U); // 110 rows, so that the third has none
     EXPECT_EQ(TextsOf(printer.pages[0][6]), "8 307|18 City|60 307.00|70 x|");
     EXPECT_EQ(TextsOf(printer.pages[1][6]), "8 252|18 City|60 252.00|70 x|");
@@ -72,19 +72,19 @@ TEST_F(Printing, PrintsTheListAsItIsSorted) {
 TEST_F(Printing, CancellingIsSilentAndEveryFailureIsReported) {
     for (bool* yes : {&prompts.yes, &printer.chosen}) {
         *yes = false;
-        program->mnuPrint_Click();
+        program->Run(Command::mnuPrint);
         EXPECT_EQ(printer.pages.size(), 0U);
         *yes = true;
     }
     printer.cancelled_at = 1;
-    program->mnuPrint_Click();
+    program->Run(Command::mnuPrint);
     EXPECT_EQ(printer.pages.size(), 1U);
     EXPECT_EQ(prompts.messages.size(), 0U);
     EXPECT_EQ(state().LastSearchText + state().StartupStep, "City");
     printer.cancelled_at = 0;
     for (const auto& [sheet, step] : {std::pair{1U, "Print data"}, {1U, "Print data"}, {3U, "Print footer"}}) {
         printer.fails_at = sheet;
-        program->mnuPrint_Click();
+        program->Run(Command::mnuPrint);
         EXPECT_EQ(prompts.messages.back().text, std::string(step) + "\rError 482 On fire");
     }
     EXPECT_EQ(prompts.messages.size(), 3U);

@@ -28,7 +28,7 @@ TEST_F(StarterTest, WhatIsMissingIsCreatedAndTakenUpAtOnce) {
         EXPECT_EQ(regional.decimal, ".");
         Tick();
         EXPECT_EQ(state().feed.FeedIcao, "EGLL") << "tuned anew if a tick of the start has tuned already";
-        program->mnuQuit_Click();
+        program->Run(Command::mnuQuit);
         EXPECT_EQ(regional.decimal, ",");
     }
 }
@@ -53,7 +53,7 @@ TEST_F(StarterTest, FilesOfARunWithoutDataFolderMoveIntoTheNewOneAndStayAsTheyAr
     Write("Quillon.ini", "12\r\nCom1\r\n20\r\n30\r\n35\r\n");
     Start();
     EXPECT_EQ(state().form.lvwDB.Items().front().City, "Mine");
-    program->mnuQuit_Click();
+    program->Run(Command::mnuQuit);
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 12 \r\nCom1\r\n 20 \r\n 30 \r\n 35 \r\n");
     EXPECT_FALSE(FileExists(At("Quillon.ini")));
 }

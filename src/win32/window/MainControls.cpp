@@ -1,5 +1,6 @@
 #include "win32/window/MainControls.h"
 
+#include "app/Commands.h"
 #include "win32/system/Utf16.h"
 #include "win32/window/ControlIds.h"
 #include "win32/window/Controls.h"
@@ -22,18 +23,18 @@ struct ButtonKind {
     Glyph Picture;
 };
 constexpr std::array<ButtonKind, 3> Buttons{{
-    {IdPlay, L"Play", Glyph::Play},
-    {IdPause, L"Pause", Glyph::Pause},
-    {IdStop, L"Stop", Glyph::Stop},
+    {Command::StripPlay, L"Play", Glyph::Play},
+    {Command::StripPause, L"Pause", Glyph::Pause},
+    {Command::StripStop, L"Stop", Glyph::Stop},
 }};
 
 } // namespace
 
 MainControls::MainControls(HWND parent, HWND tips, const Theme& theme) : tips_(tips) {
     mode_group_ = AddControl(parent, WC_BUTTONW, L"Selection mode", BS_GROUPBOX | WS_GROUP, -1);
-    auto_ =
-        AddControl(parent, WC_BUTTONW, L"&Automatic", BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP, IdOptAuto);
-    manual_ = AddControl(parent, WC_BUTTONW, L"&Manual", BS_AUTORADIOBUTTON, IdOptManual);
+    auto_ = AddControl(parent, WC_BUTTONW, L"&Automatic", BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP,
+                       Command::optAuto);
+    manual_ = AddControl(parent, WC_BUTTONW, L"&Manual", BS_AUTORADIOBUTTON, Command::optManual);
     player_group_ = AddControl(parent, WC_BUTTONW, L"Player", BS_GROUPBOX | WS_GROUP, -1);
     for (std::size_t i = 0; i < Buttons.size(); ++i) {
         buttons_[i] = AddControl(parent, WC_BUTTONW, Buttons[i].Name,
@@ -45,7 +46,7 @@ MainControls::MainControls(HWND parent, HWND tips, const Theme& theme) : tips_(t
     SendMessageW(volume_, TBM_SETRANGE, FALSE, MAKELPARAM(0, 100));
     SendMessageW(volume_, TBM_SETPAGESIZE, 0, 10);
     SetControlTip(tips_, volume_, "Volume of the feed");
-    quit_ = AddControl(parent, WC_BUTTONW, L"Quit", WS_TABSTOP | WS_GROUP, IdQuit);
+    quit_ = AddControl(parent, WC_BUTTONW, L"Quit", WS_TABSTOP | WS_GROUP, Command::mnuQuit);
     distance_ = AddControl(parent, WC_STATICW, L"", SS_NOPREFIX | SS_ENDELLIPSIS | SS_NOTIFY | SS_CENTERIMAGE,
                            IdLabel2);
     elapsed_ = AddControl(parent, WC_STATICW, L"", SS_RIGHT | SS_CENTERIMAGE | SS_NOTIFY, IdLabel3);
@@ -54,9 +55,9 @@ MainControls::MainControls(HWND parent, HWND tips, const Theme& theme) : tips_(t
     SetControlTip(tips_, elapsed_, "Seconds since the last recording");
     SetControlTip(tips_, interval_, "Seconds from the last recording to the next");
     ShowControls({elapsed_, of_, interval_}, false);
-    site_button_ =
-        AddControl(parent, WC_BUTTONW, L"Live ATC web site", BS_ICON | WS_TABSTOP | WS_GROUP, IdLiveAtcPicture);
-    site_label_ = AddControl(parent, WC_STATICW, L"Live ATC", SS_NOTIFY | SS_CENTERIMAGE, IdLiveAtcLabel);
+    site_button_ = AddControl(parent, WC_BUTTONW, L"Live ATC web site", BS_ICON | WS_TABSTOP | WS_GROUP,
+                              Command::picATCNet);
+    site_label_ = AddControl(parent, WC_STATICW, L"Live ATC", SS_NOTIFY | SS_CENTERIMAGE, Command::picATCNet);
     for (HWND control : {site_button_, site_label_})
         SetControlTip(tips_, control, "Open the live ATC web site");
     ShowControls({site_button_, site_label_}, false);

@@ -1,145 +1,87 @@
 #include "win32/window/MainMenu.h"
 
+#include "app/Commands.h"
 #include "win32/system/Handle.h"
 #include "win32/system/Utf16.h"
-#include "win32/window/ControlIds.h"
 
-#include <initializer_list>
+#include <string_view>
+#include <vector>
 
 namespace quillon {
 
 namespace {
 
-struct Entry {
-    int id; // 0: a separator
-    const wchar_t* text;
-};
-
-HMENU MakePopup(std::initializer_list<Entry> entries) {
-    HMENU popup = CreatePopupMenu();
-    for (const Entry& entry : entries)
-        AppendMenuW(popup, entry.id == 0 ? MF_SEPARATOR : MF_STRING, static_cast<UINT_PTR>(entry.id),
-                    entry.text);
-    return popup;
+UINT EnabledFlag(const Command& command, const ProgramState& state) {
+    return command.Enabled(state) ? MF_ENABLED : MF_GRAYED;
 }
 
-void AddPopup(HMENU bar, const wchar_t* title, std::initializer_list<Entry> entries) {
-    AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(MakePopup(entries)), title);
+HMENU MakePopup(std::span<const Command> entries) {
+    HMENU popup = CreatePopupMenu();
+    for (const Command& entry : entries)
+        AppendMenuW(popup, entry.Number == 0 ? MF_SEPARATOR : MF_STRING, static_cast<UINT_PTR>(entry.Number),
+                    Wide(entry.Text).c_str());
+    return popup;
 }
 
 HMENU MakeBar() {
     HMENU bar = CreateMenu();
-    AddPopup(bar, L"&File",
-             {{IdMnuReload, L"Re&load Feed\tF5"},
-              {0, nullptr},
-              {IdMnuAddAtc, L"&Add Feed ...\tCtrl+N"},
-              {0, nullptr},
-              {IdMnuBackup, L"&Back Up Feeds ..."},
-              {IdMnuRestore, L"&Restore Feeds ..."},
-              {IdMnuEditData, L"&Edit Feeds in Notepad"},
-              {IdMnuCheckFeeds, L"Check &Feeds"},
-              {0, nullptr},
-              {IdMnuPrint, L"&Print Master List\tCtrl+P"},
-              {0, nullptr},
-              {IdMnuQuit, L"&Quit\tAlt+F4"}});
-    AddPopup(bar, L"&Search",
-             {{IdMnuSearch, L"By &ICAO ...\tCtrl+F"},
-              {IdMnuCitySearch, L"By &City ...\tCtrl+Shift+F"},
-              {0, nullptr},
-              {IdMnuSearchAgain, L"Search A&gain\tF3"}});
-    AddPopup(bar, L"&Preferences",
-             {{IdMnuSelComm, L"&Select Com Radio"},
-              {0, nullptr},
-              {IdMnuRange, L"Set &Range"},
-              {0, nullptr},
-              {IdMnuRecordedChatter, L"&Recorded Chatter Options"},
-              {0, nullptr},
-              {IdMnuSetMute, L"Set Default &Mute Key"},
-              {0, nullptr},
-              {IdMnuPlaylist, L"&Enable Playlists"}});
-    AddPopup(bar, L"&Help",
-             {{IdMnuContents, L"&Help Pages\tF1"},
-              {IdMnuFolders, L"&Program Folders"},
-              {IdMnuFsuipc, L"&FSUIPC Status"},
-              {0, nullptr},
-              {IdMnuAbout, L"&About Quillon"}});
+    for (const Menu& menu : MenuBar())
+        AppendMenuW(bar, MF_POPUP, reinterpret_cast<UINT_PTR>(MakePopup(menu.Entries)),
+                    Wide(menu.Title).c_str());
     return bar;
 }
 
-/// Which commands there are to use; quitting is always one.
-struct Rule {
-    int id;
-    bool frmATC::*enabled; // null: always
-};
-constexpr Rule Rules[] = {
-    {IdMnuAddAtc, &frmATC::mnuAddATCEnabled},
-    {IdMnuBackup, &frmATC::mnuBackupEnabled},
-    {IdMnuRestore, &frmATC::mnuRestoreEnabled},
-    {IdMnuEditData, nullptr},
-    {IdMnuCheckFeeds, nullptr},
-    {IdMnuPrint, &frmATC::mnuPrintEnabled},
-    {IdMnuReload, &frmATC::mnuReloadEnabled},
-    {IdMnuSearch, &frmATC::mnuSearchMenuEnabled},
-    {IdMnuCitySearch, &frmATC::mnuSearchMenuEnabled},
-    {IdMnuSearchAgain, &frmATC::mnuSearchMenuEnabled},
-    {IdMnuSelComm, nullptr},
-    {IdMnuRange, nullptr},
-    {IdMnuRecordedChatter, nullptr},
-    {IdMnuSetMute, nullptr},
-    {IdMnuPlaylist, nullptr},
-    {IdMnuContents, nullptr},
-    {IdMnuFolders, nullptr},
-    {IdMnuFsuipc, nullptr},
-    {IdMnuAbout, nullptr},
-};
-
-std::uint32_t Enabled(const frmATC& form) {
-    static_assert(std::size(Rules) <= 32);
-    std::uint32_t bits = 0;
-    for (std::size_t i = 0; i < std::size(Rules); ++i)
-        if (Rules[i].enabled == nullptr || form.*Rules[i].enabled) bits |= 1U << i;
-    return bits;
+/// The key that the entry's text names behind its tab: a letter or F1 to F9. Alt+F4 is Windows' own.
+std::optional<ACCEL> KeyOf(const Command& command) {
+    const std::string_view text = command.Text;
+    const std::size_t tab = text.find('\t');
+    if (tab == std::string_view::npos || text.find("Alt+", tab) != std::string_view::npos) return std::nullopt;
+    ACCEL key{FVIRTKEY, 0, static_cast<WORD>(command.Number)};
+    if (text.find("Ctrl+", tab) != std::string_view::npos) key.fVirt |= FCONTROL;
+    if (text.find("Shift+", tab) != std::string_view::npos) key.fVirt |= FSHIFT;
+    const char last = text.back();
+    key.key = static_cast<WORD>(last <= '9' ? VK_F1 + (last - '1') : last);
+    return key;
 }
 
 HACCEL MakeKeys() {
-    ACCEL keys[] = {
-        {FVIRTKEY | FCONTROL, 'F', IdMnuSearch}, {FVIRTKEY | FCONTROL | FSHIFT, 'F', IdMnuCitySearch},
-        {FVIRTKEY, VK_F3, IdMnuSearchAgain},     {FVIRTKEY | FCONTROL, 'N', IdMnuAddAtc},
-        {FVIRTKEY, VK_F1, IdMnuContents},        {FVIRTKEY | FCONTROL, 'P', IdMnuPrint},
-        {FVIRTKEY, VK_F5, IdMnuReload},
-    };
-    return CreateAcceleratorTableW(keys, static_cast<int>(std::size(keys)));
+    std::vector<ACCEL> keys;
+    for (const Menu& menu : MenuBar())
+        for (const Command& entry : menu.Entries)
+            if (const auto key = KeyOf(entry)) keys.push_back(*key);
+    return CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
 }
 
 } // namespace
 
 MainMenu::MainMenu() : bar_(MakeBar()), keys_(MakeKeys()) {}
 
-void MainMenu::Sync(const frmATC& form, bool busy) {
-    if (range_caption_ != form.mnuRangeCaption) {
-        range_caption_ = form.mnuRangeCaption;
+void MainMenu::Sync(const ProgramState& state) {
+    if (range_caption_ != state.form.mnuRangeCaption) {
+        range_caption_ = state.form.mnuRangeCaption;
         std::wstring text = Wide(range_caption_);
         MENUITEMINFOW item{};
         item.cbSize = sizeof item;
         item.fMask = MIIM_STRING;
         item.dwTypeData = text.data();
-        SetMenuItemInfoW(bar_, IdMnuRange, FALSE, &item);
+        SetMenuItemInfoW(bar_, Command::mnuRange, FALSE, &item);
     }
-    const std::uint32_t enabled = busy ? 0 : Enabled(form);
-    if (enabled_ == enabled) return; // asked several times a second
-    enabled_ = enabled;
-    for (std::size_t i = 0; i < std::size(Rules); ++i)
-        EnableMenuItem(bar_, static_cast<UINT>(Rules[i].id), (enabled >> i & 1U) != 0 ? MF_ENABLED : MF_GRAYED);
+    // Asked several times a second, so the menus are only touched when one of their entries has changed.
+    std::vector<bool> enabled;
+    for (const Menu& menu : MenuBar())
+        for (const Command& entry : menu.Entries) enabled.push_back(entry.Enabled(state));
+    if (enabled_ == enabled) return;
+    enabled_ = std::move(enabled);
+    for (const Menu& menu : MenuBar())
+        for (const Command& entry : menu.Entries)
+            EnableMenuItem(bar_, static_cast<UINT>(entry.Number), EnabledFlag(entry, state));
 }
 
-int MainMenu::AskForRow(HWND window, POINT where, bool can_tune) {
-    const Handle<HMENU, DestroyMenu> menu(MakePopup({{IdMnuPlayFeed, L"&Play"},
-                                                     {IdMnuTuneFeed, L"&Tune the Simulator"},
-                                                     {0, nullptr},
-                                                     {IdMnuCopyAddress, L"&Copy Address"},
-                                                     {IdMnuEditData, L"&Edit Feeds in Notepad"}}));
-    SetMenuDefaultItem(menu.Get(), IdMnuPlayFeed, FALSE);
-    if (!can_tune) EnableMenuItem(menu.Get(), IdMnuTuneFeed, MF_GRAYED);
+int MainMenu::AskForRow(HWND window, POINT where, const ProgramState& state) {
+    const Handle<HMENU, DestroyMenu> menu(MakePopup(RowMenu()));
+    SetMenuDefaultItem(menu.Get(), 0, TRUE);
+    for (const Command& entry : RowMenu())
+        EnableMenuItem(menu.Get(), static_cast<UINT>(entry.Number), EnabledFlag(entry, state));
     return TrackPopupMenu(menu.Get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, where.x, where.y, 0, window, nullptr);
 }
 

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "state/Forms.h"
+#include "state/ProgramState.h"
 
 #include <windows.h>
 
-#include <cstdint>
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace quillon {
 
@@ -18,12 +17,12 @@ class MainMenu {
     /// For the window that will own it.
     HMENU Bar() const { return bar_; }
 
-    /// Shows captions and enabled states as the data say; while the program is busy only quitting is enabled.
-    void Sync(const frmATC& form, bool busy);
+    /// Shows captions and enabled states as the data say.
+    void Sync(const ProgramState& state);
 
     /// Shows the menu of a row of the list at a point of the screen and returns the command that is chosen, 0
     /// for none. Serves window events meanwhile.
-    static int AskForRow(HWND window, POINT where, bool can_tune);
+    static int AskForRow(HWND window, POINT where, const ProgramState& state);
 
     /// Turns a key press for the window into its command.
     bool Translate(HWND window, MSG& message) const;
@@ -32,7 +31,7 @@ class MainMenu {
     HMENU bar_;
     HACCEL keys_; // lives as long as the program
     std::string range_caption_;
-    std::optional<std::uint32_t> enabled_; // a bit for each rule
+    std::vector<bool> enabled_; // of all entries
 };
 
 } // namespace quillon

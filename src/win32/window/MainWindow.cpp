@@ -1,9 +1,9 @@
 #include "win32/window/MainWindow.h"
 
+#include "app/Commands.h"
 #include "win32/system/Utf16.h"
 #include "win32/window/ControlIds.h"
 #include "win32/window/Controls.h"
-#include "win32/window/MainCommands.h"
 #include "win32/window/ToolTips.h"
 
 #include <windowsx.h>
@@ -21,10 +21,7 @@ constexpr int LeastListHeight = 80; // at 96 dpi
 } // namespace
 
 MainWindow::MainWindow()
-    : fsuipc_status_([this] {
-          program_->frmShow_FSUIPC_Command1_Click();
-          Sync();
-      }),
+    : fsuipc_status_([this] { RunCommand(Command::frmShow_FSUIPC_Command1); }),
       add_feed_([this] { Sync(); }),
       check_feeds_([this] { Sync(); }) {}
 MainWindow::~MainWindow() = default;
@@ -99,7 +96,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         Event([wparam](Program& program) { program.Timer_Timer(static_cast<int>(wparam)); });
         return 0;
     case WM_COMMAND:
-        Command(LOWORD(wparam), HIWORD(wparam));
+        ControlEvent(LOWORD(wparam), HIWORD(wparam));
         return 0;
     case WM_NOTIFY:
         return Notify(*reinterpret_cast<NMHDR*>(lparam));
@@ -116,13 +113,13 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         if (LOWORD(wparam) == WA_INACTIVE) focus_->Save();
         return DefWindowProcW(window_, message, wparam, lparam);
     case WM_LBUTTONDOWN:
-        Event(&Program::Form_Click);
+        RunCommand(Command::Form_Click);
         return 0;
     case WM_SETFOCUS:
         focus_->Restore();
         return 0;
     case WM_CLOSE:
-        Event(&Program::mnuQuit_Click);
+        RunCommand(Command::mnuQuit);
         return 0;
     case WM_ENDSESSION:
         if (wparam != FALSE) program_->EndSession();
@@ -134,6 +131,11 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     default:
         return DefWindowProcW(window_, message, wparam, lparam);
     }
+}
+
+void MainWindow::RunCommand(int command) {
+    program_->Run(command);
+    Sync();
 }
 
 void MainWindow::Event(const std::function<void(Program&)>& event) {
@@ -167,11 +169,10 @@ void MainWindow::ShowRowMenu(HWND control, POINT where) {
     if (control != list_->Window() || !row || program_->State().Busy) return;
     if (where.x == -1 && where.y == -1) where = list_->PlaceOf(*row);
     const std::uint64_t revision = list.Revision();
-    const int chosen = MainMenu::AskForRow(window_, where, !program_->State().cycle.optManual());
+    const int chosen = MainMenu::AskForRow(window_, where, program_->State());
     if (chosen == 0 || list.Revision() != revision) return;
     program_->lvwDB_Select(row);
-    RunCommand(*program_, chosen);
-    Sync();
+    RunCommand(chosen);
 }
 
 void MainWindow::CreateControls() {
@@ -195,13 +196,13 @@ void MainWindow::SetDpi(UINT dpi) {
     LayoutAndRedraw();
 }
 
-void MainWindow::Command(int id, int code) {
+void MainWindow::ControlEvent(int id, int code) {
     if ((id == IdCboMin || id == IdCboMax) && code == CBN_SELENDOK) {
         const auto entry = frames_->PickedEntry(id);
         if (entry) (program_->*(id == IdCboMin ? &Program::cboMin_Click : &Program::cboMax_Click))(*entry);
     }
     // The code is 0 from menus and pictures, as from buttons, and 1 from accelerators.
-    if (code == BN_CLICKED || code == 1) RunCommand(*program_, id);
+    if (code == BN_CLICKED || code == 1) program_->Run(id);
     Sync();
 }
 
@@ -218,10 +219,10 @@ LRESULT MainWindow::Notify(NMHDR& header) {
         break;
     case NM_CLICK:
         if (reinterpret_cast<NMITEMACTIVATE&>(header).iItem < 0) return 0;
-        program_->lvwDB_ItemClick();
+        program_->Run(Command::lvwDB_ItemClick);
         break;
     case NM_DBLCLK:
-        program_->lvwDB_DblClick();
+        program_->Run(Command::lvwDB_DblClick);
         break;
     case LVN_COLUMNCLICK:
         program_->lvwDB_ColumnClick(static_cast<Column>(reinterpret_cast<NMLISTVIEW&>(header).iSubItem));
@@ -281,7 +282,7 @@ void MainWindow::SyncOnce() {
         caption_ = state.form.Caption;
         SetWindowTextW(window_, Wide(caption_).c_str());
     }
-    menu_.Sync(state.form, state.Busy);
+    menu_.Sync(state);
     SyncBusy();
     controls_->Sync(state.form, state.cycle);
     if (frames_->Sync(state.form, theme_) && shown_) LayoutAndRedraw();
@@ -327,7 +328,7 @@ void MainWindow::SyncBusy() {
     busy_ = busy;
     if (busy_) focus_->Save();
     for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
-        if (GetDlgCtrlID(child) != IdQuit) EnableWindow(child, busy_ ? FALSE : TRUE);
+        if (GetDlgCtrlID(child) != Command::mnuQuit) EnableWindow(child, busy_ ? FALSE : TRUE);
     if (!busy_ && GetActiveWindow() == window_) focus_->Restore();
 }
 
@@ -357,7 +358,7 @@ bool MainWindow::Keystroke(MSG& message) {
         return true;
     }
     if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN && message.hwnd == list_->Window()) {
-        Event(&Program::lvwDB_ItemClick);
+        RunCommand(Command::lvwDB_ItemClick);
         return true;
     }
     return IsDialogMessageW(window_, &message) != 0;

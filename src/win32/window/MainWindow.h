@@ -50,13 +50,14 @@ class MainWindow : public Display {
   private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT Handle(UINT message, WPARAM wparam, LPARAM lparam);
+    void RunCommand(int command);
     void Event(const std::function<void(Program&)>& event);
     void CreateControls();
     void Resized(bool restored);
     void MoveToDpi(UINT dpi, const RECT& area);
     void Restyle();
     void SetDpi(UINT dpi);
-    void Command(int id, int code);
+    void ControlEvent(int id, int code);
     bool Keystroke(MSG& message);
     LRESULT Notify(NMHDR& header);
     void Layout();

@@ -1,5 +1,6 @@
 #include "win32/window/PreferenceFrames.h"
 
+#include "app/Commands.h"
 #include "win32/system/Utf16.h"
 #include "win32/window/ControlIds.h"
 #include "win32/window/Controls.h"
@@ -31,8 +32,8 @@ void PreferenceFrames::Make(const frmATC& form) {
     for (std::size_t i = 0; i < radios_.size(); ++i)
         radios_[i] = AddControl(parent_, WC_BUTTONW, RadioNames[i],
                                 BS_AUTORADIOBUTTON | WS_TABSTOP | (i == 0 ? WS_GROUP : 0U),
-                                IdOptCom1 + static_cast<int>(i));
-    radio_close_ = AddControl(parent_, WC_BUTTONW, L"&Close", WS_TABSTOP | WS_GROUP, IdComClose);
+                                Command::optCom1 + static_cast<int>(i));
+    radio_close_ = AddControl(parent_, WC_BUTTONW, L"&Close", WS_TABSTOP | WS_GROUP, Command::cmdComClose);
     chatter_group_ = AddControl(parent_, WC_BUTTONW, L"Recorded Chatter Options", BS_GROUPBOX | WS_GROUP, -1);
     interval_ = AddControl(parent_, WC_STATICW, L"Interval  Between Chatter is", SS_CENTERIMAGE, -1);
     min_ = AddCombo(parent_, IdCboMin, L"Shortest interval between chatter");
@@ -40,7 +41,7 @@ void PreferenceFrames::Make(const frmATC& form) {
     max_ = AddCombo(parent_, IdCboMax, L"Longest interval between chatter");
     seconds_ = AddControl(parent_, WC_STATICW, L"Seconds", SS_CENTERIMAGE, -1);
     chatter_close_ = AddControl(parent_, WC_BUTTONW, L"C&lose", // another letter, as both frames may be open
-                                WS_TABSTOP | WS_GROUP, IdClose2);
+                                WS_TABSTOP | WS_GROUP, Command::cmdClose2);
     ShowControls({radio_group_, radios_[0], radios_[1], radios_[2], radios_[3], radio_close_, chatter_group_,
                   interval_, min_, to_, max_, seconds_, chatter_close_},
                  false);

@@ -1,0 +1,137 @@
+#include "app/Commands.h"
+
+#include "app/Parts.h"
+#include "playback/CurrentFeed.h"
+
+namespace quillon {
+
+namespace {
+
+bool Always(const ProgramState&) {
+    return true;
+}
+
+bool WithFolders(const ProgramState& state) {
+    return !state.Busy && state.form.FoldersKnown;
+}
+
+bool WithBackup(const ProgramState& state) {
+    return !state.Busy && state.form.HasBackup;
+}
+
+bool WhileStreaming(const ProgramState& state) {
+    return !state.Busy && IsStream(state.feed);
+}
+
+// A radio button also says that it was clicked when it only gets the keyboard.
+bool InManualMode(const ProgramState& state) {
+    return !state.Busy && state.cycle.optManual();
+}
+
+bool InAutomaticMode(const ProgramState& state) {
+    return !state.Busy && !state.cycle.optManual();
+}
+
+constexpr Command Separator{};
+constexpr Command EditData{Command::mnuEditData, "&Edit Feeds in Notepad",
+                           [](Parts& p) { p.maintenance.mnuEditData_Click(); }};
+
+constexpr Command FileMenu[] = {
+    {Command::ReloadFeed, "Re&load Feed\tF5", [](Parts& p) { p.strip.mnuReload_Click(); }, WhileStreaming},
+    Separator,
+    {Command::mnuAddATC, "&Add Feed ...\tCtrl+N", [](Parts& p) { p.add_feed.mnuAddATC_Click(); }, WithFolders},
+    Separator,
+    {Command::mnuBackup, "&Back Up Feeds ...", [](Parts& p) { p.maintenance.mnuBackup_Click(); }, WithFolders},
+    {Command::mnuRestore, "&Restore Feeds ...", [](Parts& p) { p.maintenance.mnuRestore_Click(); }, WithBackup},
+    EditData,
+    {Command::CheckFeeds, "Check &Feeds", [](Parts& p) { p.feed_check.mnuCheckFeeds_Click(); }},
+    Separator,
+    {Command::mnuPrint, "&Print Master List\tCtrl+P", [](Parts& p) { p.print.mnuPrint_Click(); }, WithFolders},
+    Separator,
+    {Command::mnuQuit, "&Quit\tAlt+F4", [](Parts& p) { p.shut_down.Run(); }, Always},
+};
+
+constexpr Command SearchMenu[] = {
+    {Command::mnuSearch, "By &ICAO ...\tCtrl+F", [](Parts& p) { p.list.mnuSearch_Click(); }, WithFolders},
+    {Command::mnuCitySearch, "By &City ...\tCtrl+Shift+F", [](Parts& p) { p.list.mnuCitySearch_Click(); },
+     WithFolders},
+    Separator,
+    {Command::SearchAgain, "Search A&gain\tF3", [](Parts& p) { p.list.mnuSearchAgain_Click(); }, WithFolders},
+};
+
+constexpr Command PreferencesMenu[] = {
+    {Command::mnuSelComm, "&Select Com Radio", [](Parts& p) { p.preferences.mnuSelComm_Click(); }},
+    Separator,
+    {Command::mnuRange, "Set &Range", [](Parts& p) { p.preferences.mnuRange_Click(); }},
+    Separator,
+    {Command::mnuRecordedChatter, "&Recorded Chatter Options",
+     [](Parts& p) { p.preferences.mnuRecordedChatter_Click(); }},
+    Separator,
+    {Command::mnuSetMute, "Set Default &Mute Key", [](Parts& p) { p.preferences.mnuSetMute_Click(); }},
+    Separator,
+    {Command::mnuPlaylist, "&Enable Playlists"},
+};
+
+constexpr Command HelpMenu[] = {
+    {Command::ShowHelp, "&Help Pages\tF1", [](Parts& p) { p.help.mnuContents_Click(); }},
+    {Command::ShowFolders, "&Program Folders", [](Parts& p) { p.help.mnuFolders_Click(); }},
+    {Command::mnuFSUPIC, "&FSUIPC Status", [](Parts& p) { p.status.mnuFSUPIC_Click(); }},
+    Separator,
+    {Command::ShowAbout, "&About Quillon", [](Parts& p) { p.help.mnuAbout_Click(); }},
+};
+
+constexpr Menu Menus[] = {
+    {"&File", FileMenu}, {"&Search", SearchMenu}, {"&Preferences", PreferencesMenu}, {"&Help", HelpMenu}};
+
+constexpr Command ListMenu[] = {
+    {Command::PlayFeed, "&Play",
+     [](Parts& p) {
+         if (InAutomaticMode(p.state)) p.modes.optManual_Click();
+         p.list.lvwDB_ItemClick();
+     }},
+    {Command::TuneFeed, "&Tune the Simulator", [](Parts& p) { p.list.mnuTuneFeed_Click(); }, InAutomaticMode},
+    Separator,
+    {Command::CopyAddress, "&Copy Address", [](Parts& p) { p.list.mnuCopyAddress_Click(); }},
+    EditData,
+};
+
+constexpr Command InNoMenu[] = {
+    {Command::optAuto, "", [](Parts& p) { p.modes.optAuto_Click(); }, InManualMode},
+    {Command::optManual, "", [](Parts& p) { p.modes.optManual_Click(); }, InAutomaticMode},
+    {Command::StripPlay, "", [](Parts& p) { p.strip.cmdPlay_Click(); }},
+    {Command::StripPause, "", [](Parts& p) { p.strip.cmdPause_Click(); }},
+    {Command::StripStop, "", [](Parts& p) { p.strip.cmdStop_Click(); }},
+    {Command::picATCNet, "", [](Parts& p) { p.display.picATCNet_Click(); }},
+    {Command::optCom1, "", [](Parts& p) { p.preferences.optCom_Click(1); }},
+    {Command::optCom1Stby, "", [](Parts& p) { p.preferences.optCom_Click(2); }},
+    {Command::optCom2, "", [](Parts& p) { p.preferences.optCom_Click(3); }},
+    {Command::optCom2Stby, "", [](Parts& p) { p.preferences.optCom_Click(4); }},
+    {Command::cmdComClose, "", [](Parts& p) { p.preferences.cmdComClose_Click(); }},
+    {Command::cmdClose2, "", [](Parts& p) { p.preferences.cmdClose2_Click(); }},
+    {Command::lvwDB_ItemClick, "", [](Parts& p) { p.list.lvwDB_ItemClick(); }},
+    {Command::lvwDB_DblClick, "", [](Parts& p) { p.list.lvwDB_DblClick(); }},
+    {Command::Form_Click, "", [](Parts& p) { p.preferences.Form_Click(); }},
+    {Command::frmShow_FSUIPC_Command1, "", [](Parts& p) { p.status.Command1_Click(); }, Always},
+};
+
+constexpr std::span<const Command> Tables[] = {FileMenu, SearchMenu, PreferencesMenu,
+                                               HelpMenu, ListMenu,   InNoMenu};
+
+} // namespace
+
+std::span<const Menu> MenuBar() {
+    return Menus;
+}
+
+std::span<const Command> RowMenu() {
+    return ListMenu;
+}
+
+const Command* FindCommand(int number) {
+    for (const auto& table : Tables)
+        for (const Command& command : table)
+            if (command.Number == number && command.Handler != nullptr) return &command;
+    return nullptr;
+}
+
+} // namespace quillon

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "state/ProgramState.h"
+
+#include <span>
+
+namespace quillon {
+
+struct Parts;
+
+/// What the user can ask for with one click or key, and a row of the table that says what it does.
+struct Command {
+    /// The numbers that the main window's controls and menu entries bear.
+    enum Id : int {
+        optAuto = 1003,
+        optManual = 1004,
+        StripPlay = 1006,
+        StripPause = 1007,
+        StripStop = 1008,
+        picATCNet = 1010,
+
+        optCom1 = 1021,
+        optCom1Stby = 1022,
+        optCom2 = 1023,
+        optCom2Stby = 1024,
+        cmdComClose = 1025,
+        cmdClose2 = 1033,
+
+        mnuQuit = 2001, ///< `Command2`, too
+        mnuSearch = 2002,
+        mnuCitySearch = 2003,
+        SearchAgain = 2004,
+        mnuSelComm = 2005,
+        mnuRange = 2006,
+        mnuRecordedChatter = 2007,
+        mnuPlaylist = 2008,
+        mnuFSUPIC = 2009,
+        mnuSetMute = 2010,
+        mnuAddATC = 2011,
+        mnuBackup = 2012,
+        mnuRestore = 2013,
+        mnuEditData = 2014,
+        ShowHelp = 2015,
+        ShowFolders = 2016,
+        ShowAbout = 2017,
+        PlayFeed = 2018,
+        TuneFeed = 2019,
+        CopyAddress = 2020,
+        mnuPrint = 2021,
+        ReloadFeed = 2022,
+        CheckFeeds = 2023,
+
+        // These have neither control nor menu entry.
+        lvwDB_ItemClick = 3001,
+        lvwDB_DblClick = 3002,
+        Form_Click = 3003,
+        frmShow_FSUIPC_Command1 = 3004,
+    };
+
+    int Number = 0;                    ///< an Id; 0 for a menu's separator
+    const char* Text = "";             ///< menu entry, its key behind a tab: "Ctrl+Shift+F", "F3"
+    void (*Handler)(Parts&) = nullptr; ///< null: does nothing
+    bool (*Enabled)(const ProgramState&) = [](const ProgramState& state) { return !state.Busy; };
+};
+
+struct Menu {
+    const char* Title;
+    std::span<const Command> Entries;
+};
+
+/// The main window's menus, from left to right.
+std::span<const Menu> MenuBar();
+
+/// The menu of a row of the list; its first entry is the one that a double-click would mean.
+std::span<const Command> RowMenu();
+
+/// Null for a number that does nothing.
+const Command* FindCommand(int number);
+
+} // namespace quillon

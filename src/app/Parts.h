@@ -1,0 +1,94 @@
+#pragma once
+
+#include "app/AddFeed.h"
+#include "app/CatalogueReload.h"
+#include "app/FeedCheck.h"
+#include "app/FeedListCommands.h"
+#include "app/FsuipcStatus.h"
+#include "app/HelpCommands.h"
+#include "app/Maintenance.h"
+#include "app/PlayerStrip.h"
+#include "app/Ports.h"
+#include "app/Preferences.h"
+#include "app/PrintCommand.h"
+#include "app/ShutDown.h"
+#include "app/StartUp.h"
+#include "playback/AutomaticTuning.h"
+#include "playback/ManualMonitoring.h"
+#include "playback/MuteKey.h"
+#include "playback/RecordedChatter.h"
+#include "playback/SelectionModes.h"
+#include "simlink/SimConnection.h"
+
+namespace quillon {
+
+/// Lets handlers in while a handler of the program's own waits, and only then.
+class GatedClock : public Clock {
+  public:
+    GatedClock(Clock& clock, bool& in_handler) : clock_(clock), in_handler_(in_handler) {}
+
+    TimePoint Now() override { return clock_.Now(); }
+    void Sleep(std::chrono::milliseconds time) override { clock_.Sleep(time); }
+    bool ServeEvents(std::chrono::milliseconds time) override {
+        in_handler_ = false;
+        const bool goes_on = clock_.ServeEvents(time);
+        in_handler_ = true;
+        return goes_on;
+    }
+
+  private:
+    Clock& clock_;
+    bool& in_handler_;
+};
+
+/// What the program consists of, in the order in which one needs the other.
+struct Parts {
+    Parts(ProgramState& program_state, const Ports& outside, bool& in_handler, std::string arguments);
+
+    ProgramState& state;
+    std::string command_line;
+    GatedClock clock;
+    Ports ports;
+    ErrorTrap trap{state.StartupStep, state.MessageText,
+                   [this](const std::string& title, const std::string& text, Icon icon) {
+                       ports.prompts.Message(title, text, icon);
+                   }};
+    FsuipcClient link{ports.link, ports.memory, clock};
+    RadioReadout readout{link, state.radio.FsuipcResult};
+    SimConnection connection{state.radio, link};
+    ScreenTexts texts{state, state.form};
+    RegionalNumbers regional{ports.regional};
+    Settings settings{state, trap};
+    RememberedState remembered{state.form, state.UserAgent, state.folders};
+    Airports airports{state.Airports, ports.code_page, trap};
+    FeedLoader loader{state, ports.prompts, ports.code_page, trap};
+    ReceptionRange range{state.Airports, trap};
+    ShutDown shut_down{state, settings, remembered, regional, link, ports.player};
+    CatalogueReload reload{state.cycle, loader};
+    StarterData starter{state, ports.prompts, ports.shell};
+    StartUp start_up{
+        state,       ports, trap, texts, {regional, settings, remembered, airports, loader, starter, reload},
+        command_line};
+    PlayerDisplay display{state, texts, ports.player, ports.live, ports.shell};
+    SimWatch sim{state, texts, link, readout, range, ports.player, [this] { shut_down.Run(); }};
+    AutomaticTuning tuning{state, state.form.lvwDB, texts, sim, display, ports.player, trap};
+    RecordedChatter chatter{state, state.LastSearchText, texts, sim, ports.player, clock, trap};
+    SelectionModes modes{state, state.form.lvwDB, texts, ports.player};
+    ManualMonitoring manual{state, texts, display, ports.player, trap};
+    RadioTuning radio_tuning{state.radio, link};
+    FeedListCommands list{state,          texts,       ports.player, ports.prompts,
+                          ports.keyboard, ports.shell, radio_tuning, trap};
+    Preferences preferences{state, ports.prompts, ports.dialogs, ports.shell, trap};
+    Maintenance maintenance{state, ports.prompts, ports.shell, ports.files, clock, reload, trap};
+    AddFeed add_feed{state, ports.prompts, ports.code_page, reload, trap};
+    FeedCheck feed_check{state.checkFeeds, state.form.lvwDB, state.folders, state.UserAgent,
+                         ports.probe,      ports.code_page,  clock,         trap};
+    HelpCommands help{state.folders, ports.prompts, ports.dialogs, ports.shell};
+    PrintCommand print{state.form, state.LastSearchText, ports.prompts, ports.printer, clock, trap};
+    FsuipcStatus status{state.fsuipcStatus, state.radio, link, readout};
+    Mute mute{state, texts, ports.player};
+    MuteKey mute_key{state, mute, ports.keyboard, ports.display, clock};
+    PlayerStrip strip{state, ports.player, ports.live, mute};
+};
+
+} // namespace quillon
