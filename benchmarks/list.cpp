@@ -41,8 +41,7 @@ void OnCopies(benchmark::State& state, const Data& data, Work work) {
 
 void Sort(benchmark::State& state) {
     ListView list = LoadedCockpit().program.State().form.lvwDB;
-    list.SetSortKey(Column::City);
-    OnCopies(state, list, [](ListView& copy) { copy.SetSorted(true); });
+    OnCopies(state, list, [](ListView& copy) { copy.SortBy(Column::City, SortOrder::Ascending); });
 }
 BENCHMARK(Sort)->Name("sort/Quillon")->Unit(benchmark::kMillisecond);
 

@@ -12,5 +12,5 @@ for header in HEADERS:
 
 
 def numbered(command):
-    """The command with numbers in place of names."""
-    return re.sub(r"\b[A-Za-z]\w+", lambda found: str(IDS.get(found[0], found[0])), command)
+    """The command with numbers in place of names; IDC_KIND1+2 is the second after IDC_KIND1."""
+    return re.sub(rf"\b({'|'.join(IDS)})\b(?:\+(\d+))?", lambda found: str(IDS[found[1]] + int(found[2] or 0)), command)

@@ -13,6 +13,7 @@ namespace quillon {
 
 namespace {
 
+constexpr const char* ErrorsTitle = "Add Feed Errors";
 constexpr const char* HttpPrefix = "http://";
 constexpr const char* AddressPrompt = "Enter URL: (http://.....)";
 
@@ -43,7 +44,7 @@ void AddFeed::mnuAddATC_Click() {
     state_.addFeed.PromptCaption = AddressPrompt;
     state_.addFeed[AddBox::txtURL] = services::LiveAtcFeedPrefix;
     state_.addFeed.RequestFocus({AddBox::txtICAO, 0, 0});
-    trap_.RunCommand("Add Feed Errors", Icon::Exclamation, [this] { CollectFrequencies(); });
+    trap_.RunCommand(ErrorsTitle, Icon::Exclamation, [this] { CollectFrequencies(); });
     state_.addFeed.Visible = true;
 }
 
@@ -136,7 +137,7 @@ void AddFeed::Append(const std::string& line) {
         } catch (const RuntimeError&) {
             // What keeps the catalogue from being written can keep the log, too.
         }
-        prompts_.Message("Add Feed Errors", state_.MessageText, Icon::Exclamation);
+        prompts_.Message(ErrorsTitle, state_.MessageText, Icon::Exclamation);
     }
     state_.StartupStep.clear();
 }

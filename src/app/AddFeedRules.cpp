@@ -9,6 +9,8 @@ namespace quillon {
 
 namespace {
 
+constexpr const char* InvalidCharacter = "Invalid character";
+constexpr const char* InvalidFrequency = "Frequency - Invalid format";
 constexpr double LowestFrequency = 118.0; // MHz
 constexpr double HighestFrequency = 136.97;
 
@@ -19,13 +21,13 @@ Fault UnfitForALine(const frmAddATC& form) {
     for (const AddBox box : {AddBox::txtICAO, AddBox::txtCity, AddBox::txtURL, AddBox::txtFreq}) {
         const auto length = static_cast<std::ptrdiff_t>(Len(form[box]));
         if (form[box].find_first_of("|\r\n") != std::string::npos)
-            return EntryFault{"Invalid character",
+            return EntryFault{InvalidCharacter,
                               "A \"|\" or a line end cannot be part of an entry: the catalogue separates its "
                               "fields and lines by them.",
                               {box, 0, length}};
     }
     if (form[AddBox::txtICAO].starts_with("//"))
-        return EntryFault{"Invalid character",
+        return EntryFault{InvalidCharacter,
                           "An entry cannot begin with \"//\": the catalogue would take it for a comment.",
                           {AddBox::txtICAO, 0, 4}};
     return std::nullopt;
@@ -51,13 +53,13 @@ Fault BadFrequency(const std::string& frequency) {
     const frmAddATC::Focus where{AddBox::txtFreq, 0, 0};
     // Either sign of the form is enough: "123456" and "118.0" are judged by their value.
     if (Len(frequency) != 6 && Mid(frequency, 4, 1) != ".")
-        return EntryFault{"Frequency - Invalid format",
-                          "Invalid Frequency format!  Frequency must be entered as ###.##", where};
+        return EntryFault{InvalidFrequency, "Invalid Frequency format!  Frequency must be entered as ###.##",
+                          where};
     const double value = Megahertz(frequency);
     const std::string last = Right(frequency, 1);
     if (value < LowestFrequency || value > HighestFrequency ||
         std::string("134689").find(last) != std::string::npos)
-        return EntryFault{"Frequency - Invalid format",
+        return EntryFault{InvalidFrequency,
                           "Invalid Frequency format!\r\rFlight Simulator only alows the numbers 0,2,5,7 as the "
                           "last digit of a Comm frequency.",
                           where};

@@ -62,7 +62,7 @@ constexpr Command SearchMenu[] = {
 constexpr Command PreferencesMenu[] = {
     {Command::mnuSelComm, "&Select Com Radio", [](Parts& p) { p.preferences.mnuSelComm_Click(); }},
     Separator,
-    {Command::mnuRange, "Set &Range", [](Parts& p) { p.preferences.mnuRange_Click(); }},
+    {Command::mnuRange, FirstRangeCaption, [](Parts& p) { p.preferences.mnuRange_Click(); }},
     Separator,
     {Command::mnuRecordedChatter, "&Recorded Chatter Options",
      [](Parts& p) { p.preferences.mnuRecordedChatter_Click(); }},

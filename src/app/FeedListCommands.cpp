@@ -14,10 +14,10 @@ constexpr int ControlKey = 17;
 
 void FeedListCommands::lvwDB_ColumnClick(Column column) {
     ListView& list = state_.form.lvwDB;
-    list.SetSorted(true);
-    if (column == last_clicked_)
-        list.SetSortOrder(list.Order() == SortOrder::Descending ? SortOrder::Ascending : SortOrder::Descending);
-    list.SetSortKey(column);
+    if (!list.Sorted()) list.SetSorted(true); // by ICAO, which orders the equals of the clicked column
+    const bool flips = column == last_clicked_;
+    const bool descends = (list.Order() == SortOrder::Descending) != flips;
+    list.SortBy(column, descends ? SortOrder::Descending : SortOrder::Ascending);
     last_clicked_ = column;
 }
 
@@ -28,9 +28,7 @@ void FeedListCommands::lvwDB_ItemClick() {
 
 void FeedListCommands::mnuSearch_Click() {
     ListView& list = state_.form.lvwDB;
-    list.SetSortKey(Column::ICAO);
-    list.SetSorted(false);
-    list.SetSorted(true);
+    list.SortBy(Column::ICAO, list.Order());
     const std::string answer = UCase(prompts_.InputBox("Quillon", "Please Enter ICAO", ""));
     if (!answer.empty()) Search(Kind::Icao, answer, 0);
 }

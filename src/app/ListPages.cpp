@@ -53,7 +53,7 @@ PrintedLine PrintRow(const FeedRecord& feed) {
 
 void PrintHeader(PrintedPage& page) {
     page.resize(page.size() + 4);
-    page.push_back({PrintFont::Heading, {{20, "Quillon Master List"}}});
+    page.push_back({PrintFont::Heading, {{20, MasterListTitle}}});
     page.push_back({PrintFont::Heading, {}});
 }
 

@@ -8,6 +8,8 @@
 
 namespace quillon {
 
+inline constexpr const char* MasterListTitle = "Quillon Master List";
+
 /// Sheets of paper for a list of that many rows: the page behind a full last one holds its closing footer.
 std::size_t SheetsFor(std::size_t rows);
 

@@ -26,7 +26,7 @@ bool PrintCommand::PrintList() {
     form_.PageNumber = 0;
     form_.TotalPages = TotalPagesFor(rows);
     trap_.StartupStep() = "Printing Header";
-    const auto job = printer_.StartJob("Quillon Master List", sheets);
+    const auto job = printer_.StartJob(MasterListTitle, sheets);
     return job && PrintPages(*job, sheets);
 }
 

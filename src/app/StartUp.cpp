@@ -23,7 +23,7 @@ void StartUp::Form_Load() {
 
 /// Takes `least_seconds` if all goes well.
 void StartUp::Load(std::int16_t least_seconds) {
-    const bool loaded = trap_.Run("ATC from load errors", Icon::Exclamation, [this, least_seconds] {
+    const bool loaded = trap_.Run(LoadErrorsTitle, Icon::Exclamation, [this, least_seconds] {
         PrepareFiles();
         LoadData();
         ApplyStartVolume();

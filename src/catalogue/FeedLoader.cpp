@@ -44,10 +44,7 @@ void FeedLoader::AddFeed(const FeedLine& feed) {
 void FeedLoader::ShowFirst() {
     FirstListLoad = false;
     ListView& list = state_.form.lvwDB;
-    list.SetSortKey(Column::Freq);
-    list.SetSortOrder(SortOrder::Ascending);
-    list.SetSorted(false);
-    list.SetSorted(true);
+    list.SortBy(Column::Freq, SortOrder::Ascending);
     const std::vector<FeedRecord>& items = list.Items();
     const auto first = std::find_if(items.begin(), items.end(),
                                     [](const FeedRecord& item) { return item.ICAO.starts_with("CYEE"); });

@@ -13,9 +13,9 @@ bool ErrorTrap::Run(const std::string& title, Icon icon, const std::function<voi
     } catch (const RuntimeError& error) {
         Caught(title, icon, error);
     } catch (const std::bad_alloc&) {
-        Caught(title, icon, {OutOfMemory, "Out of memory"});
+        Caught(title, icon, DescribedError(OutOfMemory));
     } catch (const std::length_error&) { // more than could ever be had
-        Caught(title, icon, {OutOfMemory, "Out of memory"});
+        Caught(title, icon, DescribedError(OutOfMemory));
     }
     return false;
 }

@@ -38,8 +38,12 @@ const char* Describe(ErrorNumber number) {
 
 } // namespace
 
+RuntimeError DescribedError(ErrorNumber number) {
+    return {number, Describe(number)};
+}
+
 void Raise(ErrorNumber number) {
-    throw RuntimeError{number, Describe(number)};
+    throw DescribedError(number);
 }
 
 } // namespace quillon

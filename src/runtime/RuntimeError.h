@@ -28,7 +28,10 @@ struct RuntimeError {
     std::string Description;
 };
 
-/// Throws the error of that number with its fixed description ("Overflow", "File not found", ...).
+/// The error of that number with its fixed description ("Overflow", "File not found", ...).
+RuntimeError DescribedError(ErrorNumber number);
+
+/// Throws it.
 [[noreturn]] void Raise(ErrorNumber number);
 
 } // namespace quillon

@@ -78,7 +78,7 @@ void Settings::ReadIni() {
     state_.StartupStep = "Opening " + path;
     CreateIfMissing(path);
     std::string bytes;
-    read_ = trap_.Run("ATC from load errors", Icon::Exclamation, [&] { bytes = ReadFile(path); });
+    read_ = trap_.Run(LoadErrorsTitle, Icon::Exclamation, [&] { bytes = ReadFile(path); });
     Apply(ParseSettings(bytes));
 }
 

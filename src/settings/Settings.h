@@ -11,11 +11,11 @@ namespace quillon {
 
 /// What the settings file holds, in its order.
 struct SettingsValues {
-    std::int16_t ReceptionRange = 50;   ///< nautical miles, 0 is off
+    std::int16_t ReceptionRange = RangeState().ReceptionRange; ///< nautical miles, 0 is off
     std::string RadioName = "Com2Stby"; ///< "Com1", "Com1Stby", "Com2" or "Com2Stby"; empty: no line
-    std::int16_t ChatterMinSeconds = 15;
-    std::int16_t ChatterMaxSeconds = 25;
-    std::int32_t MuteKeyCode = 9;
+    std::int16_t ChatterMinSeconds = ChatterState().ChatterMinSeconds;
+    std::int16_t ChatterMaxSeconds = ChatterState().ChatterMaxSeconds;
+    std::int32_t MuteKeyCode = MuteState().MuteKeyCode;
 
     bool operator==(const SettingsValues&) const = default;
 };
@@ -31,6 +31,9 @@ std::string SettingsText(const SettingsValues& values);
 std::string RangeCaption(std::int16_t reception_range);
 
 inline constexpr const char* SettingsName = "Quillon.ini";
+
+/// Title of the reports of a start that failed.
+inline constexpr const char* LoadErrorsTitle = "ATC from load errors";
 
 /// The settings file in the data folder.
 class Settings {

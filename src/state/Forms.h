@@ -47,6 +47,9 @@ enum class StatusPanel { Player, Frequency, Feed, Address };
 /// Widths of the status bar's panels as the program first shows them, in twips.
 inline constexpr std::array<int, 4> PanelWidths{1200, 1200, 3500, 3000};
 
+/// The range menu's caption until the settings have been read.
+inline constexpr const char* FirstRangeCaption = "Set &Range";
+
 /// Size of a window's outside, in pixels at 96 dpi; 0 by 0 is the one that the window has by itself.
 struct WindowSize {
     int Width = 0;
@@ -82,7 +85,7 @@ struct frmATC {
     ComboBox cboMin{"20", {}};
     ComboBox cboMax{"30", {}};
 
-    std::string mnuRangeCaption = "Set &Range";
+    std::string mnuRangeCaption = FirstRangeCaption;
     bool FoldersKnown = false; ///< commands that need the catalogue are enabled
     bool HasBackup = false;    ///< the catalogue can be restored
 

@@ -75,14 +75,10 @@ void ListView::Select(std::optional<std::size_t> row) {
     if (!row || *row < items_.size()) selected_ = row;
 }
 
-void ListView::SetSortKey(Column column) {
+void ListView::SortBy(Column column, SortOrder order) {
     sort_key_ = column;
-    if (sorted_) Sort();
-}
-
-void ListView::SetSortOrder(SortOrder order) {
     order_ = order;
-    if (sorted_) Sort();
+    SetSorted(true);
 }
 
 void ListView::SetSorted(bool sorted) {

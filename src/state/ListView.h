@@ -69,9 +69,11 @@ class ListView {
     void MarkSearchHit(std::size_t row) { marked_ = row; }
     void ClearLastSearch() { marked_.reset(); }
 
-    /// Sorting ignores case and keeps the order of equals; selection and mark move with their rows.
-    void SetSortKey(Column column);
-    void SetSortOrder(SortOrder order);
+    /// Sorts and switches sorting on. Sorting ignores case and keeps the order of equals; selection and mark
+    /// move with their rows.
+    void SortBy(Column column, SortOrder order);
+
+    /// Switches sorting on, by the last column and order, or off, which leaves the rows where they are.
     void SetSorted(bool sorted);
 
   private:

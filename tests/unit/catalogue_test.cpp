@@ -135,8 +135,7 @@ TEST_F(Catalogue, MissingFileOrFolderInItsPlaceEmptiesTheList) {
 }
 
 TEST_F(Catalogue, KeepsTheUsersSortingOverAReload) {
-    list.SetSortKey(Column::City);
-    list.SetSorted(true);
+    list.SortBy(Column::City, SortOrder::Ascending);
     EXPECT_EQ(Load("A|z|u|118.00\r\nB|y|u|118.02\r\n"), "B/y/118.02/u;A/z/118.00/u;");
     EXPECT_TRUE(list.Sorted());
 }

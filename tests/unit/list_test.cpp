@@ -21,14 +21,14 @@ TEST(ListView, SortsWithoutCaseKeepsEqualsAndCarriesMarks) {
     EXPECT_EQ(Icaos(list), "A a B1 b1 b2 \xC3\x89 \xC3\xA9 ");
     EXPECT_EQ(list.Selected(), 5U);
     EXPECT_EQ(list.LastSearchIndex(), 1);
-    list.SetSortOrder(SortOrder::Descending);
+    list.SortBy(Column::ICAO, SortOrder::Descending);
     EXPECT_EQ(Icaos(list), "\xC3\x89 \xC3\xA9 b2 B1 b1 A a ");
     list.Add({"B1", "new", "", ""});
     EXPECT_EQ(list.Items()[5].City, "new"); // behind its equals
     EXPECT_EQ(list.LastSearchIndex(), 7);
     list.Clear();
     EXPECT_EQ(list.LastSearchIndex(), 0);
-    list.SetSortKey(Column::URL); // an empty list sorts too
+    list.SortBy(Column::URL, SortOrder::Ascending); // an empty list sorts too
 }
 
 TEST(BcdOfFrequency, WantsAFrequency) {
