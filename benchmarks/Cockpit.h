@@ -2,6 +2,7 @@
 
 #include "FakeSimulator.h"
 #include "Fakes.h"
+#include "app/Commands.h"
 #include "app/Program.h"
 
 #include <filesystem>
@@ -50,7 +51,7 @@ struct Cockpit {
         simulator.FlyTo(43.01, -79.01);
         simulator.Tune(FollowedRadio, "118.70");
         program.ConnectToSimulator();
-        program.Timer_Timer(1);
+        program.TimerTick(1);
     }
 
     Folder folder;

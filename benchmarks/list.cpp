@@ -58,7 +58,7 @@ void Search(benchmark::State& state) {
     Cockpit<>& cockpit = LoadedCockpit();
     cockpit.prompts.answer = NoSuchCity;
     cockpit.prompts.messages.clear();
-    for (auto _ : state) cockpit.program.mnuCitySearch_Click();
+    for (auto _ : state) cockpit.program.Run(Command::mnuCitySearch);
     if (cockpit.prompts.messages.empty()) state.SkipWithError("the search did not run");
 }
 BENCHMARK(Search)->Name("search/Quillon")->Unit(benchmark::kMillisecond);
