@@ -85,7 +85,7 @@ class SimulatorProcess : public FakeSimulator {
 template <typename Simulator>
 void QuietTick(benchmark::State& state) {
     Cockpit<Simulator> cockpit(CatalogueOf(10'000), AirportsOf(6'000));
-    for (auto _ : state) cockpit.program.Timer_Timer(1);
+    for (auto _ : state) cockpit.program.TimerTick(1);
     if (cockpit.program.State().form.Label2.Caption != "0 NM") state.SkipWithError("not in range");
 }
 BENCHMARK(QuietTick<SimulatorProcess>)->Name("tick/Quillon")->Unit(benchmark::kMicrosecond);

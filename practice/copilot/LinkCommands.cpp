@@ -133,7 +133,7 @@ void WriteUnchecked(std::uint32_t offset, const InjectedFault& injected) {
 
     const std::string name = "practice:" + std::to_string(messages.ProcessId());
     const quillon::Handle<HANDLE, CloseHandle> mapping(
-        reinterpret_cast<HANDLE>(memory.CreateMapping(name, quillon::RequestArea::Length).handle));
+        reinterpret_cast<HANDLE>(memory.CreateMapping(name, quillon::RequestArea::Length).Handle));
     const quillon::Handle<void*, UnmapViewOfFile> view(MapViewOfFile(mapping.Get(), FILE_MAP_WRITE, 0, 0, 0));
     const quillon::Handle<ATOM, GlobalDeleteAtom> atom(GlobalAddAtomA(name.c_str()));
     if (!view || !atom) throw Failure("no shared memory");
@@ -141,7 +141,7 @@ void WriteUnchecked(std::uint32_t offset, const InjectedFault& injected) {
     area.Attach(static_cast<std::uint8_t*>(view.Get()));
     area.QueueWrite(offset, sizeof injected, &injected);
     area.Seal();
-    if (!messages.Send(window, messages.RegisterMessage("FSASMLIB:IPC"), atom.Get(), PatienceMs).delivered)
+    if (!messages.Send(window, messages.RegisterMessage("FSASMLIB:IPC"), atom.Get(), PatienceMs).Delivered)
         throw Failure("the simulator does not answer");
 }
 

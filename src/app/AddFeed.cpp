@@ -20,7 +20,7 @@ constexpr const char* AddressPrompt = "Enter URL: (http://.....)";
 struct KindPresets {
     SourceKind Kind;
     const char* PromptCaption;
-    const char* Url; ///< null keeps what is there
+    const char* Url; ///< null: unchanged
     const char* City;
     bool Browse;
 };
@@ -40,16 +40,16 @@ std::string AddFeed::CataloguePath() const {
 void AddFeed::mnuAddATC_Click() {
     cycle_ran_ = StopCycle(state_.cycle);
     state_.Busy = true;
-    state_.addFeed = {};
-    state_.addFeed.PromptCaption = AddressPrompt;
-    state_.addFeed[AddBox::txtURL] = services::LiveAtcFeedPrefix;
-    state_.addFeed.RequestFocus({AddBox::txtICAO, 0, 0});
+    state_.add_feed = {};
+    state_.add_feed.PromptCaption = AddressPrompt;
+    state_.add_feed[AddBox::txtURL] = services::LiveAtcFeedPrefix;
+    state_.add_feed.RequestFocus({AddBox::txtICAO, 0, 0});
     trap_.RunCommand(ErrorsTitle, Icon::Exclamation, [this] { CollectFrequencies(); });
-    state_.addFeed.Visible = true;
+    state_.add_feed.Visible = true;
 }
 
-/// Each feed passes through the current-feed texts, which hold the last one's afterwards: while the dialog is
-/// open nothing else reads them, and the reload behind it empties them.
+/// Leaves the last feed's texts in the current feed's. Nothing else reads those while the dialog is open, and
+/// the reload that follows clears them.
 void AddFeed::CollectFrequencies() {
     state_.StartupStep = "Opening " + CataloguePath();
     const std::string text = ReadText(CataloguePath(), page_);
@@ -62,19 +62,19 @@ void AddFeed::CollectFrequencies() {
         state_.feed.FeedCity = feed.City;
         state_.feed.FeedUrl = feed.URL;
         state_.feed.FeedFrequency = feed.Freq;
-        if (feed.StatesFrequency()) state_.addFeed.lstAdd.emplace_back(feed.Freq);
+        if (feed.StatesFrequency()) state_.add_feed.lstAdd.emplace_back(feed.Freq);
     }
     state_.StartupStep.clear();
 }
 
 void AddFeed::cmdCancel_Click() {
-    state_.addFeed.Visible = false;
+    state_.add_feed.Visible = false;
     state_.Busy = false;
     reload_.Run(cycle_ran_);
 }
 
-void AddFeed::optKind_Click(SourceKind kind) {
-    frmAddATC& form = state_.addFeed;
+void AddFeed::ChooseKind(SourceKind kind) {
+    frmAddATC& form = state_.add_feed;
     form.Kind = kind;
     for (const KindPresets& presets : Presets) {
         if (presets.Kind != kind) continue;
@@ -85,57 +85,57 @@ void AddFeed::optKind_Click(SourceKind kind) {
     }
 }
 
-int AddFeed::Text_KeyPress(AddBox box, int key) {
+int AddFeed::TypeKey(AddBox box, int key) {
     int& previous = previous_keys_.at(static_cast<std::size_t>(box));
-    const int character = KeyPress(box, key, state_.addFeed[box], previous);
+    const int character = KeyPress(box, key, state_.add_feed[box], previous);
     previous = key;
     return character;
 }
 
 void AddFeed::txtURL_GotFocus() {
-    const auto end = static_cast<std::ptrdiff_t>(Len(state_.addFeed[AddBox::txtURL]));
-    state_.addFeed.RequestFocus({AddBox::txtURL, end, 0});
+    const auto end = static_cast<std::ptrdiff_t>(Len(state_.add_feed[AddBox::txtURL]));
+    state_.add_feed.RequestFocus({AddBox::txtURL, end, 0});
 }
 
 void AddFeed::cmdBrowse_Click() {
-    const bool waves = state_.addFeed.Kind == SourceKind::WaveFiles;
+    const bool waves = state_.add_feed.Kind == SourceKind::WaveFiles;
     const std::string path = waves ? prompts_.BrowseFile("Wave Files (*.wav)", "*.wav")
                                    : prompts_.BrowseFile("Playlist Files (*.wpl)", "*.wpl");
     if (path.empty()) return;
-    state_.addFeed[AddBox::txtURL] = waves ? path.substr(0, path.rfind('\\') + 1) : path;
+    state_.add_feed[AddBox::txtURL] = waves ? path.substr(0, path.rfind('\\') + 1) : path;
 }
 
 void AddFeed::VerifyData() {
-    const auto fault = FindFault(state_.addFeed);
-    state_.addFeed.BadData = fault.has_value();
+    const auto fault = FindFault(state_.add_feed);
+    state_.add_feed.BadData = fault.has_value();
     if (!fault) return;
-    state_.addFeed.RequestFocus(fault->Where);
+    state_.add_feed.RequestFocus(fault->Where);
     prompts_.Message(fault->Title, fault->Text, Icon::Exclamation);
 }
 
 void AddFeed::cmdAdd_Click() {
     VerifyData();
-    frmAddATC& form = state_.addFeed;
+    frmAddATC& form = state_.add_feed;
     if (form.BadData) return;
     Append(form[AddBox::txtICAO] + "|" + form[AddBox::txtCity] + "|" + form[AddBox::txtURL] + "|" +
            form[AddBox::txtFreq]);
     PrepareNext();
 }
 
-/// The boxes are cleared also when the file could not be written; the message then quotes the line, so that it
-/// is not lost.
+/// The boxes are cleared even if the file could not be written, so the message quotes the line: it must not be
+/// lost.
 void AddFeed::Append(const std::string& line) {
     state_.StartupStep = "Opening " + CataloguePath();
     try {
         AppendLines(CataloguePath(), {line}, page_);
-        state_.addFeed.lstAdd.push_back(state_.addFeed[AddBox::txtFreq]);
+        state_.add_feed.lstAdd.push_back(state_.add_feed[AddBox::txtFreq]);
     } catch (const RuntimeError& error) {
         const std::string what = "Error " + std::to_string(error.Number) + " " + error.Description;
         state_.MessageText = state_.StartupStep + "\r" + what + "\r\rThe file is as it was, without:\r" + line;
         try {
             TraceLog(state_.folders).WriteLog(state_.StartupStep + " " + what);
         } catch (const RuntimeError&) {
-            // What keeps the catalogue from being written can keep the log, too.
+            // Whatever prevents writing the catalogue may prevent writing the log too.
         }
         prompts_.Message(ErrorsTitle, state_.MessageText, Icon::Exclamation);
     }
@@ -143,7 +143,7 @@ void AddFeed::Append(const std::string& line) {
 }
 
 void AddFeed::PrepareNext() {
-    frmAddATC& form = state_.addFeed;
+    frmAddATC& form = state_.add_feed;
     form[AddBox::txtICAO].clear();
     form[AddBox::txtFreq].clear();
     switch (form.Kind) {

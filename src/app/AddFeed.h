@@ -12,19 +12,19 @@
 
 namespace quillon {
 
-/// What stands in front of a city's name: alone, no city has been typed.
+/// What precedes a city's name; on its own it means that no city has been typed.
 inline constexpr const char* RadioCity = "Radio - ";
 inline constexpr const char* WaveCity = "Wav - ";
 
-/// Why an entry of the add-feed dialog is rejected, and where the user can mend it.
+/// Why an entry of the add-feed dialog is rejected, and where the user can correct it.
 struct EntryFault {
     std::string Title;
     std::string Text;
     frmAddATC::Focus Where;
 };
 
-/// The first rule that the entry breaks; nothing for a good one. The city counts only without a frequency, and
-/// a playlist needs none.
+/// The first rule that the entry breaks; empty if it is valid. The city is checked only if there is no
+/// frequency, and never for a playlist.
 std::optional<EntryFault> FindFault(const frmAddATC& form);
 
 /// The dialog that adds feeds to the catalogue, one line each; it stays open for the next.
@@ -33,24 +33,24 @@ class AddFeed {
     AddFeed(ProgramState& state, Prompts& prompts, AnsiCodePage& page, CatalogueReload& reload, ErrorTrap& trap)
         : state_(state), prompts_(prompts), page_(page), reload_(reload), trap_(trap) {}
 
-    /// Opens the dialog and stops the cycle; closing it in any way reloads the list and lets the cycle go on.
+    /// Opens the dialog and stops the cycle; closing it in any way reloads the list and resumes the cycle.
     void mnuAddATC_Click();
     void cmdCancel_Click();
 
-    /// One of the four kinds was chosen: presets the boxes for it.
-    void optKind_Click(SourceKind kind);
+    /// The user chose one of the four kinds: presets the boxes for it.
+    void ChooseKind(SourceKind kind);
 
-    void Text_Change(AddBox box, const std::string& text) { state_.addFeed[box] = text; }
+    void SetText(AddBox box, const std::string& text) { state_.add_feed[box] = text; }
 
-    /// A key was pressed in a box: returns its character, another in its place, or RefusedKey.
-    int Text_KeyPress(AddBox box, int key);
+    /// The user pressed a key in a box: returns its character, a replacement, or RefusedKey.
+    int TypeKey(AddBox box, int key);
 
     void txtURL_GotFocus();
 
     void cmdBrowse_Click();
 
-    /// Appends the entry to the catalogue, whole or not at all, and clears the boxes for the next. A rejected
-    /// entry stays in the boxes.
+    /// Appends the entry to the catalogue, completely or not at all, and clears the boxes for the next one. A
+    /// rejected entry stays in the boxes.
     void cmdAdd_Click();
 
   private:

@@ -23,7 +23,7 @@ int IcaoKey(int key) {
 }
 
 int FreqKey(int key) {
-    // From the editing keys to the digits: blanks and punctuation get through, and are refused with the entry.
+    // From the control keys to the digits: blanks and punctuation pass here and are refused with the entry.
     return key == Backspace || Between(key, 16, '9') ? key : RefusedKey;
 }
 

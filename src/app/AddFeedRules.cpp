@@ -16,7 +16,7 @@ constexpr double HighestFrequency = 136.97;
 
 using Fault = std::optional<EntryFault>;
 
-/// A separator or a line end would cut the entry's line, and comment marks in front would hide it.
+/// A separator or a line end would break the entry's line, and a leading "//" would make it a comment.
 Fault UnfitForALine(const frmAddATC& form) {
     for (const AddBox box : {AddBox::txtICAO, AddBox::txtCity, AddBox::txtURL, AddBox::txtFreq}) {
         const auto length = static_cast<std::ptrdiff_t>(Len(form[box]));
@@ -40,7 +40,7 @@ Fault BadIcao(const std::string& icao) {
                       {AddBox::txtICAO, 0, 4}};
 }
 
-/// A number too large to be told, as "1e9999", is as bad as none.
+/// 0 for a number that is too large, such as "1e9999": it is invalid as well.
 double Megahertz(const std::string& frequency) {
     try {
         return Val(frequency);
@@ -51,7 +51,7 @@ double Megahertz(const std::string& frequency) {
 
 Fault BadFrequency(const std::string& frequency) {
     const frmAddATC::Focus where{AddBox::txtFreq, 0, 0};
-    // Either sign of the form is enough: "123456" and "118.0" are judged by their value.
+    // Either half of the format will do: "123456" and "118.0" are judged by their value.
     if (Len(frequency) != 6 && Mid(frequency, 4, 1) != ".")
         return EntryFault{InvalidFrequency, "Invalid Frequency format!  Frequency must be entered as ###.##",
                           where};

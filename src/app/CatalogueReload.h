@@ -10,11 +10,11 @@ class CatalogueReload {
   public:
     CatalogueReload(CycleState& cycle, FeedLoader& loader) : cycle_(cycle), loader_(loader) {}
 
-    /// Loads the list anew and lets the cycle run if it did before the command. In Automatic mode the next tick
-    /// tunes anew; in Manual mode what plays goes on.
+    /// Reloads the list, and resumes the cycle if it ran before the command. In Automatic mode the next tick
+    /// retunes; in Manual mode the feed plays on.
     void Run(bool cycle_ran);
 
-    /// The second half of Run, for a list that has just been loaded.
+    /// The second half of Run, after the list has been loaded.
     void TakeUpList(bool cycle_ran);
 
   private:

@@ -37,14 +37,14 @@ constexpr Command EditData{Command::mnuEditData, "&Edit Feeds in Notepad",
                            [](Parts& p) { p.maintenance.mnuEditData_Click(); }};
 
 constexpr Command FileMenu[] = {
-    {Command::ReloadFeed, "Re&load Feed\tF5", [](Parts& p) { p.strip.mnuReload_Click(); }, WhileStreaming},
+    {Command::ReloadFeed, "Re&load Feed\tF5", [](Parts& p) { p.strip.ReloadFeed(); }, WhileStreaming},
     Separator,
     {Command::mnuAddATC, "&Add Feed ...\tCtrl+N", [](Parts& p) { p.add_feed.mnuAddATC_Click(); }, WithFolders},
     Separator,
     {Command::mnuBackup, "&Back Up Feeds ...", [](Parts& p) { p.maintenance.mnuBackup_Click(); }, WithFolders},
     {Command::mnuRestore, "&Restore Feeds ...", [](Parts& p) { p.maintenance.mnuRestore_Click(); }, WithBackup},
     EditData,
-    {Command::CheckFeeds, "Check &Feeds", [](Parts& p) { p.feed_check.mnuCheckFeeds_Click(); }},
+    {Command::CheckFeeds, "Check &Feeds", [](Parts& p) { p.feed_check.CheckFeeds(); }},
     Separator,
     {Command::mnuPrint, "&Print Master List\tCtrl+P", [](Parts& p) { p.print.mnuPrint_Click(); }, WithFolders},
     Separator,
@@ -56,7 +56,7 @@ constexpr Command SearchMenu[] = {
     {Command::mnuCitySearch, "By &City ...\tCtrl+Shift+F", [](Parts& p) { p.list.mnuCitySearch_Click(); },
      WithFolders},
     Separator,
-    {Command::SearchAgain, "Search A&gain\tF3", [](Parts& p) { p.list.mnuSearchAgain_Click(); }, WithFolders},
+    {Command::SearchAgain, "Search A&gain\tF3", [](Parts& p) { p.list.SearchAgain(); }, WithFolders},
 };
 
 constexpr Command PreferencesMenu[] = {
@@ -73,11 +73,11 @@ constexpr Command PreferencesMenu[] = {
 };
 
 constexpr Command HelpMenu[] = {
-    {Command::ShowHelp, "&Help Pages\tF1", [](Parts& p) { p.help.mnuContents_Click(); }},
-    {Command::ShowFolders, "&Program Folders", [](Parts& p) { p.help.mnuFolders_Click(); }},
+    {Command::ShowHelp, "&Help Pages\tF1", [](Parts& p) { p.help.ShowHelp(); }},
+    {Command::ShowFolders, "&Program Folders", [](Parts& p) { p.help.ShowFolders(); }},
     {Command::mnuFSUPIC, "&FSUIPC Status", [](Parts& p) { p.status.mnuFSUPIC_Click(); }},
     Separator,
-    {Command::ShowAbout, "&About Quillon", [](Parts& p) { p.help.mnuAbout_Click(); }},
+    {Command::ShowAbout, "&About Quillon", [](Parts& p) { p.help.ShowAbout(); }},
 };
 
 constexpr Menu Menus[] = {
@@ -89,23 +89,23 @@ constexpr Command ListMenu[] = {
          if (InAutomaticMode(p.state)) p.modes.optManual_Click();
          p.list.lvwDB_ItemClick();
      }},
-    {Command::TuneFeed, "&Tune the Simulator", [](Parts& p) { p.list.mnuTuneFeed_Click(); }, InAutomaticMode},
+    {Command::TuneFeed, "&Tune the Simulator", [](Parts& p) { p.list.TuneFeed(); }, InAutomaticMode},
     Separator,
-    {Command::CopyAddress, "&Copy Address", [](Parts& p) { p.list.mnuCopyAddress_Click(); }},
+    {Command::CopyAddress, "&Copy Address", [](Parts& p) { p.list.CopyAddress(); }},
     EditData,
 };
 
 constexpr Command InNoMenu[] = {
     {Command::optAuto, "", [](Parts& p) { p.modes.optAuto_Click(); }, InManualMode},
     {Command::optManual, "", [](Parts& p) { p.modes.optManual_Click(); }, InAutomaticMode},
-    {Command::StripPlay, "", [](Parts& p) { p.strip.cmdPlay_Click(); }},
-    {Command::StripPause, "", [](Parts& p) { p.strip.cmdPause_Click(); }},
-    {Command::StripStop, "", [](Parts& p) { p.strip.cmdStop_Click(); }},
+    {Command::StripPlay, "", [](Parts& p) { p.strip.Play(); }},
+    {Command::StripPause, "", [](Parts& p) { p.strip.Pause(); }},
+    {Command::StripStop, "", [](Parts& p) { p.strip.Stop(); }},
     {Command::picATCNet, "", [](Parts& p) { p.display.picATCNet_Click(); }},
-    {Command::optCom1, "", [](Parts& p) { p.preferences.optCom_Click(1); }},
-    {Command::optCom1Stby, "", [](Parts& p) { p.preferences.optCom_Click(2); }},
-    {Command::optCom2, "", [](Parts& p) { p.preferences.optCom_Click(3); }},
-    {Command::optCom2Stby, "", [](Parts& p) { p.preferences.optCom_Click(4); }},
+    {Command::optCom1, "", [](Parts& p) { p.preferences.SelectRadio(1); }},
+    {Command::optCom1Stby, "", [](Parts& p) { p.preferences.SelectRadio(2); }},
+    {Command::optCom2, "", [](Parts& p) { p.preferences.SelectRadio(3); }},
+    {Command::optCom2Stby, "", [](Parts& p) { p.preferences.SelectRadio(4); }},
     {Command::cmdComClose, "", [](Parts& p) { p.preferences.cmdComClose_Click(); }},
     {Command::cmdClose2, "", [](Parts& p) { p.preferences.cmdClose2_Click(); }},
     {Command::lvwDB_ItemClick, "", [](Parts& p) { p.list.lvwDB_ItemClick(); }},

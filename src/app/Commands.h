@@ -8,9 +8,9 @@ namespace quillon {
 
 struct Parts;
 
-/// What the user can ask for with one click or key, and a row of the table that says what it does.
+/// A row of the table of commands: something that the user can ask for with one click or key.
 struct Command {
-    /// The numbers that the main window's controls and menu entries bear.
+    /// The ids of the main window's controls and menu entries.
     enum Id : int {
         optAuto = 1003,
         optManual = 1004,
@@ -26,7 +26,7 @@ struct Command {
         cmdComClose = 1025,
         cmdClose2 = 1033,
 
-        mnuQuit = 2001, ///< `Command2`, too
+        mnuQuit = 2001, ///< also the button `Command2`
         mnuSearch = 2002,
         mnuCitySearch = 2003,
         SearchAgain = 2004,
@@ -50,7 +50,7 @@ struct Command {
         ReloadFeed = 2022,
         CheckFeeds = 2023,
 
-        // These have neither control nor menu entry.
+        // These have no control or menu entry of their own.
         lvwDB_ItemClick = 3001,
         lvwDB_DblClick = 3002,
         Form_Click = 3003,
@@ -58,7 +58,7 @@ struct Command {
     };
 
     int Number = 0;                    ///< an Id; 0 for a menu's separator
-    const char* Text = "";             ///< menu entry, its key behind a tab: "Ctrl+Shift+F", "F3"
+    const char* Text = "";             ///< of the menu entry, with its key after a tab: "Ctrl+Shift+F", "F3"
     void (*Handler)(Parts&) = nullptr; ///< null: does nothing
     bool (*Enabled)(const ProgramState&) = [](const ProgramState& state) { return !state.Busy; };
 };
@@ -71,7 +71,7 @@ struct Menu {
 /// The main window's menus, from left to right.
 std::span<const Menu> MenuBar();
 
-/// The menu of a row of the list; its first entry is the one that a double-click would mean.
+/// The context menu of a row of the list; its first entry is the default.
 std::span<const Command> RowMenu();
 
 /// Null for a number that does nothing.

@@ -15,7 +15,7 @@ std::string NameOf(const CatalogueReview::Feed& feed) {
 
 } // namespace
 
-void FeedCheck::mnuCheckFeeds_Click() {
+void FeedCheck::CheckFeeds() {
     ++form_.ActivationRequest;
     if (!form_.Running) trap_.RunCommand("Check Feeds Error", Icon::Exclamation, [this] { Begin(); });
 }
@@ -46,7 +46,7 @@ void FeedCheck::TryNext() {
     probe_.Start(feed.URL, user_agent_);
 }
 
-void FeedCheck::Timer_Timer() {
+void FeedCheck::Poll() {
     if (!form_.Running) return;
     if (const auto answer = probe_.Result()) {
         Record(*answer);
@@ -63,12 +63,12 @@ void FeedCheck::Record(const FeedAnswer& answer) {
     TryNext();
 }
 
-/// What there is to mend comes to the top.
+/// Moves the worst results to the top.
 void FeedCheck::End(const std::string& how) {
     form_.Running = false;
-    std::vector<frmCheckFeeds::Row> rows;
+    std::vector<CheckFeedsForm::Row> rows;
     for (const Finding kind : {Finding::FaultyLine, Finding::Fails, Finding::Redirects, Finding::Answers})
-        for (frmCheckFeeds::Row& row : form_.Rows)
+        for (CheckFeedsForm::Row& row : form_.Rows)
             if (row.Kind == kind) rows.push_back(std::move(row));
     form_.Rows = std::move(rows);
     ++form_.Revision;
@@ -89,19 +89,19 @@ std::string FeedCheck::Summary() const {
     return summary;
 }
 
-void FeedCheck::cmdCancel_Click() {
-    if (!form_.Running) return Form_Close();
+void FeedCheck::Cancel() {
+    if (!form_.Running) return Close();
     probe_.Cancel();
     End("Cancelled after " + std::to_string(form_.Done) + " of " + std::to_string(form_.Total) + ".");
 }
 
-void FeedCheck::Form_Close() {
+void FeedCheck::Close() {
     probe_.Cancel();
     form_.Visible = form_.Running = false;
 }
 
-void FeedCheck::lstResults_DblClick(std::size_t row) {
-    const std::vector<frmCheckFeeds::Row>& rows = form_.Rows;
+void FeedCheck::SelectFeed(std::size_t row) {
+    const std::vector<CheckFeedsForm::Row>& rows = form_.Rows;
     if (row >= rows.size()) return;
     const auto feed = std::find_if(feeds_.begin(), feeds_.end(),
                                    [&](const auto& candidate) { return candidate.Line == rows[row].Line; });

@@ -10,14 +10,14 @@
 
 namespace quillon {
 
-/// The check of the catalogue: reviews its lines and tries the address of each feed in turn, while everything
-/// else goes on. It changes nothing.
+/// The check of the catalogue: reviews its lines and tries the address of each feed in turn, while the program
+/// runs on. It changes nothing.
 class FeedCheck {
   public:
-    /// An address that has neither answered nor failed after so long counts as failed.
+    /// An address that has neither answered nor failed by then counts as failed.
     static constexpr std::chrono::seconds LongestTry{90};
 
-    FeedCheck(frmCheckFeeds& form, ListView& list, const Folders& folders, const std::string& user_agent,
+    FeedCheck(CheckFeedsForm& form, ListView& list, const Folders& folders, const std::string& user_agent,
               FeedProbe& probe, AnsiCodePage& page, Clock& clock, ErrorTrap& trap)
         : form_(form),
           list_(list),
@@ -28,20 +28,20 @@ class FeedCheck {
           clock_(clock),
           trap_(trap) {}
 
-    /// Opens the dialog and begins; one that runs goes on.
-    void mnuCheckFeeds_Click();
+    /// Opens the dialog and starts the check, unless it is running already.
+    void CheckFeeds();
 
-    /// To be called often while the check runs.
-    void Timer_Timer();
+    /// Must be called often while the check runs.
+    void Poll();
 
-    /// Ends a check that runs, with what it has found so far; closes the dialog when none does.
-    void cmdCancel_Click();
+    /// Stops a running check and keeps its results; closes the dialog if none is running.
+    void Cancel();
 
-    /// The dialog was closed by its title bar.
-    void Form_Close();
+    /// The user closed the dialog from its title bar.
+    void Close();
 
-    /// Selects the feed of a result in the list, as far as the list has it.
-    void lstResults_DblClick(std::size_t row);
+    /// Selects a result's feed in the list, if the list has it.
+    void SelectFeed(std::size_t row);
 
   private:
     void Begin();
@@ -50,7 +50,7 @@ class FeedCheck {
     void End(const std::string& how);
     std::string Summary() const;
 
-    frmCheckFeeds& form_;
+    CheckFeedsForm& form_;
     ListView& list_;
     const Folders& folders_;
     const std::string& user_agent_;

@@ -14,7 +14,8 @@ constexpr int ControlKey = 17;
 
 void FeedListCommands::lvwDB_ColumnClick(Column column) {
     ListView& list = state_.form.lvwDB;
-    if (!list.Sorted()) list.SetSorted(true); // by ICAO, which orders the equals of the clicked column
+    if (!list.Sorted())
+        list.SetSorted(true); // by ICAO first, which then orders rows that are equal in the column
     const bool flips = column == last_clicked_;
     const bool descends = (list.Order() == SortOrder::Descending) != flips;
     list.SortBy(column, descends ? SortOrder::Descending : SortOrder::Ascending);
@@ -38,7 +39,7 @@ void FeedListCommands::mnuCitySearch_Click() {
     if (!answer.empty()) Search(Kind::City, answer, 0);
 }
 
-void FeedListCommands::mnuSearchAgain_Click() {
+void FeedListCommands::SearchAgain() {
     if (last_text_.empty())
         mnuSearch_Click();
     else
@@ -90,7 +91,7 @@ void FeedListCommands::ClickListView() {
 void FeedListCommands::PickSelectedFeed(const FeedRecord& picked) {
     EmptyPlayer(player_);
     state_.radio.PreviousFrequency = HandPickedFrequency;
-    // The frequency of the pick before: it only has to differ from the sentinel.
+    // The previous pick's frequency: it only has to differ from the sentinel.
     state_.radio.MasterFrequency = state_.feed.FeedFrequency;
     MakeCurrent(state_, texts_, picked);
     state_.chatter.FirstPick = true;
@@ -105,15 +106,15 @@ void FeedListCommands::PickSelectedFeed(const FeedRecord& picked) {
 }
 
 void FeedListCommands::lvwDB_DblClick() {
-    if (keyboard_.IsDown(ControlKey)) mnuTuneFeed_Click();
+    if (keyboard_.IsDown(ControlKey)) TuneFeed();
 }
 
-void FeedListCommands::mnuCopyAddress_Click() {
+void FeedListCommands::CopyAddress() {
     const auto selected = state_.form.lvwDB.Selected();
     if (selected) shell_.CopyText(std::string(state_.form.lvwDB.Items()[*selected].URL));
 }
 
-void FeedListCommands::mnuTuneFeed_Click() {
+void FeedListCommands::TuneFeed() {
     if (state_.cycle.optManual()) return;
     trap_.Run("Set Feed Errors", Icon::Exclamation, [this] {
         state_.StartupStep = "Set Feed Details";
@@ -129,7 +130,7 @@ void FeedListCommands::TuneToSelectedFeed() {
     state_.radio.PreviousFrequency = HandPickedFrequency;
     state_.radio.MasterFrequency = state_.feed.FeedFrequency;
     if (!IsCurrent(state_.feed, picked))
-        MakeCurrent(state_, texts_, picked); // what plays already need not stop
+        MakeCurrent(state_, texts_, picked); // need not stop if it already plays
     tuning_.Write_FSUIPC(state_.feed.FeedFrequency);
     texts_.ShowTunedFrequency(state_.feed.FeedFrequency);
 }

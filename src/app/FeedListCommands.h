@@ -28,16 +28,16 @@ class FeedListCommands {
           tuning_(tuning),
           trap_(trap) {}
 
-    /// A click on a column's header sorts by it; on the same column as the last click, the other way round.
+    /// A click on a column's header sorts by that column; a second click on it in a row reverses the order.
     void lvwDB_ColumnClick(Column column);
 
     /// A click on a row, or Enter: in Manual mode it picks the selected feed.
     void lvwDB_ItemClick();
 
     /// In Automatic mode, tunes the simulator's followed radio to the selected feed.
-    void mnuTuneFeed_Click();
+    void TuneFeed();
 
-    void mnuCopyAddress_Click();
+    void CopyAddress();
 
     /// With Ctrl held down, in Automatic mode, tunes the simulator's followed radio to the selected feed.
     void lvwDB_DblClick();
@@ -45,8 +45,8 @@ class FeedListCommands {
     void mnuSearch_Click();
     void mnuCitySearch_Click();
 
-    /// Looks for the last search's text again, from the row behind its hit and on from the top.
-    void mnuSearchAgain_Click();
+    /// Repeats the last search from the row after its hit, wrapping around at the end.
+    void SearchAgain();
 
   private:
     enum class Kind { Icao, City };

@@ -13,8 +13,8 @@ class FsuipcStatus {
     FsuipcStatus(frmShow_FSUIPC& form, RadioState& radio, FsuipcClient& link, RadioReadout& readout)
         : form_(form), radio_(radio), link_(link), readout_(readout) {}
 
-    /// Reads the four radios and shows them with the module's version and the simulator's name; says why when
-    /// there is no link. The followed radio's offset is the last one's afterwards, until the next tick sets it.
+    /// Reads the four radios and shows them with the module's version and the simulator's name; says why if
+    /// there is no link. Leaves the last radio's offset as the followed one's until the next tick sets it.
     void mnuFSUPIC_Click();
 
     void Command1_Click() { form_.Visible = false; }

@@ -2,16 +2,16 @@
 
 namespace quillon {
 
-void HelpCommands::mnuContents_Click() {
+void HelpCommands::ShowHelp() {
     Open(shell_.ProgramFolder() + "help\\index.html", "The help pages");
 }
 
-void HelpCommands::mnuFolders_Click() {
+void HelpCommands::ShowFolders() {
     const std::string chosen = dialogs_.ProgramFolders(folders_);
     if (!chosen.empty()) Open(chosen, "The folder");
 }
 
-void HelpCommands::mnuAbout_Click() {
+void HelpCommands::ShowAbout() {
     if (dialogs_.About()) Open("msinfo32.exe", "The system information");
 }
 

@@ -7,17 +7,17 @@
 
 namespace quillon {
 
-/// The "Help" menu: the help pages, the program's folders and what it is.
+/// The "Help" menu: the help pages, the program's folders and the About box.
 class HelpCommands {
   public:
     HelpCommands(const Folders& folders, Prompts& prompts, Dialogs& dialogs, Shell& shell)
         : folders_(folders), prompts_(prompts), dialogs_(dialogs), shell_(shell) {}
 
-    /// Opens the help pages, which lie in the folder "help" beside the program.
-    void mnuContents_Click();
+    /// Opens the help pages, which are in the folder "help" beside the program.
+    void ShowHelp();
 
-    void mnuFolders_Click();
-    void mnuAbout_Click();
+    void ShowFolders();
+    void ShowAbout();
 
   private:
     void Open(const std::string& address, const std::string& what);

@@ -10,23 +10,24 @@ namespace quillon {
 
 inline constexpr const char* MasterListTitle = "Quillon Master List";
 
-/// Sheets of paper for a list of that many rows: the page behind a full last one holds its closing footer.
+/// Sheets of paper for a list of that many rows. A full last page is followed by one with only header and
+/// footer.
 std::size_t SheetsFor(std::size_t rows);
 
-/// The page count that the footers state. It is reckoned at 62 rows to a page where a page takes 55, so it can
-/// be more or less than the sheets. Raises error 6 when it fits no 16 bits.
+/// The page count in the footers. It assumes 62 rows per page while a page holds 55, so it may differ from the
+/// number of sheets. Raises error 6 if it does not fit 16 bits.
 std::int16_t TotalPagesFor(std::size_t rows);
 
-/// The row of one feed. A long description keeps its start and a long address its end, both marked by "...".
+/// The row of one feed. A long city is cut at its end and a long address at its start, both marked by "...".
 PrintedLine PrintRow(const FeedRecord& feed);
 
 /// Adds the title block to the page.
 void PrintHeader(PrintedPage& page);
 
-/// Counts the page and adds its footer, with the count and the time.
+/// Counts the page and adds its footer with page number and time.
 void PrintFooter(PrintedPage& page, frmATC& form, TimePoint now);
 
-/// The page that follows the first `PageNumber` ones of the form's list, header and footer included.
+/// The page after the first `PageNumber` pages of the form's list, with header and footer.
 PrintedPage PrintNextPage(frmATC& form, TimePoint now);
 
 } // namespace quillon

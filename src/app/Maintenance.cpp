@@ -8,11 +8,11 @@ namespace quillon {
 
 namespace {
 
-// As the messages write the same two files.
+// The spelling of the same two files in messages.
 constexpr const char* ShownCatalogueName = "Live_ATC_Feeds.txt";
 constexpr const char* ShownBackupName = "Live_ATC_Feeds.bak";
 
-/// The step names the file that is written, so a failure to read the other one has to name it.
+/// The step names the file that is written, so an error while reading the other one must name that one.
 std::string ReadOther(const std::string& path) {
     try {
         return ReadFile(path);

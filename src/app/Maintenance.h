@@ -10,7 +10,7 @@
 
 namespace quillon {
 
-/// The commands that look after the catalogue's file: backing it up, restoring it, editing it by hand.
+/// The commands that maintain the catalogue's file: backing it up, restoring it, editing it by hand.
 class Maintenance {
   public:
     Maintenance(ProgramState& state, Prompts& prompts, Shell& shell, UserFiles& files, Clock& clock,
@@ -23,14 +23,14 @@ class Maintenance {
           reload_(reload),
           trap_(trap) {}
 
-    /// Copies the catalogue over its backup, which bears the time of its making.
+    /// Copies the catalogue over its backup, whose date becomes the present time.
     void mnuBackup_Click();
 
-    /// Moves the catalogue to the recycle bin and puts the backup in its place.
+    /// Moves the catalogue to the Recycle Bin and replaces it with the backup.
     void mnuRestore_Click();
 
-    /// Opens the catalogue in Notepad and waits, however long, until that has ended. Serves window events
-    /// meanwhile; returns early when the program is ending.
+    /// Opens the catalogue in Notepad and waits until Notepad is closed, serving window events meanwhile;
+    /// returns early when the program is ending.
     void mnuEditData_Click();
 
   private:

@@ -22,7 +22,7 @@
 
 namespace quillon {
 
-/// Lets handlers in while a handler of the program's own waits, and only then.
+/// Lets other handlers in while a handler waits, and only then.
 class GatedClock : public Clock {
   public:
     GatedClock(Clock& clock, bool& in_handler) : clock_(clock), in_handler_(in_handler) {}
@@ -41,7 +41,7 @@ class GatedClock : public Clock {
     bool& in_handler_;
 };
 
-/// What the program consists of, in the order in which one needs the other.
+/// The classes that the program consists of; each one needs only those above it.
 struct Parts {
     Parts(ProgramState& program_state, const Ports& outside, bool& in_handler, std::string arguments);
 
@@ -81,11 +81,11 @@ struct Parts {
     Preferences preferences{state, ports.prompts, ports.dialogs, ports.shell, trap};
     Maintenance maintenance{state, ports.prompts, ports.shell, ports.files, clock, reload, trap};
     AddFeed add_feed{state, ports.prompts, ports.code_page, reload, trap};
-    FeedCheck feed_check{state.checkFeeds, state.form.lvwDB, state.folders, state.UserAgent,
-                         ports.probe,      ports.code_page,  clock,         trap};
+    FeedCheck feed_check{state.check_feeds, state.form.lvwDB, state.folders, state.UserAgent,
+                         ports.probe,       ports.code_page,  clock,         trap};
     HelpCommands help{state.folders, ports.prompts, ports.dialogs, ports.shell};
     PrintCommand print{state.form, state.LastSearchText, ports.prompts, ports.printer, clock, trap};
-    FsuipcStatus status{state.fsuipcStatus, state.radio, link, readout};
+    FsuipcStatus status{state.fsuipc_status, state.radio, link, readout};
     Mute mute{state, texts, ports.player};
     MuteKey mute_key{state, mute, ports.keyboard, ports.display, clock};
     PlayerStrip strip{state, ports.player, ports.live, mute};

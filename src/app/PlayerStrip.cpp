@@ -4,33 +4,33 @@
 
 namespace quillon {
 
-void PlayerStrip::cmdPlay_Click() {
+void PlayerStrip::Play() {
     if (state_.mute.Muted)
         mute_.UnMuteSound();
     else if (state_.cycle.optManual())
         player_.Play();
 }
 
-void PlayerStrip::cmdPause_Click() {
+void PlayerStrip::Pause() {
     if (state_.cycle.optManual())
         player_.Pause();
     else
         mute_.MuteSound();
 }
 
-void PlayerStrip::cmdStop_Click() {
+void PlayerStrip::Stop() {
     if (state_.cycle.optManual())
         player_.Stop();
     else
         mute_.MuteSound();
 }
 
-void PlayerStrip::sldVolume_Change(int volume) {
+void PlayerStrip::SetVolume(int volume) {
     state_.form.Volume = std::clamp(volume, 0, 100);
     player_.SetVolume(state_.form.Volume);
 }
 
-void PlayerStrip::mnuReload_Click() {
+void PlayerStrip::ReloadFeed() {
     live_.Reload();
 }
 

@@ -12,13 +12,14 @@ class PlayerStrip {
     PlayerStrip(ProgramState& state, MediaPlayer& player, LiveFeed& live, Mute& mute)
         : state_(state), player_(player), live_(live), mute_(mute) {}
 
-    void cmdPlay_Click();
-    void cmdPause_Click();
-    void cmdStop_Click();
-    void sldVolume_Change(int volume);
+    // In Automatic mode, where the cycle would undo a pause or stop within a second, they mute and un-mute.
+    void Play();
+    void Pause();
+    void Stop();
+    void SetVolume(int volume);
 
-    /// Connects the current stream anew; what is silent stays silent.
-    void mnuReload_Click();
+    /// Reconnects the current stream; a paused or stopped one stays silent.
+    void ReloadFeed();
 
   private:
     ProgramState& state_;

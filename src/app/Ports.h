@@ -17,7 +17,7 @@
 
 namespace quillon {
 
-/// Everything outside the program that it reaches.
+/// Everything outside the program that it uses.
 struct Ports {
     MessageLink& link;
     SharedMemory& memory;

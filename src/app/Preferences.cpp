@@ -18,13 +18,13 @@ void Preferences::mnuSelComm_Click() {
     state_.form.Frame1Visible = state_.mute.FrameOpen = true;
 }
 
-// Closing either frame opens the way for the mute key, also while the other is still shown.
+// Closing either frame enables the mute key again, even if the other is still shown.
 void Preferences::cmdComClose_Click() {
     state_.form.Frame1Visible = state_.mute.FrameOpen = false;
 }
 
-void Preferences::optCom_Click(std::int16_t number) {
-    state_.form.optCom.Value = number;
+void Preferences::SelectRadio(std::int16_t number) {
+    state_.form.ComRadio.Value = number;
     state_.radio.SelectedComm = number;
 }
 
@@ -45,9 +45,9 @@ void Preferences::cboMax_Click(std::size_t entry) {
 }
 
 void Preferences::mnuSetMute_Click() {
-    const int option = dialogs_.MuteKey(state_.muteKeyDialog.Option.Value);
+    const int option = dialogs_.MuteKey(state_.mute_key_dialog.Option.Value);
     if (option > 0) state_.mute.MuteKeyCode = MuteKeyCodes.at(static_cast<std::size_t>(option) - 1);
-    state_.muteKeyDialog.Option.Value = MuteKeyOption(state_.mute.MuteKeyCode);
+    state_.mute_key_dialog.Option.Value = MuteKeyOption(state_.mute.MuteKeyCode);
 }
 
 void Preferences::mnuRange_Click() {

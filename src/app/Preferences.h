@@ -10,7 +10,7 @@
 
 namespace quillon {
 
-/// The "Preferences" menu and the frames and prompts behind it. The settings file keeps what is chosen.
+/// The "Preferences" menu with its frames and prompts. The settings file keeps the choices.
 class Preferences {
   public:
     Preferences(ProgramState& state, Prompts& prompts, Dialogs& dialogs, Shell& shell, ErrorTrap& trap)
@@ -19,20 +19,21 @@ class Preferences {
     void mnuSelComm_Click();
     void cmdComClose_Click();
 
-    /// One of the four radio buttons, by its number; the cycles follow that radio from their next tick on.
-    void optCom_Click(std::int16_t number);
+    /// One of the four radio buttons, by its number, was clicked. The cycles follow that radio from the next
+    /// tick.
+    void SelectRadio(std::int16_t number);
 
     void mnuRecordedChatter_Click();
     void cmdClose2_Click();
 
-    /// An entry of the gap's bounds was picked from its list. The bounds are not compared with each other.
+    /// The user picked an entry from the list of shortest or longest gaps. The two are not compared.
     void cboMin_Click(std::size_t entry);
     void cboMax_Click(std::size_t entry);
 
-    /// Shows the dialog of the mute key; the new key counts from the next poll on.
+    /// Shows the dialog of the mute key; the new key works from the next poll.
     void mnuSetMute_Click();
 
-    /// Asks for the reception range. An empty answer, or one that fits no range, keeps the old one.
+    /// Asks for the reception range. An empty answer, or one out of range, keeps the old one.
     void mnuRange_Click();
 
     /// A click on the window's background.

@@ -21,7 +21,7 @@ void PrintCommand::Print() {
 
 bool PrintCommand::PrintList() {
     const std::size_t rows = form_.lvwDB.Items().size();
-    // A list of more pages than can be numbered is refused here, before any paper is used.
+    // A list with too many pages to number is refused here, before any paper is used.
     const std::int16_t sheets = CInt(static_cast<double>(SheetsFor(rows)));
     form_.PageNumber = 0;
     form_.TotalPages = TotalPagesFor(rows);

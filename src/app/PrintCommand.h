@@ -8,7 +8,7 @@
 
 namespace quillon {
 
-/// Printing the list of feeds, in the order in which it is sorted.
+/// Prints the list of feeds in its present order.
 class PrintCommand {
   public:
     /// `last_search_text` is forgotten once the list is printed.
@@ -21,7 +21,7 @@ class PrintCommand {
           clock_(clock),
           trap_(trap) {}
 
-    /// Asks, lets the user choose a printer and prints. Cancelling anywhere ends it without a word.
+    /// Asks, lets the user choose a printer and prints. Cancelling at any point ends it without a message.
     void mnuPrint_Click();
 
   private:

@@ -10,7 +10,7 @@ Program::Program(const Ports& ports, const std::string& command_line)
 
 Program::~Program() = default;
 
-/// What the user cannot do while something else has the whole program.
+/// For everything that is disabled while the program is busy.
 template <typename Handler>
 void Program::Handle(Handler handler) {
     if (!state_.Busy) HandleAlways(handler);
@@ -20,7 +20,7 @@ template <typename Handler>
 void Program::HandleAlways(Handler handler) {
     if (in_handler_ || state_.Ended) return;
     in_handler_ = true;
-    // Windows has called, and nothing may be thrown through Windows.
+    // Called by Windows, through which nothing may be thrown.
     parts_->trap.RunCommand("Unexpected error", Icon::Exclamation, handler);
     if (quit_requested_) parts_->shut_down.Run();
     in_handler_ = false;
@@ -55,10 +55,9 @@ void Program::Run(int command) {
     HandleAlways([&] { found->Handler(*parts_); });
 }
 
-void Program::Timer_Timer(int id) {
+void Program::TimerTick(int id) {
     const int last = static_cast<int>(state_.cycle.Timers.size());
-    if (id < 1 || id > last || !state_.cycle.Timer(id).Enabled)
-        return; // any program may send a timer's message
+    if (id < 1 || id > last || !state_.cycle.Timer(id).Enabled) return; // any program may send WM_TIMER
     Handle([this, id] {
         if (id == 1) parts_->tuning.Timer1_Timer();
         if (id == 2) parts_->manual.Timer2_Timer();
@@ -68,7 +67,7 @@ void Program::Timer_Timer(int id) {
     });
 }
 
-void Program::lvwDB_Select(std::optional<std::size_t> row) {
+void Program::SelectRow(std::optional<std::size_t> row) {
     Handle([&] { state_.form.lvwDB.Select(row); });
 }
 
@@ -76,7 +75,7 @@ void Program::lvwDB_ColumnClick(Column column) {
     Handle([&] { parts_->list.lvwDB_ColumnClick(column); });
 }
 
-void Program::lvwDB_ColumnResize(Column column, int width) {
+void Program::ResizeColumn(Column column, int width) {
     state_.form.lvwDB.ColumnHeaders.at(static_cast<std::size_t>(column)).WidthTwips = width;
 }
 
@@ -88,16 +87,16 @@ void Program::cboMax_Click(std::size_t entry) {
     Handle([&] { parts_->preferences.cboMax_Click(entry); });
 }
 
-void Program::sldVolume_Change(int volume) {
-    Handle([&] { parts_->strip.sldVolume_Change(volume); });
+void Program::SetVolume(int volume) {
+    Handle([&] { parts_->strip.SetVolume(volume); });
 }
 
 void Program::AddFeedEvent(const std::function<void(AddFeed&)>& event) {
-    if (state_.addFeed.Visible) HandleAlways([&] { event(parts_->add_feed); });
+    if (state_.add_feed.Visible) HandleAlways([&] { event(parts_->add_feed); });
 }
 
 void Program::CheckFeedsEvent(const std::function<void(FeedCheck&)>& event) {
-    if (state_.checkFeeds.Visible) HandleAlways([&] { event(parts_->feed_check); });
+    if (state_.check_feeds.Visible) HandleAlways([&] { event(parts_->feed_check); });
 }
 
 void Program::EndSession() {

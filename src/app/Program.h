@@ -15,38 +15,38 @@ namespace quillon {
 struct Parts;
 
 /// The whole program behind its windows: owns state and logic, is given the ports, and is all that the windows
-/// talk to. Every handler runs to its end before the next one starts; events that arrive meanwhile are dropped,
+/// talk to. Each handler runs to its end before the next one starts; events that arrive meanwhile are dropped,
 /// except quitting, which follows the running handler. Only the program's own waits let other handlers in.
 class Program {
   public:
-    /// `command_line` is the text behind the program's name.
+    /// `command_line` is the text after the program's name.
     Program(const Ports& ports, const std::string& command_line);
     ~Program();
 
     const ProgramState& State() const { return state_; }
 
-    /// The program's entry: shows the main window and connects to the simulator. Returns when it is connected,
-    /// when the user chose Manual mode meanwhile, or when the program has ended.
+    /// The program's entry: shows the main window and connects to the simulator. Returns when connected, when
+    /// the user has chosen Manual mode meanwhile, or when the program has ended.
     void ConnectToSimulator();
 
-    /// Runs the command of that number (Command::Id), unless it is disabled now. Other numbers are ignored.
+    /// Runs the command of that number (Command::Id) if it is enabled. Unknown numbers are ignored.
     void Run(int command);
 
     /// A tick of the form timer of that number, 1 to 5.
-    void Timer_Timer(int id);
+    void TimerTick(int id);
 
     /// The user selected a row of the list, or none; clicked a header; gave a column another width (twips).
-    void lvwDB_Select(std::optional<std::size_t> row);
+    void SelectRow(std::optional<std::size_t> row);
     void lvwDB_ColumnClick(Column column);
-    void lvwDB_ColumnResize(Column column, int width);
+    void ResizeColumn(Column column, int width);
 
     /// The user picked an entry of the list of shortest or longest gaps; moved the volume's slider, 0 to 100.
     void cboMin_Click(std::size_t entry);
     void cboMax_Click(std::size_t entry);
-    void sldVolume_Change(int volume);
+    void SetVolume(int volume);
 
     /// The user gave the window another size.
-    void Form_Resize(WindowSize size) { state_.form.Size = size; }
+    void ResizeWindow(WindowSize size) { state_.form.Size = size; }
 
     /// An event of the add-feed dialog, while it is shown.
     void AddFeedEvent(const std::function<void(AddFeed&)>& event);

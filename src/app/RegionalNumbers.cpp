@@ -12,7 +12,7 @@ using Separator = RegionalSettings::Separator;
 constexpr const char* OurDecimal = ".";
 constexpr const char* OurThousand = ",";
 
-/// The note of a run that did not come to its end; empty when there is none.
+/// The note of a run that crashed; empty if there is none.
 std::string ReadNote(const std::string& path) {
     try {
         return FileExists(path) ? ReadFile(path) : "";
@@ -28,7 +28,7 @@ void RegionalNumbers::ReadAndReplace(const std::string& note_path) {
     SavedDecimal = settings_.Read(Separator::Decimal);
     SavedThousand = settings_.Read(Separator::Thousand);
     Recover(ReadNote(note_path_));
-    // An unreadable separator is left alone: it could not be put back.
+    // An unreadable separator is left alone: it could not be restored.
     DecimalChanged = !SavedDecimal.empty() && SavedDecimal != OurDecimal;
     ThousandChanged = !SavedThousand.empty() && SavedThousand != OurThousand;
     if (!WriteNote()) DecimalChanged = ThousandChanged = false;
@@ -36,8 +36,8 @@ void RegionalNumbers::ReadAndReplace(const std::string& note_path) {
     if (ThousandChanged) settings_.Write(Separator::Thousand, OurThousand);
 }
 
-/// A note holds the decimal separator and, behind a line feed, the thousands separator. It counts where the
-/// separator in force is still ours; another one the user has chosen since.
+/// A note holds the decimal separator, a line feed and the thousands separator. One that the user has changed
+/// since, so that it is no longer ours, is not restored.
 void RegionalNumbers::Recover(const std::string& note) {
     const std::size_t end = note.find('\n');
     if (end == std::string::npos) return;
@@ -62,7 +62,7 @@ void RegionalNumbers::Restore() {
     try {
         if (changed) DeleteFileAt(note_path_);
     } catch (const RuntimeError&) {
-        // A note that stays behind does no harm: it only counts while our separators are in force.
+        // A note that stays does no harm: it only counts while our separators are set.
     }
 }
 

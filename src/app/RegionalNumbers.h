@@ -6,16 +6,16 @@
 
 namespace quillon {
 
-/// Sets the user's number separators to "." and "," for as long as the program runs. A note of the user's own
-/// lies on the disk meanwhile: after a crash the next run takes them from there.
+/// Sets the user's number separators to "." and "," while the program runs. The user's own are kept in a note
+/// on disk meanwhile, from which the next run restores them after a crash.
 class RegionalNumbers {
   public:
     explicit RegionalNumbers(RegionalSettings& settings) : settings_(settings) {}
 
-    /// `note_path` is where the note belongs. Where none can be written the separators are left alone.
+    /// `note_path` is the note's file. If it cannot be written, the separators are left alone.
     void ReadAndReplace(const std::string& note_path);
 
-    /// Puts the user's own separators back; does nothing when they were not changed or are back already.
+    /// Restores the user's own separators; does nothing if they were not changed or are restored already.
     void Restore();
 
   private:

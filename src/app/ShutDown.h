@@ -9,7 +9,7 @@
 
 namespace quillon {
 
-/// The way out. It is taken once, whichever caller comes first.
+/// Ends the program; every call after the first does nothing.
 class ShutDown {
   public:
     ShutDown(ProgramState& state, Settings& settings, RememberedState& remembered, RegionalNumbers& regional,
@@ -21,8 +21,8 @@ class ShutDown {
           link_(link),
           player_(player) {}
 
-    /// Writes the settings and what is to be remembered, puts the user's separators back, closes the link and
-    /// ends the program.
+    /// Writes the settings and the remembered values, restores the user's separators, closes the link and ends
+    /// the program.
     void Run();
 
     /// The same without writing anything.

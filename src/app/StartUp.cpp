@@ -17,11 +17,11 @@ void StartUp::Form_Load() {
     Load(4);
     state_.splash.Visible = false;
     state_.form.Visible = !state_.Ended;
-    ports_.display.Repaint(); // what follows may take its time
+    ports_.display.Repaint(); // the next step may take long
     if (!state_.Ended && parts_.starter.Offer() && !state_.Ended) TakeUpStarterData();
 }
 
-/// Takes `least_seconds` if all goes well.
+/// Takes at least `least_seconds`, unless a step fails.
 void StartUp::Load(std::int16_t least_seconds) {
     const bool loaded = trap_.Run(LoadErrorsTitle, Icon::Exclamation, [this, least_seconds] {
         PrepareFiles();
@@ -38,7 +38,7 @@ void StartUp::Load(std::int16_t least_seconds) {
 
 void StartUp::TakeUpStarterData() {
     if (!trap_.Run("Starter data error", Icon::Exclamation, [this] { parts_.starter.Create(); })) return;
-    parts_.regional.Restore(); // its note belongs into the new data folder
+    parts_.regional.Restore(); // so that its note is written to the new data folder
     ReplaceSeparators();
     const bool cycle_ran = StopCycle(state_.cycle); // it has been running since the window was made
     Load(0);

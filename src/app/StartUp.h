@@ -38,9 +38,8 @@ class StartUp {
           parts_(parts),
           command_line_(std::move(command_line)) {}
 
-    /// Prepares the data, shows the splash meanwhile and then the main window, which is shown as far as it was
-    /// made when a step fails. Takes about four seconds, serving window events. What is missing may then be
-    /// created, if the user wants to, and loaded.
+    /// Loads the data behind the splash and then shows the main window, even if a step failed. Takes about four
+    /// seconds, serving window events. Then offers to create missing starter data, and loads it.
     void Form_Load();
 
   private:

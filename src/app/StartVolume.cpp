@@ -12,7 +12,7 @@ std::optional<int> StartVolume(const std::string& command_line) {
         const double volume = Val(command_line);
         if (volume > 0 && volume < 101) return std::min<int>(CInt(volume), 100);
     } catch (const RuntimeError&) {
-        // A number too large for any volume is ignored like the others.
+        // The number is too large even to be read: ignored, too.
     }
     return std::nullopt;
 }

@@ -5,7 +5,7 @@
 
 namespace quillon {
 
-/// The start volume that a command line asks for, 0 to 101; nothing when it is no number above 0 and below 101.
+/// The start volume, 0 to 100, on a command line; empty unless its number is above 0 and below 101.
 std::optional<int> StartVolume(const std::string& command_line);
 
 } // namespace quillon

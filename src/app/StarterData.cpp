@@ -18,7 +18,7 @@ bool CanBeHeard(const FeedRecord& feed) {
     return StreamMarker(feed.URL) > 0 || PlaylistMarker(feed.URL) > 0 || FolderExists(feed.URL);
 }
 
-/// Adds the paths, from `root` on, of all files in the folder `below` it and in its folders.
+/// Adds the paths, relative to `root`, of all files in its folder `below`, recursively.
 void CollectFiles(const std::string& root, const std::string& below, std::vector<std::string>& files) {
     for (const std::string& name : NamesIn(root + below, PathKind::File)) files.push_back(below + name);
     for (const std::string& name : NamesIn(root + below, PathKind::Folder))
@@ -73,7 +73,7 @@ void StarterData::Create() {
     state_.StartupStep.clear();
 }
 
-/// Without a data folder, the application-data folder above it has served as one.
+/// Without a data folder, its parent, the application-data folder, was used instead.
 void StarterData::MoveFromBareFolder() {
     for (const char* name :
          {CatalogueName, BackupName, AirportsName, SettingsName, RememberedName, TraceLogName}) {

@@ -9,19 +9,19 @@
 
 namespace quillon {
 
-/// A catalogue, airports and recordings to begin with. They lie in the folder "starter" beside the program, as
-/// they are to lie in the user's data folder.
+/// A catalogue, airports and recordings to begin with. The folder "starter" beside the program holds them as
+/// they will be in the user's data folder.
 class StarterData {
   public:
     StarterData(ProgramState& state, Prompts& prompts, Shell& shell)
         : state_(state), prompts_(prompts), shell_(shell) {}
 
-    /// After a start that found no catalogue, no airports or nothing that can be played: asks the user whether
-    /// to create what is missing, if there is anything to create it from. Returns whether the answer was Yes.
+    /// If the start found no catalogue, no airports or nothing that can be played, and there is starter data:
+    /// asks the user whether to create what is missing. Returns whether the answer was Yes.
     bool Offer();
 
-    /// Creates the user's data folder and the files that it lacks. What is there is not touched; what an
-    /// earlier run without a data folder has left beside it is moved into it. Raises the errors of
+    /// Creates the user's data folder and the files that it lacks. Existing files are not touched; those that
+    /// an earlier run without a data folder left in its parent are moved into it. Raises the errors of
     /// runtime/Files.
     void Create();
 

@@ -21,7 +21,7 @@ bool CanBeTuned(const std::string& frequency) {
     return frequency[3] == '.' && Val(frequency) >= BelowAnyRadio && Val(frequency) < AboveAnyRadio;
 }
 
-/// Goes through the lines in their order.
+/// Walks the lines in order.
 class Reviewer {
   public:
     void Take(std::string_view line) {
@@ -53,7 +53,7 @@ class Reviewer {
 
     int number_ = 0;
     std::string_view line_;
-    std::map<std::string, int> stated_; // in which line first
+    std::map<std::string, int> stated_; // and the line that states it first
 };
 
 } // namespace

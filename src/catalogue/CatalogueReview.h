@@ -6,9 +6,9 @@
 
 namespace quillon {
 
-/// What a reader of the catalogue's text notices before any address is tried.
+/// What can be said of the catalogue's text before any address is tried.
 struct CatalogueReview {
-    /// A line that does not do what its writer may expect.
+    /// A line that does not do what its author probably expects.
     struct FaultyLine {
         int Number; ///< from 1
         std::string Text;
@@ -22,12 +22,12 @@ struct CatalogueReview {
     };
 
     std::vector<FaultyLine> Faults;
-    std::vector<Feed> Feeds; ///< also those behind the line at which the loader ends
+    std::vector<Feed> Feeds; ///< also those after a line that stops the loader
 };
 
-/// Reviews the whole text of the catalogue. Faulty are lines with one or two "|", at which the loader ends; a
-/// frequency that an earlier line states; one that no radio can be tuned to; and one that counts as none
-/// because it has not six characters.
+/// Reviews the whole text of the catalogue. Faulty are lines with only one or two "|", which stop the loader,
+/// and frequencies that an earlier line states, that no radio can be tuned to, or that do not count because
+/// they do not have six characters.
 CatalogueReview ReviewCatalogue(std::string_view text);
 
 } // namespace quillon

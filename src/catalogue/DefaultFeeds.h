@@ -7,9 +7,9 @@
 
 namespace quillon {
 
-/// Makes sure that the catalogue holds the three folders of recordings that come with the program. Only the
-/// Toronto feed is looked for: without it, all three are appended under their title. Raises the errors of
-/// ReadText and AppendLines; a missing catalogue is one.
+/// Makes sure that the catalogue lists the three folders of recordings that come with the program. If the
+/// Toronto feed is missing, all three are appended under their title. Raises the errors of ReadText and
+/// AppendLines, also for a missing catalogue.
 void AddDefaultFeeds(const Folders& folders, std::string& startup_step, AnsiCodePage& page);
 
 } // namespace quillon

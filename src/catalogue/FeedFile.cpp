@@ -7,8 +7,8 @@ namespace quillon {
 
 namespace {
 
-// Works on bytes: "|" is never part of another character in UTF-8, and counting characters would walk each line
-// from its front again for every field.
+// Works on bytes: in UTF-8 "|" is never part of another character, and counting characters would walk the line
+// again for every field.
 std::string_view TakeField(std::string_view& line) {
     const std::size_t end = line.find('|');
     if (end == std::string_view::npos) Raise(InvalidCall);

@@ -7,7 +7,7 @@ namespace quillon {
 inline constexpr const char* CatalogueName = "live_atc_feeds.txt";
 inline constexpr const char* BackupName = "live_atc_feeds.bak";
 
-/// Whether a line of the catalogue holds a feed: no comment ("//" in front), and a "|" somewhere.
+/// Whether a line of the catalogue holds a feed: it does not start with "//" and contains a "|".
 bool IsFeedLine(std::string_view line);
 
 /// The fields of a feed's line, which must outlive them.
@@ -17,7 +17,7 @@ struct FeedLine {
     std::string_view URL;
     std::string_view Freq;
 
-    /// Whether the line states its frequency. Anything but six characters is none.
+    /// Whether the line states its frequency, which must have six characters to count.
     bool StatesFrequency() const;
 };
 

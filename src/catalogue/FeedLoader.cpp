@@ -8,7 +8,7 @@ namespace quillon {
 
 void FeedLoader::LoadList() {
     ListView& list = state_.form.lvwDB;
-    // Sorted once at the end: a row's place in a sorted list costs moving all rows behind it.
+    // Sorted once at the end: inserting a row into a sorted list moves all rows after it.
     const bool sorted = list.Sorted();
     list.SetSorted(false);
     trap_.Run("LoadList Error", Icon::Critical, [this] { RebuildList(); });
@@ -35,7 +35,7 @@ void FeedLoader::RebuildList() {
     state_.StartupStep.clear();
 }
 
-/// A stated frequency has left the pool by now.
+/// Stated frequencies have already been taken out of the pool.
 void FeedLoader::AddFeed(const FeedLine& feed) {
     state_.form.lvwDB.Add(
         {feed.ICAO, feed.City, feed.StatesFrequency() ? feed.Freq : TakeLowest(state_.List1), feed.URL});
@@ -87,7 +87,7 @@ void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {
         if (!IsFeedLine(*line)) continue;
         try {
             handler(SplitFeedLine(*line));
-        } catch (...) { // only then is the step of any use, and there are many
+        } catch (...) { // set only now: nobody sees the step of a line that succeeds
             state_.StartupStep.assign(step).append(*line);
             throw;
         }

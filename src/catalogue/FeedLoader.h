@@ -18,12 +18,11 @@ class FeedLoader {
         : state_(state), prompts_(prompts), page_(page), trap_(trap) {}
 
     /// Rebuilds the list: feeds without a frequency get the lowest free channels, in the file's order. A
-    /// failure is reported, and the list keeps the feeds before it. However it ends, no feed is current
-    /// afterwards.
+    /// failure is reported, and the list keeps the feeds before it. In any case no feed is current afterwards.
     void LoadList();
 
-    /// Sorts the list by frequency in the next load and selects "CYEE" in it. Nothing sets it, so that the list
-    /// keeps the file's order until the user sorts it.
+    /// Makes the next load sort the list by frequency and select "CYEE". Nothing sets it, so the list keeps the
+    /// file's order until the user sorts it.
     bool FirstListLoad = false;
 
   private:
@@ -31,8 +30,8 @@ class FeedLoader {
 
     void RebuildList();
 
-    /// Rebuilds `lstUFreq` and takes its frequencies out of the pool. Reports duplicates, one box for each
-    /// neighbour that is equal to the one before it, and failures.
+    /// Rebuilds `lstUFreq` and takes its frequencies out of the pool. Reports failures, and
+    /// duplicates in one box for each frequency that equals the one before it.
     void LoadUserFreq();
 
     void AddFeed(const FeedLine& feed);
@@ -46,7 +45,7 @@ class FeedLoader {
     Prompts& prompts_;
     AnsiCodePage& page_;
     ErrorTrap& trap_;
-    std::shared_ptr<const std::string> text_; // of the catalogue, while a load goes over it twice
+    std::shared_ptr<const std::string> text_; // of the catalogue, while a load reads it twice
 };
 
 } // namespace quillon

@@ -6,15 +6,15 @@
 
 namespace quillon {
 
-/// The system's ANSI code page, in which files without UTF-8 are written.
+/// The system's ANSI code page, for files that are not UTF-8.
 class AnsiCodePage {
   public:
     virtual ~AnsiCodePage() = default;
 
-    /// To UTF-8; bytes that stand for nothing become a replacement character.
+    /// To UTF-8; invalid bytes become a replacement character.
     virtual std::string Decode(std::string_view bytes) = 0;
 
-    /// From UTF-8; nothing when the page lacks one of the characters.
+    /// From UTF-8; empty if the page lacks one of the characters.
     virtual std::optional<std::string> Encode(std::string_view text) = 0;
 };
 

@@ -8,8 +8,8 @@ namespace {
 
 constexpr std::chrono::milliseconds Slice{20};
 
-/// Serves events until the end that belongs to a start. The start also moves back with a clock that is set
-/// back, which would otherwise stretch the wait by as much.
+/// Serves events until `end_of(start)`. If the clock is set back, so is the start: the wait would get longer
+/// otherwise.
 template <typename EndOf>
 void ServeUntil(Clock& clock, EndOf end_of) {
     TimePoint start = clock.Now();

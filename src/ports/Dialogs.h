@@ -5,7 +5,7 @@
 
 namespace quillon {
 
-/// The program's small modal dialogs. While one is up, the program's other handlers do not run.
+/// The program's small modal dialogs. No other handler of the program runs while one is open.
 class Dialogs {
   public:
     virtual ~Dialogs() = default;
@@ -14,10 +14,10 @@ class Dialogs {
     /// 0 when the dialog was closed without setting one.
     virtual int MuteKey(int option) = 0;
 
-    /// Shows the program's version and licence. Returns whether the user asks for the system's information.
+    /// Shows the program's version and licence. Returns whether the user wants the system information.
     virtual bool About() = 0;
 
-    /// Shows the program's folders. Returns the one that the user wants to see opened, empty for none.
+    /// Shows the program's folders. Returns the one that the user wants to open, or an empty text.
     virtual std::string ProgramFolders(const Folders& folders) = 0;
 };
 

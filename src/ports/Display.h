@@ -2,12 +2,12 @@
 
 namespace quillon {
 
-/// The screen. After every handler it is brought up to date by itself; this is for those that take long.
+/// The screen. It is updated after every handler anyway; this is for handlers that take long.
 class Display {
   public:
     virtual ~Display() = default;
 
-    /// Draws what the forms' data say now. Lets no window events in.
+    /// Draws the forms' data as they are now. Serves no window events.
     virtual void Repaint() = 0;
 };
 

@@ -7,25 +7,25 @@
 
 namespace quillon {
 
-/// What became of trying a feed's address.
+/// The outcome of trying a feed's address.
 struct FeedAnswer {
     Finding Kind;
     std::string Words; ///< for the user
 };
 
-/// Tries addresses of feeds, one at a time, in the background. No call waits.
+/// Tries addresses of feeds, one at a time, in the background. No call blocks.
 class FeedProbe {
   public:
     virtual ~FeedProbe() = default;
 
-    /// Begins to try what a feed's line has for its address, in place of what is being tried. `user_agent` is
-    /// what servers are told; one that is unfit for that leaves the program's own name.
+    /// Starts trying a feed's address as the catalogue has it, and cancels the previous try. An invalid
+    /// `user_agent` is replaced by the program's own.
     virtual void Start(const std::string& address, const std::string& user_agent) = 0;
 
-    /// Nothing while it is being tried; the answer is given once.
+    /// Empty until the answer is there; returns it once.
     virtual std::optional<FeedAnswer> Result() = 0;
 
-    /// Forgets what is being tried.
+    /// Cancels the try, if one is running.
     virtual void Cancel() = 0;
 };
 

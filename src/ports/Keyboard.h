@@ -2,12 +2,12 @@
 
 namespace quillon {
 
-/// The keyboard, whichever program has its focus.
+/// The keyboard, whichever program has the focus.
 class Keyboard {
   public:
     virtual ~Keyboard() = default;
 
-    /// Whether the key of that Windows virtual-key code is down at this moment.
+    /// Whether the key of that Windows virtual-key code is down now.
     virtual bool IsDown(int virtual_key) = 0;
 };
 

@@ -4,22 +4,21 @@
 
 namespace quillon {
 
-/// What a player of live feeds offers beyond playing. No call waits for the network, and none lets window
-/// events in.
+/// What a player of live feeds offers beyond playing. No call waits for the network or serves window events.
 class LiveFeed {
   public:
     virtual ~LiveFeed() = default;
 
-    /// What the station says is to be heard now: one line of at most 120 characters, none of them a control
-    /// character. Empty while no feed plays, and for one that says nothing.
+    /// What the station says it is playing: one line of at most 120 characters without control characters.
+    /// Empty if no feed plays or the station says nothing.
     virtual std::string Title() const = 0;
 
-    /// Connects anew at once, even to an address that was given up or is waited for. What is paused stays
-    /// paused and what is stopped stays stopped; does nothing without an address.
+    /// Reconnects at once, even to an address that was given up or is waiting to be retried. A paused or
+    /// stopped feed stays silent. Does nothing without an address.
     virtual void Reload() = 0;
 
-    /// What servers are told of the program, from the next connection on. A text that is empty, longer than 200
-    /// characters, or holds anything but visible ASCII characters and blanks is ignored.
+    /// Sets the user agent for the connections to come. A text that is empty, longer than 200 characters, or
+    /// contains anything but printable ASCII is ignored.
     virtual void SetUserAgent(const std::string& user_agent) = 0;
 };
 

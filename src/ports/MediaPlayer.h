@@ -20,29 +20,28 @@ enum PlayState : int {
     Reconnecting = 11,
 };
 
-/// Plays one source at a time. No call waits for the network or the sound device, and none lets window events
-/// in.
+/// Plays one source at a time. No call waits for the network or the sound device, or serves window events.
 class MediaPlayer {
   public:
     virtual ~MediaPlayer() = default;
 
-    /// Starts playing a stream's address or a file's path in place of what was there; an empty text only ends
-    /// that.
+    /// Starts playing a stream's address or a file's path instead of the current source; an empty text only
+    /// ends the current source.
     virtual void SetUrl(const std::string& url) = 0;
 
     virtual PlayState State() = 0;
 
-    /// Goes on after a pause, and starts anew after a stop or a failure; does nothing while it plays or
-    /// connects, and with an empty address.
+    /// Resumes after a pause, restarts after a stop or a failure. Does nothing while playing or connecting, or
+    /// without an address.
     virtual void Play() = 0;
 
-    /// Silence at once; a file keeps its place, a live stream goes on at its present moment.
+    /// Silence at once; a file keeps its position, a live stream resumes live.
     virtual void Pause() = 0;
 
     /// Silence at once; the address is kept.
     virtual void Stop() = 0;
 
-    /// Loudness of this program's own sound, 0 to 100; values outside count as the nearer end.
+    /// Volume of this program's own sound; clamped to 0 to 100.
     virtual void SetVolume(int volume) = 0;
 };
 

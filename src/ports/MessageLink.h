@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-/// A window, mapping or other system handle; 0 is none.
+/// A window, mapping or other system handle; 0 means none.
 using NativeHandle = std::uintptr_t;
 
 /// Window messages to the simulator's side of the link. Called on the user-interface thread only.
@@ -21,19 +21,19 @@ class MessageLink {
     virtual std::uint32_t RegisterMessage(const std::string& name) = 0;
 
     struct Sent {
-        bool delivered;           ///< the peer answered before the time ran out
-        std::uint32_t reply;      ///< what it answered
-        std::uint32_t last_error; ///< the system's error number when it did not, 0 for a time-out
+        bool Delivered;          ///< the peer answered before the time ran out
+        std::uint32_t Reply;     ///< its answer
+        std::uint32_t LastError; ///< the system's error number if it did not, 0 for a time-out
     };
 
-    /// Sends the message and waits for the answer, at most `timeout_ms`. Blocks; lets no window events in.
+    /// Sends the message and waits for the answer, at most `timeout_ms`. Blocks without serving window events.
     virtual Sent Send(NativeHandle window, std::uint32_t message, std::uint32_t wparam,
                       std::uint32_t timeout_ms) = 0;
 
     virtual std::uint32_t ProcessId() = 0;
 };
 
-/// The named memory that both sides of the link see.
+/// The named memory that both sides of the link share.
 class SharedMemory {
   public:
     virtual ~SharedMemory() = default;
@@ -43,8 +43,8 @@ class SharedMemory {
     virtual void DeleteAtom(std::uint32_t atom) = 0;
 
     struct Mapping {
-        NativeHandle handle;  ///< 0 when it could not be made
-        bool already_existed; ///< somebody else had made one of that name
+        NativeHandle Handle; ///< 0 on failure
+        bool AlreadyExisted; ///< another program had created one of that name
     };
 
     /// Makes (or opens) page-file-backed read/write memory of that name.

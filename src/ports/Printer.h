@@ -6,7 +6,7 @@
 
 namespace quillon {
 
-// A printed page as data: lines from the top of the paper's printable area downwards, one below the other.
+// A printed page as data: lines from the top of the printable area downwards.
 
 enum class PrintFont { Normal, Heading };
 
@@ -15,10 +15,11 @@ constexpr int PointsOf(PrintFont font) {
     return font == PrintFont::Heading ? 18 : 10;
 }
 
-/// Columns to the printable width; column 1 stands at its left edge. A column holds a character of normal type.
+/// Columns across the printable width; column 1 is at the left edge. A column holds one character of normal
+/// type.
 inline constexpr int PageColumns = 120;
 
-/// What the lines of the longest page add up to in type sizes, points. A printer's paper must hold that much.
+/// Sum of the type sizes, in points, of the lines of the longest page. The paper must have room for that much.
 inline constexpr int PageTypePoints = 646;
 
 struct PrintedText {
@@ -28,7 +29,7 @@ struct PrintedText {
     bool operator==(const PrintedText&) const = default;
 };
 
-/// Texts by rising column; a line without texts is empty but takes its font's room.
+/// Texts in ascending order of column; a line without texts is left blank in its font's height.
 struct PrintedLine {
     PrintFont Font = PrintFont::Normal;
     std::vector<PrintedText> Texts;
@@ -36,18 +37,18 @@ struct PrintedLine {
 
 using PrintedPage = std::vector<PrintedLine>;
 
-/// A document on its way to the printer. One that goes without Finish is thrown away, printed pages excepted.
+/// A document on its way to the printer. Destroying it without Finish discards it, except for printed pages.
 class PrintJob {
   public:
     virtual ~PrintJob() = default;
 
     /// Prints one sheet. A text that would run into the next one, or over the paper's edge, is cut off there.
-    /// A job that takes long shows its progress with a way to cancel it: window events get in then. Returns
-    /// false when the user cancelled. Raises RuntimeError 482 when the printer fails.
+    /// A long job shows its progress with a Cancel button and then serves window events. Returns false if the
+    /// user cancelled. Raises RuntimeError 482 if the printer fails.
     virtual bool PrintPage(const PrintedPage& page) = 0;
 
-    /// Hands the finished document over to the printer; no more pages may follow. Returns and raises as
-    /// PrintPage does.
+    /// Hands the finished document to the printer; no more pages may follow. Returns and raises as PrintPage
+    /// does.
     virtual bool Finish() = 0;
 };
 
@@ -56,13 +57,13 @@ class Printer {
   public:
     virtual ~Printer() = default;
 
-    /// Lets the user choose printer, paper and copies for one document in the system's dialog. Modal; window
-    /// events get in. Returns false when the user cancelled. Raises RuntimeError 482 when there is no printer
-    /// to choose.
+    /// Lets the user choose printer, paper and copies for one document in the system's dialog. Modal, serves
+    /// window events. Returns false if the user cancelled. Raises RuntimeError 482 if there is no printer.
     virtual bool ShowPrinter() = 0;
 
-    /// Starts a document of that many pages on the chosen printer. Returns null when the user cancelled where
-    /// a printer asks for more (the file it is to write). Raises RuntimeError 482 when the printer refuses.
+    /// Starts a document of that many pages on the chosen printer. Returns null if the user cancelled a
+    /// question of the printer's own, such as for the file to write. Raises RuntimeError 482 if the printer
+    /// refuses.
     virtual std::unique_ptr<PrintJob> StartJob(const std::string& title, int pages) = 0;
 };
 

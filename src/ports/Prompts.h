@@ -6,15 +6,15 @@
 
 namespace quillon {
 
-/// The answers that a question offers. No is always the one that Enter gives.
+/// The answers that a question offers. The default is always No.
 enum class Choices { YesNo, YesNoCancel };
 
-/// Modal windows that ask or tell. While one is up, the program's other handlers do not run.
+/// Modal boxes. No other handler of the program runs while one is open.
 class Prompts {
   public:
     virtual ~Prompts() = default;
 
-    /// Tells the user something; returns when the user has closed the box. A carriage return ends a line.
+    /// Shows a message; returns when the user has closed it. A carriage return ends a line.
     virtual void Message(const std::string& title, const std::string& text, Icon icon) = 0;
 
     /// Asks a question; returns whether the answer was Yes. A carriage return ends a line.
@@ -24,8 +24,8 @@ class Prompts {
     virtual std::string InputBox(const std::string& title, const std::string& prompt,
                                  const std::string& default_answer) = 0;
 
-    /// Asks for an existing file whose name fits the pattern ("*.wav"), which is shown under its description.
-    /// Returns its path, empty when the user cancelled.
+    /// Asks for an existing file that matches the pattern ("*.wav"), which is shown by its description.
+    /// Returns its path, empty if the user cancelled.
     virtual std::string BrowseFile(const std::string& description, const std::string& pattern) = 0;
 };
 

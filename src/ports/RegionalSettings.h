@@ -4,14 +4,14 @@
 
 namespace quillon {
 
-/// The user's own number settings, system-wide: what is written here other programs see too.
+/// The user's own number settings. They are system-wide: other programs see what is written here.
 class RegionalSettings {
   public:
     enum class Separator { Decimal, Thousand };
 
     virtual ~RegionalSettings() = default;
 
-    /// Empty when it cannot be read.
+    /// Empty if it cannot be read.
     virtual std::string Read(Separator separator) = 0;
     virtual void Write(Separator separator, const std::string& text) = 0;
 };

@@ -5,7 +5,7 @@
 
 namespace quillon {
 
-/// A program that Shell::Start has started; it goes on when this object ends.
+/// A program that Shell::Start has started; it outlives this object.
 class StartedProgram {
   public:
     virtual ~StartedProgram() = default;
@@ -18,23 +18,23 @@ class Shell {
   public:
     virtual ~Shell() = default;
 
-    /// The current user's application-data folder, without a closing backslash; empty if the system names none.
+    /// The current user's application-data folder, without a trailing backslash; empty if there is none.
     virtual std::string ApplicationDataFolder() = 0;
 
-    /// The folder that this program was started from, with a closing backslash.
+    /// The folder that this program was started from, with a trailing backslash.
     virtual std::string ProgramFolder() = 0;
 
-    /// Opens an address, a file or a folder with the program the user has for it, or runs a program; does not
-    /// wait. Returns whether there was one to open it.
+    /// Opens an address, a file or a folder with the user's default program, or runs a program; does not wait.
+    /// Returns whether that worked.
     virtual bool OpenAddress(const std::string& address) = 0;
 
-    /// Starts a program on a file in a normal window. Raises error 53 when there is no such program.
+    /// Starts a program on a file in a normal window. Raises error 53 if there is no such program.
     virtual std::unique_ptr<StartedProgram> Start(const std::string& program, const std::string& file) = 0;
 
     /// Puts a text on the clipboard.
     virtual void CopyText(const std::string& text) = 0;
 
-    /// Plays a sound file; does not wait, and says nothing when it cannot.
+    /// Plays a sound file; does not wait, and ignores failures.
     virtual void PlaySoundFile(const std::string& path) = 0;
 };
 

@@ -19,13 +19,13 @@ std::string ReadIfThere(std::string_view path) {
     }
 }
 
-/// What ends the open last line of a text, if it has one.
+/// The line end that a text's unterminated last line lacks; empty if it has one.
 std::string_view MissingLineEnd(std::string_view text) {
     if (text.empty() || text.back() == '\n') return "";
     return text.back() == '\r' ? "\n" : "\r\n";
 }
 
-/// The file's bytes with the text behind them.
+/// The file's bytes with the text appended.
 std::string Extended(std::string bytes, const std::string& text, AnsiCodePage& page) {
     const std::string_view body = SkipByteOrderMark(bytes);
     std::optional<std::string> added = text;
@@ -77,7 +77,7 @@ void AppendLines(std::string_view path, const std::vector<std::string>& lines, A
                           [&] { return ReadIfThere(path) == before; }))
             return;
     }
-    Raise(PermissionDenied); // somebody writes all the time
+    Raise(PermissionDenied); // another program keeps writing
 }
 
 } // namespace quillon

@@ -14,7 +14,7 @@ bool ErrorTrap::Run(const std::string& title, Icon icon, const std::function<voi
         Caught(title, icon, error);
     } catch (const std::bad_alloc&) {
         Caught(title, icon, DescribedError(OutOfMemory));
-    } catch (const std::length_error&) { // more than could ever be had
+    } catch (const std::length_error&) { // asked for more than there can be
         Caught(title, icon, DescribedError(OutOfMemory));
     }
     return false;

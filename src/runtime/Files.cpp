@@ -10,11 +10,11 @@ namespace quillon {
 
 namespace {
 
-/// What went wrong before is what the user is to read.
+/// Failures are ignored: the user is told of the earlier one.
 void TidyUp(std::string_view path) {
     try {
         if (FileExists(path)) DeleteFileAt(path);
-    } catch (const RuntimeError&) { // it stays behind
+    } catch (const RuntimeError&) { // the file stays behind
     }
 }
 
@@ -22,8 +22,8 @@ void TidyUp(std::string_view path) {
 
 std::vector<std::string> WaveFilesIn(std::string_view folder) {
     while (folder.ends_with('\\')) folder.remove_suffix(1);
-    const std::string prefix = std::string(folder) + "\\"; // "C:" alone would be wherever drive C happens to be
-    if (!IsWholePath(prefix)) return {};
+    const std::string prefix = std::string(folder) + "\\"; // "C:" alone would be the current folder of drive C
+    if (!IsAbsolutePath(prefix)) return {};
     std::vector<std::string> paths = FileNamesIn(folder);
     std::erase_if(paths, [](const std::string& name) { return LCase(Right(name, 4)) != ".wav"; });
     std::sort(paths.begin(), paths.end(),

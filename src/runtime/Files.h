@@ -19,21 +19,21 @@ inline bool FolderExists(std::string_view path) {
     return KindOf(path) == PathKind::Folder;
 }
 
-/// Paths of the "*.wav" files in a folder, sorted by name without regard to case. None when the folder is
-/// missing, or not named by its whole path; a backslash may end it.
+/// Paths of the "*.wav" files in a folder, sorted by name without regard to case. Empty if the folder is
+/// missing or its path is not absolute; a trailing backslash is allowed.
 std::vector<std::string> WaveFilesIn(std::string_view folder);
 
 /// The whole content of a file.
 std::string ReadFile(std::string_view path);
 
-/// Replaces the file's content, or creates it. The content is written whole beside the old file and then put in
-/// its place, so that no failure on the way leaves a half-written file.
+/// Replaces the file's content, or creates it. The content is written beside the old file, which is then
+/// replaced atomically, so that no failure leaves a half-written file.
 void ReplaceFile(std::string_view path, std::string_view content);
 
-/// The same, unless `still_wanted` says no once the content lies beside the old file; returns what it said.
+/// The same, unless `still_wanted` returns false just before the old file is replaced. Returns its answer.
 bool ReplaceFileIf(std::string_view path, std::string_view content, const std::function<bool()>& still_wanted);
 
-/// Adds bytes at the end of the file, which is created if needed.
+/// Appends bytes to the file, which is created if needed.
 void AppendFile(std::string_view path, std::string_view content);
 
 } // namespace quillon

@@ -5,7 +5,7 @@
 
 namespace quillon {
 
-/// The classic run-time error numbers; the user sees them in error reports.
+/// Run-time error numbers, as the user sees them in error reports.
 enum ErrorNumber : std::int32_t {
     InvalidCall = 5,
     Overflow = 6,
@@ -22,7 +22,7 @@ enum ErrorNumber : std::int32_t {
     PrinterError = 482,
 };
 
-/// An error that ends the running handler and is shown by its error trap.
+/// An error that ends the running procedure; its error trap shows it.
 struct RuntimeError {
     std::int32_t Number;
     std::string Description;
@@ -31,7 +31,7 @@ struct RuntimeError {
 /// The error of that number with its fixed description ("Overflow", "File not found", ...).
 RuntimeError DescribedError(ErrorNumber number);
 
-/// Throws it.
+/// Throws that error.
 [[noreturn]] void Raise(ErrorNumber number);
 
 } // namespace quillon

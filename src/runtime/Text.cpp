@@ -14,7 +14,7 @@ bool IsContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-/// Byte offset of the character at 1-based `position`; the text's size when it lies behind the end.
+/// Byte offset of the character at 1-based `position`; the text's size if it is past the end.
 std::size_t OffsetOf(std::string_view text, std::ptrdiff_t position) {
     std::size_t offset = 0;
     while (offset < text.size() && position > 1) {
@@ -25,7 +25,7 @@ std::size_t OffsetOf(std::string_view text, std::ptrdiff_t position) {
     return offset;
 }
 
-/// How many bytes at the front are known to be ASCII, eight at a glance.
+/// How many leading bytes are certainly ASCII; looks at eight at a time.
 std::size_t AsciiLength(std::string_view bytes) {
     std::size_t length = 0;
     for (std::uint64_t glance = 0; length + sizeof glance <= bytes.size(); length += sizeof glance) {
@@ -35,7 +35,7 @@ std::size_t AsciiLength(std::string_view bytes) {
     return length;
 }
 
-/// Length of the well-formed sequence at the front of `bytes`, 0 if it is none.
+/// Length of the well-formed sequence at the start of `bytes`, 0 if there is none.
 std::size_t SequenceLength(std::string_view bytes) {
     const auto lead = static_cast<unsigned char>(bytes[0]);
     if (lead < 0x80) return 1;

@@ -7,8 +7,8 @@
 
 namespace quillon {
 
-// Text is UTF-8. Positions and lengths count characters (code points) from 1; a stray byte counts as one
-// character.
+// Text is UTF-8. Lengths count characters (code points), and positions do so from 1; an invalid byte counts as
+// one character.
 
 /// Number of characters.
 std::size_t Len(std::string_view text);
@@ -31,11 +31,11 @@ std::string Right(std::string_view text, std::ptrdiff_t length);
 /// Upper case of one character (a code point).
 std::uint32_t UpperCodePoint(std::uint32_t character);
 
-/// Lower and upper case of the Latin, Greek and Cyrillic letters; every other character is kept.
+/// Lower and upper case of Latin, Greek and Cyrillic letters; other characters stay as they are.
 std::string LCase(std::string_view text);
 std::string UCase(std::string_view text);
 
-/// Compares the lower case of two texts by its bytes: negative, 0 or positive.
+/// Compares two texts in lower case byte by byte: negative, 0 or positive.
 int CompareLCase(std::string_view a, std::string_view b);
 
 inline bool IsAscii(char byte) {

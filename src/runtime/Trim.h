@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// The text without the white space at its ends.
+/// The text without leading and trailing white space.
 inline std::string_view Trimmed(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" \t\r\n");
     if (first == std::string_view::npos) return {};

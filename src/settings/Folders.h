@@ -10,12 +10,12 @@
 
 namespace quillon {
 
-/// Where the program may be installed, in the order of looking.
+/// Where the program may be installed, in the order in which they are tried.
 using InstallationFolders = std::array<std::string_view, 2>;
 inline constexpr InstallationFolders DefaultInstallationFolders{"C:\\Program Files\\Quillon\\",
                                                                 "C:\\Program Files (x86)\\Quillon\\"};
 
-/// The folder "Quillon" in the user's application data, or that folder itself when there is none. Ends in a
+/// The folder "Quillon" in the user's application data, or that folder itself if there is none. Ends in a
 /// backslash.
 std::string DataFolder(Shell& shell);
 

@@ -13,7 +13,7 @@ namespace quillon {
 
 namespace {
 
-/// Takes a whole number from `least` to `most`; anything else leaves the value as it is.
+/// Takes a whole number from `least` to `most`; anything else leaves the value alone.
 void TakeNumber(std::string_view text, int least, int most, int& value) {
     int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -21,10 +21,10 @@ void TakeNumber(std::string_view text, int least, int most, int& value) {
     value = number;
 }
 
-constexpr int LeastLength = 50; // what could still be seen and dragged
+constexpr int LeastLength = 50; // wide enough to be seen and dragged
 constexpr int MostLength = 32767;
 
-/// Takes the lengths, separated by blanks, all of them or none.
+/// Takes the lengths, separated by blanks, if all of them are valid.
 template <std::size_t Count>
 void TakeLengths(std::string_view text, std::array<int, Count>& lengths) {
     std::array<int, Count> taken{};
@@ -96,7 +96,7 @@ void RememberedState::Read() {
         bytes = ReadFile(Path());
         may_write_ = true;
     } catch (const RuntimeError& error) {
-        // What cannot be read must not be lost, either.
+        // A file that cannot be read must not be overwritten.
         may_write_ = error.Number == FileNotFound;
     }
     RememberedValues values = ParseRemembered(bytes);
@@ -117,7 +117,7 @@ void RememberedState::Write() {
             if (width != values.Columns.end()) *width++ = header.WidthTwips;
         ReplaceFile(Path(), RememberedText(values));
     } catch (const RuntimeError&) {
-        // Then the next run starts from what the file held before.
+        // The next run then starts from the old file.
     }
 }
 

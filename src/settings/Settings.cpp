@@ -33,7 +33,7 @@ bool RadioLineLeftOut(const std::vector<std::string>& lines) {
            std::all_of(lines.begin() + 1, lines.end(), [](const auto& l) { return IsNumeric(l); });
 }
 
-/// Takes the line's number if it is one and fits; `convert` raises an error when it does not.
+/// Takes the line's number, if it is one and `convert` does not raise an error because it is out of range.
 template <typename Number>
 void TakeNumber(const std::string& line, Number (*convert)(double), Number& value) {
     if (!IsNumeric(line)) return;
@@ -87,7 +87,7 @@ void Settings::CreateIfMissing(const std::string& path) {
         ReadFile(path);
         return;
     } catch (const RuntimeError& error) {
-        // Any other failure may hide a file of the user's, which must not be replaced.
+        // After any other failure the user may still have a file, which must not be replaced.
         if (error.Number != FileNotFound && error.Number != PathNotFound) return;
     }
     SettingsValues values;
@@ -103,7 +103,7 @@ void Settings::Apply(const SettingsValues& values) {
     state_.form.cboMin.Text = std::to_string(values.ChatterMinSeconds);
     state_.form.cboMax.Text = std::to_string(values.ChatterMaxSeconds);
     state_.mute.MuteKeyCode = values.MuteKeyCode;
-    state_.muteKeyDialog.Option.Value =
+    state_.mute_key_dialog.Option.Value =
         std::max(1, MuteKeyOption(values.MuteKeyCode)); // "Tab" for any other key
     state_.StartupStep = "Setting Comm in use";
     SelectRadio(values.RadioName);
@@ -111,7 +111,7 @@ void Settings::Apply(const SettingsValues& values) {
 
 void Settings::SelectRadio(const std::string& name) {
     const auto found = std::find(RadioNames.begin(), RadioNames.end(), name);
-    int& option = state_.form.optCom.Value;
+    int& option = state_.form.ComRadio.Value;
     option = found == RadioNames.end() ? 0 : static_cast<int>(found - RadioNames.begin()) + 1;
     if (name.empty()) option = DefaultRadio;
     if (option != 0) state_.radio.SelectedComm = static_cast<std::int16_t>(option);
@@ -120,7 +120,7 @@ void Settings::SelectRadio(const std::string& name) {
 SettingsValues Settings::InForce() const {
     SettingsValues values{state_.range.ReceptionRange, "", state_.chatter.ChatterMinSeconds,
                           state_.chatter.ChatterMaxSeconds, state_.mute.MuteKeyCode};
-    const int option = state_.form.optCom.Value;
+    const int option = state_.form.ComRadio.Value;
     if (option != 0) values.RadioName = RadioNames.at(static_cast<std::size_t>(option) - 1);
     return values;
 }

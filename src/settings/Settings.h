@@ -20,8 +20,8 @@ struct SettingsValues {
     bool operator==(const SettingsValues&) const = default;
 };
 
-/// Values of a settings file's bytes. Defaults stand in for what is missing, is no number, or does not fit its
-/// type; exactly three numbers after the range mean that the radio's line was left out.
+/// Parses a settings file. A line that is missing, not a number, or out of its type's range leaves the default;
+/// exactly three numbers after the range mean that the radio's line was left out.
 SettingsValues ParseSettings(std::string_view bytes);
 
 /// The lines of a settings file.
@@ -40,17 +40,17 @@ class Settings {
   public:
     Settings(ProgramState& state, ErrorTrap& trap) : state_(state), trap_(trap) {}
 
-    /// Reads the file, which is created with the defaults when it does not exist, and puts its values in force.
-    /// When an existing file cannot be read this is reported, the defaults are in force, and WriteIni will not
-    /// touch the file. Raises the errors of ReplaceFile when the file cannot be created.
+    /// Reads the file, which is created with the defaults if it does not exist, and applies its values. If an
+    /// existing file cannot be read, reports that, applies the defaults, and WriteIni will not touch the file.
+    /// Raises the errors of ReplaceFile if the file cannot be created.
     void ReadIni();
 
-    /// From now on WriteIni will not touch the file: the start failed, and what is in force may not be the
+    /// From now on WriteIni will not touch the file: the start failed, and the current values may not be the
     /// user's.
     void LeaveFileAlone() { read_ = false; }
 
-    /// Writes the values in force, but only if this run has read the file. Reports a failure; the old file then
-    /// stays.
+    /// Writes the current values, but only if this run has read the file. A failure is reported and leaves the
+    /// old file.
     void WriteIni();
 
   private:

@@ -66,9 +66,9 @@ bool FsuipcClient::MakeArea(std::uint32_t& result) {
     shared_.atom = memory_.AddNameAtom(name);
     if (shared_.atom == 0) return Fail(result, LinkNoAtom);
     const SharedMemory::Mapping mapping = memory_.CreateMapping(name, RequestArea::Length);
-    shared_.mapping = mapping.handle;
-    if (mapping.already_existed) return Fail(result, LinkMappingTaken);
-    shared_.view = mapping.handle ? memory_.MapView(mapping.handle) : nullptr;
+    shared_.mapping = mapping.Handle;
+    if (mapping.AlreadyExisted) return Fail(result, LinkMappingTaken);
+    shared_.view = mapping.Handle ? memory_.MapView(mapping.Handle) : nullptr;
     return shared_.view || Fail(result, LinkNoView);
 }
 
@@ -125,9 +125,9 @@ bool FsuipcClient::SendRound(std::uint32_t& reply, std::uint32_t& result) {
     for (int retries = 0;; ++retries) {
         const MessageLink::Sent sent =
             messages_.Send(link_.FsuipcWindow, link_.FsuipcMessage, link_.FsuipcAtom, SendTimeoutMs);
-        if (!sent.delivered) last_error_ = sent.last_error;
-        reply = sent.reply;
-        if (sent.delivered && retries < MaxRetries) return true;
+        if (!sent.Delivered) last_error_ = sent.LastError;
+        reply = sent.Reply;
+        if (sent.Delivered && retries < MaxRetries) return true;
         if (retries == MaxRetries) return Fail(result, last_error_ != 0 ? LinkSendFailed : LinkTimedOut);
         clock_.Sleep(RetryPause);
     }

@@ -5,9 +5,9 @@
 
 namespace quillon {
 
-// What a feed's texts tell of its kind: positions counted from 1, 0 for "is none".
+// A feed's kind, by its texts: the 1-based position of a mark in them, 0 if the feed is not of that kind.
 
-/// An internet radio station, by its description; such a feed has no range.
+/// An internet radio station, by its description. Range does not matter to it.
 std::int32_t RadioMarker(std::string_view city);
 
 /// A playlist, by its address.

@@ -13,7 +13,7 @@
 
 namespace quillon {
 
-// The forms as data. What draws them compares these with what is on screen and updates what differs.
+// The forms as data. The windows compare them with what is on screen and update what differs.
 
 struct Label {
     std::string Caption;
@@ -35,7 +35,7 @@ struct ComboBox {
     std::vector<std::string> Items;
 };
 
-/// Option buttons of one group, numbered from 1; at most one is on, 0 is none.
+/// Option buttons of one group, numbered from 1; at most one is on; 0: none.
 struct OptionGroup {
     int Value = 0;
 };
@@ -44,13 +44,13 @@ struct OptionGroup {
 /// or the selection mode.
 enum class StatusPanel { Player, Frequency, Feed, Address };
 
-/// Widths of the status bar's panels as the program first shows them, in twips.
+/// Initial widths of the status bar's panels, in twips.
 inline constexpr std::array<int, 4> PanelWidths{1200, 1200, 3500, 3000};
 
 /// The range menu's caption until the settings have been read.
 inline constexpr const char* FirstRangeCaption = "Set &Range";
 
-/// Size of a window's outside, in pixels at 96 dpi; 0 by 0 is the one that the window has by itself.
+/// Outer size of a window, in pixels at 96 dpi; 0 by 0 is the default size.
 struct WindowSize {
     int Width = 0;
     int Height = 0;
@@ -66,15 +66,15 @@ struct frmATC {
     ListView lvwDB;
     ViewRequest ListFocusRequest = 0; ///< to give the list the keyboard, once the window is shown
     std::array<Panel, 4> StatusBar1;
-    std::optional<std::uint32_t> StatusBarColor; ///< 0xBBGGRR; empty is the system's
+    std::optional<std::uint32_t> StatusBarColor; ///< 0xBBGGRR; empty: the system's
 
-    OptionGroup optCom; ///< 1 `optCom1`, 2 `optCom1Stby`, 3 `optCom2`, 4 `optCom2Stby`
+    OptionGroup ComRadio; ///< 1 `optCom1`, 2 `optCom1Stby`, 3 `optCom2`, 4 `optCom2Stby`
 
     bool Frame1Visible = false;           ///< "Com Radio"
     bool frmRandomChatterVisible = false; ///< recorded chatter's gaps
 
-    std::int16_t PageNumber = 0; ///< pages of the print run that are finished
-    std::int16_t TotalPages = 0; ///< the page count that its footers state
+    std::int16_t PageNumber = 0; ///< pages printed so far
+    std::int16_t TotalPages = 0; ///< the page count in the footers
 
     Label Label2; ///< distance to the feed's airport, or what plays instead
     Label Label3; ///< seconds of the gap between recordings that have passed
@@ -106,21 +106,21 @@ struct frmSplash {
 /// Virtual-key codes of the mute key's options: Tab, Home, Shift, End.
 inline constexpr std::array<int, 4> MuteKeyCodes{9, 36, 16, 35};
 
-/// The option of a key, counted from 1; 0 for a key that is none of them.
+/// The option of a key, from 1; 0 for any other key.
 inline int MuteKeyOption(int code) {
     const auto found = std::find(MuteKeyCodes.begin(), MuteKeyCodes.end(), code);
     return found == MuteKeyCodes.end() ? 0 : static_cast<int>(found - MuteKeyCodes.begin()) + 1;
 }
 
-/// What an entry of the add-feed dialog is a source of.
+/// What kind of feed the add-feed dialog adds.
 enum class SourceKind { LiveATC = 1, InternetRadio, PlayLists, WaveFiles };
 
 /// The text boxes of the add-feed dialog.
 enum class AddBox { txtICAO, txtCity, txtURL, txtFreq };
 
-/// Adds feeds to the catalogue. The main window is out of reach while it is shown.
+/// The dialog that adds feeds to the catalogue. The main window is disabled while it is shown.
 struct frmAddATC {
-    /// A box that takes the keyboard, and what is selected in it, in characters from 0.
+    /// The box to be focused and the selection in it, in characters from 0.
     struct Focus {
         AddBox Box;
         std::ptrdiff_t SelStart;
@@ -147,11 +147,11 @@ struct frmAddATC {
     const std::string& operator[](AddBox box) const { return Texts.at(static_cast<std::size_t>(box)); }
 };
 
-/// What the check of the catalogue has found, the worst first.
+/// A finding of the catalogue's check, worst first.
 enum class Finding { FaultyLine, Fails, Redirects, Answers };
 
 /// The check of the catalogue. Modeless.
-struct frmCheckFeeds {
+struct CheckFeedsForm {
     struct Row {
         Finding Kind;
         int Line; ///< of the catalogue, from 1

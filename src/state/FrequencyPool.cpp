@@ -32,8 +32,8 @@ std::string_view TextOf(std::size_t channel) {
 } // namespace
 
 void LoadFrequencies(FrequencyPool& pool) {
-    pool.free.set();
-    pool.lowest = 0;
+    pool.Free.set();
+    pool.Lowest = 0;
 }
 
 void RemFreq(FrequencyPool& pool, std::string_view frequency) {
@@ -43,12 +43,12 @@ void RemFreq(FrequencyPool& pool, std::string_view frequency) {
         if (c != '.') hundredths = hundredths * 10 + static_cast<unsigned char>(c - '0');
     if (hundredths < FirstHundredths) return;
     const std::size_t channel = (hundredths - FirstHundredths) / 5 * 2 + (hundredths % 5 == 2 ? 1 : 0);
-    if (channel < Channels && TextOf(channel) == frequency) pool.free.reset(channel);
+    if (channel < Channels && TextOf(channel) == frequency) pool.Free.reset(channel);
 }
 
 std::string_view TakeLowest(FrequencyPool& pool) {
-    while (pool.lowest < Channels && !pool.free[pool.lowest]) ++pool.lowest;
-    return pool.lowest < Channels ? TextOf(pool.lowest++) : std::string_view();
+    while (pool.Lowest < Channels && !pool.Free[pool.Lowest]) ++pool.Lowest;
+    return pool.Lowest < Channels ? TextOf(pool.Lowest++) : std::string_view();
 }
 
 } // namespace quillon

@@ -10,8 +10,8 @@ inline constexpr std::size_t Channels = 759;
 /// The airband channels 118.00, 118.02, 118.05, 118.07 ... 136.95 that are free: the 25 kHz raster cut to two
 /// decimals.
 struct FrequencyPool {
-    std::bitset<Channels> free;
-    std::size_t lowest = 0; ///< no channel before this one is free
+    std::bitset<Channels> Free;
+    std::size_t Lowest = 0; ///< no channel before this one is free
 };
 
 /// Refills the pool with all channels.

@@ -11,13 +11,14 @@ namespace quillon {
 
 namespace {
 
-/// The start of a text in lower case. Most comparisons need no more, and are quick as it lies beside its row.
+/// A row with the start of its text in lower case, which decides most comparisons without touching the text.
 struct Entry {
     std::array<char, 24> start{};
     std::size_t row;
 
     Entry(std::string_view text, std::size_t row_number) : row(row_number) {
-        const std::string lower = LCase(text.substr(0, start.size() + 1)); // no letter of two bytes is cut
+        const std::string lower =
+            LCase(text.substr(0, start.size() + 1)); // one byte more, so that no two-byte letter is cut
         std::copy_n(lower.begin(), std::min(lower.size(), start.size()), start.begin());
     }
 };
@@ -46,7 +47,7 @@ void ListView::Clear() {
     ++revision_;
 }
 
-/// Negative if the left row comes first, 0 if they are equals.
+/// Negative if the left row comes first, 0 if they are equal.
 int ListView::Compare(const FeedRecord& left, const FeedRecord& right) const {
     const int compared = CompareLCase(TextOf(left, sort_key_), TextOf(right, sort_key_));
     return order_ == SortOrder::Ascending ? compared : -compared;

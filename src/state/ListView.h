@@ -11,7 +11,7 @@
 
 namespace quillon {
 
-/// One source of radio sound: a line of the catalogue and a row of the list, which keeps the texts until it is
+/// One source of radio sound: a line of the catalogue and a row of the list, which keeps its texts until it is
 /// cleared.
 struct FeedRecord {
     std::string_view ICAO; ///< airport code, looked up in the airport file
@@ -43,7 +43,7 @@ class ListView {
     Column SortKey() const { return sort_key_; }
     SortOrder Order() const { return order_; }
 
-    /// Changes whenever the rows do; what draws the list compares it with the number it drew last.
+    /// Changes whenever the rows do, so that the window can tell whether to redraw the list.
     std::uint64_t Revision() const { return revision_; }
 
     /// To scroll the selected row into view.
@@ -51,11 +51,11 @@ class ListView {
 
     void Clear();
 
-    /// Makes room for that many rows, whose texts are parts of this one.
+    /// Makes room for that many rows, and keeps the text that their fields refer to.
     void Reserve(std::size_t rows, std::shared_ptr<const std::string> texts);
 
-    /// Adds a row of the kept texts, or of such as last for ever: at its sorted place (behind its equals) while
-    /// sorting is on, else at the end.
+    /// Adds a row whose fields refer to the kept text or to static text: at its sorted place (after its equals)
+    /// while sorting is on, else at the end.
     void Add(const FeedRecord& record);
 
     /// Selects one row, or none. Rows that do not exist are ignored.
@@ -64,7 +64,7 @@ class ListView {
     /// Asks for the selected row to be scrolled into view.
     void EnsureSelectedVisible() { ++visible_request_; }
 
-    /// 1-based row of the last search's hit, which stands out in bold; 0 while none is marked.
+    /// 1-based row of the last search's hit, shown in bold; 0 if there is none.
     int LastSearchIndex() const { return marked_ ? static_cast<int>(*marked_) + 1 : 0; }
     void MarkSearchHit(std::size_t row) { marked_ = row; }
     void ClearLastSearch() { marked_.reset(); }
@@ -81,7 +81,7 @@ class ListView {
     void Sort();
 
     std::vector<FeedRecord> items_;
-    std::shared_ptr<const std::string> texts_; ///< what the rows are parts of
+    std::shared_ptr<const std::string> texts_; ///< what the rows' fields refer to
     std::optional<std::size_t> selected_;
     std::optional<std::size_t> marked_;
     bool sorted_ = false;

@@ -15,10 +15,10 @@ namespace quillon {
 struct ProgramState : PlaybackState {
     frmATC form;
     frmSplash splash;
-    frmShow_FSUIPC fsuipcStatus;
-    frmMuteKey muteKeyDialog;
-    frmAddATC addFeed;
-    frmCheckFeeds checkFeeds;
+    frmShow_FSUIPC fsuipc_status;
+    frmMuteKey mute_key_dialog;
+    frmAddATC add_feed;
+    CheckFeedsForm check_feeds;
 
     Folders folders;
 

@@ -51,7 +51,7 @@ class Flight : public TempFolder {
         int enabled = 0;
         for (int id = 1; id <= 4; ++id) enabled = state().cycle.Timer(id).Enabled ? enabled * 10 + id : enabled;
         ASSERT_LT(enabled, 10) << "two cycle timers at once";
-        if (enabled != 0) program->Timer_Timer(enabled);
+        if (enabled != 0) program->TimerTick(enabled);
     }
 
     void TuneTo(const std::string& frequency) {

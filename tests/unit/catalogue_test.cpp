@@ -62,11 +62,11 @@ TEST(FrequencyPool, HoldsTheRasterFrom118To13695) {
     EXPECT_EQ(channels.back(), "136.95");
     LoadFrequencies(pool);
     for (const std::string& channel : channels) RemFreq(pool, channel);
-    EXPECT_TRUE(pool.free.none());
+    EXPECT_TRUE(pool.Free.none());
     LoadFrequencies(pool);
     for (const char* none : {"118.01", "118,00", "136.97", "117.95", "11:.00", "18.00", "118.0 ", ""})
         RemFreq(pool, none);
-    EXPECT_TRUE(pool.free.all());
+    EXPECT_TRUE(pool.Free.all());
 }
 
 TEST_F(Catalogue, LinesBecomeRowsAndMissingFrequenciesTheLowestFreeOnes) {

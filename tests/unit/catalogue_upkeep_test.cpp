@@ -15,12 +15,12 @@ class Upkeep : public Flight {
         Start();
         Tick();
     }
-    const frmAddATC& form() const { return state().addFeed; }
+    const frmAddATC& form() const { return state().add_feed; }
     void Type(AddBox box, const std::string& text) {
-        program->AddFeedEvent([&](AddFeed& dialog) { dialog.Text_Change(box, text); });
+        program->AddFeedEvent([&](AddFeed& dialog) { dialog.SetText(box, text); });
     }
     void Choose(SourceKind kind) {
-        program->AddFeedEvent([&](AddFeed& dialog) { dialog.optKind_Click(kind); });
+        program->AddFeedEvent([&](AddFeed& dialog) { dialog.ChooseKind(kind); });
     }
     void Add() {
         program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdAdd_Click(); });
@@ -142,7 +142,7 @@ TEST_F(Upkeep, AnAddedFeedIsALineAndIsTunedTo) {
     Write("Quillon\\live_atc_feeds.txt", "CYYZ|Toronto|http://a.example/|118.70"); // no line end
     program->Run(Command::mnuAddATC);
     EXPECT_EQ(timers(), "5");
-    program->Timer_Timer(5);
+    program->TimerTick(5);
     program->Run(Command::mnuRange);
     EXPECT_TRUE(prompts.asked.first.empty()) << "another command ran behind the dialog";
     Type(txtICAO, "EGLL");
@@ -221,7 +221,7 @@ TEST_F(Upkeep, EditingStopsEverythingButTheWayOut) {
     clock.events = [&] {
         EXPECT_EQ(timers(), "5");
         program->Run(Command::mnuRange);
-        program->Timer_Timer(5);
+        program->TimerTick(5);
         shell.ended = ++slices == 3;
         return true;
     };

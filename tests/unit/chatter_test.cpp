@@ -63,7 +63,7 @@ class Chatter : public Flight {
     }
     void PickFolderByHand() {
         program->Run(Command::optManual);
-        program->lvwDB_Select(5);
+        program->SelectRow(5);
         program->Run(Command::lvwDB_ItemClick);
     }
     void Seconds(int count) {
@@ -194,7 +194,7 @@ TEST_F(Chatter, APickByHandIsHeardAtOnceWhereverAndAlsoWhileMuted) {
     Wait();
     simulator.FlyTo(51, -1);
     keyboard.down = 9;
-    program->Timer_Timer(5);
+    program->TimerTick(5);
     const std::string silenced = player.url;
     Seconds(60);
     EXPECT_EQ(player.url, silenced);
@@ -206,7 +206,7 @@ TEST_F(Chatter, APickByHandIsHeardAtOnceWhereverAndAlsoWhileMuted) {
         EXPECT_EQ(state().chatter.List4.size(), 1U);
     }
     EXPECT_TRUE(state().mute.Muted);
-    program->Timer_Timer(5);
+    program->TimerTick(5);
     EXPECT_FALSE(state().mute.Muted);
     HearRecording();
     const int wait = gap();

@@ -31,7 +31,7 @@ class Day : public Flight {
         MakeFolder("Quillon\\ATC\\Kestrune - YPPH_A");
         for (const char* name : {"1.wav", "2.wav", "3.wav"})
             Write(std::string("Quillon\\ATC\\Kestrune - YPPH_A\\") + name, "");
-        prompts.meanwhile = [this] { program->Timer_Timer(1 + Below(5)); };
+        prompts.meanwhile = [this] { program->TimerTick(1 + Below(5)); };
     }
 
     int Below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
@@ -69,11 +69,11 @@ class Day : public Flight {
         {"a flight to Toronto", [this] { simulator.FlyTo(43.01, -79.01); }},
         {"a flight anywhere", [this] { simulator.FlyTo(Below(180) - 90, Below(360) - 180); }},
         {"the clock was set", [this] { clock.now += std::chrono::hours(Below(3) - 1); }},
-        {"the mute key", [this] { Press(state().mute.MuteKeyCode, [this] { program->Timer_Timer(5); }); }},
+        {"the mute key", [this] { Press(state().mute.MuteKeyCode, [this] { program->TimerTick(5); }); }},
         {"another mute key", [this] { dialogs.set_option = Below(5), program->Run(Command::mnuSetMute); }},
         {"optAuto", Click(Command::optAuto)},
         {"optManual", Click(Command::optManual)},
-        {"a pick", [this] { program->lvwDB_Select(AnyRow()), program->Run(Command::lvwDB_ItemClick); }},
+        {"a pick", [this] { program->SelectRow(AnyRow()), program->Run(Command::lvwDB_ItemClick); }},
         {"Ctrl+double-click", [this] { Press(17, Click(Command::lvwDB_DblClick)); }},
         {"sorting", [this] { program->lvwDB_ColumnClick(static_cast<Column>(Below(4))); }},
         {"a search", Answer(Command::mnuSearch, {"", "cyyz", "EGLL", "x"})},
@@ -163,7 +163,7 @@ TEST_F(Day, KeepsItsRulesInEverySecond) {
         ++ticks[timer];
         clock.now += std::chrono::seconds(1);
         if (timer == 5) continue; // muted
-        program->Timer_Timer(timer);
+        program->TimerTick(timer);
         ASSERT_EQ(BrokenRule() + BrokenTick(timer), "");
     }
     for (int timer = 1; timer <= 5; ++timer) EXPECT_GT(ticks[timer], 1000) << timer;

@@ -64,12 +64,12 @@ class Check : public Flight {
   protected:
     void Poll(std::optional<FeedAnswer> answer) {
         probe.answer = std::move(answer);
-        program->CheckFeedsEvent([](FeedCheck& check) { check.Timer_Timer(); });
+        program->CheckFeedsEvent([](FeedCheck& check) { check.Poll(); });
     }
     std::string Shown() const {
         std::string lines;
-        for (const auto& row : state().checkFeeds.Rows) lines += std::to_string(row.Line) + " ";
-        return lines + state().checkFeeds.LabelCaption;
+        for (const auto& row : state().check_feeds.Rows) lines += std::to_string(row.Line) + " ";
+        return lines + state().check_feeds.LabelCaption;
     }
 };
 
@@ -88,17 +88,17 @@ TEST_F(Check, TriesEachFeedInTurnWhileTheCycleGoesOn) {
     Poll({});
     EXPECT_EQ(probe.tried, "u1 u2 http://radio.example/b cancelled ");
     EXPECT_EQ(Shown(), "3 4 2 1 Done. Good: 1. Redirected: 1. Failed: 1. Faults in the file: 1.");
-    program->CheckFeedsEvent([](FeedCheck& check) { check.lstResults_DblClick(1); });
+    program->CheckFeedsEvent([](FeedCheck& check) { check.SelectFeed(1); });
     EXPECT_EQ(state().form.lvwDB.Selected(), 2U);
     program->Run(Command::CheckFeeds);
     for (const bool visible : {true, false}) {
-        program->CheckFeedsEvent([](FeedCheck& check) { check.cmdCancel_Click(); });
-        EXPECT_EQ(state().checkFeeds.Visible, visible);
+        program->CheckFeedsEvent([](FeedCheck& check) { check.Cancel(); });
+        EXPECT_EQ(state().check_feeds.Visible, visible);
         EXPECT_EQ(Shown().substr(0, 30), "3 Cancelled after 0 of 3. Good");
     }
     DeleteFileAt(At("Quillon\\live_atc_feeds.txt"));
     program->Run(Command::CheckFeeds);
-    EXPECT_FALSE(state().checkFeeds.Visible);
+    EXPECT_FALSE(state().check_feeds.Visible);
     EXPECT_EQ(prompts.messages.back().title, "Check Feeds Error");
 }
 

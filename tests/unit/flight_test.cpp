@@ -25,7 +25,7 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     EXPECT_EQ(simulator.rounds, 2); // the hand-shake, and everything else in one
 
     ReplaceFile(At("Quillon\\Quillon.ini"), "spoilt");
-    program->sldVolume_Change(0);
+    program->SetVolume(0);
     program->Run(Command::mnuQuit);
     EXPECT_TRUE(state().Ended);
     EXPECT_EQ(Read("Quillon\\Quillon.state"),
@@ -219,7 +219,7 @@ TEST_F(Flight, WaitsForASimulatorAndLetsTicksIn) {
     simulator.running = false;
     int slices = 0;
     clock.events = [&] {
-        if (state().form.Visible && ++slices % 50 == 0) program->Timer_Timer(1);
+        if (state().form.Visible && ++slices % 50 == 0) program->TimerTick(1);
         if (slices == 240) simulator.running = true;
         return true;
     };
@@ -301,7 +301,7 @@ TEST_F(Flight, TheStripMutesTheCycleInAutomaticMode) {
     EXPECT_FALSE(state().mute.Muted);
     program->Run(Command::StripPlay);
     EXPECT_EQ(player.state, Playing);
-    program->sldVolume_Change(140);
+    program->SetVolume(140);
     EXPECT_EQ(player.volume, 100);
 }
 
@@ -346,7 +346,7 @@ TEST_F(Flight, NothingNestsInsideAMessageBox) {
     DeleteFileAt(At("Quillon\\Quillon.ini"));
     MakeFolder("Quillon\\Quillon.ini"); // the way out will have something to report too
     prompts.meanwhile = [&] {
-        program->Timer_Timer(1);
+        program->TimerTick(1);
         program->Run(Command::optManual);
         program->Run(Command::mnuQuit);
         EXPECT_FALSE(state().cycle.optManual());

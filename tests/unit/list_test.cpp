@@ -40,7 +40,7 @@ TEST(BcdOfFrequency, WantsAFrequency) {
 class Hand : public Flight {
   protected:
     void Pick(std::size_t row) {
-        program->lvwDB_Select(row);
+        program->SelectRow(row);
         program->Run(Command::lvwDB_ItemClick);
     }
     const ListView& list() const { return state().form.lvwDB; }
@@ -142,7 +142,7 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
 TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
     Start();
     program->Run(Command::optCom2);
-    program->lvwDB_Select(1);
+    program->SelectRow(1);
     program->Run(Command::lvwDB_DblClick); // without Ctrl
     keyboard.down = 17;
     program->Run(Command::optManual);
@@ -227,7 +227,7 @@ TEST_F(Hand, TheMuteKeyIsSetInItsDialog) {
         program->Run(Command::mnuSetMute);
         EXPECT_EQ(dialogs.shown_option, row.shown);
         EXPECT_EQ(state().mute.MuteKeyCode, row.code);
-        EXPECT_EQ(state().muteKeyDialog.Option.Value, row.next);
+        EXPECT_EQ(state().mute_key_dialog.Option.Value, row.next);
     }
 }
 
@@ -238,13 +238,13 @@ TEST_F(Hand, TheStatusDialogShowsTheLink) {
     simulator.Tune(0x311A, "136.97");
     simulator.Tune(Com2, "121.50");
     program->Run(Command::mnuFSUPIC);
-    EXPECT_EQ(state().fsuipcStatus.LabelCaption,
+    EXPECT_EQ(state().fsuipc_status.LabelCaption,
               "FSUIPC Ver:    4.999\r\rCom1 Freq:      118.05\rCom1 Stby:      136.97\rCom2 Freq:      121.50\r"
               "Com2 Stby:      118.70\rFlightSim:  FSX");
-    EXPECT_FALSE(state().fsuipcStatus.LabelRed);
+    EXPECT_FALSE(state().fsuipc_status.LabelRed);
     EXPECT_EQ(state().radio.MasterFrequency, "118.70");
     program->Run(Command::frmShow_FSUIPC_Command1);
-    EXPECT_FALSE(state().fsuipcStatus.Visible);
+    EXPECT_FALSE(state().fsuipc_status.Visible);
 }
 
 TEST_F(Hand, TheStatusDialogExplainsDeniedAccess) {
@@ -255,8 +255,8 @@ TEST_F(Hand, TheStatusDialogExplainsDeniedAccess) {
     };
     Start();
     program->Run(Command::mnuFSUPIC);
-    EXPECT_TRUE(state().fsuipcStatus.LabelRed);
-    const std::string& text = state().fsuipcStatus.LabelCaption;
+    EXPECT_TRUE(state().fsuipc_status.LabelRed);
+    const std::string& text = state().fsuipc_status.LabelCaption;
     EXPECT_NE(text.find("FlightSim:  No Connection to Flight Simulator"), std::string::npos);
     EXPECT_NE(text.find("Unable to connect with the FSUIPC Module"), std::string::npos);
     EXPECT_NE(text.find("runs as administrator"), std::string::npos);

@@ -72,12 +72,12 @@ TEST_F(SettingsFile, RadioNamesAndMuteKeysSelectTheirOptions) {
     for (const auto& [name, option] : radios) {
         state.radio.SelectedComm = 7;
         ReadFrom("50\r\n" + name + "\r\n5\r\n7\r\n9\r\n");
-        EXPECT_EQ(state.form.optCom.Value, option) << name;
+        EXPECT_EQ(state.form.ComRadio.Value, option) << name;
         EXPECT_EQ(state.radio.SelectedComm, option == 0 ? 7 : option) << name;
     }
     for (const auto& [key, option] : {std::pair{9, 1}, {36, 2}, {16, 3}, {35, 4}, {65, 1}}) {
         ReadFrom("50\r\nCom1\r\n5\r\n7\r\n" + std::to_string(key));
-        EXPECT_EQ(state.muteKeyDialog.Option.Value, option) << key;
+        EXPECT_EQ(state.mute_key_dialog.Option.Value, option) << key;
         EXPECT_EQ(state.mute.MuteKeyCode, key);
     }
 }
@@ -85,13 +85,13 @@ TEST_F(SettingsFile, RadioNamesAndMuteKeysSelectTheirOptions) {
 TEST_F(SettingsFile, WritesWhatIsInForceAndNoTypedText) {
     ReadFrom("60\r\n");
     state.range.ReceptionRange = 0;
-    state.form.optCom.Value = 2;
+    state.form.ComRadio.Value = 2;
     state.chatter.ChatterMinSeconds = -5;
     state.form.cboMin.Text = state.form.cboMax.Text = "77";
     settings.WriteIni();
     EXPECT_EQ(Read(Name), " 0 \r\nCom1Stby\r\n-5 \r\n 25 \r\n 9 \r\n");
     EXPECT_EQ(state.StartupStep, "");
-    state.form.optCom.Value = 0;
+    state.form.ComRadio.Value = 0;
     settings.WriteIni();
     EXPECT_EQ(Read(Name), " 0 \r\n-5 \r\n 25 \r\n 9 \r\n");
 }

@@ -17,7 +17,7 @@ class StarterTest : public Flight {
 TEST_F(StarterTest, WhatIsMissingIsCreatedAndTakenUpAtOnce) {
     simulator.Tune(Com2Standby, "119.72");
     regional.decimal = ",";
-    clock.events = [this] { return program->Timer_Timer(1), !program->State().Ended; };
+    clock.events = [this] { return program->TimerTick(1), !program->State().Ended; };
     for (const char* missing : {"Quillon", "Quillon\\live_atc_feeds.txt", "Quillon\\Airport.dat"}) {
         SCOPED_TRACE(missing);
         Remove(missing);

@@ -24,7 +24,7 @@ bool IsFolder(const std::string& local) {
     return stat(local.c_str(), &entry) == 0 && S_ISDIR(entry.st_mode);
 }
 
-/// The error for a path that the system refused, from what it said of it.
+/// Raises the error for the system's error number (errno) for a path.
 [[noreturn]] void RaiseFor(const std::string& local, int cause) {
     if (IsFolder(local)) Raise(PathFileAccessError);
     switch (cause) {
@@ -73,7 +73,7 @@ FileReader::FileReader(std::string_view path) : file_(Open(Local(path), "rb"), C
 
 std::size_t FileReader::Read(std::span<char> room) {
     auto* file = static_cast<std::FILE*>(file_.get());
-    std::clearerr(file); // a file that has grown since its end was met is read on
+    std::clearerr(file); // lets a file be read on that has grown since
     const std::size_t count = std::fread(room.data(), 1, room.size(), file);
     if (count == 0 && std::ferror(file) != 0) Raise(DeviceIoError);
     return count;
@@ -114,7 +114,7 @@ std::vector<std::string> NamesIn(std::string_view folder, PathKind kind) {
     return names;
 }
 
-bool IsWholePath(std::string_view path) {
+bool IsAbsolutePath(std::string_view path) {
     return path.starts_with('\\') || path.starts_with('/');
 }
 

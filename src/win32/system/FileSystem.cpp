@@ -164,7 +164,7 @@ std::vector<std::string> NamesIn(std::string_view folder, PathKind kind) {
     return names;
 }
 
-bool IsWholePath(std::string_view path) {
+bool IsAbsolutePath(std::string_view path) {
     return path.starts_with("\\\\") ||
            (path.size() >= 3 && path[1] == ':' && (path[2] == '\\' || path[2] == '/'));
 }

@@ -28,7 +28,7 @@ WPARAM UnitsBefore(const std::string& text, std::ptrdiff_t characters) {
 
 void AddFeedWindow::Sync(HWND owner, Program& program) {
     program_ = &program;
-    const bool visible = program.State().addFeed.Visible;
+    const bool visible = program.State().add_feed.Visible;
     if (visible && Window() == nullptr) Open(owner);
     if (!visible && Window() != nullptr) Close(owner);
     if (Window() != nullptr) Show();
@@ -53,7 +53,7 @@ void AddFeedWindow::Close(HWND owner) {
 }
 
 void AddFeedWindow::Show() {
-    const frmAddATC& form = program_->State().addFeed;
+    const frmAddATC& form = program_->State().add_feed;
     for (const AddBox box : Boxes)
         if (TextOfItem(Window(), IdOf(box)) != form[box])
             SetDlgItemTextW(Window(), IdOf(box), Wide(form[box]).c_str());
@@ -82,7 +82,7 @@ void AddFeedWindow::ShowKind(SourceKind kind) {
 void AddFeedWindow::TakeFocus(frmAddATC::Focus focus) {
     HWND edit = GetDlgItem(Window(), IdOf(focus.Box));
     if (GetFocus() != edit) SendMessageW(Window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(edit), TRUE);
-    const std::string& text = program_->State().addFeed[focus.Box];
+    const std::string& text = program_->State().add_feed[focus.Box];
     SendMessageW(edit, EM_SETSEL, UnitsBefore(text, focus.SelStart),
                  static_cast<LPARAM>(UnitsBefore(text, focus.SelStart + focus.SelLength)));
 }
@@ -95,11 +95,11 @@ INT_PTR AddFeedWindow::Handle(UINT message, WPARAM wparam, LPARAM) {
 }
 
 void AddFeedWindow::Command(int id, int code) {
-    const SourceKind chosen = program_->State().addFeed.Kind;
+    const SourceKind chosen = program_->State().add_feed.Kind;
     if (id >= IDC_TXT_ICAO && id <= IDC_TXT_FREQ) {
         const AddBox box = Boxes[id - IDC_TXT_ICAO];
         if (code == EN_CHANGE)
-            program_->AddFeedEvent([&](AddFeed& dialog) { dialog.Text_Change(box, TextOfItem(Window(), id)); });
+            program_->AddFeedEvent([&](AddFeed& dialog) { dialog.SetText(box, TextOfItem(Window(), id)); });
         if (code == EN_SETFOCUS && box == AddBox::txtURL)
             Event([](AddFeed& dialog) { dialog.txtURL_GotFocus(); });
         return;
@@ -108,7 +108,7 @@ void AddFeedWindow::Command(int id, int code) {
     // A radio button also reports a click when it only gets the focus.
     const auto kind = static_cast<SourceKind>(id - IDC_KIND1 + 1);
     if (id >= IDC_KIND1 && id <= IDC_KIND4 && kind != chosen)
-        Event([kind](AddFeed& dialog) { dialog.optKind_Click(kind); });
+        Event([kind](AddFeed& dialog) { dialog.ChooseKind(kind); });
     if (id == IDC_BROWSE) Event([](AddFeed& dialog) { dialog.cmdBrowse_Click(); });
     if (id == IDOK) Event([](AddFeed& dialog) { dialog.cmdAdd_Click(); });
     if (id == IDCANCEL) Event([](AddFeed& dialog) { dialog.cmdCancel_Click(); });
@@ -125,7 +125,7 @@ LRESULT CALLBACK AddFeedWindow::EditProcedure(HWND edit, UINT message, WPARAM wp
         auto* dialog = reinterpret_cast<AddFeedWindow*>(self);
         int key = static_cast<int>(wparam);
         dialog->program_->AddFeedEvent(
-            [&](AddFeed& form) { key = form.Text_KeyPress(static_cast<AddBox>(id), key); });
+            [&](AddFeed& form) { key = form.TypeKey(static_cast<AddBox>(id), key); });
         if (key == RefusedKey) {
             MessageBeep(MB_OK);
             return 0;

@@ -23,7 +23,7 @@ struct ShownColumn {
 };
 constexpr ShownColumn Columns[] = {{L"Line", 30}, {L"Feed", 122}, {L"Address", 126}, {L"Result", 140}};
 
-std::string CellOf(const frmCheckFeeds::Row& row, int column) {
+std::string CellOf(const CheckFeedsForm::Row& row, int column) {
     switch (column) {
     case 0:
         return std::to_string(row.Line);
@@ -46,7 +46,7 @@ RECT Pixels(HWND dialog, RECT units) {
 
 void CheckFeedsWindow::Sync(HWND owner, Program& program) {
     program_ = &program;
-    const frmCheckFeeds& form = program.State().checkFeeds;
+    const CheckFeedsForm& form = program.State().check_feeds;
     if (!form.Visible) return CloseWindow();
     if (Window() == nullptr) Open(owner);
     if (Window() != nullptr) Show();
@@ -82,7 +82,7 @@ void CheckFeedsWindow::AddColumns() {
 }
 
 void CheckFeedsWindow::Show() {
-    const frmCheckFeeds& form = program_->State().checkFeeds;
+    const CheckFeedsForm& form = program_->State().check_feeds;
     if (TextOfItem(Window(), IDC_CHECK_STATE) != form.LabelCaption)
         SetDlgItemTextW(Window(), IDC_CHECK_STATE, Wide(form.LabelCaption).c_str());
     const std::string button = form.Running ? "Cancel" : "Close";
@@ -93,7 +93,7 @@ void CheckFeedsWindow::Show() {
 }
 
 void CheckFeedsWindow::ShowRows() {
-    const frmCheckFeeds& form = program_->State().checkFeeds;
+    const CheckFeedsForm& form = program_->State().check_feeds;
     if (revision_ == form.Revision) return;
     revision_ = form.Revision;
     SendMessageW(Item(IDC_CHECK_BAR), PBM_SETRANGE32, 0, static_cast<LPARAM>(form.Total));
@@ -114,7 +114,7 @@ INT_PTR CheckFeedsWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         SendMessageW(Window(), DM_REPOSITION, 0, 0); // back onto the screen: it may be wider than its owner
         return TRUE;
     case WM_TIMER:
-        Event([](FeedCheck& check) { check.Timer_Timer(); });
+        Event([](FeedCheck& check) { check.Poll(); });
         return TRUE;
     case WM_SYSCOLORCHANGE:
         ForwardSystemColors(Window());
@@ -128,10 +128,10 @@ INT_PTR CheckFeedsWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         return TRUE;
     }
     case WM_CLOSE:
-        Event([](FeedCheck& check) { check.Form_Close(); });
+        Event([](FeedCheck& check) { check.Close(); });
         return TRUE;
     case WM_COMMAND:
-        if (LOWORD(wparam) == IDCANCEL) Event([](FeedCheck& check) { check.cmdCancel_Click(); });
+        if (LOWORD(wparam) == IDCANCEL) Event([](FeedCheck& check) { check.Cancel(); });
         if (LOWORD(wparam) == IDOK && GetFocus() == Item(IDC_CHECK_LIST)) FindSelected();
         return TRUE;
     case WM_NOTIFY: {
@@ -186,11 +186,11 @@ void CheckFeedsWindow::FitColumns() {
 
 void CheckFeedsWindow::FindSelected() {
     const int row = ListView_GetNextItem(Item(IDC_CHECK_LIST), -1, LVNI_SELECTED);
-    if (row >= 0) Event([row](FeedCheck& check) { check.lstResults_DblClick(static_cast<std::size_t>(row)); });
+    if (row >= 0) Event([row](FeedCheck& check) { check.SelectFeed(static_cast<std::size_t>(row)); });
 }
 
 void CheckFeedsWindow::FillItem(LVITEMW& item) {
-    const auto& rows = program_->State().checkFeeds.Rows;
+    const auto& rows = program_->State().check_feeds.Rows;
     const auto row = static_cast<std::size_t>(item.iItem);
     if ((item.mask & LVIF_TEXT) == 0 || item.iItem < 0 || row >= rows.size()) return;
     cell_ = Wide(CellOf(rows[row], item.iSubItem).substr(0, LongestCell));

@@ -93,7 +93,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         Restyle();
         return 0;
     case WM_TIMER:
-        Event([wparam](Program& program) { program.Timer_Timer(static_cast<int>(wparam)); });
+        Event([wparam](Program& program) { program.TimerTick(static_cast<int>(wparam)); });
         return 0;
     case WM_COMMAND:
         ControlEvent(LOWORD(wparam), HIWORD(wparam));
@@ -101,7 +101,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_NOTIFY:
         return Notify(*reinterpret_cast<NMHDR*>(lparam));
     case WM_HSCROLL:
-        Event([this](Program& program) { program.sldVolume_Change(controls_->VolumePosition()); });
+        Event([this](Program& program) { program.SetVolume(controls_->VolumePosition()); });
         return 0;
     case WM_CONTEXTMENU:
         ShowRowMenu(reinterpret_cast<HWND>(wparam), {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
@@ -147,7 +147,7 @@ void MainWindow::Event(const std::function<void(Program&)>& event) {
 void MainWindow::Resized(bool restored) {
     if (!shown_) return;
     Layout();
-    if (restored && IsWindowVisible(window_)) program_->Form_Resize(size_.Read(window_, theme_));
+    if (restored && IsWindowVisible(window_)) program_->ResizeWindow(size_.Read(window_, theme_));
 }
 
 void MainWindow::MoveToDpi(UINT dpi, const RECT& area) {
@@ -171,7 +171,7 @@ void MainWindow::ShowRowMenu(HWND control, POINT where) {
     const std::uint64_t revision = list.Revision();
     const int chosen = MainMenu::AskForRow(window_, where, program_->State());
     if (chosen == 0 || list.Revision() != revision) return;
-    program_->lvwDB_Select(row);
+    program_->SelectRow(row);
     RunCommand(chosen);
 }
 
@@ -209,13 +209,13 @@ void MainWindow::ControlEvent(int id, int code) {
 LRESULT MainWindow::Notify(NMHDR& header) {
     if (!list_) return 0;
     if (const auto resized = list_->ResizedColumn(header))
-        program_->lvwDB_ColumnResize(resized->first, resized->second);
+        program_->ResizeColumn(resized->first, resized->second);
     if (header.hwndFrom != list_->Window()) return 0;
     if (!list_->UserIsSelecting()) return list_->Notify(header);
     switch (header.code) {
     case LVN_ITEMCHANGED:
         if ((reinterpret_cast<NMLISTVIEW&>(header).uChanged & LVIF_STATE) == 0) return 0;
-        program_->lvwDB_Select(list_->SelectedRow());
+        program_->SelectRow(list_->SelectedRow());
         break;
     case NM_CLICK:
         if (reinterpret_cast<NMITEMACTIVATE&>(header).iItem < 0) return 0;
@@ -286,7 +286,7 @@ void MainWindow::SyncOnce() {
     SyncBusy();
     controls_->Sync(state.form, state.cycle);
     if (frames_->Sync(state.form, theme_) && shown_) LayoutAndRedraw();
-    fsuipc_status_.Sync(window_, state.fsuipcStatus);
+    fsuipc_status_.Sync(window_, state.fsuipc_status);
     add_feed_.Sync(window_, *program_);
     check_feeds_.Sync(window_, *program_);
     status_->Sync(state.form, theme_);
@@ -323,7 +323,7 @@ void MainWindow::SyncVisibility() {
 /// The window itself stays enabled: it can be moved and closed.
 void MainWindow::SyncBusy() {
     const ProgramState& state = program_->State();
-    const bool busy = state.Busy && !state.addFeed.Visible; // that dialog disables the whole window
+    const bool busy = state.Busy && !state.add_feed.Visible; // that dialog disables the whole window
     if (busy_ == busy) return;
     busy_ = busy;
     if (busy_) focus_->Save();

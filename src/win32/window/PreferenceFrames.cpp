@@ -92,8 +92,8 @@ bool PreferenceFrames::Sync(const frmATC& form, const Theme& theme) {
     }
     if (shown_min_ != form.cboMin.Text) SetWindowTextW(min_, Wide(shown_min_ = form.cboMin.Text).c_str());
     if (shown_max_ != form.cboMax.Text) SetWindowTextW(max_, Wide(shown_max_ = form.cboMax.Text).c_str());
-    if (shown_radio_ != form.optCom.Value) {
-        shown_radio_ = form.optCom.Value;
+    if (shown_radio_ != form.ComRadio.Value) {
+        shown_radio_ = form.ComRadio.Value;
         for (std::size_t i = 0; i < radios_.size(); ++i)
             SendMessageW(radios_[i], BM_SETCHECK,
                          static_cast<int>(i) + 1 == shown_radio_ ? BST_CHECKED : BST_UNCHECKED, 0);
