@@ -12,7 +12,7 @@ COM2_STANDBY = "optCom2Stby"
 ACTIONS = [f"tune com2stby {frequency}" for frequency in ("122.80", *(feed.frequency for feed in FEEDS))]
 ACTIONS += [f"command {name}" for name in (
     "mnuSearch", "mnuCitySearch", "SearchAgain", "mnuSelComm", "mnuRange", "mnuRecordedChatter", "mnuFSUPIC", "mnuSetMute",
-    "mnuAddATC", "mnuBackup", "mnuRestore", "ShowFolders", "ShowAbout", "PlayFeed", "TuneFeed")]
+    "mnuAddATC", "mnuBackup", "mnuRestore", "ProgramFolders", "AboutBox", "PlayFeed", "TuneFeed")]
 ACTIONS += [f"click {name}" for name in (
     "optAuto", "optManual", "StripPlay", "StripPause", "StripStop", "optCom1", COM2_STANDBY, "cmdComClose", "cmdClose2")]
 ACTIONS += [f"{what} {number}" for what in ("rowclick", "rowdouble", "header") for number in (1, 2, 3)]

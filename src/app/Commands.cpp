@@ -73,11 +73,11 @@ constexpr Command PreferencesMenu[] = {
 };
 
 constexpr Command HelpMenu[] = {
-    {Command::ShowHelp, "&Help Pages\tF1", [](Parts& p) { p.help.ShowHelp(); }},
-    {Command::ShowFolders, "&Program Folders", [](Parts& p) { p.help.ShowFolders(); }},
+    {Command::HelpPages, "&Help Pages\tF1", [](Parts& p) { p.help.ShowHelp(); }},
+    {Command::ProgramFolders, "&Program Folders", [](Parts& p) { p.help.ShowFolders(); }},
     {Command::mnuFSUPIC, "&FSUIPC Status", [](Parts& p) { p.status.mnuFSUPIC_Click(); }},
     Separator,
-    {Command::ShowAbout, "&About Quillon", [](Parts& p) { p.help.ShowAbout(); }},
+    {Command::AboutBox, "&About Quillon", [](Parts& p) { p.help.ShowAbout(); }},
 };
 
 constexpr Menu Menus[] = {

@@ -110,9 +110,9 @@ class Upkeep(unittest.TestCase):
         self.copilot.await_text("enabled IdFeedList", "1")
 
     def test_5_small_dialogs_open_and_close_by_keyboard(self):
-        self.copilot.ask("command ShowHelp")
+        self.copilot.ask("command HelpPages")
         wait_until("the help pages", lambda: self.opened.exists() and "help/index.html" in self.opened.read_text(), 10)
-        for command, title in (("ShowFolders", "Program Folders"), ("ShowAbout", "About Quillon")):
+        for command, title in (("ProgramFolders", "Program Folders"), ("AboutBox", "About Quillon")):
             self.copilot.ask(f"command {command}")
             self.close_by_keyboard(title)
 
