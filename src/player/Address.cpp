@@ -109,6 +109,10 @@ bool IsStreamAddress(std::string_view text) {
     return text.find("://") != std::string_view::npos;
 }
 
+std::string LowerCasePath(std::string_view name) {
+    return LCase(name.substr(0, name.find_first_of("?#")));
+}
+
 std::optional<StreamAddress> ParseAddress(std::string_view text) {
     text = Trimmed(text);
     StreamAddress address;

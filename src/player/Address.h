@@ -20,6 +20,9 @@ struct StreamAddress {
 /// Whether the text names something on the network rather than a file.
 bool IsStreamAddress(std::string_view text);
 
+/// An address or a file's path in lower case, without query and fragment: its ending tells the format.
+std::string LowerCasePath(std::string_view name);
+
 /// Reads "http://[user@]host[:port][/path]" or the same with https; a host with colons stands in brackets.
 /// Nothing for another scheme, no host, or a port outside 1 to 65535.
 std::optional<StreamAddress> ParseAddress(std::string_view text);

@@ -1,6 +1,7 @@
 #include "player/AddressProbe.h"
 
 #include "player/FileSource.h"
+#include "player/Limits.h"
 #include "player/SoundReader.h"
 #include "runtime/Files.h"
 #include "state/FeedMarkers.h"
@@ -9,12 +10,8 @@
 
 namespace quillon {
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr auto LongestSleep = 100ms;
-constexpr int DeepestPlaylist = 3;
 constexpr std::size_t MostEntries = 5; // of a playlist are tried
 
 FeedAnswer Failure(const std::string& words) {
@@ -58,80 +55,89 @@ std::string Reason(const HttpStream& stream, Supply last, bool bytes) {
     return bytes ? "Nothing that Quillon can play" : "It answers, but sends nothing";
 }
 
+/// Why a playlist leads nowhere; empty if it does.
+std::string ProblemOf(PlaylistWalk::Found found) {
+    if (found == PlaylistWalk::Found::Stops) return {};
+    return found == PlaylistWalk::Found::Nothing ? "The playlist is empty"
+                                                 : "Playlists within playlists, too deep";
+}
+
 } // namespace
 
 FeedAnswer AddressProbe::Try(const std::string& url) {
     if (url.empty()) return Failure("The line has no address");
-    if (StreamMarker(url) > 0 || PlaylistMarker(url) > 0) return TryPlayable(url, 0);
+    if (StreamMarker(url) > 0 || PlaylistMarker(url) > 0) return TryPlayable(url);
     if (IsStreamAddress(url)) return Failure("Must begin with http:// or https://");
     return TryFolder(url);
 }
 
-FeedAnswer AddressProbe::TryPlayable(const std::string& url, int depth) {
-    return IsStreamAddress(url) ? TryStream(url, depth) : TryFile(url, depth);
+/// The first stop that plays is the answer. If none does, the first one that is no playlist says why, with the
+/// playlists on the way to it.
+FeedAnswer AddressProbe::TryPlayable(const std::string& url) {
+    PlaylistWalk walk(url, MostEntries);
+    std::string way, way_back, problem, first_entry, redirected_to;
+    while (const auto stop = cancelled_ ? std::nullopt : walk.Next()) {
+        Visit visit = VisitStop(*stop);
+        if (visit.playlist) visit.problem = ProblemOf(walk.Enter(*visit.playlist, visit.from));
+        if (stop->depth == 0) redirected_to = visit.redirected_to;
+        if (stop->depth == 1) first_entry = stop->address.value_or(stop->entry);
+        const bool plays = visit.problem.empty() && !visit.playlist;
+        if (plays && !redirected_to.empty()) return {Finding::Redirects, "Redirected to " + redirected_to};
+        if (plays)
+            return {Finding::Answers, stop->depth == 0 ? "Plays" : "Playlist of " + first_entry + ": Plays"};
+        if (!problem.empty()) continue;
+        if (stop->depth > 0) way += "Playlist of " + stop->address.value_or(stop->entry) + ": ";
+        if (!visit.redirected_to.empty()) way_back = ", redirected to " + visit.redirected_to + way_back;
+        problem = visit.problem;
+    }
+    return Failure(way + problem + way_back);
 }
 
-FeedAnswer AddressProbe::TryFile(const std::string& path, int depth) {
-    if (!FileExists(path)) return Failure("There is no such file");
+AddressProbe::Visit AddressProbe::VisitStop(const PlaylistWalk::Stop& stop) {
+    if (!stop.address) return {"Quillon cannot play that", "", {}, ""};
+    return IsStreamAddress(*stop.address) ? VisitStream(*stop.address) : VisitFile(*stop.address);
+}
+
+AddressProbe::Visit AddressProbe::VisitFile(const std::string& path) {
+    if (!FileExists(path)) return {"There is no such file", "", {}, ""};
     FileSource file(path);
     const Heard heard = Listen(file);
-    if (heard.Playlist) return TryEntries(*heard.Playlist, path, depth);
-    return heard.Sound ? FeedAnswer{Finding::Answers, "Plays"} : Failure("Nothing that Quillon can play");
+    const bool plays = heard.playlist || heard.sound;
+    return {plays ? "" : "Nothing that Quillon can play", "", heard.playlist, path};
 }
 
-FeedAnswer AddressProbe::TryStream(const std::string& url, int depth) {
+AddressProbe::Visit AddressProbe::VisitStream(const std::string& url) {
     const auto parsed = ParseAddress(url);
-    if (!parsed) return Failure("This is no address of a server");
+    if (!parsed) return {"This is no address of a server", "", {}, ""};
     HttpStream stream(*parsed, user_agent_, system_);
     const Heard heard = Listen(stream);
-    FeedAnswer answer = heard.Playlist ? TryEntries(*heard.Playlist, stream.Address(), depth)
-                        : heard.Sound  ? FeedAnswer{Finding::Answers, "Plays"}
-                                       : Failure(Reason(stream, heard.Last, heard.Bytes));
-    if (stream.Address() == AddressText(*parsed)) return answer;
-    if (answer.Kind == Finding::Answers) return {Finding::Redirects, "Redirected to " + stream.Address()};
-    answer.Words += ", redirected to " + stream.Address();
-    return answer;
-}
-
-/// The first entry that leads to sound; a redirect on the way is the playlist's own business.
-FeedAnswer AddressProbe::TryEntries(const std::string& playlist, const std::string& from, int depth) {
-    Entries entries = ReadPlaylist(playlist, from);
-    if (entries.empty()) return Failure("The playlist is empty");
-    if (depth >= DeepestPlaylist) return Failure("Playlists within playlists, too deep");
-    entries.resize(std::min(entries.size(), MostEntries));
-    std::string words;
-    for (const std::string& entry : entries) {
-        if (cancelled_) break;
-        const auto address = ResolveEntry(from, entry);
-        const FeedAnswer answer =
-            address ? TryPlayable(*address, depth + 1) : Failure("Quillon cannot play that");
-        if (answer.Kind != Finding::Fails) return {Finding::Answers, "Playlist of " + *address + ": Plays"};
-        if (words.empty()) words = address.value_or(entry) + ": " + answer.Words;
-    }
-    return Failure("Playlist of " + words);
+    const bool plays = heard.playlist || heard.sound;
+    const bool is_redirected = stream.Address() != AddressText(*parsed);
+    return {plays ? "" : Reason(stream, heard.last, heard.bytes), is_redirected ? stream.Address() : "",
+            heard.playlist, stream.Address()};
 }
 
 AddressProbe::Heard AddressProbe::Listen(ByteSource& source) {
     SoundReader reader(system_);
-    std::array<std::uint8_t, 4096> room{};
+    std::array<std::uint8_t, ReadSize> room{};
     Heard heard;
-    const auto deadline = system_.Now() + LongestWait;
-    while (!cancelled_ && !heard.Sound && system_.Now() < deadline) {
+    const auto deadline = system_.Now() + StallTimeout;
+    while (!cancelled_ && !heard.sound && system_.Now() < deadline) {
         const Got got = source.Read(room);
-        heard.Last = got.supply == Supply::Connecting ? Supply::NothingYet : got.supply;
-        if (heard.Last == Supply::NothingYet) {
-            system_.Wait(LongestSleep);
+        heard.last = got.supply == Supply::Connecting ? Supply::NothingYet : got.supply;
+        if (heard.last == Supply::NothingYet) {
+            system_.Wait(PollInterval);
             continue;
         }
         if (got.supply != Supply::Bytes) break;
         if (got.count == 0) continue;
-        if (!heard.Bytes && source.AnnouncesPlaylist()) reader.ExpectPlaylist();
-        heard.Bytes = true;
+        if (!heard.bytes && source.AnnouncesPlaylist()) reader.ExpectPlaylist();
+        heard.bytes = true;
         PcmQueue unheard;
         if (!reader.Feed(ByteView(room).first(got.count), unheard)) break;
-        heard.Sound = reader.HasFoundSound();
+        heard.sound = reader.HasFoundSound();
     }
-    if (reader.IsPlaylist() && reader.Playlist().size() <= LongestPlaylist) heard.Playlist = reader.Playlist();
+    if (reader.IsPlaylist() && reader.Playlist().size() <= LongestPlaylist) heard.playlist = reader.Playlist();
     return heard;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "player/HttpStream.h"
-#include "player/Playlists.h"
+#include "player/PlaylistWalk.h"
 #include "ports/FeedProbe.h"
 
 #include <atomic>
@@ -13,9 +13,6 @@ namespace quillon {
 /// nothing.
 class AddressProbe {
   public:
-    /// Without sound for so long, an address is given up.
-    static constexpr std::chrono::seconds LongestWait{10};
-
     /// `cancelled` ends the trying soon; the system is to be woken for it.
     AddressProbe(std::string user_agent, PlayerSystem& system, const std::atomic<bool>& cancelled)
         : user_agent_(std::move(user_agent)), system_(system), cancelled_(cancelled) {}
@@ -25,18 +22,26 @@ class AddressProbe {
     FeedAnswer Try(const std::string& url);
 
   private:
-    /// What came of listening to a source.
-    struct Heard {
-        Supply Last = Supply::NothingYet; ///< why there was no more
-        bool Sound = false;
-        bool Bytes = false;
-        std::optional<std::string> Playlist;
+    /// What an address turned out to be.
+    struct Visit {
+        std::string problem;                 ///< why it cannot be played; empty if it can
+        std::string redirected_to;           ///< empty if it is not redirected
+        std::optional<std::string> playlist; ///< its bytes
+        std::string from;                    ///< the address or path that they came from
     };
 
-    FeedAnswer TryPlayable(const std::string& url, int depth);
-    FeedAnswer TryFile(const std::string& path, int depth);
-    FeedAnswer TryStream(const std::string& url, int depth);
-    FeedAnswer TryEntries(const std::string& playlist, const std::string& from, int depth);
+    /// What came of listening to a source.
+    struct Heard {
+        Supply last = Supply::NothingYet; ///< why there was no more
+        bool sound = false;
+        bool bytes = false;
+        std::optional<std::string> playlist;
+    };
+
+    FeedAnswer TryPlayable(const std::string& url);
+    Visit VisitStop(const PlaylistWalk::Stop& stop);
+    Visit VisitFile(const std::string& path);
+    Visit VisitStream(const std::string& url);
     Heard Listen(ByteSource& source);
 
     std::string user_agent_;

@@ -1,5 +1,6 @@
 #include "player/Attempt.h"
 
+#include "player/Limits.h"
 #include "player/Playlists.h"
 
 #include <algorithm>
@@ -65,7 +66,7 @@ bool Attempt::WantsBytes() const {
 }
 
 void Attempt::ReadAhead() {
-    std::array<std::uint8_t, 4096> bytes;
+    std::array<std::uint8_t, ReadSize> bytes;
     while (WantsBytes()) {
         const Got got = source_->Read(bytes);
         if (got.supply != Supply::Bytes) return TakeSupply(got.supply);
@@ -101,7 +102,7 @@ void Attempt::TakeSupply(Supply supply) {
     default:
         break;
     }
-    if (HasLasted(waiting_since_, LongestWait)) GiveUp();
+    if (HasLasted(waiting_since_, StallTimeout)) GiveUp();
 }
 
 void Attempt::GiveUp() {

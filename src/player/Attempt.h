@@ -22,10 +22,7 @@ struct Wishes {
 /// One try to play one source, from connecting to its end.
 class Attempt {
   public:
-    /// Without bytes for so long, the source is given up.
-    static constexpr std::chrono::seconds LongestWait{10};
-
-    /// The source is given up, too, when its bytes make no sound to start with in so long.
+    /// A source is also given up when its bytes do not amount to enough sound to start with in this time.
     static constexpr std::chrono::seconds LongestBuffering{30};
 
     /// A live stream is let go after so long a pause.

@@ -1,5 +1,7 @@
 #include "player/ContentKind.h"
 
+#include "player/Address.h"
+#include "ports/TextFile.h"
 #include "runtime/Text.h"
 
 #include <algorithm>
@@ -11,7 +13,6 @@ namespace quillon {
 namespace {
 
 constexpr std::size_t MarkLength = 4; // shorter ones would be found in sound that is joined in its middle
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 
 constexpr auto PlaylistMarks = {"#ext", "[pla", "<asx", "<?wp", "<?xm", "<smi"};
 constexpr auto WebPageMarks = {"<htm", "<!do"};
@@ -25,7 +26,7 @@ bool IsAny(std::string_view text, std::initializer_list<const char*> list) {
 
 /// The text behind a byte-order mark and white space.
 std::string_view Content(std::string_view text) {
-    if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
+    text = SkipByteOrderMark(text);
     text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
     return text;
 }
@@ -50,7 +51,7 @@ bool AnnouncesPlaylist(std::string_view content_type, std::string_view name) {
     if (!IsAny(content_type, VagueTypes))
         return std::any_of(PlaylistTypes.begin(), PlaylistTypes.end(),
                            [&](const char* type) { return content_type.ends_with(type); });
-    const std::string file = LCase(name.substr(0, name.find_first_of("?#")));
+    const std::string file = LowerCasePath(name);
     return std::any_of(PlaylistNames.begin(), PlaylistNames.end(),
                        [&](const char* ending) { return file.ends_with(ending); });
 }

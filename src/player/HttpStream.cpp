@@ -1,6 +1,7 @@
 #include "player/HttpStream.h"
 
 #include "player/ContentKind.h"
+#include "player/Limits.h"
 #include "runtime/Text.h"
 
 #include <algorithm>
@@ -50,7 +51,7 @@ Supply HttpStream::SendRequest() {
 }
 
 Supply HttpStream::ReadHead() {
-    std::array<std::uint8_t, 4096> bytes{};
+    std::array<std::uint8_t, ReadSize> bytes{};
     const Got got = connection_->Read(bytes);
     if (got.supply == Supply::NothingYet) return Supply::Connecting;
     if (got.supply != Supply::Bytes) return got.supply == Supply::End ? Supply::Failed : got.supply;

@@ -1,5 +1,6 @@
 #include "player/PlainText.h"
 
+#include "ports/TextFile.h"
 #include "runtime/Text.h"
 #include "runtime/Trim.h"
 
@@ -69,7 +70,7 @@ void AppendCharacter(std::string& text, unsigned long code) {
 } // namespace
 
 std::string PlainText(std::string_view bytes) {
-    if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+    bytes = SkipByteOrderMark(bytes);
     if (IsUtf8(bytes)) return std::string(bytes);
     std::string text;
     for (const char byte : bytes) AppendCharacter(text, static_cast<unsigned char>(byte));

@@ -149,7 +149,7 @@ Entries WplEntries(std::string_view text) {
 Entries ReadPlaylist(std::string_view bytes, std::string_view name) {
     const std::string text = PlainText(bytes);
     const std::string front = LCase(std::string_view(text).substr(0, 1024));
-    const std::string file = LCase(name.substr(0, name.find_first_of("?#")));
+    const std::string file = LowerCasePath(name);
     const auto has = [&](std::string_view mark) { return front.find(mark) != front.npos; };
     if (has("#extm3u")) return M3uEntries(text);
     if (has("[playlist]")) return PlsEntries(text);

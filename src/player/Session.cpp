@@ -2,7 +2,8 @@
 
 #include "player/FileSource.h"
 #include "player/HttpStream.h"
-#include "player/Playlists.h"
+#include "player/Limits.h"
+#include "player/PlaylistWalk.h"
 
 #include <algorithm>
 
@@ -13,23 +14,23 @@ using std::chrono::milliseconds;
 
 namespace {
 
-constexpr auto LongestSleep = 100ms;
 constexpr auto EndedShownFor = 100ms;
 
-/// A playlist whose entries all fail costs no more than so many tries.
-constexpr int MostTries = 30;
+/// The rest of a playlist is skipped after this many entries that cannot be played.
+constexpr int MostFailures = 30;
 
 } // namespace
 
 Session::Session(std::string url, std::string user_agent, int volume, std::unique_ptr<PlayerSystem> system,
-                 milliseconds not_before)
+                 std::shared_ptr<RetrySchedule> retries)
     : url_(std::move(url)),
       user_agent_(std::move(user_agent)),
       system_(std::move(system)),
-      not_before_(not_before),
-      policy_(static_cast<std::uint32_t>(system_->Now().count())) {
+      retries_(std::move(retries)) {
     wishes_.volume = volume;
-    if (system_->Now() < not_before) state_ = Ready;
+    const auto now = system_->Now();
+    retries_->Begin(url_, now);
+    if (now < retries_->NotBefore(url_)) state_ = Ready;
 }
 
 void Session::Run() {
@@ -49,16 +50,10 @@ void Session::Run() {
 }
 
 PlayState Session::PlayUntilDone() {
-    if (not_before_.load() > system_->Now()) {
-        WaitUntil(not_before_, Ready);
-        if (wishes_.cancelled) return Stopped; // and the moment stands, for nothing was asked
-        not_before_ = system_->Now() + Grudge; // for what comes of it is not known yet
-    }
+    if (!AwaitCoolDown()) return Stopped;
     while (!wishes_.cancelled) {
-        heard_ = 0ms;
-        tries_left_ = MostTries;
         state_ = Transitioning;
-        const Ending ending = PlayAddress(url_, 0);
+        const Ending ending = PlayOnce();
         if (ending == Ending::Cancelled) break;
         if (ending == Ending::Ended) return MediaEnded;
         if (!is_online_ || !AwaitNextTry(ending)) return Ready;
@@ -66,44 +61,53 @@ PlayState Session::PlayUntilDone() {
     return Stopped;
 }
 
-Ending Session::PlayAddress(const std::string& address, int depth) {
-    std::string playlist;
-    std::string from;
-    {
-        auto source = Open(address);
-        if (!source) return Ending::Refused;
-        Attempt attempt(std::move(source), wishes_, *system_);
-        const Ending ending = Drive(attempt);
-        heard_ += attempt.Heard();
-        if (ending != Ending::Playlist) return ending;
-        playlist = attempt.Playlist();
-        from = attempt.Source().Address();
-    }
-    return depth < DeepestPlaylist ? PlayEntries(playlist, from, depth + 1) : Ending::NotAudio;
+/// False if cancelled. An address that was given up stays so until it plays, however often it is started.
+bool Session::AwaitCoolDown() {
+    const auto not_before = retries_->NotBefore(url_);
+    if (not_before <= system_->Now()) return true;
+    WaitUntil(not_before, Ready);
+    Tell([this](RetrySchedule& retries) { retries.GiveUp(url_, system_->Now()); });
+    return !wishes_.cancelled;
 }
 
-/// Goes on with the next entry when one has ended or cannot be had, but not when one drops that was heard.
-Ending Session::PlayEntries(const std::string& playlist, const std::string& from, int depth) {
-    const Entries entries = ReadPlaylist(playlist, from);
-    Ending result = entries.empty() ? Ending::NotAudio : Ending::Refused;
-    for (const std::string& entry : entries) {
-        const auto address = ResolveEntry(from, entry);
+/// Goes on with the next entry of a playlist when one has ended or cannot be played, but not when one drops
+/// that was heard.
+Ending Session::PlayOnce() {
+    PlaylistWalk walk(url_);
+    Ending result = Ending::Refused;
+    int failures = 0;
+    heard_ = 0ms;
+    while (const auto stop = walk.Next()) {
         const auto heard_before = heard_;
-        const Ending ending = address ? PlayAddress(*address, depth) : Ending::Refused;
+        const Ending ending = stop->address ? Play(*stop->address, walk) : Ending::Refused;
+        if (ending == Ending::Playlist) continue;
         if (ending > Ending::Refused || (ending != Ending::Ended && heard_ > heard_before)) return ending;
         result = std::min(result, ending);
-        if (ending != Ending::Ended && --tries_left_ <= 0) break;
+        if (ending != Ending::Ended && ++failures == MostFailures) break;
     }
     return result;
+}
+
+/// Ending::Playlist if the address is a playlist that the walk goes on with.
+Ending Session::Play(const std::string& address, PlaylistWalk& walk) {
+    auto source = Open(address);
+    if (!source) return Ending::Refused;
+    Attempt attempt(std::move(source), wishes_, *system_);
+    const Ending ending = Drive(attempt);
+    heard_ += attempt.Heard();
+    if (ending != Ending::Playlist) return ending;
+    const auto found = walk.Enter(attempt.Playlist(), attempt.Source().Address());
+    return found == PlaylistWalk::Found::Stops ? Ending::Playlist : Ending::NotAudio;
 }
 
 Ending Session::Drive(Attempt& attempt) {
     while (!wishes_.cancelled) {
         if (const auto ending = attempt.Step()) return *ending;
+        const bool starts = state_ != Playing && attempt.State() == Playing;
         state_ = attempt.State();
-        if (attempt.State() == Playing) not_before_ = 0ms;
+        if (starts) Tell([this](RetrySchedule& retries) { retries.Forgive(url_); });
         ShowTitle(attempt.Source().Title());
-        system_->Wait(LongestSleep);
+        system_->Wait(PollInterval);
     }
     return Ending::Cancelled;
 }
@@ -116,22 +120,19 @@ std::unique_ptr<ByteSource> Session::Open(const std::string& address) {
     return std::make_unique<HttpStream>(*parsed, user_agent_, *system_);
 }
 
-/// False when there is to be no next try.
+/// False if there is to be no next try.
 bool Session::AwaitNextTry(Ending ending) {
-    const auto now = system_->Now();
-    if (ending == Ending::PausedLong) {
-        WaitUntil(now, Transitioning);
-        return true;
-    }
-    const auto wait = policy_.WaitAfter(ending, heard_);
-    if (wait && ending != Ending::NoDevice) {
-        not_before_ = 0ms;
-        WaitUntil(now + *wait, Transitioning);
-        return true;
-    }
-    not_before_ = now + wait.value_or(Grudge);
-    if (wait) WaitUntil(not_before_, Ready);
-    return wait.has_value();
+    std::optional<milliseconds> next;
+    Tell([&](RetrySchedule& retries) { next = retries.NextTry(url_, ending, heard_, system_->Now()); });
+    if (next) WaitUntil(*next, ending == Ending::NoDevice ? Ready : Transitioning);
+    return next.has_value();
+}
+
+/// Calls with the schedule, unless cancelled: it then belongs to the session that replaces this one.
+template <typename Call>
+void Session::Tell(Call call) {
+    const std::lock_guard lock(mutex_);
+    if (!wishes_.cancelled) call(*retries_);
 }
 
 /// Longer when a pause is on: nobody would hear what comes.
@@ -139,12 +140,15 @@ void Session::WaitUntil(milliseconds moment, PlayState shown) {
     ShowTitle({});
     state_ = shown;
     is_waiting_ = true;
-    while (!wishes_.cancelled && (wishes_.paused || system_->Now() < moment)) system_->Wait(LongestSleep);
+    while (!wishes_.cancelled && (wishes_.paused || system_->Now() < moment)) system_->Wait(PollInterval);
     is_waiting_ = false;
 }
 
 void Session::Cancel() {
-    wishes_.cancelled = true;
+    {
+        const std::lock_guard lock(mutex_);
+        wishes_.cancelled = true;
+    }
     system_->Wake();
 }
 
@@ -163,12 +167,12 @@ void Session::SetVolume(int volume) {
 }
 
 std::string Session::Title() const {
-    const std::lock_guard lock(title_mutex_);
+    const std::lock_guard lock(mutex_);
     return title_;
 }
 
 void Session::ShowTitle(const std::string& title) {
-    const std::lock_guard lock(title_mutex_);
+    const std::lock_guard lock(mutex_);
     if (title_ != title) title_ = title;
 }
 

@@ -8,7 +8,10 @@
 namespace quillon {
 
 SessionPlayer::SessionPlayer(const std::string& program_version, MakeSystem make_system, RunSession run)
-    : user_agent_("Quillon/" + program_version), make_system_(std::move(make_system)), run_(std::move(run)) {}
+    : user_agent_("Quillon/" + program_version),
+      make_system_(std::move(make_system)),
+      run_(std::move(run)),
+      retries_(std::make_shared<RetrySchedule>()) {}
 
 SessionPlayer::~SessionPlayer() {
     EndSession();
@@ -27,7 +30,7 @@ void SessionPlayer::Reload() {
     if (url_.empty()) return;
     const bool is_stopped = !session_ && idle_state_ == Stopped;
     EndSession();
-    not_before_.erase(url_);
+    retries_->Forgive(url_);
     if (is_stopped) return;
     Start();
     if (held_) Pause();
@@ -39,12 +42,7 @@ void SessionPlayer::SetUserAgent(const std::string& user_agent) {
 
 void SessionPlayer::Start() {
     EndSession();
-    auto system = make_system_();
-    const auto now = system->Now();
-    std::erase_if(not_before_, [now](const auto& entry) { return entry.second <= now; });
-    const auto held = not_before_.find(url_);
-    const auto moment = held == not_before_.end() ? std::chrono::milliseconds(0) : held->second;
-    auto session = std::make_shared<Session>(url_, user_agent_, volume_, std::move(system), moment);
+    auto session = std::make_shared<Session>(url_, user_agent_, volume_, make_system_(), retries_);
     try {
         run_(session);
         session_ = std::move(session);
@@ -56,7 +54,6 @@ void SessionPlayer::Start() {
 void SessionPlayer::EndSession() {
     paused_ = false;
     if (!session_) return;
-    if (const auto moment = session_->NotBefore(); moment.count() > 0) not_before_[url_] = moment;
     session_->Cancel();
     session_.reset();
 }

@@ -5,12 +5,12 @@
 #include "ports/MediaPlayer.h"
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 
 namespace quillon {
 
+class RetrySchedule;
 class Session;
 
 /// The built-in player: streams and playlists over HTTP, and files. Each address is played by a session of its
@@ -56,7 +56,7 @@ class SessionPlayer : public MediaPlayer, public LiveFeed {
     bool paused_ = false;
     bool held_ = false; // pause was the last word, though there may have been nothing to pause
     std::shared_ptr<Session> session_;
-    std::map<std::string, std::chrono::milliseconds> not_before_; // of addresses that were given up
+    const std::shared_ptr<RetrySchedule> retries_;
 };
 
 } // namespace quillon

@@ -48,7 +48,8 @@ struct World {
     std::set<int> levels;                                    // samples heard
     std::vector<std::pair<milliseconds, std::string>> asked; // when, and for what
     std::set<std::string> agents;                            // user agents of the requests
-    std::shared_ptr<Session> session;                        // the one that runs
+    std::shared_ptr<RetrySchedule> retries = std::make_shared<RetrySchedule>();
+    std::shared_ptr<Session> session; // the one that runs
     std::function<bool()> audible = [] { return false; };
     std::shared_ptr<int> online = std::make_shared<int>(); // shared by the connections
 };

@@ -1,9 +1,10 @@
 // What servers wrap around the sound, and when they are asked again.
 #include "player/ChunkedBody.h"
 #include "player/IcyDemuxer.h"
-#include "player/RetryPolicy.h"
+#include "player/RetrySchedule.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 using namespace quillon;
 using namespace std::chrono_literals;
@@ -83,40 +84,45 @@ TEST(IcyDemuxer, ReadsTitles) {
 }
 
 /// The waits after failures in a row, as "waits in whole steps of the schedule"; "x" when it gives up.
-std::string Waits(RetryPolicy& policy, Ending ending, int count, std::chrono::milliseconds heard = {}) {
+std::string Waits(RetrySchedule& retries, Ending ending, int count, std::chrono::milliseconds heard = {}) {
     std::string text;
     for (; count > 0; --count) {
-        const auto wait = policy.WaitAfter(ending, heard);
+        const auto next = retries.NextTry("u", ending, heard, 1h);
         std::string shown = "x";
         for (const int round : {1, 2, 4, 8, 15, 30})
-            if (wait && *wait >= round * 800ms && *wait <= round * 1200ms) shown = std::to_string(round);
+            if (next && *next - 1h >= round * 800ms && *next - 1h <= round * 1200ms)
+                shown = std::to_string(round);
         text += shown + " ";
     }
     return text;
 }
 
-TEST(RetryPolicy, WaitsLongerEachTimeUntilThereWasSound) {
-    for (std::uint32_t seed = 0; seed < 50; ++seed) {
-        RetryPolicy policy(seed);
-        EXPECT_EQ(Waits(policy, Ending::Dropped, 8), "1 2 4 8 15 30 30 30 ");
-        EXPECT_EQ(Waits(policy, Ending::Dropped, 1, 29s), "30 ");
-        EXPECT_EQ(Waits(policy, Ending::Dropped, 3, 30s), "1 1 1 ");
+TEST(RetrySchedule, WaitsLongerEachTimeUntilThereWasSound) {
+    std::set<std::chrono::milliseconds> first;
+    for (int seed = 0; seed < 50; ++seed) {
+        RetrySchedule retries;
+        retries.Begin("u", seed * 1s);
+        EXPECT_EQ(Waits(retries, Ending::Dropped, 8), "1 2 4 8 15 30 30 30 ");
+        EXPECT_EQ(Waits(retries, Ending::Dropped, 1, 29s), "30 ");
+        EXPECT_EQ(Waits(retries, Ending::Dropped, 3, 30s), "1 1 1 ");
+        retries.Begin("u", seed * 1s);
+        first.insert(*retries.NextTry("u", Ending::Dropped, 0s, 0s));
     }
-    RetryPolicy one(1);
-    RetryPolicy other(1'000'000);
-    EXPECT_NE(one.WaitAfter(Ending::Dropped, 0s), other.WaitAfter(Ending::Dropped, 0s));
+    EXPECT_GT(first.size(), 25U) << "listeners come back one by one";
 }
 
-TEST(RetryPolicy, GivesUpWhatIsRefusedOrThreeTimesNoSound) {
-    RetryPolicy policy(1);
-    EXPECT_EQ(Waits(policy, Ending::NotAudio, 3), "1 2 x ");
-    RetryPolicy refused(1);
-    EXPECT_EQ(Waits(refused, Ending::Refused, 1), "x ");
-    RetryPolicy mixed(1);
-    EXPECT_EQ(Waits(mixed, Ending::NotAudio, 2), "1 2 ");
-    EXPECT_EQ(Waits(mixed, Ending::Dropped, 1), "4 ");
-    EXPECT_EQ(Waits(mixed, Ending::NotAudio, 2), "8 15 ");
-    EXPECT_EQ(Waits(mixed, Ending::NotAudio, 3, 31s), "1 1 1 ");
+TEST(RetrySchedule, GivesUpWhatIsRefusedOrThreeTimesNoSound) {
+    RetrySchedule retries;
+    EXPECT_EQ(Waits(retries, Ending::NotAudio, 3), "1 2 x ");
+    EXPECT_EQ(retries.NotBefore("u"), 1h + 60s);
+    retries.Begin("u", 1h + 59s);
+    EXPECT_EQ(retries.NotBefore("u"), 1h + 60s) << "whoever plays it next";
+    EXPECT_EQ(Waits(retries, Ending::Refused, 1), "x ");
+    retries.Begin("v", 2h);
+    EXPECT_EQ(Waits(retries, Ending::NotAudio, 2), "1 2 ");
+    EXPECT_EQ(Waits(retries, Ending::Dropped, 1), "4 ");
+    EXPECT_EQ(Waits(retries, Ending::NotAudio, 2), "8 15 ");
+    EXPECT_EQ(Waits(retries, Ending::NotAudio, 3, 31s), "1 1 1 ");
 }
 
 } // namespace

@@ -44,7 +44,8 @@ class PlayerInWorld {
 
   private:
     std::deque<std::shared_ptr<Session>> sessions_;
-    std::shared_ptr<Session> idle_ = std::make_shared<Session>("", "", 0, std::make_unique<FakeSystem>(world));
+    std::shared_ptr<Session> idle_ =
+        std::make_shared<Session>("", "", 0, std::make_unique<FakeSystem>(world), world.retries);
 };
 
 constexpr const char* Url = "http://h/a";

@@ -12,7 +12,8 @@ namespace {
 void RunSession(World& world, const std::string& url) {
     if (!world.over) world.over = [](const World& w) { return w.session->IsWaiting(); };
     world.events.emplace(20min, [](Session& session) { session.Cancel(); });
-    world.session = std::make_shared<Session>(url, "1.0", 100, std::make_unique<FakeSystem>(world));
+    world.session =
+        std::make_shared<Session>(url, "1.0", 100, std::make_unique<FakeSystem>(world), world.retries);
     world.session->Run();
     world.states += std::to_string(world.session->State());
 }
@@ -228,7 +229,7 @@ TEST(Session, GivesUpForGoodOnlyWithReason) {
         EXPECT_TRUE(world.states == "9 10" || world.states == "9 6 9 6 9 6 10") << name << ": " << world.states;
         EXPECT_EQ(world.asked.size(), asked) << name;
         EXPECT_LT(world.now, 1min) << name;
-        EXPECT_GT(world.session->NotBefore(), world.now) << name;
+        EXPECT_GT(world.retries->NotBefore("http://h/a"), world.now) << name;
     }
 }
 
@@ -245,11 +246,10 @@ TEST(Session, ComesBackWhenADeviceAppears) {
 
 TEST(Session, CancelledInItsWaitLeavesTheMomentAsItWas) {
     World world;
-    world.events.emplace(5s, [](Session& session) { session.Cancel(); });
-    world.session =
-        std::make_shared<Session>("http://h/a", "1.0", 100, std::make_unique<FakeSystem>(world), 10s);
-    world.session->Run();
-    EXPECT_EQ(world.session->NotBefore(), 10s);
+    world.retries->GiveUp("http://h/a", 0s);
+    world.over = After(5s);
+    RunSession(world, "http://h/a");
+    EXPECT_EQ(world.retries->NotBefore("http://h/a"), 60s);
     EXPECT_TRUE(world.asked.empty());
 }
 

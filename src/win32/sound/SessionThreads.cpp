@@ -1,5 +1,6 @@
 #include "win32/sound/SessionThreads.h"
 
+#include "player/Limits.h"
 #include "player/Session.h"
 
 #include <system_error>
@@ -7,11 +8,8 @@
 
 namespace quillon {
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr auto LongestFarewell = 500ms;
 constexpr std::size_t MostIdle = 2; // one ends its session while the next one starts
 
 } // namespace
@@ -77,7 +75,7 @@ void SessionThreads::Close() {
     std::unique_lock lock(mutex_);
     closed_ = true;
     changed_.notify_all();
-    changed_.wait_for(lock, LongestFarewell, [this] { return threads_ == 0; });
+    changed_.wait_for(lock, ShutdownTimeout, [this] { return threads_ == 0; });
 }
 
 } // namespace quillon

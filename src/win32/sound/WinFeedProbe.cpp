@@ -1,6 +1,7 @@
 #include "win32/sound/WinFeedProbe.h"
 
 #include "player/AddressProbe.h"
+#include "player/Limits.h"
 #include "runtime/RuntimeError.h"
 #include "win32/sound/WinPlayerSystem.h"
 
@@ -12,11 +13,9 @@
 
 namespace quillon {
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr auto LongestFarewell = 500ms;
+const FeedAnswer NoRoom{Finding::Fails, "The system has no room to try it"};
 
 } // namespace
 
@@ -32,7 +31,7 @@ struct WinFeedProbe::Try {
 };
 
 void WinFeedProbe::Try::Run(const std::string& address, const std::string& user_agent) {
-    FeedAnswer found{Finding::Fails, "The system has no room to try it"};
+    FeedAnswer found = NoRoom;
     try {
         found = AddressProbe(user_agent, system, cancelled).Try(address);
     } catch (const std::exception&) {
@@ -49,7 +48,7 @@ WinFeedProbe::~WinFeedProbe() {
     Cancel();
     if (!last_) return;
     std::unique_lock lock(last_->mutex);
-    last_->changed.wait_for(lock, LongestFarewell, [this] { return last_->answer.has_value(); });
+    last_->changed.wait_for(lock, ShutdownTimeout, [this] { return last_->answer.has_value(); });
 }
 
 void WinFeedProbe::Start(const std::string& address, const std::string& user_agent) {
@@ -60,7 +59,7 @@ void WinFeedProbe::Start(const std::string& address, const std::string& user_age
             its->Run(address, name);
         }).detach();
     } catch (const std::system_error&) {
-        try_->answer = FeedAnswer{Finding::Fails, "The system has no room to try it"};
+        try_->answer = NoRoom;
     }
 }
 

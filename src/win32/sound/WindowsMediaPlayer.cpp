@@ -10,11 +10,12 @@ namespace quillon {
 
 namespace {
 
-/// The cycle sets an address that does not play anew every second; no server is to suffer from that.
-constexpr ULONGLONG GrudgeMs = 60'000;
+/// On its way to the first sound the control passes through states that look like failure.
+constexpr std::chrono::seconds LongestStart{10};
 
-/// The control passes through states that look like failure on its way to the first sound.
-constexpr ULONGLONG PatienceMs = 10'000;
+RetrySchedule::Time Now() {
+    return RetrySchedule::Time(GetTickCount64());
+}
 
 /// Whether there is nothing in the control that it could play.
 bool IsEmpty(PlayState state) {
@@ -84,14 +85,13 @@ PlayState WindowsMediaPlayer::State() {
     const PlayState state = ControlState();
     if (url_.empty() || !(IsEmpty(state) || IsAtRest(state))) return state;
     const bool has_failed = events_ && events_->HasFailed();
-    if (has_failed ? state != Paused : IsEmpty(state) && GetTickCount64() >= patient_until_ms_) GiveUp();
+    if (has_failed ? state != Paused : IsEmpty(state) && Now() >= first_sound_by_) GiveUp();
     if (shown_) return *shown_;
     return IsEmpty(state) ? Transitioning : state;
 }
 
 void WindowsMediaPlayer::GiveUp() {
-    given_up_ = url_;
-    not_before_ms_ = GetTickCount64() + GrudgeMs;
+    retries_.GiveUp(url_, Now());
     shown_ = Ready;
 }
 
@@ -101,18 +101,14 @@ void WindowsMediaPlayer::SetUrl(const std::string& url) {
     Open();
 }
 
-/// Also ends what plays, when the address is empty or may not be asked for.
+/// If the address is empty or cools down, this only ends what plays.
 void WindowsMediaPlayer::Open() {
-    const bool held = IsHeld();
+    const bool cools_down = Now() < retries_.NotBefore(url_);
     if (events_) events_->ForgetFailure();
-    const bool taken = core_ && SUCCEEDED(core_->put_URL(ComText(held ? L"" : Wide(url_)).Get()));
-    patient_until_ms_ = GetTickCount64() + PatienceMs;
+    const bool taken = core_ && SUCCEEDED(core_->put_URL(ComText(cools_down ? L"" : Wide(url_)).Get()));
+    first_sound_by_ = Now() + LongestStart;
     shown_.reset();
-    if (!url_.empty() && (held || !taken)) shown_ = Ready;
-}
-
-bool WindowsMediaPlayer::IsHeld() const {
-    return url_ == given_up_ && GetTickCount64() < not_before_ms_;
+    if (!url_.empty() && (cools_down || !taken)) shown_ = Ready;
 }
 
 /// Where nothing is open the control is given the address anew; told to play there, it does nothing or crashes,
@@ -146,7 +142,7 @@ void WindowsMediaPlayer::SetVolume(int volume) {
 void WindowsMediaPlayer::Reload() {
     const PlayState state = State();
     if (url_.empty() || state == Paused || state == Stopped) return;
-    given_up_.clear();
+    retries_.Forgive(url_);
     Open();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "player/RetrySchedule.h"
 #include "ports/LiveFeed.h"
 #include "ports/MediaPlayer.h"
 #include "win32/sound/ControlEvents.h"
@@ -46,7 +47,6 @@ class WindowsMediaPlayer : public MediaPlayer, public LiveFeed {
     PlayState ControlState();
     void GiveUp();
     void Open();
-    bool IsHeld() const;
     bool IsAvailable(const wchar_t* command);
 
     ComPtr<IWMPCore> core_;
@@ -55,9 +55,8 @@ class WindowsMediaPlayer : public MediaPlayer, public LiveFeed {
     ComPtr<ControlEvents> events_;
     std::string url_;
     std::optional<PlayState> shown_; // what we know better than the control
-    std::string given_up_;           // an address it could not play,
-    ULONGLONG not_before_ms_ = 0;    // which is not asked for again before that tick
-    ULONGLONG patient_until_ms_ = 0; // tick
+    RetrySchedule retries_;          // in ticks
+    RetrySchedule::Time first_sound_by_{0};
 };
 
 } // namespace quillon

@@ -1,0 +1,28 @@
+#include "player/PlaylistWalk.h"
+
+#include <algorithm>
+
+namespace quillon {
+
+PlaylistWalk::PlaylistWalk(const std::string& address, std::size_t most_entries)
+    : most_entries_(most_entries), pending_{{address, address, 0}} {}
+
+std::optional<PlaylistWalk::Stop> PlaylistWalk::Next() {
+    if (pending_.empty()) return {};
+    Stop stop = std::move(pending_.back());
+    pending_.pop_back();
+    depth_ = stop.depth;
+    return stop;
+}
+
+PlaylistWalk::Found PlaylistWalk::Enter(std::string_view bytes, const std::string& from) {
+    Entries entries = ReadPlaylist(bytes, from);
+    if (entries.empty()) return Found::Nothing;
+    if (depth_ >= DeepestPlaylist) return Found::TooDeep;
+    entries.resize(std::min(entries.size(), most_entries_));
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
+        pending_.push_back({*entry, ResolveEntry(from, *entry), depth_ + 1});
+    return Found::Stops;
+}
+
+} // namespace quillon
