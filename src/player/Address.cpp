@@ -21,13 +21,12 @@ bool IsPlain(char c) {
     return c > ' ' && c < '\x7F';
 }
 
-/// A bracket within a host would be taken for the start or the end of a literal address when it is read again.
-bool IsOfHost(char c) {
+/// Brackets are excluded: they would be read back as the ends of a literal address.
+bool IsHostCharacter(char c) {
     return static_cast<unsigned char>(c) > ' ' && c != '[' && c != ']';
 }
 
-/// Cuts `text` at the first of `marks` and returns what stood before it; the mark stays at the front of the
-/// rest.
+/// Splits `text` before the first of `marks` and returns the part in front, leaving the rest in `text`.
 std::string_view CutAtFirstOf(std::string_view& text, std::string_view marks) {
     const std::size_t at = std::min(text.find_first_of(marks), text.size());
     const std::string_view front = text.substr(0, at);
@@ -35,7 +34,7 @@ std::string_view CutAtFirstOf(std::string_view& text, std::string_view marks) {
     return front;
 }
 
-/// A request line ends at a blank, so everything that is no visible ASCII character is written in hexadecimal.
+/// Percent-encodes all but visible ASCII characters: a blank would end the target in the request line.
 std::string Encoded(std::string_view target) {
     static constexpr char digits[] = "0123456789ABCDEF";
     std::string encoded;
@@ -66,14 +65,15 @@ bool ParseAuthority(std::string_view authority, StreamAddress& address) {
         if (authority.empty()) return false;
         authority.remove_prefix(1);
     }
-    if (address.host.empty() || !std::all_of(address.host.begin(), address.host.end(), IsOfHost)) return false;
+    if (address.host.empty() || !std::all_of(address.host.begin(), address.host.end(), IsHostCharacter))
+        return false;
     if (authority.empty() || authority == ":") return true;
     const auto port = authority.starts_with(':') ? ParsePort(authority.substr(1)) : std::nullopt;
     address.port = port.value_or(0);
     return port.has_value();
 }
 
-/// Takes the "." and ".." parts out of an absolute path.
+/// Removes "." and ".." segments from an absolute path.
 std::string Normalised(std::string_view path) {
     std::vector<std::string_view> parts;
     bool is_folder = true;
@@ -89,13 +89,13 @@ std::string Normalised(std::string_view path) {
     return is_folder ? result + "/" : result;
 }
 
-/// A scheme is letters before a colon that comes ahead of every slash.
+/// A scheme ends at a colon that comes before any slash.
 bool HasScheme(std::string_view text) {
     const std::string_view front = CutAtFirstOf(text, ":/?#");
     return text.starts_with(':') && !front.empty();
 }
 
-/// Host and port as they stand in an address and in a request.
+/// "host[:port]", as in an address and in the Host header.
 std::string HostText(const StreamAddress& address) {
     const bool literal = address.host.find(':') != std::string::npos;
     std::string host = literal ? "[" + address.host + "]" : address.host;

@@ -12,7 +12,7 @@ namespace quillon {
 
 namespace {
 
-constexpr std::size_t MostEntries = 5; // of a playlist are tried
+constexpr std::size_t MostEntries = 5; // tried of each playlist
 
 FeedAnswer Failure(const std::string& words) {
     return {Finding::Fails, words};
@@ -35,12 +35,12 @@ std::string StatusWords(int status) {
     return "The server sends no sound" + number;
 }
 
-/// Why a stream gave no sound.
-std::string Reason(const HttpStream& stream, Supply last, bool bytes) {
-    const bool in_time = last != Supply::NothingYet;
+/// Why a stream could not be heard.
+std::string Reason(const HttpStream& stream, IoStatus last, bool bytes) {
+    const bool in_time = last != IoStatus::WouldBlock;
     const bool answered = stream.Reached() == HttpStream::Stage::Answered;
     if (answered && stream.Status() != 200) return StatusWords(stream.Status());
-    if (last == Supply::Refused) return "No valid certificate of the server";
+    if (last == IoStatus::Refused) return "No valid certificate of the server";
     switch (stream.Reached()) {
     case HttpStream::Stage::NoServer:
         return "No such server, or no way to it";
@@ -51,11 +51,11 @@ std::string Reason(const HttpStream& stream, Supply last, bool bytes) {
     case HttpStream::Stage::Answered:
         break;
     }
-    if (last == Supply::NotAudio) return "A web page instead of sound";
+    if (last == IoStatus::NotAudio) return "A web page instead of sound";
     return bytes ? "Nothing that Quillon can play" : "It answers, but sends nothing";
 }
 
-/// Why a playlist leads nowhere; empty if it does.
+/// Why nothing in a playlist can be tried; empty if something can.
 std::string ProblemOf(PlaylistWalk::Found found) {
     if (found == PlaylistWalk::Found::Stops) return {};
     return found == PlaylistWalk::Found::Nothing ? "The playlist is empty"
@@ -123,18 +123,18 @@ AddressProbe::Heard AddressProbe::Listen(ByteSource& source) {
     Heard heard;
     const auto deadline = system_.Now() + StallTimeout;
     while (!cancelled_ && !heard.sound && system_.Now() < deadline) {
-        const Got got = source.Read(room);
-        heard.last = got.supply == Supply::Connecting ? Supply::NothingYet : got.supply;
-        if (heard.last == Supply::NothingYet) {
+        const IoResult result = source.Read(room);
+        heard.last = result.status == IoStatus::Connecting ? IoStatus::WouldBlock : result.status;
+        if (heard.last == IoStatus::WouldBlock) {
             system_.Wait(PollInterval);
             continue;
         }
-        if (got.supply != Supply::Bytes) break;
-        if (got.count == 0) continue;
+        if (result.status != IoStatus::Ok) break;
+        if (result.count == 0) continue;
         if (!heard.bytes && source.AnnouncesPlaylist()) reader.ExpectPlaylist();
         heard.bytes = true;
         PcmQueue unheard;
-        if (!reader.Feed(ByteView(room).first(got.count), unheard)) break;
+        if (!reader.Feed(ByteView(room).first(result.count), unheard)) break;
         heard.sound = reader.HasFoundSound();
     }
     if (reader.IsPlaylist() && reader.Playlist().size() <= LongestPlaylist) heard.playlist = reader.Playlist();

@@ -9,16 +9,15 @@
 
 namespace quillon {
 
-/// Tries whether an address of the catalogue leads to sound, as the built-in player would find it, but plays
-/// nothing.
+/// Finds out whether the built-in player could play an address of the catalogue, without playing it.
 class AddressProbe {
   public:
-    /// `cancelled` ends the trying soon; the system is to be woken for it.
+    /// Set `cancelled` and then wake the system to end Try early.
     AddressProbe(std::string user_agent, PlayerSystem& system, const std::atomic<bool>& cancelled)
         : user_agent_(std::move(user_agent)), system_(system), cancelled_(cancelled) {}
 
-    /// `url` is the address of a stream, the path of a playlist, or a folder of recordings. May take some ten
-    /// seconds for each address that it leads to.
+    /// `url` is the address of a stream, the path of a playlist, or a folder of recordings. Takes up to
+    /// StallTimeout for each address that it leads to.
     FeedAnswer Try(const std::string& url);
 
   private:
@@ -32,7 +31,7 @@ class AddressProbe {
 
     /// What came of listening to a source.
     struct Heard {
-        Supply last = Supply::NothingYet; ///< why there was no more
+        IoStatus last = IoStatus::WouldBlock; ///< why listening ended
         bool sound = false;
         bool bytes = false;
         std::optional<std::string> playlist;

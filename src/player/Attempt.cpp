@@ -12,164 +12,165 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto FirstLead = 120ms;
-constexpr auto LongestLead = 2000ms;
-constexpr auto KeptWhilePaused = 2s;
+constexpr auto FirstPrebuffer = 120ms;
+constexpr auto LongestPrebuffer = 2000ms;
+constexpr auto BufferWhilePaused = 2s;
 
-/// So many bytes hold a frame if they are MP3 at all.
-constexpr std::size_t EnoughToTell = 4096;
+/// An MP3 stream has had a complete frame by then.
+constexpr std::size_t EnoughForFrame = 4096;
 
 } // namespace
 
-Attempt::Attempt(std::unique_ptr<ByteSource> source, const Wishes& wishes, PlayerSystem& system)
+Attempt::Attempt(std::unique_ptr<ByteSource> source, const TransportControls& controls, PlayerSystem& system)
     : source_(std::move(source)),
-      wishes_(wishes),
+      controls_(controls),
       system_(system),
       reader_(system),
       speaker_(system),
-      lead_(FirstLead) {}
+      prebuffer_(FirstPrebuffer) {}
 
-std::chrono::milliseconds Attempt::Heard() const {
-    return std::chrono::duration_cast<std::chrono::milliseconds>(heard_);
+std::chrono::milliseconds Attempt::Played() const {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(played_);
 }
 
-std::optional<Ending> Attempt::Step() {
-    ObeyPause();
-    if (IsPausedTooLong()) return Ending::PausedLong;
-    ReadAhead();
-    if (ending_ == Ending::Playlist || ending_ == Ending::NotAudio) return ending_;
-    if (!held_since_) return PlayAhead();
-    return ending_ == Ending::Ended ? std::nullopt : ending_; // a file waits with its last sound
+std::optional<Outcome> Attempt::Step() {
+    ApplyPause();
+    if (IsPausedTooLong()) return Outcome::PausedTooLong;
+    FillQueue();
+    if (outcome_ == Outcome::Playlist || outcome_ == Outcome::NotAudio) return outcome_;
+    if (!paused_since_) return Play();
+    return outcome_ == Outcome::Ended ? std::nullopt : outcome_; // a paused file keeps its last sound
 }
 
-void Attempt::ObeyPause() {
-    const bool paused = wishes_.paused;
-    if (paused == held_since_.has_value()) return;
-    held_since_ = paused ? std::optional(system_.Now()) : std::nullopt;
+void Attempt::ApplyPause() {
+    const bool paused = controls_.paused;
+    if (paused == paused_since_.has_value()) return;
+    paused_since_ = paused ? std::optional(system_.Now()) : std::nullopt;
     buffering_since_.reset();
     if (source_->IsLive()) {
         speaker_.Close();
-        sounding_ = false;
+        is_playing_ = false;
     } else {
-        speaker_.Hold(paused);
+        speaker_.SetPaused(paused);
     }
 }
 
 bool Attempt::IsPausedTooLong() const {
-    return held_since_ && source_->IsLive() && system_.Now() - *held_since_ >= LongestPause;
+    return paused_since_ && source_->IsLive() && system_.Now() - *paused_since_ >= PauseTimeout;
 }
 
-/// While a live stream is paused all of it is read, so that the server does not keep old sound for us.
-bool Attempt::WantsBytes() const {
-    if (wishes_.cancelled || ending_) return false;
-    return queue_.Length() < lead_ || (held_since_ && wishes_.paused && source_->IsLive());
+/// A paused live stream is read as fast as it comes, so that no old sound queues up at the server.
+bool Attempt::NeedsBytes() const {
+    if (controls_.cancelled || outcome_) return false;
+    return queue_.Length() < prebuffer_ || (paused_since_ && controls_.paused && source_->IsLive());
 }
 
-void Attempt::ReadAhead() {
+void Attempt::FillQueue() {
     std::array<std::uint8_t, ReadSize> bytes;
-    while (WantsBytes()) {
-        const Got got = source_->Read(bytes);
-        if (got.supply != Supply::Bytes) return TakeSupply(got.supply);
-        TakeBytes(ByteView(bytes).first(got.count));
+    while (NeedsBytes()) {
+        const IoResult result = source_->Read(bytes);
+        if (result.status != IoStatus::Ok) return TakeStatus(result.status);
+        TakeData(ByteView(bytes).first(result.count));
     }
-    waiting_since_.reset();
+    stalled_since_.reset();
 }
 
-void Attempt::TakeBytes(ByteView bytes) {
+void Attempt::TakeData(ByteView bytes) {
     if (bytes.empty()) return;
-    waiting_since_.reset();
+    stalled_since_.reset();
     if (state_ == Transitioning) state_ = Buffering;
-    if (taken_ == 0 && source_->AnnouncesPlaylist()) reader_.ExpectPlaylist();
-    taken_ += bytes.size();
-    if (!reader_.Feed(bytes, queue_)) End(Ending::NotAudio);
-    if (held_since_ && source_->IsLive()) queue_.KeepLatest(KeptWhilePaused);
+    if (received_ == 0 && source_->AnnouncesPlaylist()) reader_.ExpectPlaylist();
+    received_ += bytes.size();
+    if (!reader_.Feed(bytes, queue_)) Finish(Outcome::NotAudio);
+    if (paused_since_ && source_->IsLive()) queue_.KeepLatest(BufferWhilePaused);
 }
 
-/// What to make of no bytes.
-void Attempt::TakeSupply(Supply supply) {
-    switch (supply) {
-    case Supply::End:
-        return End(reader_.HasFoundSound() ? Ending::Ended : Ending::NotAudio);
-    case Supply::Failed:
-        return End(reader_.HasFoundSound() || taken_ < EnoughToTell ? Ending::Dropped : Ending::NotAudio);
-    case Supply::NotAudio:
-        return End(Ending::NotAudio);
-    case Supply::Refused:
-        return End(Ending::Refused);
-    case Supply::NothingYet:
+/// Handles a read that gave no data.
+void Attempt::TakeStatus(IoStatus status) {
+    switch (status) {
+    case IoStatus::EndOfStream:
+        return Finish(reader_.HasFoundSound() ? Outcome::Ended : Outcome::NotAudio);
+    case IoStatus::Failed:
+        return Finish(reader_.HasFoundSound() || received_ < EnoughForFrame ? Outcome::Dropped
+                                                                            : Outcome::NotAudio);
+    case IoStatus::NotAudio:
+        return Finish(Outcome::NotAudio);
+    case IoStatus::Refused:
+        return Finish(Outcome::Refused);
+    case IoStatus::WouldBlock:
         if (state_ == Transitioning) state_ = Buffering;
         break;
     default:
         break;
     }
-    if (HasLasted(waiting_since_, StallTimeout)) GiveUp();
+    if (HasLasted(stalled_since_, StallTimeout)) GiveUp();
 }
 
 void Attempt::GiveUp() {
-    queue_ = {}; // too little to start with, and too old by now
-    End(Ending::Dropped);
+    queue_ = {}; // too little to start with, and stale by now
+    Finish(Outcome::Dropped);
 }
 
-/// However the bytes of a playlist ended, what came of it is used.
-void Attempt::End(Ending ending) {
-    const bool is_playlist = reader_.IsPlaylist() && ending != Ending::Refused;
-    ending_ = is_playlist && reader_.Playlist().size() <= LongestPlaylist ? Ending::Playlist : ending;
+/// A playlist is used however its transfer ended.
+void Attempt::Finish(Outcome outcome) {
+    const bool is_playlist = reader_.IsPlaylist() && outcome != Outcome::Refused;
+    outcome_ = is_playlist && reader_.Playlist().size() <= LongestPlaylist ? Outcome::Playlist : outcome;
 }
 
-/// Whether what was noticed at `since`, or is now for the first time, has lasted so long.
+/// Whether a condition that began at `since` has lasted for `length`; sets `since` if it begins now.
 bool Attempt::HasLasted(std::optional<std::chrono::milliseconds>& since, std::chrono::milliseconds length) {
     const auto now = system_.Now();
     if (!since) since = now;
     return now - *since >= length;
 }
 
-std::optional<Ending> Attempt::PlayAhead() {
-    if (AwaitsSound()) {
+std::optional<Outcome> Attempt::Play() {
+    if (IsPrebuffering()) {
         if (state_ != Transitioning) state_ = Buffering;
-        if (HasLasted(buffering_since_, LongestBuffering)) GiveUp();
+        if (HasLasted(buffering_since_, BufferingTimeout)) GiveUp();
         return {};
     }
     buffering_since_.reset();
-    if (!FillOutput()) return Ending::NoDevice;
-    if (speaker_.IsIdle()) return AfterSilence();
-    if (!speaker_.Watch()) return Ending::NoDevice;
+    if (!FeedOutput()) return Outcome::NoDevice;
+    if (speaker_.IsIdle()) return AfterUnderrun();
+    if (!speaker_.CheckProgress()) return Outcome::NoDevice;
     state_ = Playing;
     return {};
 }
 
-bool Attempt::AwaitsSound() const {
-    return !sounding_ && !ending_ && queue_.Length() < lead_;
+bool Attempt::IsPrebuffering() const {
+    return !is_playing_ && !outcome_ && queue_.Length() < prebuffer_;
 }
 
-std::optional<Ending> Attempt::AfterSilence() {
-    if (ending_ && queue_.Empty()) return ending_;
-    if (sounding_)
-        lead_ = std::min<std::chrono::milliseconds>(lead_ * 2, LongestLead); // once bitten, twice shy
-    sounding_ = false;
+/// An unsteady stream needs a longer buffer the next time.
+std::optional<Outcome> Attempt::AfterUnderrun() {
+    if (outcome_ && queue_.Empty()) return outcome_;
+    if (is_playing_) prebuffer_ = std::min<std::chrono::milliseconds>(prebuffer_ * 2, LongestPrebuffer);
+    is_playing_ = false;
     state_ = Buffering;
     return {};
 }
 
-/// False when there is no device to play on.
-bool Attempt::FillOutput() {
-    while (!queue_.Empty() && !wishes_.cancelled && !wishes_.paused) {
+/// Returns false if no device can play.
+bool Attempt::FeedOutput() {
+    while (!queue_.Empty() && !controls_.cancelled && !controls_.paused) {
         if (!speaker_.IsOpen() || queue_.NextFormat() != speaker_.Format()) {
-            if (!speaker_.IsIdle()) return true; // plays out the sound of the format before
+            if (!speaker_.IsIdle()) return true; // the previous format's sound plays to its end first
             if (!speaker_.Open(queue_.NextFormat())) return false;
-            continue; // for that may have taken a while
+            continue; // opening may have taken a while: look at the controls again
         }
         if (!speaker_.HasRoom()) return true;
-        if (!Deliver()) return false;
+        if (!WriteBlock()) return false;
     }
     return true;
 }
 
-bool Attempt::Deliver() {
+bool Attempt::WriteBlock() {
     Samples block = queue_.Take(SoundOutput::BlockLength);
-    Scale(block, wishes_.volume);
+    Scale(block, controls_.volume);
     if (!speaker_.Write(block)) return false;
-    heard_ += Duration(speaker_.Format(), block.size());
-    sounding_ = true;
+    played_ += Duration(speaker_.Format(), block.size());
+    is_playing_ = true;
     return true;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "player/Ending.h"
 #include "player/Loudspeaker.h"
+#include "player/Outcome.h"
 #include "player/SoundReader.h"
 #include "ports/MediaPlayer.h"
 
@@ -12,8 +12,8 @@
 
 namespace quillon {
 
-/// What the listener wants; may change on any thread at any time.
-struct Wishes {
+/// What the user asked of the player. Set on any thread, read by the session's.
+struct TransportControls {
     std::atomic<bool> cancelled = false;
     std::atomic<bool> paused = false;
     std::atomic<int> volume = 100; ///< 0 to 100
@@ -22,59 +22,59 @@ struct Wishes {
 /// One try to play one source, from connecting to its end.
 class Attempt {
   public:
-    /// A source is also given up when its bytes do not amount to enough sound to start with in this time.
-    static constexpr std::chrono::seconds LongestBuffering{30};
+    /// A source is given up when it takes longer than this to buffer enough sound to start.
+    static constexpr std::chrono::seconds BufferingTimeout{30};
 
-    /// A live stream is let go after so long a pause.
-    static constexpr std::chrono::seconds LongestPause{60};
+    /// A live stream is disconnected when it has been paused for this long.
+    static constexpr std::chrono::seconds PauseTimeout{60};
 
-    Attempt(std::unique_ptr<ByteSource> source, const Wishes& wishes, PlayerSystem& system);
+    Attempt(std::unique_ptr<ByteSource> source, const TransportControls& controls, PlayerSystem& system);
 
-    /// Does what can be done without waiting. Nothing until the end.
-    std::optional<Ending> Step();
+    /// Does what can be done without waiting. Returns nothing until the attempt has ended.
+    std::optional<Outcome> Step();
 
     /// Transitioning, Buffering or Playing.
     PlayState State() const { return state_; }
 
-    /// How much was given to the sound device.
-    std::chrono::milliseconds Heard() const;
+    /// How much sound the device was given.
+    std::chrono::milliseconds Played() const;
 
     const ByteSource& Source() const { return *source_; }
 
-    /// The bytes of the playlist that the source turned out to be.
+    /// The bytes of the playlist, after Outcome::Playlist.
     const std::string& Playlist() const { return reader_.Playlist(); }
 
   private:
-    void ObeyPause();
+    void ApplyPause();
     bool IsPausedTooLong() const;
-    void ReadAhead();
-    bool WantsBytes() const;
-    void TakeBytes(ByteView bytes);
-    void TakeSupply(Supply supply);
+    void FillQueue();
+    bool NeedsBytes() const;
+    void TakeData(ByteView bytes);
+    void TakeStatus(IoStatus status);
     bool HasLasted(std::optional<std::chrono::milliseconds>& since, std::chrono::milliseconds length);
     void GiveUp();
-    bool AwaitsSound() const;
-    void End(Ending ending);
-    std::optional<Ending> PlayAhead();
-    std::optional<Ending> AfterSilence();
-    bool FillOutput();
-    bool Deliver();
+    bool IsPrebuffering() const;
+    void Finish(Outcome outcome);
+    std::optional<Outcome> Play();
+    std::optional<Outcome> AfterUnderrun();
+    bool FeedOutput();
+    bool WriteBlock();
 
     const std::unique_ptr<ByteSource> source_;
-    const Wishes& wishes_;
+    const TransportControls& controls_;
     PlayerSystem& system_;
     SoundReader reader_;
     PcmQueue queue_;
     Loudspeaker speaker_;
     PlayState state_ = Transitioning;
-    std::chrono::microseconds heard_{0};
-    std::chrono::milliseconds lead_;                           // sound to have ready before it is heard
-    std::optional<std::chrono::milliseconds> waiting_since_;   // when the bytes stopped coming
-    std::optional<std::chrono::milliseconds> buffering_since_; // when there was too little sound to go on with
-    std::optional<std::chrono::milliseconds> held_since_;      // when the pause was carried out
-    std::optional<Ending> ending_;                             // how it ends once the queue is empty
-    std::size_t taken_ = 0;                                    // bytes of the source
-    bool sounding_ = false;
+    std::chrono::microseconds played_{0};
+    std::chrono::milliseconds prebuffer_;                      // sound to buffer before it starts
+    std::optional<std::chrono::milliseconds> stalled_since_;   // when data stopped coming
+    std::optional<std::chrono::milliseconds> buffering_since_; // when the sound ran out
+    std::optional<std::chrono::milliseconds> paused_since_;    // when the pause took effect
+    std::optional<Outcome> outcome_; // of the source; the attempt's once the queue is empty
+    std::size_t received_ = 0;       // bytes
+    bool is_playing_ = false;
 };
 
 } // namespace quillon

@@ -7,41 +7,41 @@
 
 namespace quillon {
 
-/// What came of asking for bytes.
-enum class Supply {
-    Bytes,
-    NothingYet,
-    Connecting, ///< nothing yet, and the other side has not even agreed to send any
-    End,        ///< all of it has been had
+/// Result of reading or writing without waiting.
+enum class IoStatus {
+    Ok,
+    WouldBlock,
+    Connecting, ///< would block, and the other side has not answered at all yet
+    EndOfStream,
     Failed,
-    NotAudio, ///< what the other side sends is known to be no sound
-    Refused,  ///< the other side says not to ask again
+    NotAudio, ///< the other side announces something other than audio
+    Refused,  ///< the other side says not to retry
 };
 
-struct Got {
-    Supply supply;
-    std::size_t count = 0; ///< with Supply::Bytes; may be 0 when all that came was not meant for the listener
+struct IoResult {
+    IoStatus status;
+    std::size_t count = 0; ///< bytes, with IoStatus::Ok; may be 0 if only metadata came
 };
 
-/// Where the bytes of a feed or a recording come from.
+/// Supplies the bytes of a feed or a recording.
 class ByteSource {
   public:
     virtual ~ByteSource() = default;
 
-    /// Fills the front of `room` with what is there. Waits for no byte; only looking up a server's name and
-    /// checking its certificate may take long.
-    virtual Got Read(std::span<std::uint8_t> room) = 0;
+    /// Fills the front of `room` with what has arrived. Does not wait for data, but looking up a server's name
+    /// and checking its certificate may take several seconds.
+    virtual IoResult Read(std::span<std::uint8_t> room) = 0;
 
-    /// Whether the bytes come as they are made, so that what is not taken now is missed.
+    /// Whether the audio is live: what is not read now is lost.
     virtual bool IsLive() const = 0;
 
-    /// The address or path that the bytes really come from, after all redirects.
+    /// The address or path that the bytes come from, after all redirects.
     virtual std::string Address() const = 0;
 
-    /// Whether the bytes were announced as a playlist. Known when the first ones have come.
+    /// Whether the bytes were announced as a playlist. Valid after the first successful Read.
     virtual bool AnnouncesPlaylist() const = 0;
 
-    /// What the other side says is to be heard now; empty without.
+    /// The current stream title; empty if there is none.
     virtual std::string Title() const { return {}; }
 };
 

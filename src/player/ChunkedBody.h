@@ -6,16 +6,16 @@
 
 namespace quillon {
 
-/// Takes the body out of the chunks that a server may wrap it in (RFC 9112, section 7.1).
+/// Decodes the chunked transfer coding (RFC 9112, section 7.1).
 class ChunkedBody {
   public:
-    /// The most that one chunk may announce, in bytes.
+    /// Largest chunk that is accepted, in bytes.
     static constexpr std::uint64_t LargestChunk = 0xFFFFFFFF;
 
-    /// Takes bytes as they come; moves what is body to their front and returns how many that is.
+    /// Takes bytes as they arrive, moves the body's bytes to the front and returns their number.
     std::size_t Strip(std::span<std::uint8_t> bytes);
 
-    /// The last chunk has come; what follows is none of the body.
+    /// The last chunk has arrived; whatever follows is not part of the body.
     bool HasEnded() const { return part_ == Part::End; }
 
     bool IsMalformed() const { return part_ == Part::Malformed; }
@@ -28,8 +28,8 @@ class ChunkedBody {
     Part AfterSizeLine();
 
     Part part_ = Part::Size;
-    std::uint64_t size_ = 0; // of the chunk, then what is left of it
-    int line_bytes_ = 0;     // of the line that tells the size
+    std::uint64_t size_ = 0; // of the chunk, then what remains of it
+    int line_bytes_ = 0;     // of the size line
     bool has_digit_ = false;
 };
 

@@ -12,43 +12,43 @@ namespace quillon {
 
 namespace {
 
-constexpr std::size_t MarkLength = 4; // shorter ones would be found in sound that is joined in its middle
+constexpr std::size_t SignatureLength = 4; // shorter ones occur by chance in a stream joined midway
 
-constexpr auto PlaylistMarks = {"#ext", "[pla", "<asx", "<?wp", "<?xm", "<smi"};
-constexpr auto WebPageMarks = {"<htm", "<!do"};
+constexpr auto PlaylistSignatures = {"#ext", "[pla", "<asx", "<?wp", "<?xm", "<smi"};
+constexpr auto WebPageSignatures = {"<htm", "<!do"};
 constexpr auto PlaylistNames = {".m3u", ".m3u8", ".pls", ".asx", ".wax", ".wpl"};
 constexpr auto PlaylistTypes = {"mpegurl", "scpls", "pls+xml", "ms-asf", "ms-asx", "ms-wax", "ms-wpl"};
-constexpr auto VagueTypes = {"", "application/octet-stream", "text/plain", "text/xml", "application/xml"};
+constexpr auto GenericTypes = {"", "application/octet-stream", "text/plain", "text/xml", "application/xml"};
 
 bool IsAny(std::string_view text, std::initializer_list<const char*> list) {
     return std::any_of(list.begin(), list.end(), [&](const char* one) { return text == one; });
 }
 
-/// The text behind a byte-order mark and white space.
+/// The text after any byte-order mark and white space.
 std::string_view Content(std::string_view text) {
     text = SkipByteOrderMark(text);
     text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
     return text;
 }
 
-bool StartsLikeSound(ByteView first) {
+bool StartsLikeAudio(ByteView first) {
     return first[0] == 0xFF || (first[0] == 'I' && first[1] == 'D' && first[2] == '3');
 }
 
 } // namespace
 
-ContentKind KindOf(ByteView first, bool promised) {
+ContentKind KindOf(ByteView first, bool announced) {
     const std::string_view text = Content({reinterpret_cast<const char*>(first.data()), first.size()});
-    if (text.size() < MarkLength) return ContentKind::Unknown;
+    if (text.size() < SignatureLength) return ContentKind::Unknown;
     if (text.starts_with("RIFF")) return ContentKind::Wav;
-    const std::string mark = LCase(text.substr(0, MarkLength));
-    if (IsAny(mark, PlaylistMarks)) return ContentKind::Playlist;
-    if (IsAny(mark, WebPageMarks)) return ContentKind::WebPage;
-    return promised && !StartsLikeSound(first) ? ContentKind::Playlist : ContentKind::Mp3;
+    const std::string signature = LCase(text.substr(0, SignatureLength));
+    if (IsAny(signature, PlaylistSignatures)) return ContentKind::Playlist;
+    if (IsAny(signature, WebPageSignatures)) return ContentKind::WebPage;
+    return announced && !StartsLikeAudio(first) ? ContentKind::Playlist : ContentKind::Mp3;
 }
 
 bool AnnouncesPlaylist(std::string_view content_type, std::string_view name) {
-    if (!IsAny(content_type, VagueTypes))
+    if (!IsAny(content_type, GenericTypes))
         return std::any_of(PlaylistTypes.begin(), PlaylistTypes.end(),
                            [&](const char* type) { return content_type.ends_with(type); });
     const std::string file = LowerCasePath(name);

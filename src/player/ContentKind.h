@@ -9,17 +9,17 @@ namespace quillon {
 enum class ContentKind {
     Unknown, ///< too few bytes to tell
     Wav,
-    Mp3, ///< or nothing that is known; only its frames can tell
+    Mp3, ///< or anything unknown: only its frames can tell
     Playlist,
     WebPage,
 };
 
-/// What the bytes at the front of a file or a body are. `promised`: they were announced as a playlist, which is
-/// believed unless they start like sound.
-ContentKind KindOf(ByteView first, bool promised);
+/// Detects the kind of a file or body from its first bytes. `announced`: it was announced as a playlist, which
+/// decides unless the bytes start like audio.
+ContentKind KindOf(ByteView first, bool announced);
 
-/// Whether something of that content type (lower case, may be empty) and name (a path or an address) announces
-/// a playlist. A content type that says anything else than "bytes" or "text" wins over the name.
+/// Whether a content type (lower case, may be empty) and a name (path or address) announce a playlist. The name
+/// only counts if the type is missing or generic, such as plain text.
 bool AnnouncesPlaylist(std::string_view content_type, std::string_view name);
 
 } // namespace quillon

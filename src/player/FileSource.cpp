@@ -9,13 +9,13 @@ bool FileSource::AnnouncesPlaylist() const {
     return quillon::AnnouncesPlaylist({}, path_);
 }
 
-Got FileSource::Read(std::span<std::uint8_t> room) {
+IoResult FileSource::Read(std::span<std::uint8_t> room) {
     try {
         if (!file_) file_.emplace(path_);
         const std::size_t count = file_->Read({reinterpret_cast<char*>(room.data()), room.size()});
-        return {count > 0 ? Supply::Bytes : Supply::End, count};
+        return {count > 0 ? IoStatus::Ok : IoStatus::EndOfStream, count};
     } catch (const RuntimeError&) {
-        return {Supply::Failed};
+        return {IoStatus::Failed};
     }
 }
 

@@ -8,20 +8,20 @@
 
 namespace quillon {
 
-/// The bytes of a file of this computer.
+/// The bytes of a local file.
 class FileSource : public ByteSource {
   public:
-    /// `path` is UTF-8 text. A file that cannot be opened fails when it is read.
+    /// `path` is UTF-8. A file that cannot be opened makes Read fail.
     explicit FileSource(const std::string& path) : path_(path) {}
 
-    Got Read(std::span<std::uint8_t> room) override;
+    IoResult Read(std::span<std::uint8_t> room) override;
     bool IsLive() const override { return false; }
     std::string Address() const override { return path_; }
     bool AnnouncesPlaylist() const override;
 
   private:
     std::string path_;
-    std::optional<FileReader> file_; // opened by the first reading
+    std::optional<FileReader> file_; // opened by the first Read
 };
 
 } // namespace quillon

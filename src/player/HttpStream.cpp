@@ -27,52 +27,53 @@ constexpr int Gone = 410;
 HttpStream::HttpStream(StreamAddress address, std::string user_agent, PlayerSystem& system)
     : address_(std::move(address)), user_agent_(std::move(user_agent)), system_(system) {}
 
-Got HttpStream::Read(std::span<std::uint8_t> room) {
+IoResult HttpStream::Read(std::span<std::uint8_t> room) {
     while (!in_body_)
-        if (const Supply supply = Ask(); supply != Supply::Bytes) return {supply};
+        if (const IoStatus status = Advance(); status != IoStatus::Ok) return {status};
     return ReadBody(room);
 }
 
-/// One step on the way to the body; Supply::Bytes when it got somewhere.
-Supply HttpStream::Ask() {
+/// One step towards the body; IoStatus::Ok if another can follow.
+IoStatus HttpStream::Advance() {
     if (!connection_) {
         connection_ = system_.Connect(address_);
-        if (!connection_) return Supply::Failed;
+        if (!connection_) return IoStatus::Failed;
         unsent_ = RequestText(address_, user_agent_);
         reply_ = {};
     }
     return unsent_.empty() ? ReadHead() : SendRequest();
 }
 
-Supply HttpStream::SendRequest() {
-    const Got sent = connection_->Write(unsent_);
-    if (sent.supply == Supply::Bytes) unsent_.erase(0, sent.count);
-    return sent.supply == Supply::NothingYet ? Supply::Connecting : sent.supply;
+IoStatus HttpStream::SendRequest() {
+    const IoResult sent = connection_->Write(unsent_);
+    if (sent.status == IoStatus::Ok) unsent_.erase(0, sent.count);
+    return sent.status == IoStatus::WouldBlock ? IoStatus::Connecting : sent.status;
 }
 
-Supply HttpStream::ReadHead() {
+IoStatus HttpStream::ReadHead() {
     std::array<std::uint8_t, ReadSize> bytes{};
-    const Got got = connection_->Read(bytes);
-    if (got.supply == Supply::NothingYet) return Supply::Connecting;
-    if (got.supply != Supply::Bytes) return got.supply == Supply::End ? Supply::Failed : got.supply;
-    switch (reply_.Feed({reinterpret_cast<const char*>(bytes.data()), got.count})) {
+    const IoResult result = connection_->Read(bytes);
+    if (result.status == IoStatus::WouldBlock) return IoStatus::Connecting;
+    if (result.status != IoStatus::Ok)
+        return result.status == IoStatus::EndOfStream ? IoStatus::Failed : result.status;
+    switch (reply_.Feed({reinterpret_cast<const char*>(bytes.data()), result.count})) {
     case HttpReply::Progress::Head:
-        return Supply::Bytes;
+        return IoStatus::Ok;
     case HttpReply::Progress::Complete:
         return AcceptHead();
     case HttpReply::Progress::Malformed:
         break;
     }
-    return Supply::Failed;
+    return IoStatus::Failed;
 }
 
-Supply HttpStream::AcceptHead() {
+IoStatus HttpStream::AcceptHead() {
     if (reply_.Status() / 100 == 3) return Redirect();
-    if (reply_.Status() == Unauthorised || reply_.Status() == Gone) return Supply::Refused;
-    if (reply_.Status() != 200) return Supply::Failed;
-    if (reply_.ContentType() == "text/html") return Supply::NotAudio;
+    if (reply_.Status() == Unauthorised || reply_.Status() == Gone) return IoStatus::Refused;
+    if (reply_.Status() != 200) return IoStatus::Failed;
+    if (reply_.ContentType() == "text/html") return IoStatus::NotAudio;
     PrepareBody();
-    return Supply::Bytes;
+    return IoStatus::Ok;
 }
 
 void HttpStream::PrepareBody() {
@@ -82,7 +83,7 @@ void HttpStream::PrepareBody() {
         body_left_ = ParseLength(reply_.Header("content-length"));
     const auto interval = ParseLength(reply_.Header("icy-metaint"));
     if (interval && *interval > 0 && *interval <= IcyDemuxer::LargestInterval)
-        titles_.emplace(static_cast<std::size_t>(*interval));
+        icy_.emplace(static_cast<std::size_t>(*interval));
     early_body_ = reply_.TakeBody();
     in_body_ = true;
 }
@@ -97,39 +98,40 @@ HttpStream::Stage HttpStream::Reached() const {
     return reply_.Status() == 0 ? Stage::NoAnswer : Stage::Answered;
 }
 
-Supply HttpStream::Redirect() {
+IoStatus HttpStream::Redirect() {
     const std::string location = reply_.Header("location");
     const auto target = ResolveLocation(address_, location);
-    if (location.empty() || !target || ++redirects_ > MaximumRedirects) return Supply::Failed;
+    if (location.empty() || !target || ++redirects_ > MaximumRedirects) return IoStatus::Failed;
     address_ = *target;
     connection_.reset();
-    return Supply::Bytes;
+    return IoStatus::Ok;
 }
 
-Got HttpStream::ReadBody(std::span<std::uint8_t> room) {
-    if (chunks_ && (chunks_->HasEnded() || chunks_->IsMalformed())) return {Supply::Failed};
-    Got got = ReadRaw(room);
-    if (got.supply != Supply::Bytes) return got;
-    if (chunks_) got.count = chunks_->Strip(room.first(got.count));
-    if (titles_) got.count = titles_->Strip(room.first(got.count));
-    return got;
+IoResult HttpStream::ReadBody(std::span<std::uint8_t> room) {
+    if (chunks_ && (chunks_->HasEnded() || chunks_->IsMalformed())) return {IoStatus::Failed};
+    IoResult result = ReadRaw(room);
+    if (result.status != IoStatus::Ok) return result;
+    if (chunks_) result.count = chunks_->Strip(room.first(result.count));
+    if (icy_) result.count = icy_->Strip(room.first(result.count));
+    return result;
 }
 
-Got HttpStream::ReadRaw(std::span<std::uint8_t> room) {
+IoResult HttpStream::ReadRaw(std::span<std::uint8_t> room) {
     if (body_left_)
         room = room.first(static_cast<std::size_t>(std::min<std::uint64_t>(room.size(), *body_left_)));
-    if (room.empty()) return {Supply::End};
-    Got got{Supply::Bytes};
+    if (room.empty()) return {IoStatus::EndOfStream};
+    IoResult result{IoStatus::Ok};
     if (!early_body_.empty()) {
-        got.count = std::min(early_body_.size(), room.size());
-        std::copy_n(early_body_.begin(), got.count, room.begin());
-        early_body_.erase(0, got.count);
+        result.count = std::min(early_body_.size(), room.size());
+        std::copy_n(early_body_.begin(), result.count, room.begin());
+        early_body_.erase(0, result.count);
     } else {
-        got = connection_->Read(room);
+        result = connection_->Read(room);
     }
-    if (got.supply == Supply::End) return {Supply::Failed}; // a live stream has no end, and a file would say so
-    if (body_left_ && got.supply == Supply::Bytes) *body_left_ -= got.count;
-    return got;
+    if (result.status == IoStatus::EndOfStream)
+        return {IoStatus::Failed}; // a live stream has no end, and a file's length is known
+    if (body_left_ && result.status == IoStatus::Ok) *body_left_ -= result.count;
+    return result;
 }
 
 } // namespace quillon

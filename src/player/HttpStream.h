@@ -11,8 +11,8 @@
 
 namespace quillon {
 
-/// The body of what a web server sends for an address, live or a file, without chunks and announced titles.
-/// Follows redirects; any other answer but 200, a web page, and a connection that ends before its time are
+/// The audio that a web server sends for an address, live or a file: its reply's body without chunking and ICY
+/// metadata. Follows redirects. Any other status but 200, a web page, and a connection that closes early are
 /// failures.
 class HttpStream : public ByteSource {
   public:
@@ -20,31 +20,32 @@ class HttpStream : public ByteSource {
 
     HttpStream(StreamAddress address, std::string user_agent, PlayerSystem& system);
 
-    Got Read(std::span<std::uint8_t> room) override;
+    IoResult Read(std::span<std::uint8_t> room) override;
 
-    /// A reply that tells its length is a file.
+    /// A reply with a content length is a file.
     bool IsLive() const override { return !body_left_.has_value(); }
 
     std::string Address() const override { return AddressText(address_); }
     bool AnnouncesPlaylist() const override;
-    /// How far the asking has come.
+
+    /// How far the request has got.
     enum class Stage { NoServer, NoConnection, NoAnswer, Answered };
     Stage Reached() const;
 
-    /// Of the answer.
+    /// The reply's status code; 0 before there is one.
     int Status() const { return reply_.Status(); }
 
-    std::string Title() const override { return titles_ ? titles_->Title() : std::string(); }
+    std::string Title() const override { return icy_ ? icy_->Title() : std::string(); }
 
   private:
-    Supply Ask();
-    Supply SendRequest();
-    Supply ReadHead();
-    Supply AcceptHead();
-    Supply Redirect();
+    IoStatus Advance();
+    IoStatus SendRequest();
+    IoStatus ReadHead();
+    IoStatus AcceptHead();
+    IoStatus Redirect();
     void PrepareBody();
-    Got ReadBody(std::span<std::uint8_t> room);
-    Got ReadRaw(std::span<std::uint8_t> room);
+    IoResult ReadBody(std::span<std::uint8_t> room);
+    IoResult ReadRaw(std::span<std::uint8_t> room);
 
     StreamAddress address_;
     std::string user_agent_;
@@ -53,10 +54,10 @@ class HttpStream : public ByteSource {
     std::string unsent_;
     HttpReply reply_;
     bool in_body_ = false;
-    std::string early_body_; // came in one piece with the head
+    std::string early_body_; // arrived together with the head
     std::optional<std::uint64_t> body_left_;
     std::optional<ChunkedBody> chunks_;
-    std::optional<IcyDemuxer> titles_;
+    std::optional<IcyDemuxer> icy_;
     int redirects_ = 0;
 };
 

@@ -8,60 +8,61 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A device that has kept pace for so long plays well. Counted afresh each time, because no two clocks agree.
-constexpr auto Probation = 1s;
+/// A device that keeps pace for this long is good. Counting then restarts, because its clock and ours drift
+/// apart.
+constexpr auto TrialPeriod = 1s;
 
-/// More than any device takes ahead of its playing.
-constexpr auto MostAhead = 1s;
+/// More than any device buffers.
+constexpr auto LargestBuffer = 1s;
 
 } // namespace
 
 bool Loudspeaker::Open(const PcmFormat& format) {
     format_ = format;
-    return OpenAgain();
+    return Reopen();
 }
 
-bool Loudspeaker::OpenAgain() {
-    output_.reset(); // first, for some devices play for one at a time
+bool Loudspeaker::Reopen() {
+    output_.reset(); // first, because some devices accept only one user
     output_ = system_.OpenOutput(format_);
-    last_write_ = since_ = system_.Now();
+    last_write_ = count_start_ = system_.Now();
     written_ = {};
     return output_ != nullptr;
 }
 
-void Loudspeaker::Hold(bool held) {
+void Loudspeaker::SetPaused(bool paused) {
     if (!output_) return;
-    output_->Hold(held);
+    output_->SetPaused(paused);
     last_write_ = system_.Now();
 }
 
 bool Loudspeaker::Write(const Samples& samples) {
     while (PlaysTooFast() || !output_->Write(samples))
-        if (!Move()) return false;
+        if (!SwitchDevice()) return false;
     Count(samples);
     return true;
 }
 
-bool Loudspeaker::Watch() {
-    return system_.Now() - last_write_ < LongestStandstill || Move();
+bool Loudspeaker::CheckProgress() {
+    return system_.Now() - last_write_ < StandstillTimeout || SwitchDevice();
 }
 
-/// Once: when the next device does not play either, there is none.
-bool Loudspeaker::Move() {
-    return !std::exchange(has_moved_, true) && OpenAgain();
+/// Only once: if the next device does not play either, none does.
+bool Loudspeaker::SwitchDevice() {
+    return !std::exchange(has_switched_, true) && Reopen();
 }
 
-/// A device that is gone may return what it is given at once.
+/// A device that is gone may return blocks at once, unplayed.
 bool Loudspeaker::PlaysTooFast() const {
-    return written_ > system_.Now() - since_ + MostAhead;
+    return written_ > system_.Now() - count_start_ + LargestBuffer;
 }
 
 void Loudspeaker::Count(const Samples& samples) {
     last_write_ = system_.Now();
     written_ += Duration(format_, samples.size());
-    if (last_write_ - since_ < Probation) return;
-    has_moved_ = false;
-    since_ = last_write_;
+    if (last_write_ - count_start_ < TrialPeriod) return;
+    has_switched_ = false;
+    count_start_ = last_write_;
     written_ = {};
 }
 

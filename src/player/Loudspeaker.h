@@ -4,43 +4,45 @@
 
 namespace quillon {
 
-/// Whatever device the user has for sound. When the one in use fails, stops playing or plays at no device's
-/// pace, the sound moves to the device that is the default by then, without what was queued.
+/// Plays on the user's default sound device. When the device in use fails, stalls or takes sound faster than it
+/// could play it, switches to the device that is the default by then and drops what was queued.
 class Loudspeaker {
   public:
-    /// A device that plays nothing of what it holds for so long is gone, though it may not say so.
-    static constexpr std::chrono::seconds LongestStandstill{2};
+    /// A device that makes no progress for this long counts as gone, whatever it reports.
+    static constexpr std::chrono::seconds StandstillTimeout{2};
 
     explicit Loudspeaker(PlayerSystem& system) : system_(system) {}
 
-    /// Takes a device for that format in place of the one in use. False when there is none.
+    /// Opens the default device for the format, closing the one in use. Returns false if no device can play.
     bool Open(const PcmFormat& format);
 
-    /// Silence at once.
+    /// Silences and closes the device at once.
     void Close() { output_.reset(); }
 
-    /// Silence at once, to go on later in the same place.
-    void Hold(bool held);
+    /// Pauses at once, or resumes where it paused.
+    void SetPaused(bool paused);
 
     bool IsOpen() const { return output_ != nullptr; }
     const PcmFormat& Format() const { return format_; }
 
-    /// Whether nothing is left to be played.
+    /// Whether everything queued has been played.
     bool IsIdle() const { return !output_ || output_->IsIdle(); }
 
-    // The following need an open device; of those that say so, false means that no device plays.
+    // The following need an open device.
 
     bool HasRoom() const { return output_->HasRoom(); }
 
-    /// Queues a block of at most SoundOutput::BlockLength. False as said.
+    /// Queues a block of at most SoundOutput::BlockLength, switching devices if need be. Returns false if no
+    /// device can play.
     bool Write(const Samples& samples);
 
-    /// Moves when the device stands still; to be called while it is not idle. False as said.
-    bool Watch();
+    /// Switches devices if the current one has stalled; to be called regularly while it is not idle. Returns
+    /// false if no device can play.
+    bool CheckProgress();
 
   private:
-    bool Move();
-    bool OpenAgain();
+    bool SwitchDevice();
+    bool Reopen();
     bool PlaysTooFast() const;
     void Count(const Samples& samples);
 
@@ -48,9 +50,9 @@ class Loudspeaker {
     std::unique_ptr<SoundOutput> output_;
     PcmFormat format_;
     std::chrono::milliseconds last_write_{0};
-    std::chrono::milliseconds since_{0};   // when the count began
-    std::chrono::microseconds written_{0}; // since then
-    bool has_moved_ = false;               // and the device has not played well since
+    std::chrono::milliseconds count_start_{0}; // when counting began
+    std::chrono::microseconds written_{0};     // sound since then
+    bool has_switched_ = false;                // and the new device is still on trial
 };
 
 } // namespace quillon

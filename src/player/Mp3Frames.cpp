@@ -43,34 +43,34 @@ std::optional<Mp3Format> ParseMp3Header(ByteView bytes) {
 }
 
 void Mp3Frames::Feed(ByteView bytes) {
-    buffer_.erase(buffer_.begin(), buffer_.begin() + static_cast<std::ptrdiff_t>(taken_));
-    taken_ = 0;
+    buffer_.erase(buffer_.begin(), buffer_.begin() + static_cast<std::ptrdiff_t>(consumed_));
+    consumed_ = 0;
     buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
 }
 
 std::optional<Mp3Frame> Mp3Frames::Next() {
     while (true) {
-        PassTag();
+        SkipTagBytes();
         const ByteView rest = Rest();
         if (rest.size() < HeaderBytes) return {};
         if ((at_start_ || last_) && StartsWith(rest, "ID3")) {
             if (rest.size() < TagHeaderBytes) return {};
-            if (SkipTag()) continue;
+            if (StartTag()) continue;
         }
         const auto format = ParseMp3Header(rest);
         if (format) {
             const bool follows = FollowsLast(*format);
             if (rest.size() < format->frame_bytes + (follows ? 0 : HeaderBytes)) return {};
             const auto next = ParseMp3Header(rest.subspan(format->frame_bytes));
-            if (follows || (next && next->SoundsLike(*format))) {
-                taken_ += format->frame_bytes;
+            if (follows || (next && next->SharesDecoderWith(*format))) {
+                consumed_ += format->frame_bytes;
                 last_ = format;
                 at_start_ = false;
                 skipped_ = 0;
                 return Mp3Frame{*format, rest.first(format->frame_bytes)};
             }
         }
-        ++taken_;
+        ++consumed_;
         ++skipped_;
         at_start_ = false;
         last_.reset();
@@ -78,17 +78,17 @@ std::optional<Mp3Frame> Mp3Frames::Next() {
 }
 
 bool Mp3Frames::FollowsLast(const Mp3Format& format) const {
-    return last_ && last_->SoundsLike(format);
+    return last_ && last_->SharesDecoderWith(format);
 }
 
-void Mp3Frames::PassTag() {
-    const std::size_t count = std::min(tag_left_, buffer_.size() - taken_);
-    taken_ += count;
+void Mp3Frames::SkipTagBytes() {
+    const std::size_t count = std::min(tag_left_, buffer_.size() - consumed_);
+    consumed_ += count;
     tag_left_ -= count;
 }
 
 /// An ID3v2 tag gives its length as four times seven bits.
-bool Mp3Frames::SkipTag() {
+bool Mp3Frames::StartTag() {
     const ByteView tag = Rest();
     std::size_t size = 0;
     for (const std::uint8_t byte : tag.subspan(6, 4)) {

@@ -5,8 +5,8 @@
 namespace quillon {
 
 std::chrono::microseconds Duration(const PcmFormat& format, std::size_t samples) {
-    const std::uint64_t moments = samples / format.channels;
-    return std::chrono::microseconds(moments * 1'000'000 / format.sample_rate);
+    const std::uint64_t sample_frames = samples / format.channels;
+    return std::chrono::microseconds(sample_frames * 1'000'000 / format.sample_rate);
 }
 
 void AppendAs16Bit(ByteView data, unsigned bits, Samples& samples) {
@@ -35,8 +35,9 @@ void PcmQueue::Push(const PcmFormat& format, Samples samples) {
 Samples PcmQueue::Take(std::chrono::microseconds limit) {
     const PcmFormat format = NextFormat();
     // A size_t of 32-bit Windows would overflow at 100 ms.
-    const std::uint64_t moments = static_cast<std::uint64_t>(limit.count()) * format.sample_rate / 1'000'000;
-    const auto wanted = static_cast<std::size_t>(std::max<std::uint64_t>(moments, 1) * format.channels);
+    const std::uint64_t sample_frames =
+        static_cast<std::uint64_t>(limit.count()) * format.sample_rate / 1'000'000;
+    const auto wanted = static_cast<std::size_t>(std::max<std::uint64_t>(sample_frames, 1) * format.channels);
     Samples taken;
     while (!blocks_.empty() && NextFormat() == format && taken.size() < wanted) {
         Block& block = blocks_.front();

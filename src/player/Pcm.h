@@ -12,40 +12,41 @@ namespace quillon {
 using ByteView = std::span<const std::uint8_t>;
 using Samples = std::vector<std::int16_t>;
 
-/// Sound in 16-bit samples, the channels of one moment side by side.
+/// Sound in 16-bit samples, interleaved by channel.
 struct PcmFormat {
-    std::uint32_t sample_rate = 0; ///< moments a second
+    std::uint32_t sample_rate = 0; ///< samples a second and channel
     std::uint16_t channels = 0;    ///< 1 or 2
 
     bool operator==(const PcmFormat&) const = default;
 };
 
-/// How long that many samples of the format last.
+/// How long that many samples (of all channels together) last.
 std::chrono::microseconds Duration(const PcmFormat& format, std::size_t samples);
 
-/// Adds samples of 8 (unsigned), 16, 24 or 32 bits, little-endian, as 16 bits. `data` holds whole samples.
+/// Appends little-endian samples of 8 (unsigned), 16, 24 or 32 bits as 16 bits. `data` holds whole samples.
 void AppendAs16Bit(ByteView data, unsigned bits, Samples& samples);
 
-/// Makes the samples softer, `volume` 0 to 100 per cent of their amplitude.
+/// Scales the amplitude to `volume` per cent, 0 to 100.
 void Scale(std::span<std::int16_t> samples, int volume);
 
-/// Decoded sound that waits to be played; its format may change on the way.
+/// Decoded sound waiting to be played. Its format may change midway.
 class PcmQueue {
   public:
     void Push(const PcmFormat& format, Samples samples);
 
     bool Empty() const { return blocks_.empty(); }
 
-    /// The format of the sound that is next. The queue must not be empty.
+    /// The format of the next sound. The queue must not be empty.
     const PcmFormat& NextFormat() const { return blocks_.front().format; }
 
     /// How long all of it lasts.
     std::chrono::microseconds Length() const { return length_; }
 
-    /// Takes the next sound, of one format and at most `limit` long. The queue must not be empty.
+    /// Removes and returns the next sound, of a single format and at most `limit` long. The queue must not be
+    /// empty.
     Samples Take(std::chrono::microseconds limit);
 
-    /// Throws the oldest sound away until at most `limit` is left.
+    /// Drops the oldest sound until at most `limit` is left.
     void KeepLatest(std::chrono::microseconds limit);
 
   private:

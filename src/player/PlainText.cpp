@@ -20,18 +20,19 @@ bool IsBetween(std::string_view text, std::string_view first, std::string_view l
            text.substr(0, last.size()) <= last;
 }
 
-/// Bytes of the blank at the front of the text, or of what counts as one; 0 for any other character.
+/// Length in bytes of the first character if it counts as a blank, else 0.
 std::size_t BlankLength(std::string_view text) {
     const auto byte = static_cast<unsigned char>(text.front());
     if (byte <= ' ' || byte == 0x7F) return 1;
     if (IsBetween(text, "\xC2\x80", "\xC2\xA0")) return 2;
-    const bool steers = IsBetween(text, "\xE2\x80\xA8", "\xE2\x80\xAE") || // U+2028: lines, directions
-                        IsBetween(text, "\xE2\x81\xA6", "\xE2\x81\xA9") || // U+2066: isolates
-                        IsBetween(text, "\xE2\x80\x8E", "\xE2\x80\x8F");   // U+200E: marks
-    return steers ? 3 : 0;
+    const bool changes_direction =
+        IsBetween(text, "\xE2\x80\xA8", "\xE2\x80\xAE") || // U+2028: lines, directions
+        IsBetween(text, "\xE2\x81\xA6", "\xE2\x81\xA9") || // U+2066: isolates
+        IsBetween(text, "\xE2\x80\x8E", "\xE2\x80\x8F");   // U+200E: marks
+    return changes_direction ? 3 : 0;
 }
 
-/// The character that stands between "&" and ";".
+/// The character that an entity's name, the text between "&" and ";", stands for.
 std::optional<unsigned long> EntityCode(std::string_view name) {
     static constexpr std::pair<std::string_view, char> names[] = {
         {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
@@ -48,7 +49,7 @@ std::optional<unsigned long> EntityCode(std::string_view name) {
     return code;
 }
 
-/// Adds a character to the text; nothing for a number that is none of a character.
+/// Appends a character as UTF-8; no effect for an invalid code point.
 void AppendCharacter(std::string& text, unsigned long code) {
     const auto add = [&](unsigned long bits) { text += static_cast<char>(static_cast<unsigned char>(bits)); };
     if (code == 0 || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) return;

@@ -20,7 +20,7 @@ bool IsOneOf(std::string_view text, std::initializer_list<std::string_view> list
     return std::find(list.begin(), list.end(), text) != list.end();
 }
 
-/// An entry with control characters is the debris of something else.
+/// Skips an entry with control characters: it is not text.
 void Add(Entries& entries, std::string_view entry) {
     entry = Trimmed(entry);
     const bool clean =
@@ -28,7 +28,7 @@ void Add(Entries& entries, std::string_view entry) {
     if (!entry.empty() && clean) entries.emplace_back(entry);
 }
 
-/// Calls `take` with each line that is not blank, trimmed.
+/// Calls `take` with each non-blank line, trimmed.
 template <typename Take>
 void ForEachLine(std::string_view text, Take take) {
     while (!text.empty()) {
@@ -39,7 +39,7 @@ void ForEachLine(std::string_view text, Take take) {
     }
 }
 
-/// The value of `attribute` in the inside of a tag; quoted either way or not at all.
+/// The value of `attribute`, quoted either way or not at all; `tag` is the text after the element's name.
 std::string AttributeOf(std::string_view tag, std::string_view attribute) {
     while (true) {
         const std::size_t equals = tag.find('=');
@@ -57,7 +57,7 @@ std::string AttributeOf(std::string_view tag, std::string_view attribute) {
     }
 }
 
-/// Where the tag at the front of `text` ends: at the first ">" outside quotes.
+/// The position of the first ">" outside quotes, where the tag at the front of `text` ends.
 std::size_t TagEnd(std::string_view text) {
     char quote = '\0';
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -71,7 +71,7 @@ std::size_t TagEnd(std::string_view text) {
     return text.size();
 }
 
-/// The values of `attribute` in the elements of those names (lower case), comments left out.
+/// The values of `attribute` in all elements of those names (lower case), except in comments.
 Entries AttributesOf(std::string_view text, std::initializer_list<std::string_view> elements,
                      std::string_view attribute) {
     Entries entries;
@@ -91,7 +91,7 @@ Entries AttributesOf(std::string_view text, std::initializer_list<std::string_vi
     return entries;
 }
 
-/// The path a "file:" address stands for.
+/// The path of a "file:" address.
 std::string PathOfFileAddress(std::string_view address) {
     address.remove_prefix(std::string_view("file://").size());
     if (address.starts_with('/') && address.find(':') == 2) address.remove_prefix(1); // file:///C:/

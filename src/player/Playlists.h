@@ -10,16 +10,16 @@ namespace quillon {
 
 using Entries = std::vector<std::string>;
 
-/// A playlist longer than this many bytes is none.
+/// Longer input, in bytes, is not treated as a playlist.
 constexpr std::size_t LongestPlaylist = 262144;
 
-// What a playlist of each format lists, in its order and as it stands there. Line ends may be of any kind, and
-// what is no entry is passed over. UTF-8 text.
+// The entries of a playlist in each format, in order and verbatim. Line ends may be of any kind; anything else
+// than entries is skipped. UTF-8 text.
 
-/// Lines that are no comment.
+/// Every line that is not a comment.
 Entries M3uEntries(std::string_view text);
 
-/// "File1=address"; ordered by the number, which need not start at 1.
+/// "File1=address", ordered by number, which need not start at 1.
 Entries PlsEntries(std::string_view text);
 
 /// <ref href="address"/> and <entryref href="address"/>.
@@ -28,12 +28,12 @@ Entries AsxEntries(std::string_view text);
 /// <media src="address"/>.
 Entries WplEntries(std::string_view text);
 
-/// What a playlist lists; its format is told by its content, or else by its name. Bytes that are no UTF-8 count
-/// as Latin-1.
+/// The entries of a playlist, whose format is detected by its content or else by its name. Bytes that are not
+/// UTF-8 are read as Latin-1.
 Entries ReadPlaylist(std::string_view bytes, std::string_view name);
 
-/// Where an entry leads to that stands in the playlist `from`, an address or a path: an address or a path.
-/// Nothing when it cannot be played. A playlist from the network never leads to a file of this computer.
+/// Resolves an entry of the playlist `from`; both `from` and the result are addresses or paths. Returns nothing
+/// if it cannot be played. A playlist from the network never leads to a local file.
 std::optional<std::string> ResolveEntry(std::string_view from, std::string_view entry);
 
 } // namespace quillon

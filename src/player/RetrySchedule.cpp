@@ -11,7 +11,7 @@ namespace {
 
 constexpr RetrySchedule::Time Waits[] = {1s, 2s, 4s, 8s, 15s, 30s};
 
-/// Short, because looking for a device costs the server little and a headset is plugged in to be heard.
+/// Looking for a device costs the server little, and a headset that is plugged in should be heard soon.
 constexpr RetrySchedule::Time WaitForDevice = 5s;
 
 } // namespace
@@ -32,24 +32,24 @@ RetrySchedule::Time RetrySchedule::NotBefore(const std::string& address) const {
 
 /// Only a cool-down and a missing device bind whoever plays the address next. Any other wait ends when the user
 /// starts it again.
-std::optional<RetrySchedule::Time> RetrySchedule::NextTry(const std::string& address, Ending ending, Time heard,
-                                                          Time now) {
-    if (ending == Ending::PausedLong) return now;
+std::optional<RetrySchedule::Time> RetrySchedule::NextTry(const std::string& address, Outcome outcome,
+                                                          Time played, Time now) {
+    if (outcome == Outcome::PausedTooLong) return now;
     const std::lock_guard lock(mutex_);
     Entry& entry = entries_[address];
-    const auto wait = WaitAfter(entry, ending, heard);
-    const bool binds = !wait || ending == Ending::NoDevice;
+    const auto wait = WaitAfter(entry, outcome, played);
+    const bool binds = !wait || outcome == Outcome::NoDevice;
     entry.not_before = binds ? now + wait.value_or(CoolDown) : Time(0);
     return wait ? std::optional(now + *wait) : std::nullopt;
 }
 
-/// Nothing: give the address up.
-std::optional<RetrySchedule::Time> RetrySchedule::WaitAfter(Entry& entry, Ending ending, Time heard) {
-    if (ending == Ending::NoDevice) return WaitForDevice;
-    if (heard >= SteadySound) entry.failures = 0;
-    if (heard > 0ms || ending != Ending::NotAudio) entry.wrong_answers = 0;
-    if (ending == Ending::NotAudio && ++entry.wrong_answers == MostWrongAnswers) return {};
-    if (ending == Ending::Refused) return {};
+/// Returns nothing if the address is to be given up.
+std::optional<RetrySchedule::Time> RetrySchedule::WaitAfter(Entry& entry, Outcome outcome, Time played) {
+    if (outcome == Outcome::NoDevice) return WaitForDevice;
+    if (played >= SteadySound) entry.failures = 0;
+    if (played > 0ms || outcome != Outcome::NotAudio) entry.wrong_answers = 0;
+    if (outcome == Outcome::NotAudio && ++entry.wrong_answers == MostWrongAnswers) return {};
+    if (outcome == Outcome::Refused) return {};
     const auto wait = static_cast<double>(Waits[entry.failures].count());
     entry.failures = std::min(entry.failures + 1, std::size(Waits) - 1);
     std::uniform_real_distribution<double> factor(1 - Jitter, 1 + Jitter);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "player/Ending.h"
+#include "player/Outcome.h"
 
 #include <chrono>
 #include <cstdint>
@@ -37,9 +37,9 @@ class RetrySchedule {
     /// Before this time nobody may request the address; 0 if it may be requested at any time.
     Time NotBefore(const std::string& address) const;
 
-    /// When to request the address again after an attempt that ended like this and played for `heard`. Nothing
+    /// When to request the address again after an attempt that ended like this and played for `played`. Nothing
     /// if it is given up.
-    std::optional<Time> NextTry(const std::string& address, Ending ending, Time heard, Time now);
+    std::optional<Time> NextTry(const std::string& address, Outcome outcome, Time played, Time now);
 
     /// Gives the address up: its cool-down starts now.
     void GiveUp(const std::string& address, Time now);
@@ -54,7 +54,7 @@ class RetrySchedule {
         int wrong_answers = 0;    // in a row
     };
 
-    std::optional<Time> WaitAfter(Entry& entry, Ending ending, Time heard);
+    std::optional<Time> WaitAfter(Entry& entry, Outcome outcome, Time played);
 
     mutable std::mutex mutex_;
     std::map<std::string, Entry> entries_;

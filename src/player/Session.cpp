@@ -27,7 +27,7 @@ Session::Session(std::string url, std::string user_agent, int volume, std::uniqu
       user_agent_(std::move(user_agent)),
       system_(std::move(system)),
       retries_(std::move(retries)) {
-    wishes_.volume = volume;
+    controls_.volume = volume;
     const auto now = system_->Now();
     retries_->Begin(url_, now);
     if (now < retries_->NotBefore(url_)) state_ = Ready;
@@ -38,25 +38,25 @@ void Session::Run() {
     try {
         last = PlayUntilDone();
     } catch (...) {
-        last = Ready; // out of memory, or a path that is none
+        last = Ready; // out of memory, or an invalid path
     }
     ShowTitle({});
     state_ = last;
     has_ended_ = true;
     if (last != MediaEnded) return;
     const auto until = system_->Now() + EndedShownFor;
-    while (!wishes_.cancelled && system_->Now() < until) system_->Wait(EndedShownFor);
+    while (!controls_.cancelled && system_->Now() < until) system_->Wait(EndedShownFor);
     state_ = Stopped;
 }
 
 PlayState Session::PlayUntilDone() {
     if (!AwaitCoolDown()) return Stopped;
-    while (!wishes_.cancelled) {
+    while (!controls_.cancelled) {
         state_ = Transitioning;
-        const Ending ending = PlayOnce();
-        if (ending == Ending::Cancelled) break;
-        if (ending == Ending::Ended) return MediaEnded;
-        if (!is_online_ || !AwaitNextTry(ending)) return Ready;
+        const Outcome outcome = PlayOnce();
+        if (outcome == Outcome::Cancelled) break;
+        if (outcome == Outcome::Ended) return MediaEnded;
+        if (!is_online_ || !AwaitNextTry(outcome)) return Ready;
     }
     return Stopped;
 }
@@ -66,50 +66,51 @@ bool Session::AwaitCoolDown() {
     const auto not_before = retries_->NotBefore(url_);
     if (not_before <= system_->Now()) return true;
     WaitUntil(not_before, Ready);
-    Tell([this](RetrySchedule& retries) { retries.GiveUp(url_, system_->Now()); });
-    return !wishes_.cancelled;
+    UpdateRetries([this](RetrySchedule& retries) { retries.GiveUp(url_, system_->Now()); });
+    return !controls_.cancelled;
 }
 
 /// Goes on with the next entry of a playlist when one has ended or cannot be played, but not when one drops
 /// that was heard.
-Ending Session::PlayOnce() {
+Outcome Session::PlayOnce() {
     PlaylistWalk walk(url_);
-    Ending result = Ending::Refused;
+    Outcome result = Outcome::Refused;
     int failures = 0;
-    heard_ = 0ms;
+    played_ = 0ms;
     while (const auto stop = walk.Next()) {
-        const auto heard_before = heard_;
-        const Ending ending = stop->address ? Play(*stop->address, walk) : Ending::Refused;
-        if (ending == Ending::Playlist) continue;
-        if (ending > Ending::Refused || (ending != Ending::Ended && heard_ > heard_before)) return ending;
-        result = std::min(result, ending);
-        if (ending != Ending::Ended && ++failures == MostFailures) break;
+        const auto played_before = played_;
+        const Outcome outcome = stop->address ? Play(*stop->address, walk) : Outcome::Refused;
+        if (outcome == Outcome::Playlist) continue;
+        if (outcome > Outcome::Refused || (outcome != Outcome::Ended && played_ > played_before))
+            return outcome;
+        result = std::min(result, outcome);
+        if (outcome != Outcome::Ended && ++failures == MostFailures) break;
     }
     return result;
 }
 
-/// Ending::Playlist if the address is a playlist that the walk goes on with.
-Ending Session::Play(const std::string& address, PlaylistWalk& walk) {
+/// Outcome::Playlist if the address is a playlist that the walk goes on with.
+Outcome Session::Play(const std::string& address, PlaylistWalk& walk) {
     auto source = Open(address);
-    if (!source) return Ending::Refused;
-    Attempt attempt(std::move(source), wishes_, *system_);
-    const Ending ending = Drive(attempt);
-    heard_ += attempt.Heard();
-    if (ending != Ending::Playlist) return ending;
+    if (!source) return Outcome::Refused;
+    Attempt attempt(std::move(source), controls_, *system_);
+    const Outcome outcome = Drive(attempt);
+    played_ += attempt.Played();
+    if (outcome != Outcome::Playlist) return outcome;
     const auto found = walk.Enter(attempt.Playlist(), attempt.Source().Address());
-    return found == PlaylistWalk::Found::Stops ? Ending::Playlist : Ending::NotAudio;
+    return found == PlaylistWalk::Found::Stops ? Outcome::Playlist : Outcome::NotAudio;
 }
 
-Ending Session::Drive(Attempt& attempt) {
-    while (!wishes_.cancelled) {
-        if (const auto ending = attempt.Step()) return *ending;
+Outcome Session::Drive(Attempt& attempt) {
+    while (!controls_.cancelled) {
+        if (const auto outcome = attempt.Step()) return *outcome;
         const bool starts = state_ != Playing && attempt.State() == Playing;
         state_ = attempt.State();
-        if (starts) Tell([this](RetrySchedule& retries) { retries.Forgive(url_); });
+        if (starts) UpdateRetries([this](RetrySchedule& retries) { retries.Forgive(url_); });
         ShowTitle(attempt.Source().Title());
         system_->Wait(PollInterval);
     }
-    return Ending::Cancelled;
+    return Outcome::Cancelled;
 }
 
 std::unique_ptr<ByteSource> Session::Open(const std::string& address) {
@@ -121,49 +122,50 @@ std::unique_ptr<ByteSource> Session::Open(const std::string& address) {
 }
 
 /// False if there is to be no next try.
-bool Session::AwaitNextTry(Ending ending) {
+bool Session::AwaitNextTry(Outcome outcome) {
     std::optional<milliseconds> next;
-    Tell([&](RetrySchedule& retries) { next = retries.NextTry(url_, ending, heard_, system_->Now()); });
-    if (next) WaitUntil(*next, ending == Ending::NoDevice ? Ready : Transitioning);
+    UpdateRetries(
+        [&](RetrySchedule& retries) { next = retries.NextTry(url_, outcome, played_, system_->Now()); });
+    if (next) WaitUntil(*next, outcome == Outcome::NoDevice ? Ready : Transitioning);
     return next.has_value();
 }
 
 /// Calls with the schedule, unless cancelled: it then belongs to the session that replaces this one.
 template <typename Call>
-void Session::Tell(Call call) {
+void Session::UpdateRetries(Call call) {
     const std::lock_guard lock(mutex_);
-    if (!wishes_.cancelled) call(*retries_);
+    if (!controls_.cancelled) call(*retries_);
 }
 
-/// Longer when a pause is on: nobody would hear what comes.
+/// Waits on while paused: nobody would hear the next try.
 void Session::WaitUntil(milliseconds moment, PlayState shown) {
     ShowTitle({});
     state_ = shown;
     is_waiting_ = true;
-    while (!wishes_.cancelled && (wishes_.paused || system_->Now() < moment)) system_->Wait(PollInterval);
+    while (!controls_.cancelled && (controls_.paused || system_->Now() < moment)) system_->Wait(PollInterval);
     is_waiting_ = false;
 }
 
 void Session::Cancel() {
     {
         const std::lock_guard lock(mutex_);
-        wishes_.cancelled = true;
+        controls_.cancelled = true;
     }
     system_->Wake();
 }
 
 void Session::Pause() {
-    wishes_.paused = true;
+    controls_.paused = true;
     system_->Wake();
 }
 
 void Session::Resume() {
-    wishes_.paused = false;
+    controls_.paused = false;
     system_->Wake();
 }
 
 void Session::SetVolume(int volume) {
-    wishes_.volume = volume;
+    controls_.volume = volume;
 }
 
 std::string Session::Title() const {

@@ -20,7 +20,7 @@ SessionPlayer::~SessionPlayer() {
 void SessionPlayer::SetUrl(const std::string& url) {
     if (url == url_ && session_ && session_->IsWaiting()) return Play();
     EndSession();
-    held_ = false;
+    wants_pause_ = false;
     url_ = url;
     idle_state_ = Stopped;
     if (!url_.empty()) Start();
@@ -33,7 +33,7 @@ void SessionPlayer::Reload() {
     retries_->Forgive(url_);
     if (is_stopped) return;
     Start();
-    if (held_) Pause();
+    if (wants_pause_) Pause();
 }
 
 void SessionPlayer::SetUserAgent(const std::string& user_agent) {
@@ -47,7 +47,7 @@ void SessionPlayer::Start() {
         run_(session);
         session_ = std::move(session);
     } catch (const std::system_error&) {
-        idle_state_ = Ready; // the system gives no more threads
+        idle_state_ = Ready; // no thread to run it on
     }
 }
 
@@ -64,7 +64,7 @@ PlayState SessionPlayer::State() {
 }
 
 void SessionPlayer::Play() {
-    held_ = false;
+    wants_pause_ = false;
     if (url_.empty()) return;
     if (!session_ || session_->HasEnded()) {
         Start();
@@ -75,7 +75,7 @@ void SessionPlayer::Play() {
 }
 
 void SessionPlayer::Pause() {
-    held_ = true;
+    wants_pause_ = true;
     if (!session_ || session_->HasEnded()) return;
     paused_ = true;
     session_->Pause();

@@ -13,24 +13,24 @@ namespace quillon {
 class RetrySchedule;
 class Session;
 
-/// The built-in player: streams and playlists over HTTP, and files. Each address is played by a session of its
-/// own; one that has been replaced is silent at once and ends when it can, however long the system keeps it.
+/// The built-in player: streams and playlists over HTTP, and files. Each address is played by its own session.
+/// A session that is replaced falls silent at once and ends in its own time, as system calls may hold it up.
 class SessionPlayer : public MediaPlayer, public LiveFeed {
   public:
     using MakeSystem = std::function<std::unique_ptr<PlayerSystem>()>;
     using RunSession = std::function<void(std::shared_ptr<Session>)>;
 
-    /// Servers are told "Quillon/" and `program_version` unless SetUserAgent says otherwise. `run` runs a
-    /// session at once without waiting for it; it raises std::system_error when it cannot.
+    /// The user agent is "Quillon/" and `program_version` unless SetUserAgent changes it. `run` starts a
+    /// session without waiting for it; it throws std::system_error if it cannot.
     SessionPlayer(const std::string& program_version, MakeSystem make_system, RunSession run);
 
-    /// Cancels what plays.
+    /// Cancels the current session.
     ~SessionPlayer() override;
 
     SessionPlayer(const SessionPlayer&) = delete;
     SessionPlayer& operator=(const SessionPlayer&) = delete;
 
-    /// The same address again leaves a wait for it as it is.
+    /// Setting the same address again does not shorten a wait for it.
     void SetUrl(const std::string& url) override;
 
     PlayState State() override;
@@ -54,7 +54,7 @@ class SessionPlayer : public MediaPlayer, public LiveFeed {
     int volume_ = 100;
     PlayState idle_state_ = Undefined; // while there is no session
     bool paused_ = false;
-    bool held_ = false; // pause was the last word, though there may have been nothing to pause
+    bool wants_pause_ = false; // paused last, though there may have been nothing to pause
     std::shared_ptr<Session> session_;
     const std::shared_ptr<RetrySchedule> retries_;
 };

@@ -8,17 +8,17 @@ namespace quillon {
 
 namespace {
 
-/// More than lies between two frames of any MP3 stream; what has no frame in so many bytes is something else.
-constexpr std::size_t MostSkipped = 65536;
+/// In bytes. Data without a frame for this long is not MP3.
+constexpr std::size_t LongestGap = 65536;
 
 } // namespace
 
 bool SoundReader::Feed(ByteView bytes, PcmQueue& queue) {
     if (kind_ == ContentKind::Unknown) {
-        first_bytes_.insert(first_bytes_.end(), bytes.begin(), bytes.end());
-        kind_ = KindOf(first_bytes_, expects_playlist_);
-        if (kind_ == ContentKind::Unknown) return first_bytes_.size() < MostSkipped;
-        bytes = first_bytes_;
+        preamble_.insert(preamble_.end(), bytes.begin(), bytes.end());
+        kind_ = KindOf(preamble_, expects_playlist_);
+        if (kind_ == ContentKind::Unknown) return preamble_.size() < LongestGap;
+        bytes = preamble_;
     }
     switch (kind_) {
     case ContentKind::Wav:
@@ -53,11 +53,11 @@ bool SoundReader::FeedMp3(ByteView bytes, PcmQueue& queue) {
         if (!DecodeFrame(*frame, samples)) return false;
         queue.Push({decoded_.sample_rate, decoded_.channels}, std::move(samples));
     }
-    return frames_.Skipped() < MostSkipped;
+    return frames_.Skipped() < LongestGap;
 }
 
 bool SoundReader::DecodeFrame(const Mp3Frame& frame, Samples& samples) {
-    if (!decoder_ || !frame.format.SoundsLike(decoded_)) {
+    if (!decoder_ || !frame.format.SharesDecoderWith(decoded_)) {
         decoder_.reset();
         decoder_ = system_.OpenMp3Decoder(frame.format);
         decoded_ = frame.format;

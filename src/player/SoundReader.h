@@ -10,23 +10,23 @@
 
 namespace quillon {
 
-/// Turns the bytes of a source into sound, as the kind of sound they hold demands. A playlist is collected.
+/// Detects what kind of data a source sends and decodes it, or collects it if it is a playlist.
 class SoundReader {
   public:
     explicit SoundReader(PlayerSystem& system)
         : system_(system),
           wav_([&system](const WaveFormat& format) { return system.OpenWaveDecoder(format); }) {}
 
-    /// Says beforehand that the bytes were announced as a playlist.
+    /// The bytes were announced as a playlist. To be called before Feed.
     void ExpectPlaylist() { expects_playlist_ = true; }
 
-    /// Takes bytes as they come and adds what they sound like to the queue. False when they are neither sound
-    /// that can be played nor a playlist.
+    /// Takes bytes as they arrive and appends the decoded sound to the queue. Returns false if they are neither
+    /// sound that can be played nor a playlist.
     bool Feed(ByteView bytes, PcmQueue& queue);
 
     bool IsPlaylist() const { return kind_ == ContentKind::Playlist; }
 
-    /// All bytes that came, when they are a playlist.
+    /// All bytes so far, if they are a playlist.
     const std::string& Playlist() const { return playlist_; }
 
     /// Whether any sound was found.
@@ -39,7 +39,7 @@ class SoundReader {
     bool DecodeFrame(const Mp3Frame& frame, Samples& samples);
 
     PlayerSystem& system_;
-    std::vector<std::uint8_t> first_bytes_; // until the kind is known
+    std::vector<std::uint8_t> preamble_; // until the kind is known
     ContentKind kind_ = ContentKind::Unknown;
     bool expects_playlist_ = false;
     bool has_found_sound_ = false;

@@ -7,7 +7,7 @@ namespace quillon {
 
 namespace {
 
-constexpr std::uint32_t MostFormatBytes = 1024; // more than any coding has
+constexpr std::uint32_t MostFormatBytes = 1024; // more than any coding needs
 
 std::uint32_t DoubleWord(ByteView bytes, std::size_t at) {
     std::uint32_t value = 0;
@@ -47,7 +47,7 @@ bool WavFile::TakePart() {
     return true;
 }
 
-/// Drops the part that was just read, and what is to be skipped behind it as far as it is there.
+/// Drops the part just read, and what is to be skipped after it as far as it has arrived.
 void WavFile::Expect(Part part, std::size_t bytes) {
     const auto present = static_cast<std::size_t>(std::min<std::uint64_t>(to_skip_, buffer_.size() - needed_));
     buffer_.erase(buffer_.begin(), buffer_.begin() + static_cast<std::ptrdiff_t>(needed_ + present));
@@ -96,7 +96,7 @@ bool WavFile::TakeData(Samples& samples) {
     }
     chunk_left_ -= whole.size();
     buffer_.erase(buffer_.begin(), buffer_.begin() + static_cast<std::ptrdiff_t>(whole.size()));
-    if (chunk_left_ < block) buffer_.clear(); // other chunks may follow; they are no sound
+    if (chunk_left_ < block) buffer_.clear(); // other chunks may follow; they hold no sound
     return true;
 }
 

@@ -6,20 +6,20 @@
 
 namespace quillon {
 
-/// Reads a RIFF/WAVE file whose bytes come in pieces of any size. Sizes inside the file are never believed
-/// beyond the bytes that really come.
+/// Reads a RIFF/WAVE file in pieces of any size. Sizes in the file are not trusted: no memory is reserved for
+/// bytes that have not arrived.
 class WavFile {
   public:
     using OpenDecoder = std::function<std::unique_ptr<SoundDecoder>(const WaveFormat& format)>;
 
-    /// Without `open` only linear samples are read.
+    /// Without `open` only linear PCM is read.
     explicit WavFile(OpenDecoder open = {}) : open_(std::move(open)) {}
 
-    /// Takes bytes and adds the whole samples that are complete to `samples`. False: it is no such file, or
-    /// holds sound that cannot be decoded.
+    /// Takes bytes as they arrive and appends the samples that are complete. Returns false if it is not such a
+    /// file, or its sound cannot be decoded.
     bool Feed(ByteView bytes, Samples& samples);
 
-    /// Known when the first samples come.
+    /// Valid once there are samples.
     const PcmFormat& Format() const { return format_.sound; }
 
   private:
@@ -34,11 +34,11 @@ class WavFile {
     OpenDecoder open_;
     std::vector<std::uint8_t> buffer_;
     Part part_ = Part::File;
-    std::size_t needed_ = 12;      // bytes of the part that is next
-    std::uint64_t to_skip_ = 0;    // bytes before it that say nothing
-    std::uint64_t chunk_left_ = 0; // bytes of the chunk behind what was read
+    std::size_t needed_ = 12;      // bytes of the next part
+    std::uint64_t to_skip_ = 0;    // bytes to skip before it
+    std::uint64_t chunk_left_ = 0; // bytes of the chunk still to be read
     WaveFormat format_;
-    std::unique_ptr<SoundDecoder> decoder_; // of sound that is not linear
+    std::unique_ptr<SoundDecoder> decoder_; // null for linear PCM
 };
 
 } // namespace quillon

@@ -12,10 +12,10 @@ constexpr unsigned MuLaw = 7;
 constexpr unsigned ImaAdpcm = 0x11;
 constexpr unsigned Gsm610 = 0x31;
 constexpr unsigned Mp3 = 0x55;
-constexpr unsigned Extensible = 0xFFFE; // the real coding then starts at byte 24
+constexpr unsigned Extensible = 0xFFFE; // the actual tag is then at byte 24
 
 constexpr std::size_t PlainBytes = 16;
-constexpr std::size_t HeaderBytes = 18; // with the count of the bytes behind it
+constexpr std::size_t HeaderBytes = 18; // with the number of extra bytes
 constexpr std::size_t ExtensibleBytes = 40;
 constexpr std::size_t Mp3ExtraBytes = 12;
 
@@ -28,7 +28,7 @@ void SetWord(std::vector<std::uint8_t>& bytes, std::size_t at, std::size_t value
     bytes[at + 1] = static_cast<std::uint8_t>(value >> 8U);
 }
 
-/// With as many bytes behind it as are there, and none behind what it says itself to have.
+/// A WAVEFORMATEX whose count of extra bytes is no more than it has.
 std::vector<std::uint8_t> Header(ByteView chunk, unsigned coding) {
     std::vector<std::uint8_t> header(chunk.begin(), chunk.end());
     header.resize(std::max(header.size(), HeaderBytes));
@@ -40,22 +40,22 @@ std::vector<std::uint8_t> Header(ByteView chunk, unsigned coding) {
     return header;
 }
 
-/// Whether a block, which starts with `lead_bytes` a channel that hold `lead_samples`, and goes on with a
-/// half-byte a sample, holds as many samples as the first word behind the header says.
-bool HoldsItsSamples(const WaveFormat& format, std::size_t lead_bytes, std::size_t lead_samples) {
+/// Whether an ADPCM block holds as many samples as the first word after the header says. A block starts with
+/// `lead_bytes` per channel, worth `lead_samples`; each sample after that takes four bits.
+bool BlockHoldsItsSamples(const WaveFormat& format, std::size_t lead_bytes, std::size_t lead_samples) {
     const std::size_t channels = format.sound.channels;
     if (format.bits != 4 || format.block_bytes <= lead_bytes * channels) return false;
     const std::size_t rest = format.block_bytes - lead_bytes * channels;
     return Word(format.header, HeaderBytes) == rest * 2 / channels + lead_samples;
 }
 
-/// Seven pairs of factors are the standard's own; blocks refer to them by number.
-bool HasFactors(const WaveFormat& format) {
+/// Blocks refer to coefficient pairs by number; the first seven are prescribed.
+bool HasCoefficients(const WaveFormat& format) {
     const std::size_t pairs = Word(format.header, HeaderBytes + 2);
     return pairs >= 7 && format.header.size() >= HeaderBytes + 4 + pairs * 4;
 }
 
-bool IsSound(const WaveFormat& format) {
+bool IsConsistent(const WaveFormat& format) {
     const std::size_t block = format.block_bytes;
     const unsigned channels = format.sound.channels;
     switch (format.coding) {
@@ -66,9 +66,9 @@ bool IsSound(const WaveFormat& format) {
     case MuLaw:
         return format.bits == 8 && block == channels;
     case MicrosoftAdpcm:
-        return HasFactors(format) && HoldsItsSamples(format, 7, 2);
+        return HasCoefficients(format) && BlockHoldsItsSamples(format, 7, 2);
     case ImaAdpcm:
-        return block % (4 * channels) == 0 && HoldsItsSamples(format, 4, 1);
+        return block % (4 * channels) == 0 && BlockHoldsItsSamples(format, 4, 1);
     case Gsm610:
         return channels == 1 && block == 65 && Word(format.header, HeaderBytes) == 320;
     case Mp3:
@@ -92,9 +92,9 @@ std::optional<WaveFormat> ReadWaveFormat(ByteView chunk) {
     format.header = Header(chunk, format.coding);
     const bool fits = (format.sound.channels == 1 || format.sound.channels == 2) &&
                       format.sound.sample_rate >= 1000 && format.sound.sample_rate <= 192000 &&
-                      format.block_bytes > 0 && IsSound(format);
+                      format.block_bytes > 0 && IsConsistent(format);
     if (!fits) return {};
-    if (format.coding == Mp3) format.block_bytes = 1; // what files say there is no unit of it
+    if (format.coding == Mp3) format.block_bytes = 1; // the size in the file is not a unit of decoding
     return format;
 }
 

@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// The player's published states; the user sees them as texts in the status bar.
+/// The player's states; the status bar shows them as texts.
 enum PlayState : int {
     Undefined = 0,
     Stopped = 1,
@@ -12,11 +12,11 @@ enum PlayState : int {
     Playing = 3,
     ScanForward = 4,
     ScanReverse = 5,
-    Buffering = 6, ///< connected, sound not ready yet
+    Buffering = 6, ///< connected, but not enough sound yet
     Waiting = 7,
     MediaEnded = 8,
     Transitioning = 9, ///< connecting
-    Ready = 10,        ///< given up for good, or no sound device
+    Ready = 10,        ///< given up, or no sound device
     Reconnecting = 11,
 };
 
@@ -38,7 +38,7 @@ class MediaPlayer {
     /// Silence at once; a file keeps its position, a live stream resumes live.
     virtual void Pause() = 0;
 
-    /// Silence at once; the address is kept.
+    /// Stops at once, keeping the address.
     virtual void Stop() = 0;
 
     /// Volume of this program's own sound; clamped to 0 to 100.

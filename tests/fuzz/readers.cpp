@@ -113,13 +113,13 @@ void Replies(Bytes bytes) {
 void HttpAnswer(Bytes bytes) {
     const auto [address, ending, title, body] = HoweverCut([&](std::size_t length) {
         World world;
-        world.servers["/a"] = {std::string(bytes), Supply::End, length};
+        world.servers["/a"] = {std::string(bytes), IoStatus::EndOfStream, length};
         FakeSystem system(world);
         HttpStream stream({"h", 80, "/a"}, "1", system);
         std::string all, room(700, '\0');
-        Got got = stream.Read(Raw(room)); // has not connected yet
-        while ((got = stream.Read(Raw(room))).supply == Supply::Bytes) all.append(room, 0, got.count);
-        return std::tuple(stream.Address(), got.supply, stream.Title(), all);
+        IoResult got = stream.Read(Raw(room)); // has not connected yet
+        while ((got = stream.Read(Raw(room))).status == IoStatus::Ok) all.append(room, 0, got.count);
+        return std::tuple(stream.Address(), got.status, stream.Title(), all);
     });
     const auto parsed = ParseAddress(address);
     Require(parsed && AddressText(*parsed) == address, "a redirect leads to an address");

@@ -17,19 +17,19 @@ namespace quillon {
 using namespace std::chrono_literals;
 using std::chrono::milliseconds;
 
-// A scripted server, a fake clock and a fake sound device for the player's tests.
+// A scripted server, a fake clock and a fake sound device.
 
-/// What a server sends for a path, and what it does afterwards.
+/// What a server sends for a path, and what it does after that.
 struct Script {
     std::string bytes;
-    Supply then = Supply::NothingYet; // Bytes: sound as it is made, without end
-    std::size_t piece = 1000;         // the most that one Read gives
+    IoStatus then = IoStatus::WouldBlock; // Ok: live sound without end
+    std::size_t piece = 1000;             // most bytes for one Read
     milliseconds between_bytes{0};
 };
 
 enum class Fault { Stuck, Refuses, Swallows };
 
-/// The world around the player, its clock, and what was heard.
+/// The outside world, its clock, and what was heard.
 struct World {
     std::map<std::string, Script> servers; // by path
     bool has_codec = true;
@@ -42,46 +42,46 @@ struct World {
     std::multimap<milliseconds, std::function<void(Session&)>> events;
 
     milliseconds now{0};
-    std::string states; // the session's, each change
+    std::string states; // the session's, at each change
     std::string opened; // formats the device was opened with
     milliseconds heard{0};
     std::set<int> levels;                                    // samples heard
-    std::vector<std::pair<milliseconds, std::string>> asked; // when, and for what
-    std::set<std::string> agents;                            // user agents of the requests
+    std::vector<std::pair<milliseconds, std::string>> asked; // when, and for which path
+    std::set<std::string> agents;                            // user agents that it was asked with
     std::shared_ptr<RetrySchedule> retries = std::make_shared<RetrySchedule>();
     std::shared_ptr<Session> session; // the one that runs
     std::function<bool()> audible = [] { return false; };
-    std::shared_ptr<int> online = std::make_shared<int>(); // shared by the connections
+    std::shared_ptr<int> online = std::make_shared<int>(); // shared by the open connections
 };
 
 class FakeConnection : public Connection {
   public:
     explicit FakeConnection(World& world) : world_(world) {}
 
-    Got Write(std::string_view bytes) override {
-        if (!std::exchange(accepted_, true)) return {Supply::Connecting};
+    IoResult Write(std::string_view bytes) override {
+        if (!std::exchange(accepted_, true)) return {IoStatus::Connecting};
         const std::string path(bytes.substr(4, bytes.find(" HTTP") - 4));
         left_ = world_.servers[path];
         world_.asked.emplace_back(world_.now, path);
         const std::size_t agent = bytes.find("User-Agent: ") + 12;
         world_.agents.emplace(bytes.substr(agent, bytes.find("\r\n", agent) - agent));
-        return {Supply::Bytes, bytes.size()};
+        return {IoStatus::Ok, bytes.size()};
     }
-    Got Read(std::span<std::uint8_t> room) override {
+    IoResult Read(std::span<std::uint8_t> room) override {
         if (left_.between_bytes > 0ms) {
-            if (world_.now < next_byte_) return {Supply::NothingYet};
+            if (world_.now < next_byte_) return {IoStatus::WouldBlock};
             next_byte_ = world_.now + left_.between_bytes;
             room = room.first(1);
         }
-        if (left_.then == Supply::Bytes && left_.bytes.empty()) {
+        if (left_.then == IoStatus::Ok && left_.bytes.empty()) {
             left_.bytes = Frames(1);
-            return {Supply::NothingYet};
+            return {IoStatus::WouldBlock};
         }
         if (left_.bytes.empty()) return {left_.then};
         const std::size_t count = std::min({room.size(), left_.bytes.size(), left_.piece});
         std::copy_n(left_.bytes.begin(), count, room.begin());
         left_.bytes.erase(0, count);
-        return {Supply::Bytes, count};
+        return {IoStatus::Ok, count};
     }
 
   private:
@@ -92,7 +92,7 @@ class FakeConnection : public Connection {
     std::shared_ptr<int> online_ = world_.online;
 };
 
-/// Every sample of a frame comes out as 1000.
+/// Decodes every sample as 1000.
 class FakeDecoder : public SoundDecoder {
   public:
     bool Decode(ByteView frame, Samples& samples) override {
@@ -105,7 +105,7 @@ class FakeDecoder : public SoundDecoder {
 class FakeOutput : public SoundOutput {
   public:
     FakeOutput(World& world, PcmFormat format) : world_(world), format_(format), opened_(world.now) {
-        world_.audible = [this] { return !held_ && !IsIdle(); };
+        world_.audible = [this] { return !paused_ && !IsIdle(); };
     }
     ~FakeOutput() override {
         world_.heard -= Left();
@@ -123,10 +123,10 @@ class FakeOutput : public SoundOutput {
         world_.levels.insert(samples.begin(), samples.end());
         return true;
     }
-    void Hold(bool held) override {
+    void SetPaused(bool paused) override {
         const milliseconds left = Left();
-        held_ = held;
-        if (held) held_left_ = left;
+        paused_ = paused;
+        if (paused) paused_left_ = left;
         end_ = world_.now + left;
     }
 
@@ -137,14 +137,14 @@ class FakeOutput : public SoundOutput {
     milliseconds Now() const {
         return IsFaulty(Fault::Stuck) ? std::max(world_.fault_from, opened_) : world_.now;
     }
-    milliseconds Left() const { return held_ ? held_left_ : std::max(end_ - Now(), milliseconds(0)); }
+    milliseconds Left() const { return paused_ ? paused_left_ : std::max(end_ - Now(), milliseconds(0)); }
 
     World& world_;
     PcmFormat format_;
     milliseconds opened_;
     milliseconds end_{0};
-    milliseconds held_left_{0};
-    bool held_ = false;
+    milliseconds paused_left_{0};
+    bool paused_ = false;
 };
 
 class FakeSystem : public PlayerSystem {

@@ -28,14 +28,14 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
     Write("a.WAV", "");
     Write("list.wpl", "<smil><media src=\"http://nobody/\"/><media src=\"http://h/good\"/></smil>");
     World world;
-    world.servers = {{"/good", {Ok, Supply::Bytes}},
+    world.servers = {{"/good", {Ok, IoStatus::Ok}},
                      {"/moved", {"HTTP/1.0 302 x\r\nLocation: good\r\n\r\n"}},
                      {"/loop", {"HTTP/1.0 302 x\r\nLocation: loop\r\n\r\n"}},
                      {"/page", {"HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n"}},
                      {"/aac", {Ok + std::string(70000, 'x')}},
                      {"/quiet", {Ok}},
-                     {"/list.m3u", {Ok + "#EXTM3U\nhttp://nobody/\nmoved\n", Supply::End}},
-                     {"/self.m3u", {Ok + "#EXTM3U\nself.m3u\n", Supply::End}}};
+                     {"/list.m3u", {Ok + "#EXTM3U\nhttp://nobody/\nmoved\n", IoStatus::EndOfStream}},
+                     {"/self.m3u", {Ok + "#EXTM3U\nself.m3u\n", IoStatus::EndOfStream}}};
     const std::tuple<std::string, Finding, const char*> rows[] = {
         {"http://h/moved", Finding::Redirects, "Redirected to http://h/good"},
         {"http://h/loop", Finding::Fails, "Redirects in circles"},

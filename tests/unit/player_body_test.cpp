@@ -1,4 +1,4 @@
-// What servers wrap around the sound, and when they are asked again.
+// What servers wrap around the audio, and when they are asked again.
 #include "player/ChunkedBody.h"
 #include "player/IcyDemuxer.h"
 #include "player/RetrySchedule.h"
@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// What is left of the bytes when they come in pieces of `step`.
+/// What the filter keeps of the bytes when they come in pieces of `step`.
 template <typename Filter>
 std::string Stripped(Filter& filter, std::string bytes, std::size_t step) {
     std::string kept;
@@ -27,7 +27,7 @@ TEST(ChunkedBody, IsUnwrapped) {
     struct Row {
         std::string bytes;
         const char* body;
-        char then; // E: ended, M: malformed, -: goes on
+        char then; // E: ended, M: malformed, -: unfinished
     };
     const Row rows[] = {
         {"3\r\nabc\r\n0A\r\n0123456789\r\n0\r\nTrailer: x\r\n\r\n", "abc0123456789", 'E'},
@@ -49,20 +49,20 @@ TEST(ChunkedBody, IsUnwrapped) {
     }
 }
 
-std::string Announcement(std::string text) {
+std::string Metadata(std::string text) {
     text.resize((text.size() + 15) / 16 * 16);
     return static_cast<char>(text.size() / 16) + text;
 }
 
-TEST(IcyDemuxer, TakesAnnouncementsOutOfTheSound) {
+TEST(IcyDemuxer, StripsMetadata) {
     const std::string longest = "StreamTitle='" + std::string(255 * 16 - 15, 'x') + "';";
-    const std::string bytes = "abcde" + Announcement("StreamTitle='Tower';StreamUrl='';") + "fghij" +
-                              Announcement("") + "klmno" + Announcement("StreamUrl='x';") + "pqrst";
+    const std::string bytes = "abcde" + Metadata("StreamTitle='Tower';StreamUrl='';") + "fghij" + Metadata("") +
+                              "klmno" + Metadata("StreamUrl='x';") + "pqrst";
     for (const std::size_t step : {1U, 3U, 16U, 10000U}) {
         IcyDemuxer demuxer(5);
         EXPECT_EQ(Stripped(demuxer, bytes, step), "abcdefghijklmnopqrst") << step;
         EXPECT_EQ(demuxer.Title(), "Tower");
-        EXPECT_EQ(Stripped(demuxer, Announcement(longest) + "uv", step), "uv");
+        EXPECT_EQ(Stripped(demuxer, Metadata(longest) + "uv", step), "uv");
         EXPECT_EQ(demuxer.Title(), std::string(120, 'x'));
     }
 }
@@ -84,10 +84,10 @@ TEST(IcyDemuxer, ReadsTitles) {
 }
 
 /// The waits after failures in a row, as "waits in whole steps of the schedule"; "x" when it gives up.
-std::string Waits(RetrySchedule& retries, Ending ending, int count, std::chrono::milliseconds heard = {}) {
+std::string Waits(RetrySchedule& retries, Outcome outcome, int count, std::chrono::milliseconds played = {}) {
     std::string text;
     for (; count > 0; --count) {
-        const auto next = retries.NextTry("u", ending, heard, 1h);
+        const auto next = retries.NextTry("u", outcome, played, 1h);
         std::string shown = "x";
         for (const int round : {1, 2, 4, 8, 15, 30})
             if (next && *next - 1h >= round * 800ms && *next - 1h <= round * 1200ms)
@@ -102,27 +102,27 @@ TEST(RetrySchedule, WaitsLongerEachTimeUntilThereWasSound) {
     for (int seed = 0; seed < 50; ++seed) {
         RetrySchedule retries;
         retries.Begin("u", seed * 1s);
-        EXPECT_EQ(Waits(retries, Ending::Dropped, 8), "1 2 4 8 15 30 30 30 ");
-        EXPECT_EQ(Waits(retries, Ending::Dropped, 1, 29s), "30 ");
-        EXPECT_EQ(Waits(retries, Ending::Dropped, 3, 30s), "1 1 1 ");
+        EXPECT_EQ(Waits(retries, Outcome::Dropped, 8), "1 2 4 8 15 30 30 30 ");
+        EXPECT_EQ(Waits(retries, Outcome::Dropped, 1, 29s), "30 ");
+        EXPECT_EQ(Waits(retries, Outcome::Dropped, 3, 30s), "1 1 1 ");
         retries.Begin("u", seed * 1s);
-        first.insert(*retries.NextTry("u", Ending::Dropped, 0s, 0s));
+        first.insert(*retries.NextTry("u", Outcome::Dropped, 0s, 0s));
     }
     EXPECT_GT(first.size(), 25U) << "listeners come back one by one";
 }
 
 TEST(RetrySchedule, GivesUpWhatIsRefusedOrThreeTimesNoSound) {
     RetrySchedule retries;
-    EXPECT_EQ(Waits(retries, Ending::NotAudio, 3), "1 2 x ");
+    EXPECT_EQ(Waits(retries, Outcome::NotAudio, 3), "1 2 x ");
     EXPECT_EQ(retries.NotBefore("u"), 1h + 60s);
     retries.Begin("u", 1h + 59s);
     EXPECT_EQ(retries.NotBefore("u"), 1h + 60s) << "whoever plays it next";
-    EXPECT_EQ(Waits(retries, Ending::Refused, 1), "x ");
+    EXPECT_EQ(Waits(retries, Outcome::Refused, 1), "x ");
     retries.Begin("v", 2h);
-    EXPECT_EQ(Waits(retries, Ending::NotAudio, 2), "1 2 ");
-    EXPECT_EQ(Waits(retries, Ending::Dropped, 1), "4 ");
-    EXPECT_EQ(Waits(retries, Ending::NotAudio, 2), "8 15 ");
-    EXPECT_EQ(Waits(retries, Ending::NotAudio, 3, 31s), "1 1 1 ");
+    EXPECT_EQ(Waits(retries, Outcome::NotAudio, 2), "1 2 ");
+    EXPECT_EQ(Waits(retries, Outcome::Dropped, 1), "4 ");
+    EXPECT_EQ(Waits(retries, Outcome::NotAudio, 2), "8 15 ");
+    EXPECT_EQ(Waits(retries, Outcome::NotAudio, 3, 31s), "1 1 1 ");
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// The player under the program's cycles, which set and play the same address again and again.
+// The player under the program's cycles, which keep setting and playing the same address.
 #include "FakePlayerSystem.h"
 #include "player/SessionPlayer.h"
 
@@ -9,14 +9,14 @@ using namespace quillon;
 
 namespace {
 
-/// A player whose sessions run one after the other on the world's clock.
+/// A player whose sessions run one after another on the world's clock.
 class PlayerInWorld {
   public:
     World world;
     SessionPlayer player{"1.0", [this] { return std::make_unique<FakeSystem>(world); },
                          [this](std::shared_ptr<Session> session) { sessions_.push_back(std::move(session)); }};
 
-    /// What the player is told at that moment.
+    /// Schedules what the player is told.
     void At(milliseconds when, std::function<void()> told) {
         world.events.emplace(when, [told = std::move(told)](Session&) { told(); });
     }
@@ -26,7 +26,7 @@ class PlayerInWorld {
         for (; from <= to; from += 1s) At(from, told);
     }
 
-    /// Lets time pass until then.
+    /// Runs the sessions until then.
     void RunTo(milliseconds end) {
         At(end, [this] { player.Stop(); });
         while (world.now < end) {
@@ -66,7 +66,7 @@ std::function<void()> Cycle(PlayerInWorld& in) {
     };
 }
 
-TEST(Player, AsksAGivenUpAddressOnceAMinuteHoweverOftenItIsTold) {
+TEST(Player, RequestsAGivenUpAddressOnceAMinuteAtMost) {
     const std::pair<const char*, std::function<void(PlayerInWorld&)>> rows[] = {
         {"cycle", [](PlayerInWorld& in) { Cycle(in)(); }},
         {"play", [](PlayerInWorld& in) { in.player.Play(); }},
@@ -93,7 +93,7 @@ TEST(Player, AsksAGivenUpAddressOnceAMinuteHoweverOftenItIsTold) {
     }
 }
 
-TEST(Player, IsPatientWithAGivenUpAddressUntilItSounds) {
+TEST(Player, LimitsRequestsToAGivenUpAddressUntilItPlays) {
     PlayerInWorld in;
     in.world.servers["/a"] = Unauthorised;
     const auto start_anew = [&in] {
@@ -105,9 +105,9 @@ TEST(Player, IsPatientWithAGivenUpAddressUntilItSounds) {
     in.EverySecond(1s, 119s, start_anew);
     in.At(119s, [&in] {
         EXPECT_EQ(in.Asked(), 2U);
-        in.world.servers["/a"] = {Ok, Supply::Bytes};
+        in.world.servers["/a"] = {Ok, IoStatus::Ok};
     });
-    in.At(130s, start_anew); // an address that sounds is no longer given up
+    in.At(130s, start_anew); // it has played, so it is no longer given up
     in.At(131s, [&in] { EXPECT_EQ(in.player.State(), Playing); });
     in.RunTo(132s);
     EXPECT_EQ(in.Asked(), 4U);
@@ -133,8 +133,8 @@ TEST(Player, ReloadsAtOnce) {
     EXPECT_EQ(in.Asked(), 2U);
 }
 
-TEST(Player, ReloadsSilentlyWhatIsSilent) {
-    const Script sounds{Ok, Supply::Bytes};
+TEST(Player, StaysSilentWhenReloadedWhilePausedOrStopped) {
+    const Script sounds{Ok, IoStatus::Ok};
     for (const Script& script : {sounds, Unauthorised}) {
         PlayerInWorld in;
         in.world.servers["/a"] = script;
@@ -162,7 +162,7 @@ TEST(Player, ReloadsSilentlyWhatIsSilent) {
 
 TEST(Player, KeepsVolumeAndNameFromFeedToFeed) {
     PlayerInWorld in;
-    in.world.servers["/a"] = in.world.servers["/b"] = {Ok, Supply::Bytes};
+    in.world.servers["/a"] = in.world.servers["/b"] = {Ok, IoStatus::Ok};
     in.player.SetVolume(50);
     in.player.SetUrl(Url);
     in.At(1s, [&in] {
@@ -175,7 +175,7 @@ TEST(Player, KeepsVolumeAndNameFromFeedToFeed) {
     EXPECT_EQ(in.world.agents, (std::set<std::string>{"Quillon/1.0", "me (at home)"}));
 }
 
-TEST(Player, KeepsItsWaitWhenItIsToldTheSameAgain) {
+TEST(Player, KeepsItsWaitWhenToldTheSameAgain) {
     PlayerInWorld in;
     in.world.servers["/a"] = NotFound;
     in.player.SetUrl(Url);
@@ -213,7 +213,7 @@ TEST(Player, ObeysAtOnceWhileItConnectsAndWaits) {
     }
 }
 
-TEST(Player, WithoutADeviceIsNotAskedEverySecond) {
+TEST(Player, WithoutADeviceDoesNotAskEverySecond) {
     PlayerInWorld in;
     in.world.servers["/a"] = {Ok + Frames(3000)};
     in.world.devices = 0;

@@ -1,4 +1,4 @@
-// Where a stream is asked for, and how its server's answer is read.
+// Addresses, requests and the head of a server's reply.
 #include "player/Address.h"
 #include "player/HttpReply.h"
 
@@ -62,7 +62,7 @@ TEST(Address, FollowsALocation) {
         EXPECT_EQ(Shown(ResolveLocation(from, location)), shown) << location;
 }
 
-TEST(Address, KeepsItsSchemeBesideTheRoadAndReadsBackTheSame) {
+TEST(Address, KeepsItsSchemeAndReadsBackTheSame) {
     const StreamAddress from{"h", 443, "/a", true};
     EXPECT_EQ(Shown(ResolveLocation(from, "//other.example/b")), "secure other.example 443 /b");
     EXPECT_EQ(Shown(ResolveLocation(from, "b")), "secure h 443 /b");
@@ -123,7 +123,7 @@ TEST(HttpReply, IsReadInPiecesOfAnySize) {
     }
 }
 
-TEST(HttpReply, RefusesWhatIsNoReply) {
+TEST(HttpReply, RejectsAnythingElse) {
     const std::string endless = "HTTP/1.0 200 OK\r\n" + std::string(HttpReply::MaximumHead, 'x');
     std::string many = "HTTP/1.0 200 OK\r\n";
     while (many.size() < HttpReply::MaximumHead) many += "X: y\r\n";

@@ -1,4 +1,4 @@
-// Playlists: which text is one, what it lists, and where its entries lead.
+// Playlists: what is one, what it lists, and where its entries lead.
 #include "player/ContentKind.h"
 #include "player/Playlists.h"
 
@@ -14,7 +14,7 @@ std::string Joined(const Entries& entries) {
     return text;
 }
 
-TEST(Playlists, AreReadByContentAndElseByName) {
+TEST(Playlists, AreReadByContentOrElseByName) {
     struct Row {
         const char* rule;
         std::string text;
@@ -53,7 +53,7 @@ TEST(Playlists, AreReadByContentAndElseByName) {
     for (const Row& row : rows) EXPECT_EQ(Joined(ReadPlaylist(row.text, row.name)), row.entries) << row.rule;
 }
 
-TEST(Playlists, EntriesLeadFromWhereTheyStand) {
+TEST(Playlists, EntriesAreResolved) {
     struct Row {
         const char* from;
         const char* entry;
@@ -79,12 +79,12 @@ TEST(Playlists, EntriesLeadFromWhereTheyStand) {
         EXPECT_EQ(ResolveEntry(row.from, row.entry).value_or("none"), row.address) << row.entry;
 }
 
-TEST(ContentKind, IsToldByTheFirstBytesAndThePromise) {
+TEST(ContentKind, IsDetectedByFirstBytesAndAnnouncement) {
     using enum ContentKind;
     struct Row {
         std::string bytes;
-        ContentKind unpromised;
-        ContentKind promised;
+        ContentKind unannounced;
+        ContentKind announced;
     };
     const Row rows[] = {
         {"\xFF\xFB\x90\x40", Mp3, Mp3},
@@ -100,8 +100,8 @@ TEST(ContentKind, IsToldByTheFirstBytesAndThePromise) {
     };
     for (const Row& row : rows) {
         const ByteView bytes(reinterpret_cast<const std::uint8_t*>(row.bytes.data()), row.bytes.size());
-        EXPECT_EQ(KindOf(bytes, false), row.unpromised) << row.bytes;
-        EXPECT_EQ(KindOf(bytes, true), row.promised) << row.bytes;
+        EXPECT_EQ(KindOf(bytes, false), row.unannounced) << row.bytes;
+        EXPECT_EQ(KindOf(bytes, true), row.announced) << row.bytes;
     }
     EXPECT_TRUE(AnnouncesPlaylist("", "C:\\Lists\\A.WPL"));
     EXPECT_TRUE(AnnouncesPlaylist("text/plain", "/listen.pls?id=1"));

@@ -1,4 +1,4 @@
-// One playing of one address, on a scripted server, a fake clock and a fake sound device.
+// A session on a scripted server, a fake clock and a fake sound device.
 #include "FakePlayerSystem.h"
 #include "TempFolder.h"
 
@@ -8,7 +8,7 @@ using namespace quillon;
 
 namespace {
 
-/// Runs a session to its end, for 20 minutes at most; without an end in the world, only its first attempt.
+/// Runs a session until the world says so, by default to the end of its first try, and for 20 minutes at most.
 void RunSession(World& world, const std::string& url) {
     if (!world.over) world.over = [](const World& w) { return w.session->IsWaiting(); };
     world.events.emplace(20min, [](Session& session) { session.Cancel(); });
@@ -31,7 +31,7 @@ std::string WithTitles(std::string sound, std::size_t interval) {
     return sound;
 }
 
-TEST(Session, TellsHowAStreamFares) {
+TEST(Session, ShowsStatesAndPlaysWhatComes) {
     const std::string ok_with_length =
         "ICY 200 OK\nContent-Length:" + std::to_string(Frames(100).size()) + "\n\n";
     struct Row {
@@ -42,18 +42,18 @@ TEST(Session, TellsHowAStreamFares) {
     };
     const Row rows[] = {
         {"plays, then stalls", {Ok + Frames(100)}, "9 3 6 9 1", 100},
-        {"plays, then drops", {Ok + Frames(100), Supply::End}, "9 3 9 1", 100},
-        {"plays, then is reset", {Ok + Frames(100), Supply::Failed}, "9 3 9 1", 100},
+        {"plays, then drops", {Ok + Frames(100), IoStatus::EndOfStream}, "9 3 9 1", 100},
+        {"plays, then is reset", {Ok + Frames(100), IoStatus::Failed}, "9 3 9 1", 100},
         {"a file of known length", {ok_with_length + Frames(150)}, "9 3 8 1", 100},
-        {"a file cut short", {ok_with_length + Frames(50), Supply::End}, "9 3 9 1", 50},
+        {"a file cut short", {ok_with_length + Frames(50), IoStatus::EndOfStream}, "9 3 9 1", 50},
         {"too little to start", {Ok + Frames(3)}, "9 6 9 1", 0},
-        {"ends before the lead is full", {Ok + Frames(3), Supply::End}, "9 3 9 1", 3},
+        {"ends before the lead is full", {Ok + Frames(3), IoStatus::EndOfStream}, "9 3 9 1", 3},
         {"drips", {.bytes = Ok + Frames(100), .between_bytes = 400ms}, "9 6 9 1", 0},
-        {"no body", {Ok, Supply::End}, "9 1", 0},
+        {"no body", {Ok, IoStatus::EndOfStream}, "9 1", 0},
         {"says nothing", {""}, "9 1", 0},
-        {"closes at once", {"", Supply::End}, "9 1", 0},
+        {"closes at once", {"", IoStatus::EndOfStream}, "9 1", 0},
         {"garbage in the middle",
-         {Ok + Frames(50) + std::string(5000, 'x') + Frames(50), Supply::End},
+         {Ok + Frames(50) + std::string(5000, 'x') + Frames(50), IoStatus::EndOfStream},
          "9 3 9 1",
          100},
         {"a chunk", // of 41700 bytes
@@ -75,7 +75,7 @@ TEST(Session, TellsHowAStreamFares) {
 TEST(Session, FollowsEightRedirectsAndNoMore) {
     World world;
     world.servers["/a"] = {"HTTP/1.1 301 Moved\r\nLocation: /b\r\n\r\n"};
-    world.servers["/b"] = {Ok + Frames(10), Supply::End};
+    world.servers["/b"] = {Ok + Frames(10), IoStatus::EndOfStream};
     RunSession(world, "http://h/a");
     EXPECT_GT(world.heard, 200ms);
 
@@ -86,7 +86,7 @@ TEST(Session, FollowsEightRedirectsAndNoMore) {
     EXPECT_EQ(loop.asked.size(), 9U);
 }
 
-TEST(Session, SaysSoWhenTheSystemCannotPlay) {
+TEST(Session, IsReadyWhenNothingCanBePlayed) {
     World no_codec;
     no_codec.servers["/a"] = {Ok + Frames(1000)};
     no_codec.has_codec = false;
@@ -105,7 +105,7 @@ TEST(Session, SaysSoWhenTheSystemCannotPlay) {
 
 TEST(Session, OpensTheDeviceAnewForAnotherFormat) {
     World world;
-    world.servers["/a"] = {Ok + Frames(20) + SlowFrames(20) + Frames(20), Supply::End};
+    world.servers["/a"] = {Ok + Frames(20) + SlowFrames(20) + Frames(20), IoStatus::EndOfStream};
     RunSession(world, "http://h/a");
     EXPECT_EQ(world.opened, "44100/2 22050/1 44100/2 ");
     EXPECT_NEAR(static_cast<double>(world.heard.count()), 60 * 26.12, 60);
@@ -122,7 +122,7 @@ TEST(Session, CancelledIsSilent) {
 
 TEST(Session, ScalesItsSound) {
     World world;
-    world.servers["/a"] = {Ok + Frames(100), Supply::End};
+    world.servers["/a"] = {Ok + Frames(100), IoStatus::EndOfStream};
     world.events.emplace(500ms, [](Session& session) { session.SetVolume(25); });
     world.events.emplace(1s, [](Session& session) { session.SetVolume(0); });
     RunSession(world, "http://h/a");
@@ -137,9 +137,9 @@ void AddPause(World& world) {
     world.events.emplace(5100ms, [&world](Session&) { EXPECT_TRUE(world.audible()); });
 }
 
-TEST(Session, AfterAPauseALiveStreamGoesOnAtThePresent) {
+TEST(Session, ALiveStreamResumesAtThePresent) {
     World world;
-    world.servers["/a"] = {Ok + Frames(400), Supply::NothingYet};
+    world.servers["/a"] = {Ok + Frames(400), IoStatus::WouldBlock};
     AddPause(world);
     milliseconds heard_in_pause{0};
     world.events.emplace(600ms, [&](Session&) { heard_in_pause = world.heard; });
@@ -172,7 +172,7 @@ TEST_F(SessionOnFiles, PlayToTheirEndAndKeepTheirPlaceInAPause) {
 
 TEST(Session, ShowsTheTitleWhileItPlays) {
     World world;
-    world.servers["/a"] = {IcyHead + WithTitles(Frames(100), 1234), Supply::End};
+    world.servers["/a"] = {IcyHead + WithTitles(Frames(100), 1234), IoStatus::EndOfStream};
     std::set<std::string> titles;
     for (int second = 0; second < 5; ++second)
         world.events.emplace(second * 1s, [&](Session& session) { titles.insert(session.Title()); });
@@ -182,7 +182,7 @@ TEST(Session, ShowsTheTitleWhileItPlays) {
     EXPECT_EQ(world.session->Title(), "");
 }
 
-/// Whole seconds between the requests for the address itself.
+/// Seconds between requests for a path.
 std::string Gaps(const World& world, const std::string& path) {
     std::string text;
     milliseconds before{0};
@@ -198,7 +198,9 @@ TEST(Session, AsksAgainFromTheFirstAddressAfterGrowingWaits) {
     World world;
     world.servers["/a"] = {"HTTP/1.1 302 Found\r\nLocation: /b\r\n\r\n"};
     world.servers["/b"] = {"HTTP/1.1 404 Not Found\r\n\r\n"};
-    world.events.emplace(12s, [&](Session&) { world.servers["/b"] = {Ok + Frames(1200), Supply::End}; });
+    world.events.emplace(12s, [&](Session&) {
+        world.servers["/b"] = {Ok + Frames(1200), IoStatus::EndOfStream};
+    });
     world.over = After(52s);
     RunSession(world, "http://h/a");
     EXPECT_EQ(world.states, "9 3 9 3 1") << "31 s of sound, a short wait, and sound again";
@@ -208,16 +210,16 @@ TEST(Session, AsksAgainFromTheFirstAddressAfterGrowingWaits) {
     EXPECT_EQ(world.asked[world.asked.size() - 2].second, "/a");
 }
 
-TEST(Session, GivesUpForGoodOnlyWithReason) {
+TEST(Session, GivesUpOnlyWithReason) {
     const std::tuple<const char*, Script, std::size_t> rows[] = {
         {"unauthorised", {"HTTP/1.0 401 No\r\n\r\n"}, 1},
         {"gone", {"HTTP/1.0 410 Gone\r\n\r\n"}, 1},
-        {"not who it should be", {"", Supply::Refused}, 1},
+        {"not who it should be", {"", IoStatus::Refused}, 1},
         {"web page", {"HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n<html>"}, 3},
-        {"unannounced web page", {Ok + "<!DOCTYPE html><p>Hello", Supply::End}, 3},
-        {"noise", {Ok + std::string(9000, 'x'), Supply::End}, 3},
+        {"unannounced web page", {Ok + "<!DOCTYPE html><p>Hello", IoStatus::EndOfStream}, 3},
+        {"noise", {Ok + std::string(9000, 'x'), IoStatus::EndOfStream}, 3},
         {"empty playlist",
-         {"HTTP/1.0 200 OK\r\nContent-Type: audio/x-scpls\r\n\r\n[playlist]\n", Supply::End},
+         {"HTTP/1.0 200 OK\r\nContent-Type: audio/x-scpls\r\n\r\n[playlist]\n", IoStatus::EndOfStream},
          3},
         {"endless playlist", {Ok + "#EXTM3U\n" + std::string(300000, 'x')}, 3},
     };
@@ -244,7 +246,7 @@ TEST(Session, ComesBackWhenADeviceAppears) {
     EXPECT_EQ(Gaps(world, "/a"), "0 5 5 5 ");
 }
 
-TEST(Session, CancelledInItsWaitLeavesTheMomentAsItWas) {
+TEST(Session, CancelledInACoolDownDoesNotProlongIt) {
     World world;
     world.retries->GiveUp("http://h/a", 0s);
     world.over = After(5s);
@@ -254,7 +256,7 @@ TEST(Session, CancelledInItsWaitLeavesTheMomentAsItWas) {
 }
 
 TEST(Session, MovesToAnotherDeviceWhenItsOwnFails) {
-    // From 1 s on, until devices are good again; how many are opened, how long it is silent at most.
+    // The fault from 1 s on, when devices are good again, states, devices opened, longest silence.
     const std::tuple<Fault, milliseconds, const char*, int, milliseconds> rows[] = {
         {Fault::Stuck, 1s, "9 6 3 1", 2, 2200ms},
         {Fault::Refuses, 1s, "9 6 3 1", 2, 300ms},
@@ -265,7 +267,7 @@ TEST(Session, MovesToAnotherDeviceWhenItsOwnFails) {
     };
     for (const auto& [fault, until, states, opened, silence] : rows) {
         World world;
-        world.servers["/a"] = {Ok, Supply::Bytes};
+        world.servers["/a"] = {Ok, IoStatus::Ok};
         world.fault = fault;
         world.fault_from = 1s;
         world.fault_until = until;
@@ -277,8 +279,8 @@ TEST(Session, MovesToAnotherDeviceWhenItsOwnFails) {
     }
 }
 
-TEST(Session, LetsALongPausedStreamGoAndPlaysItAnew) {
-    for (const Supply then : {Supply::Bytes, Supply::Failed, Supply::NothingYet}) {
+TEST(Session, DisconnectsALongPausedStreamAndReconnects) {
+    for (const IoStatus then : {IoStatus::Ok, IoStatus::Failed, IoStatus::WouldBlock}) {
         World world;
         world.servers["/a"] = {Ok + Frames(200), then};
         world.events.emplace(1s, [](Session& session) { session.Pause(); });
@@ -303,10 +305,11 @@ std::string Asked(const World& world) {
 TEST(Session, FollowsPlaylistsInOrderAndThreeDeep) {
     const std::string pls = "HTTP/1.0 200 OK\r\nContent-Type: audio/x-scpls\r\n\r\n";
     World world;
-    world.servers["/a/1.m3u"] = {Ok + "#EXTM3U\nmissing\nmms://h/x\nC:\\x.mp3\n2.asx\nnever\n", Supply::End};
-    world.servers["/a/2.asx"] = {Ok + "<asx><ref href='/b/3'/></asx>"}; // and does not close
-    world.servers["/b/3"] = {pls + "[playlist]\nFile1=live\n", Supply::End};
-    world.servers["/b/live"] = {Ok + Frames(100), Supply::End};
+    world.servers["/a/1.m3u"] = {Ok + "#EXTM3U\nmissing\nmms://h/x\nC:\\x.mp3\n2.asx\nnever\n",
+                                 IoStatus::EndOfStream};
+    world.servers["/a/2.asx"] = {Ok + "<asx><ref href='/b/3'/></asx>"}; // and never closes
+    world.servers["/b/3"] = {pls + "[playlist]\nFile1=live\n", IoStatus::EndOfStream};
+    world.servers["/b/live"] = {Ok + Frames(100), IoStatus::EndOfStream};
     world.servers["/a/missing"] = {"HTTP/1.0 404 No\r\n\r\n"};
     RunSession(world, "http://h/a/1.m3u");
     EXPECT_EQ(Asked(world), "/a/1.m3u /a/missing /a/2.asx /b/3 /b/live ");
@@ -314,14 +317,14 @@ TEST(Session, FollowsPlaylistsInOrderAndThreeDeep) {
 
     World deeper = World();
     deeper.servers = world.servers;
-    deeper.servers["/0.m3u"] = {Ok + "a/1.m3u\n", Supply::End};
+    deeper.servers["/0.m3u"] = {Ok + "a/1.m3u\n", IoStatus::EndOfStream};
     RunSession(deeper, "http://h/0.m3u");
     EXPECT_EQ(Asked(deeper), "/0.m3u /a/1.m3u /a/missing /a/2.asx /b/3 /a/never ");
 
     World loop;
     std::string lines;
     for (int line = 0; line < 1000; ++line) lines += "loop.m3u\n";
-    loop.servers["/loop.m3u"] = {Ok + lines, Supply::End};
+    loop.servers["/loop.m3u"] = {Ok + lines, IoStatus::EndOfStream};
     RunSession(loop, "http://h/loop.m3u");
     EXPECT_LE(loop.asked.size(), 100U) << "a playlist full of itself";
 }
@@ -331,7 +334,7 @@ TEST_F(SessionOnFiles, PlayAPlaylistOfFilesAndStreams) {
                    "<media src='http://h/a'/></seq></body></smil>");
     Write("b.mp3", Frames(40));
     World world;
-    world.servers["/a"] = {Ok + Frames(40), Supply::End};
+    world.servers["/a"] = {Ok + Frames(40), IoStatus::EndOfStream};
     RunSession(world, At("a.wpl"));
     EXPECT_EQ(world.states, "3 9 3 9 1");
     EXPECT_NEAR(static_cast<double>(world.heard.count()), 80 * 26.12, 60);

@@ -1,4 +1,4 @@
-// Sound found in bytes: MP3 frames, WAV files, and the queue of what they hold.
+// MP3 frames, WAV files, and the queue of decoded sound.
 #include "PlayerBytes.h"
 #include "player/Mp3Frames.h"
 #include "player/WavFile.h"
@@ -14,7 +14,7 @@ ByteView View(std::string_view text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
-TEST(Mp3Header, TellsTheFormat) {
+TEST(Mp3Header, IsParsed) {
     struct Row {
         const char* bytes;
         std::optional<Mp3Format> format;
@@ -56,7 +56,7 @@ std::string Found(std::string_view bytes, std::size_t step) {
     return found;
 }
 
-TEST(Mp3Frames, AreFoundBetweenOtherBytes) {
+TEST(Mp3Frames, AreFoundBetweenOtherData) {
     const std::string tag =
         std::string("ID3\x04\x00\x00\x00\x00\x03\x74", 10) + Frames(1) + std::string(83, 'x');
     const std::string lone_header("\xFF\xFB\x90\x40", 4);
@@ -65,11 +65,11 @@ TEST(Mp3Frames, AreFoundBetweenOtherBytes) {
         {"", ""},
         {Frames(3).substr(100), "44 44 "},                // joined in mid-frame
         {Frames(2) + Frames(1).substr(0, 300), "44 44 "}, // cut in mid-frame
-        {tag + Frames(2), "44 44 "},                      // a tag may look like a frame
+        {tag + Frames(2), "44 44 "},                      // the frame inside the tag does not count
         {tag + tag + Frames(2), "44 44 "},
         {Frames(2) + tag + Frames(2), "44 44 44 44 "},
         {"here it is none: " + tag.substr(0, 10) + Frames(2), "44 44 "},
-        {lone_header + std::string(700, 'x') + Frames(2), "44 44 "}, // announced nothing
+        {lone_header + std::string(700, 'x') + Frames(2), "44 44 "}, // no frame follows
         {Frames(2) + "garbage" + lone_header + "more" + Frames(2), "44 44 44 44 "},
         {Frames(2) + SlowFrames(2) + Frames(2), "44 44 22 22 44 44 "}, // change of format
         {lone_header + std::string(413, 'x') + SlowFrames(2), "22 22 "},
@@ -78,7 +78,7 @@ TEST(Mp3Frames, AreFoundBetweenOtherBytes) {
         for (const std::size_t step : {1U, 3U, 100U, 100000U}) EXPECT_EQ(Found(bytes, step), found) << step;
 }
 
-TEST(Mp3Frames, CountWhatTheyPassOver) {
+TEST(Mp3Frames, CountSkippedBytes) {
     Mp3Frames frames;
     frames.Feed(View(std::string(70000, 'x')));
     EXPECT_FALSE(frames.Next());
@@ -103,7 +103,7 @@ Heard ReadWav(std::string_view bytes, std::size_t step, WavFile::OpenDecoder ope
     return heard;
 }
 
-TEST(WavFile, GivesItsSamplesAs16Bits) {
+TEST(WavFile, IsReadAs16BitSamples) {
     const std::string extensible =
         Chunk("fmt ", FormatChunk(0xFFFE, 1, 8000, 16).substr(8) + std::string(8, '\0') + LittleEndian(1, 2) +
                           std::string(14, '\x7F'));
@@ -149,7 +149,7 @@ TEST(WavFile, GivesItsSamplesAs16Bits) {
     }
 }
 
-TEST(WavFile, RefusesWhatItCannotPlay) {
+TEST(WavFile, RejectsWhatCannotBePlayed) {
     const std::pair<const char*, std::string> rows[] = {
         {"other form", "RIFF\x04\x01\x01\x01"
                        "AVI " +
@@ -166,7 +166,7 @@ TEST(WavFile, RefusesWhatItCannotPlay) {
     for (const auto& [name, bytes] : rows) EXPECT_FALSE(ReadWav(bytes, 1000).good) << name;
 }
 
-/// A codec for any coding; a block sounds like its number of bytes.
+/// Decodes anything; a block becomes one sample, its size.
 class AnyCodec : public SoundDecoder {
   public:
     bool Decode(ByteView bytes, Samples& samples) override {
@@ -175,14 +175,14 @@ class AnyCodec : public SoundDecoder {
     }
 };
 
-/// A file of 200 bytes of sound in that coding.
+/// A file with 200 bytes of sound.
 std::string Coded(unsigned kind, unsigned channels, unsigned block, unsigned bits, const std::string& extra) {
     return Riff(Chunk("fmt ", LittleEndian(kind, 2) + LittleEndian(channels, 2) + LittleEndian(8000, 4) +
                                   LittleEndian(1, 4) + LittleEndian(block, 2) + LittleEndian(bits, 2) + extra) +
                 Chunk("data", std::string(200, 'x')));
 }
 
-TEST(WavFile, GivesACodecWholeBlocksOfAValidCoding) {
+TEST(WavFile, GivesCodecsWholeBlocksOfConsistentFormats) {
     const auto extra = [](unsigned samples, unsigned rest = 0) {
         return LittleEndian(2 + rest, 2) + LittleEndian(samples, 2) + std::string(rest, '\7');
     };
@@ -190,7 +190,7 @@ TEST(WavFile, GivesACodecWholeBlocksOfAValidCoding) {
     const std::string all_factors = factors + std::string(28, 'x');
     const std::tuple<const char*, std::string, int> rows[] = {
         {"mu-law", Coded(7, 1, 1, 8, ""), 200},
-        {"A-law", Coded(6, 2, 2, 8, LittleEndian(99, 2)), 200}, // announces more than there is
+        {"A-law", Coded(6, 2, 2, 8, LittleEndian(99, 2)), 200}, // declares more bytes than there are
         {"A-law, odd block", Coded(6, 2, 1, 8, ""), 0},
         {"ADPCM", Coded(2, 1, 50, 4, all_factors), 200},
         {"ADPCM, factors missing", Coded(2, 1, 50, 4, factors), 0},

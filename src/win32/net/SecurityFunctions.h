@@ -7,8 +7,8 @@
 
 namespace quillon {
 
-/// Windows' security functions, loaded when they are first asked for: loading them makes Windows look through
-/// all its security packages, which most starts of the program have no use for. Null where there are none.
+/// Windows' security functions; null if there are none. Loaded on first use, because loading makes Windows
+/// enumerate its security packages, which most runs of the program do not need.
 const SecurityFunctionTableW* SecurityFunctions();
 
 } // namespace quillon

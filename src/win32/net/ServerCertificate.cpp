@@ -10,7 +10,7 @@ namespace quillon {
 
 namespace {
 
-/// A function of crypt32.dll, which secure connections load by themselves.
+/// A function of crypt32.dll, which is loaded by then: secure connections need it.
 template <typename Function>
 Function* Crypt(const char* name) {
     return LateFunction<Function>(L"crypt32.dll", name);
@@ -27,7 +27,7 @@ void FreeChain(PCCERT_CHAIN_CONTEXT chain) {
 using Certificate = Handle<PCCERT_CONTEXT, FreeCertificate>;
 using CertificateChain = Handle<PCCERT_CHAIN_CONTEXT, FreeChain>;
 
-/// The certificate with those that vouch for it, up to one that Windows knows if there is any.
+/// The certificate's chain, up to a root that Windows knows if there is one.
 CertificateChain ChainOf(const Certificate& certificate) {
     char server_authentication[] = szOID_PKIX_KP_SERVER_AUTH;
     LPSTR usages[] = {server_authentication};
@@ -51,7 +51,7 @@ bool IsServerTrusted(CtxtHandle& connection, const std::wstring& host) {
     const Certificate certificate(shown);
     if (!certificate) return false;
     const CertificateChain chain = ChainOf(certificate);
-    // Wine's policy below overlooks a chain that ends before any root.
+    // Wine's policy check below accepts a chain without a root.
     if (!chain || chain.Get()->TrustStatus.dwErrorStatus != CERT_TRUST_NO_ERROR) return false;
     std::wstring name = host;
     SSL_EXTRA_CERT_CHAIN_POLICY_PARA server{};

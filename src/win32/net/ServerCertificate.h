@@ -6,9 +6,8 @@
 
 namespace quillon {
 
-/// Whether Windows trusts the certificate that the other side of a secured connection has shown, as one for
-/// that host. Certificates that were called back are not asked for, which would take another connection. May
-/// take long.
+/// Whether Windows trusts the certificate shown by the other side of a secured connection for that host.
+/// Revocation is not checked: it would need another connection. May take several seconds.
 bool IsServerTrusted(CtxtHandle& connection, const std::wstring& host);
 
 } // namespace quillon

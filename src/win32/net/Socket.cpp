@@ -11,10 +11,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// How long one address may keep the next one waiting.
-constexpr auto PatienceWithAddress = 3s;
+/// The next address is tried after this time without an answer.
+constexpr auto AddressTimeout = 3s;
 
-bool HaveWinsock() {
+bool StartWinsock() {
     static const bool started = [] {
         WSADATA data;
         return WSAStartup(MAKEWORD(2, 2), &data) == 0;
@@ -22,14 +22,14 @@ bool HaveWinsock() {
     return started;
 }
 
-int AtMostInt(std::size_t size) {
+int ClampToInt(std::size_t size) {
     return static_cast<int>(std::min<std::size_t>(size, INT_MAX));
 }
 
 } // namespace
 
 std::unique_ptr<Socket> Socket::Open(const std::string& host, std::uint16_t port, HANDLE wake) {
-    if (!HaveWinsock()) return nullptr;
+    if (!StartWinsock()) return nullptr;
     ADDRINFOW hints{};
     hints.ai_socktype = SOCK_STREAM;
     ADDRINFOW* addresses = nullptr;
@@ -40,18 +40,18 @@ std::unique_ptr<Socket> Socket::Open(const std::string& host, std::uint16_t port
 
 Socket::Socket(ADDRINFOW* addresses, HANDLE wake) : addresses_(addresses), next_(addresses), wake_(wake) {}
 
-Supply Socket::Connected() {
-    if (connected_) return Supply::Bytes;
+IoStatus Socket::Connected() {
+    if (connected_) return IoStatus::Ok;
     if (socket_) {
         WSANETWORKEVENTS events{};
-        if (WSAEnumNetworkEvents(socket_.Get(), nullptr, &events) != 0) return Supply::Failed;
+        if (WSAEnumNetworkEvents(socket_.Get(), nullptr, &events) != 0) return IoStatus::Failed;
         const bool answered = (events.lNetworkEvents & FD_CONNECT) != 0;
         connected_ = answered && events.iErrorCode[FD_CONNECT_BIT] == 0;
-        if (connected_) return Supply::Bytes;
-        const bool waits_on = !next_ || std::chrono::steady_clock::now() - started_ < PatienceWithAddress;
-        if (!answered && waits_on) return Supply::Connecting;
+        if (connected_) return IoStatus::Ok;
+        const bool waits_on = !next_ || std::chrono::steady_clock::now() - started_ < AddressTimeout;
+        if (!answered && waits_on) return IoStatus::Connecting;
     }
-    return TryNextAddress() ? Supply::Connecting : Supply::Failed;
+    return TryNextAddress() ? IoStatus::Connecting : IoStatus::Failed;
 }
 
 bool Socket::TryNextAddress() {
@@ -67,25 +67,25 @@ bool Socket::StartConnecting(const ADDRINFOW& address) {
     started_ = std::chrono::steady_clock::now();
     socket_.Reset(socket(address.ai_family, address.ai_socktype, address.ai_protocol));
     if (!socket_) return false;
-    // This makes the socket one that never waits.
+    // This also makes the socket non-blocking.
     if (WSAEventSelect(socket_.Get(), wake_, FD_CONNECT | FD_READ | FD_WRITE | FD_CLOSE) != 0) return false;
     return connect(socket_.Get(), address.ai_addr, static_cast<int>(address.ai_addrlen)) == 0 ||
            WSAGetLastError() == WSAEWOULDBLOCK;
 }
 
-Got Socket::Read(std::span<std::uint8_t> room) {
-    if (const Supply supply = Connected(); supply != Supply::Bytes) return {supply};
-    const int count = recv(socket_.Get(), reinterpret_cast<char*>(room.data()), AtMostInt(room.size()), 0);
-    if (count > 0) return {Supply::Bytes, static_cast<std::size_t>(count)};
-    if (count == 0) return {Supply::End};
-    return {WSAGetLastError() == WSAEWOULDBLOCK ? Supply::NothingYet : Supply::Failed};
+IoResult Socket::Read(std::span<std::uint8_t> room) {
+    if (const IoStatus status = Connected(); status != IoStatus::Ok) return {status};
+    const int count = recv(socket_.Get(), reinterpret_cast<char*>(room.data()), ClampToInt(room.size()), 0);
+    if (count > 0) return {IoStatus::Ok, static_cast<std::size_t>(count)};
+    if (count == 0) return {IoStatus::EndOfStream};
+    return {WSAGetLastError() == WSAEWOULDBLOCK ? IoStatus::WouldBlock : IoStatus::Failed};
 }
 
-Got Socket::Write(std::string_view bytes) {
-    if (const Supply supply = Connected(); supply != Supply::Bytes) return {supply};
-    const int count = send(socket_.Get(), bytes.data(), AtMostInt(bytes.size()), 0);
-    if (count >= 0) return {Supply::Bytes, static_cast<std::size_t>(count)};
-    return {WSAGetLastError() == WSAEWOULDBLOCK ? Supply::NothingYet : Supply::Failed};
+IoResult Socket::Write(std::string_view bytes) {
+    if (const IoStatus status = Connected(); status != IoStatus::Ok) return {status};
+    const int count = send(socket_.Get(), bytes.data(), ClampToInt(bytes.size()), 0);
+    if (count >= 0) return {IoStatus::Ok, static_cast<std::size_t>(count)};
+    return {WSAGetLastError() == WSAEWOULDBLOCK ? IoStatus::WouldBlock : IoStatus::Failed};
 }
 
 } // namespace quillon

@@ -11,20 +11,20 @@
 
 namespace quillon {
 
-/// A TCP connection. The addresses of a name are tried one after the other.
+/// A TCP connection. The addresses of a name are tried in turn.
 class Socket : public Connection {
   public:
-    /// Looks the name up, which may take long, and starts connecting. Null when it has no address. `wake` is
-    /// set whenever the connection has something new.
+    /// Looks the name up, which may take several seconds. Null if it has no address. `wake` is set whenever the
+    /// connection becomes ready.
     static std::unique_ptr<Socket> Open(const std::string& host, std::uint16_t port, HANDLE wake);
 
     Socket(ADDRINFOW* addresses, HANDLE wake);
 
-    Got Read(std::span<std::uint8_t> room) override;
-    Got Write(std::string_view bytes) override;
+    IoResult Read(std::span<std::uint8_t> room) override;
+    IoResult Write(std::string_view bytes) override;
 
   private:
-    Supply Connected();
+    IoStatus Connected();
     bool TryNextAddress();
     bool StartConnecting(const ADDRINFOW& address);
 

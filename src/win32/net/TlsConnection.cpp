@@ -15,8 +15,8 @@ constexpr DWORD Wanted = ISC_REQ_SEQUENCE_DETECT | ISC_REQ_REPLAY_DETECT | ISC_R
                          ISC_REQ_STREAM | ISC_REQ_ALLOCATE_MEMORY | ISC_REQ_USE_SUPPLIED_CREDS |
                          ISC_REQ_MANUAL_CRED_VALIDATION;
 
-/// More than any one message of the protocol.
-constexpr std::size_t MostReceived = 262144;
+/// More than any message of the protocol, in bytes.
+constexpr std::size_t LargestBacklog = 262144;
 
 SecBuffer Buffer(unsigned long type, void* bytes = nullptr, std::size_t count = 0) {
     return {static_cast<unsigned long>(count), type, bytes};
@@ -27,7 +27,7 @@ SecBufferDesc Description(std::array<SecBuffer, N>& buffers) {
     return {SECBUFFER_VERSION, static_cast<unsigned long>(N), buffers.data()};
 }
 
-/// How many bytes at the end of the input were not used.
+/// Number of bytes at the end of the input that were not used.
 template <std::size_t N>
 std::size_t Unused(const std::array<SecBuffer, N>& buffers) {
     for (const SecBuffer& buffer : buffers)
@@ -41,7 +41,7 @@ TlsConnection::TlsConnection(std::unique_ptr<Connection> carrier, const std::str
     : carrier_(std::move(carrier)), host_(Wide(host)) {
     SecInvalidateHandle(&credentials_);
     SecInvalidateHandle(&context_);
-    if (!HaveCredentials()) failure_ = Supply::Failed;
+    if (!AcquireCredentials()) failure_ = IoStatus::Failed;
 }
 
 TlsConnection::~TlsConnection() {
@@ -49,7 +49,7 @@ TlsConnection::~TlsConnection() {
     if (SecIsValidHandle(&credentials_)) functions_->FreeCredentialsHandle(&credentials_);
 }
 
-bool TlsConnection::HaveCredentials() {
+bool TlsConnection::AcquireCredentials() {
     SCHANNEL_CRED wanted{};
     wanted.dwVersion = SCHANNEL_CRED_VERSION;
     wanted.dwFlags = SCH_CRED_MANUAL_CRED_VALIDATION | SCH_CRED_NO_DEFAULT_CREDS | SCH_USE_STRONG_CRYPTO;
@@ -59,20 +59,20 @@ bool TlsConnection::HaveCredentials() {
                                                  nullptr, nullptr, &credentials_, nullptr) == SEC_E_OK;
 }
 
-/// Goes on with the handshake; Supply::Bytes when the server is known and talks in secret.
-Supply TlsConnection::Secured() {
-    while (!is_secured_ && !failure_) {
-        Supply supply = Flush();
-        if (supply == Supply::Bytes && needs_input_) supply = Receive();
-        if (supply == Supply::NothingYet || supply == Supply::Connecting) return Supply::Connecting;
-        if (supply == Supply::Bytes) supply = ShakeHands();
-        if (supply != Supply::Bytes) failure_ = supply == Supply::Refused ? supply : Supply::Failed;
+/// Continues the handshake; IoStatus::Ok once the connection is established and the server trusted.
+IoStatus TlsConnection::Handshake() {
+    while (!is_established_ && !failure_) {
+        IoStatus status = Flush();
+        if (status == IoStatus::Ok && needs_input_) status = Receive();
+        if (status == IoStatus::WouldBlock || status == IoStatus::Connecting) return IoStatus::Connecting;
+        if (status == IoStatus::Ok) status = HandshakeStep();
+        if (status != IoStatus::Ok) failure_ = status == IoStatus::Refused ? status : IoStatus::Failed;
     }
-    return failure_.value_or(Supply::Bytes);
+    return failure_.value_or(IoStatus::Ok);
 }
 
-/// One step; Supply::Bytes when it was good.
-Supply TlsConnection::ShakeHands() {
+/// One step; IoStatus::Ok if another can follow.
+IoStatus TlsConnection::HandshakeStep() {
     const bool is_first = !SecIsValidHandle(&context_);
     std::array input{Buffer(SECBUFFER_TOKEN, received_.data(), received_.size()), Buffer(SECBUFFER_EMPTY)};
     std::array output{Buffer(SECBUFFER_TOKEN)};
@@ -87,18 +87,19 @@ Supply TlsConnection::ShakeHands() {
         functions_->FreeContextBuffer(output[0].pvBuffer);
     }
     needs_input_ = true;
-    if (status == SEC_E_INCOMPLETE_MESSAGE) return Supply::Bytes;
+    if (status == SEC_E_INCOMPLETE_MESSAGE) return IoStatus::Ok;
     KeepLast(Unused(input));
     needs_input_ = received_.empty();
-    if (status == SEC_E_OK) return AcceptServer();
-    return status == SEC_I_CONTINUE_NEEDED ? Supply::Bytes : Supply::Failed;
+    if (status == SEC_E_OK) return CheckServer();
+    return status == SEC_I_CONTINUE_NEEDED ? IoStatus::Ok : IoStatus::Failed;
 }
 
-/// A server that is not trusted will not be at the next try either.
-Supply TlsConnection::AcceptServer() {
-    if (!IsServerTrusted(context_, host_)) return Supply::Refused;
-    is_secured_ = functions_->QueryContextAttributesW(&context_, SECPKG_ATTR_STREAM_SIZES, &sizes_) == SEC_E_OK;
-    return is_secured_ ? Supply::Bytes : Supply::Failed;
+/// Refused for good: a retry would meet the same certificate.
+IoStatus TlsConnection::CheckServer() {
+    if (!IsServerTrusted(context_, host_)) return IoStatus::Refused;
+    is_established_ =
+        functions_->QueryContextAttributesW(&context_, SECPKG_ATTR_STREAM_SIZES, &sizes_) == SEC_E_OK;
+    return is_established_ ? IoStatus::Ok : IoStatus::Failed;
 }
 
 void TlsConnection::KeepLast(std::size_t count) {
@@ -106,50 +107,50 @@ void TlsConnection::KeepLast(std::size_t count) {
                     received_.end() - static_cast<std::ptrdiff_t>(std::min(count, received_.size())));
 }
 
-Supply TlsConnection::Receive() {
+IoStatus TlsConnection::Receive() {
     std::array<std::uint8_t, 16384> bytes;
-    if (received_.size() > MostReceived) return Supply::Failed;
-    const Got got = carrier_->Read(bytes);
-    if (got.supply == Supply::Bytes)
+    if (received_.size() > LargestBacklog) return IoStatus::Failed;
+    const IoResult result = carrier_->Read(bytes);
+    if (result.status == IoStatus::Ok)
         received_.insert(received_.end(), bytes.begin(),
-                         bytes.begin() + static_cast<std::ptrdiff_t>(got.count));
-    return got.supply;
+                         bytes.begin() + static_cast<std::ptrdiff_t>(result.count));
+    return result.status;
 }
 
-Supply TlsConnection::Flush() {
+IoStatus TlsConnection::Flush() {
     while (!unsent_.empty()) {
-        const Got sent = carrier_->Write(unsent_);
-        if (sent.supply != Supply::Bytes) return sent.supply;
+        const IoResult sent = carrier_->Write(unsent_);
+        if (sent.status != IoStatus::Ok) return sent.status;
         unsent_.erase(0, sent.count);
     }
-    return Supply::Bytes;
+    return IoStatus::Ok;
 }
 
-Got TlsConnection::Read(std::span<std::uint8_t> room) {
+IoResult TlsConnection::Read(std::span<std::uint8_t> room) {
     while (plain_.empty()) {
-        if (const Supply supply = Secured(); supply != Supply::Bytes) return {supply};
-        if (has_ended_) return {Supply::End};
-        Flush(); // a failure shows when reading
-        Supply supply = Decrypt();
-        if (supply == Supply::NothingYet) supply = Receive();
-        if (supply != Supply::Bytes) return {supply};
+        if (const IoStatus status = Handshake(); status != IoStatus::Ok) return {status};
+        if (has_ended_) return {IoStatus::EndOfStream};
+        Flush(); // Receive reports a failure
+        IoStatus status = Decrypt();
+        if (status == IoStatus::WouldBlock) status = Receive();
+        if (status != IoStatus::Ok) return {status};
     }
     const std::size_t count = std::min(room.size(), plain_.size());
     std::copy_n(plain_.begin(), count, room.begin());
     plain_.erase(plain_.begin(), plain_.begin() + static_cast<std::ptrdiff_t>(count));
-    return {Supply::Bytes, count};
+    return {IoStatus::Ok, count};
 }
 
-/// Decrypts the next message; Supply::NothingYet when not all of it is there.
-Supply TlsConnection::Decrypt() {
-    if (received_.empty()) return Supply::NothingYet;
+/// Decrypts the next message; IoStatus::WouldBlock if it has not arrived completely.
+IoStatus TlsConnection::Decrypt() {
+    if (received_.empty()) return IoStatus::WouldBlock;
     std::array buffers{Buffer(SECBUFFER_DATA, received_.data(), received_.size()), Buffer(SECBUFFER_EMPTY),
                        Buffer(SECBUFFER_EMPTY), Buffer(SECBUFFER_EMPTY)};
     SecBufferDesc message = Description(buffers);
     const SECURITY_STATUS status = functions_->DecryptMessage(&context_, &message, 0, nullptr);
-    if (status == SEC_E_INCOMPLETE_MESSAGE) return Supply::NothingYet;
+    if (status == SEC_E_INCOMPLETE_MESSAGE) return IoStatus::WouldBlock;
     if (status != SEC_E_OK && status != SEC_I_CONTEXT_EXPIRED && status != SEC_I_RENEGOTIATE)
-        return Supply::Failed;
+        return IoStatus::Failed;
     for (const SecBuffer& buffer : buffers) {
         const auto* const bytes = static_cast<const std::uint8_t*>(buffer.pvBuffer);
         if (buffer.BufferType == SECBUFFER_DATA && bytes != nullptr)
@@ -158,19 +159,19 @@ Supply TlsConnection::Decrypt() {
     KeepLast(Unused(buffers));
     has_ended_ = status == SEC_I_CONTEXT_EXPIRED;
     if (status == SEC_I_RENEGOTIATE) {
-        is_secured_ = false;
+        is_established_ = false;
         needs_input_ = received_.empty();
     }
-    return Supply::Bytes;
+    return IoStatus::Ok;
 }
 
-Got TlsConnection::Write(std::string_view bytes) {
-    if (const Supply supply = Secured(); supply != Supply::Bytes) return {supply};
-    if (const Supply supply = Flush(); supply != Supply::Bytes) return {supply};
+IoResult TlsConnection::Write(std::string_view bytes) {
+    if (const IoStatus status = Handshake(); status != IoStatus::Ok) return {status};
+    if (const IoStatus status = Flush(); status != IoStatus::Ok) return {status};
     bytes = bytes.substr(0, sizes_.cbMaximumMessage);
-    if (!Encrypt(bytes)) return {Supply::Failed};
+    if (!Encrypt(bytes)) return {IoStatus::Failed};
     Flush();
-    return {Supply::Bytes, bytes.size()};
+    return {IoStatus::Ok, bytes.size()};
 }
 
 bool TlsConnection::Encrypt(std::string_view bytes) {

@@ -8,8 +8,8 @@
 
 namespace quillon {
 
-/// A connection that Windows' security package encrypts, to a server whose certificate Windows trusts for the
-/// host asked for. Nothing is sent to any other, which is Supply::Refused.
+/// A connection encrypted by Windows' security package. IoStatus::Refused if Windows does not trust the
+/// server's certificate for the host; nothing is sent then.
 class TlsConnection : public Connection {
   public:
     /// `host` is a name, or a literal address without brackets.
@@ -19,17 +19,17 @@ class TlsConnection : public Connection {
     TlsConnection(const TlsConnection&) = delete;
     TlsConnection& operator=(const TlsConnection&) = delete;
 
-    Got Read(std::span<std::uint8_t> room) override;
-    Got Write(std::string_view bytes) override;
+    IoResult Read(std::span<std::uint8_t> room) override;
+    IoResult Write(std::string_view bytes) override;
 
   private:
-    bool HaveCredentials();
-    Supply Secured();
-    Supply ShakeHands();
-    Supply AcceptServer();
-    Supply Receive();
-    Supply Flush();
-    Supply Decrypt();
+    bool AcquireCredentials();
+    IoStatus Handshake();
+    IoStatus HandshakeStep();
+    IoStatus CheckServer();
+    IoStatus Receive();
+    IoStatus Flush();
+    IoStatus Decrypt();
     bool Encrypt(std::string_view bytes);
     void KeepLast(std::size_t count);
 
@@ -39,13 +39,13 @@ class TlsConnection : public Connection {
     CredHandle credentials_;
     CtxtHandle context_;
     SecPkgContext_StreamSizes sizes_{};
-    bool is_secured_ = false;
-    std::optional<Supply> failure_; // for good
+    bool is_established_ = false;
+    std::optional<IoStatus> failure_; // permanent
     bool has_ended_ = false;
-    bool needs_input_ = false;           // before the next step of the handshake
-    std::vector<std::uint8_t> received_; // not decrypted yet
-    std::vector<std::uint8_t> plain_;    // not read yet
-    std::string unsent_;                 // encrypted
+    bool needs_input_ = false;           // for the next step of the handshake
+    std::vector<std::uint8_t> received_; // still encrypted
+    std::vector<std::uint8_t> plain_;    // decrypted, for Read
+    std::string unsent_;                 // encrypted, to be sent
 };
 
 } // namespace quillon

@@ -7,7 +7,7 @@ namespace quillon {
 
 namespace {
 
-constexpr int MostFailures = 100; // a codec may refuse a damaged frame, but not every one
+constexpr int MostFailures = 100; // in a row; a codec may reject single damaged frames
 constexpr std::size_t LeastInput = 8192;
 constexpr DWORD LeastOutput = 16384;
 constexpr DWORD MostOutput = 4 << 20;
@@ -27,7 +27,7 @@ MPEGLAYER3WAVEFORMAT SourceFormat(const Mp3Format& format) {
     return source;
 }
 
-/// 16 bits, so that codecs need not change the rate.
+/// The source's rate and channels, which every codec offers, in 16 bits.
 WAVEFORMATEX TargetFormat(const WAVEFORMATEX& source) {
     WAVEFORMATEX target{};
     target.wFormatTag = WAVE_FORMAT_PCM;
@@ -47,7 +47,7 @@ std::unique_ptr<AcmDecoder> AcmDecoder::Open(const Mp3Format& format) {
 }
 
 std::unique_ptr<AcmDecoder> AcmDecoder::Open(const WaveFormat& format) {
-    std::vector<std::uint8_t> header = format.header; // at an address that suits any structure
+    std::vector<std::uint8_t> header = format.header; // a copy, because its memory is aligned for any structure
     return Open(*reinterpret_cast<WAVEFORMATEX*>(header.data()));
 }
 
@@ -81,10 +81,10 @@ AcmDecoder::~AcmDecoder() {
 
 bool AcmDecoder::Decode(ByteView bytes, Samples& samples) {
     while (!bytes.empty()) {
-        const std::size_t count = std::min(bytes.size(), input_.size() - waiting_);
-        if (count == 0) return false; // the codec takes nothing
-        std::copy_n(bytes.begin(), count, input_.begin() + static_cast<std::ptrdiff_t>(waiting_));
-        waiting_ += count;
+        const std::size_t count = std::min(bytes.size(), input_.size() - pending_);
+        if (count == 0) return false; // the codec accepts nothing
+        std::copy_n(bytes.begin(), count, input_.begin() + static_cast<std::ptrdiff_t>(pending_));
+        pending_ += count;
         bytes = bytes.subspan(count);
         if (!Convert(samples)) return false;
     }
@@ -92,15 +92,15 @@ bool AcmDecoder::Decode(ByteView bytes, Samples& samples) {
 }
 
 bool AcmDecoder::Convert(Samples& samples) {
-    header_.cbSrcLength = static_cast<DWORD>(waiting_);
+    header_.cbSrcLength = static_cast<DWORD>(pending_);
     if (acmStreamConvert(stream_.Get(), &header_, ACM_STREAMCONVERTF_BLOCKALIGN) != MMSYSERR_NOERROR) {
-        waiting_ = 0;
+        pending_ = 0;
         return ++failures_ < MostFailures;
     }
     failures_ = 0;
-    const std::size_t used = std::min<std::size_t>(header_.cbSrcLengthUsed, waiting_);
-    std::memmove(input_.data(), input_.data() + used, waiting_ - used);
-    waiting_ -= used;
+    const std::size_t used = std::min<std::size_t>(header_.cbSrcLengthUsed, pending_);
+    std::memmove(input_.data(), input_.data() + used, pending_ - used);
+    pending_ -= used;
     const std::size_t made =
         std::min<std::size_t>(header_.cbDstLengthUsed / sizeof(std::int16_t), output_.size());
     samples.insert(samples.end(), output_.begin(), output_.begin() + static_cast<std::ptrdiff_t>(made));

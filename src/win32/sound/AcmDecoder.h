@@ -12,10 +12,10 @@
 
 namespace quillon {
 
-/// Whatever the system's codec manager knows.
+/// Decodes with the codecs of Windows' Audio Compression Manager.
 class AcmDecoder : public SoundDecoder {
   public:
-    // Null when the system has no codec for it.
+    // Null if the system has no codec for the format.
     static std::unique_ptr<AcmDecoder> Open(const Mp3Format& format);
     static std::unique_ptr<AcmDecoder> Open(const WaveFormat& format);
 
@@ -35,7 +35,7 @@ class AcmDecoder : public SoundDecoder {
     Handle<HACMSTREAM, Close> stream_;
     ACMSTREAMHEADER header_{};
     std::vector<std::uint8_t> input_;
-    std::size_t waiting_ = 0; // bytes of the input that the codec has not taken yet
+    std::size_t pending_ = 0; // bytes of the input that the codec has not used yet
     std::vector<std::int16_t> output_;
     int failures_ = 0; // in a row
 };

@@ -44,7 +44,7 @@ HRESULT ControlEvents::GetTypeInfoCount(UINT* count) {
     return S_OK;
 }
 
-/// The number comes as one type or another, depending on the control's version.
+/// The state's type depends on the control's version.
 HRESULT ControlEvents::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* arguments, VARIANT*, EXCEPINFO*,
                               UINT*) {
     if (event == DISPID_WMPCOREEVENT_ERROR || event == DISPID_WMPCOREEVENT_MEDIAERROR) has_failed_ = true;

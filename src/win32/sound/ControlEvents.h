@@ -7,26 +7,27 @@
 #include <ocidl.h>
 
 #ifdef __GNUC__
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // COM's interfaces have none; Release destroys
+#pragma GCC diagnostic ignored                                                                                 \
+    "-Wnon-virtual-dtor" // COM interfaces have no virtual destructor; Release deletes
 #endif
 
 namespace quillon {
 
-/// Listens to the events of the Windows Media Player control and keeps what they said last. The control holds
-/// references to it, possibly longer than its owner.
+/// Receives the events of the Windows Media Player control and remembers the latest. The control may keep
+/// references to it for longer than its owner does.
 class ControlEvents final : public IDispatch {
   public:
-    virtual ~ControlEvents() = default; // by Release only
+    virtual ~ControlEvents() = default; // called by Release only
 
-    /// Listens to `control`; nullptr when it has no such events.
+    /// Subscribes to `control`; null if it has no such events.
     static ComPtr<ControlEvents> Attach(IUnknown* control);
 
-    /// Called by the owner before it lets the control go.
+    /// Unsubscribes. To be called before the control is released.
     void Detach();
 
     PlayState State() const { return state_; }
 
-    /// Whether the control could not play what it was given, and has played nothing since.
+    /// Whether the control has reported an error and has not played since.
     bool HasFailed() const { return has_failed_; }
     void ForgetFailure() { has_failed_ = false; }
 

@@ -26,8 +26,7 @@ void SessionThreads::Run(std::shared_ptr<Session> session) {
     changed_.notify_all();
 }
 
-/// Counts it before it is there and lets others in meanwhile, so that no caller waits for a thread in the
-/// making.
+/// Counts the thread before it exists and unlocks while it is created, so that no other caller waits for that.
 void SessionThreads::AddThread(std::unique_lock<std::mutex>& lock) {
     ++threads_;
     ++idle_;
@@ -48,7 +47,7 @@ void SessionThreads::KeepOneFree(std::unique_lock<std::mutex>& lock) {
     try {
         AddThread(lock);
     } catch (const std::system_error&) {
-        // The next caller tries again, and is told.
+        // The next Run tries again and reports it.
     }
 }
 

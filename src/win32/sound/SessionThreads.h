@@ -9,18 +9,18 @@ namespace quillon {
 
 class Session;
 
-/// The threads that sessions run on. Making one takes a system call that is too slow for a caller who may not
-/// wait: they are kept for the next session, and one that begins a session first sees to it that another is
-/// free for the next caller. They share this object, because one that hangs outlives the player.
+/// A pool of threads for sessions. Creating a thread is too slow for callers that must not wait: idle threads
+/// are kept, and a thread that starts a session first makes sure that there is another idle one. The threads
+/// share ownership of this object, because one that hangs outlives the player.
 class SessionThreads : public std::enable_shared_from_this<SessionThreads> {
   public:
-    /// Makes the first thread, so that not even the first session has to wait for one.
+    /// Creates the first thread, so that not even the first session has to wait for one.
     void Open();
 
-    /// Runs the session at once. Raises std::system_error when the system gives no more threads.
+    /// Runs the session on an idle thread, or a new one. Throws std::system_error if none can be created.
     void Run(std::shared_ptr<Session> session);
 
-    /// Lets the threads end, and waits for them, but for half a second at most.
+    /// Ends the idle threads and waits for all to end, for ShutdownTimeout at most.
     void Close();
 
   private:

@@ -6,13 +6,13 @@ namespace quillon {
 
 class SessionThreads;
 
-/// The built-in player on Windows' sockets, codecs and wave device, its sessions on threads of their own.
+/// The built-in player on Windows' sockets, codecs and wave devices.
 class StreamPlayer : public SessionPlayer {
   public:
-    /// Servers are told "Quillon/" and `program_version` unless SetUserAgent says otherwise.
+    /// The user agent is "Quillon/" and `program_version` unless SetUserAgent changes it.
     explicit StreamPlayer(const std::string& program_version);
 
-    /// Silence; then waits for the sessions' threads, but not for one that hangs.
+    /// Stops playing and waits for the sessions' threads, for ShutdownTimeout at most.
     ~StreamPlayer() override;
 
   private:

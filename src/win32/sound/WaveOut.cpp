@@ -4,7 +4,7 @@
 
 namespace quillon {
 
-/// The device's own thread clears the mark.
+/// The device's own thread clears the flag.
 bool WaveOut::Block::IsQueued() const {
     const volatile DWORD& flags = header.dwFlags;
     return (flags & WHDR_INQUEUE) != 0;
@@ -38,7 +38,7 @@ bool WaveOut::HasRoom() {
         queued += block.samples.size();
         --free;
     }
-    return free > 0 && queued < most_queued_;
+    return free > 0 && queued < longest_queue_;
 }
 
 bool WaveOut::IsIdle() {
@@ -63,8 +63,8 @@ void WaveOut::Release(Block& block) {
     block.header = {};
 }
 
-void WaveOut::Hold(bool held) {
-    if (held)
+void WaveOut::SetPaused(bool paused) {
+    if (paused)
         waveOutPause(device_.Get());
     else
         waveOutRestart(device_.Get());

@@ -10,20 +10,20 @@
 
 namespace quillon {
 
-/// Sound on the user's default wave device.
+/// Plays on the user's default wave device.
 class WaveOut : public SoundOutput {
   public:
-    /// Null when there is no device. `wake` is set whenever a block has been played.
+    /// Null if there is no device for the format. `wake` is set whenever a block has been played.
     static std::unique_ptr<WaveOut> Open(const PcmFormat& format, HANDLE wake);
 
     WaveOut(HWAVEOUT device, const PcmFormat& format)
-        : device_(device), most_queued_(std::size_t{format.sample_rate} * format.channels / 5) {}
+        : device_(device), longest_queue_(std::size_t{format.sample_rate} * format.channels / 5) {}
     ~WaveOut() override;
 
     bool HasRoom() override;
     bool Write(const Samples& samples) override;
     bool IsIdle() override;
-    void Hold(bool held) override;
+    void SetPaused(bool paused) override;
 
   private:
     struct Block {
@@ -37,9 +37,9 @@ class WaveOut : public SoundOutput {
 
     static void Close(HWAVEOUT device) { waveOutClose(device); }
 
-    std::array<Block, 5> blocks_; // before the device, which must be closed by the time they go
+    std::array<Block, 5> blocks_; // declared first: they must outlive the open device
     Handle<HWAVEOUT, Close> device_;
-    std::size_t most_queued_; // samples of 200 ms: the worker may come late, but a new volume is heard soon
+    std::size_t longest_queue_; // samples, 200 ms: enough to bridge delays, yet a new volume is heard soon
 };
 
 } // namespace quillon

@@ -19,8 +19,8 @@ const FeedAnswer NoRoom{Finding::Fails, "The system has no room to try it"};
 
 } // namespace
 
-/// What a thread and the one who waits for it share.
-struct WinFeedProbe::Try {
+/// Shared by a thread and whoever waits for its result.
+struct WinFeedProbe::Job {
     void Run(const std::string& address, const std::string& user_agent);
 
     WinPlayerSystem system;
@@ -30,7 +30,7 @@ struct WinFeedProbe::Try {
     std::optional<FeedAnswer> answer;
 };
 
-void WinFeedProbe::Try::Run(const std::string& address, const std::string& user_agent) {
+void WinFeedProbe::Job::Run(const std::string& address, const std::string& user_agent) {
     FeedAnswer found = NoRoom;
     try {
         found = AddressProbe(user_agent, system, cancelled).Try(address);
@@ -46,32 +46,32 @@ void WinFeedProbe::Try::Run(const std::string& address, const std::string& user_
 
 WinFeedProbe::~WinFeedProbe() {
     Cancel();
-    if (!last_) return;
-    std::unique_lock lock(last_->mutex);
-    last_->changed.wait_for(lock, ShutdownTimeout, [this] { return last_->answer.has_value(); });
+    if (!latest_) return;
+    std::unique_lock lock(latest_->mutex);
+    latest_->changed.wait_for(lock, ShutdownTimeout, [this] { return latest_->answer.has_value(); });
 }
 
 void WinFeedProbe::Start(const std::string& address, const std::string& user_agent) {
     Cancel();
-    last_ = try_ = std::make_shared<Try>();
+    latest_ = current_ = std::make_shared<Job>();
     try {
-        std::thread([its = try_, address, name = IsUserAgent(user_agent) ? user_agent : own_name_] {
+        std::thread([its = current_, address, name = IsUserAgent(user_agent) ? user_agent : own_name_] {
             its->Run(address, name);
         }).detach();
     } catch (const std::system_error&) {
-        try_->answer = NoRoom;
+        current_->answer = NoRoom;
     }
 }
 
 std::optional<FeedAnswer> WinFeedProbe::Result() {
-    if (!try_) return std::nullopt;
-    const std::lock_guard lock(try_->mutex);
-    if (try_->answer) try_.reset(); // last_ keeps it alive
-    return try_ ? std::nullopt : last_->answer;
+    if (!current_) return std::nullopt;
+    const std::lock_guard lock(current_->mutex);
+    if (current_->answer) current_.reset(); // latest_ keeps it alive
+    return current_ ? std::nullopt : latest_->answer;
 }
 
 void WinFeedProbe::Cancel() {
-    const std::shared_ptr<Try> ended = std::exchange(try_, nullptr);
+    const std::shared_ptr<Job> ended = std::exchange(current_, nullptr);
     if (!ended) return;
     ended->cancelled = true;
     ended->system.Wake();

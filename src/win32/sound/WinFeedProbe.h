@@ -6,13 +6,13 @@
 
 namespace quillon {
 
-/// Tries each address on a thread of its own, which outlives what it was for when it hangs in the system.
+/// Tries each address on a thread of its own. A thread that hangs in a system call outlives this object.
 class WinFeedProbe : public FeedProbe {
   public:
-    /// Servers are told "Quillon/" and `program_version` unless Start says otherwise.
+    /// The user agent is "Quillon/" and `program_version` unless Start is given another.
     explicit WinFeedProbe(const std::string& program_version) : own_name_("Quillon/" + program_version) {}
 
-    /// Waits for the last thread, but not for one that hangs.
+    /// Cancels and waits for the latest thread, for ShutdownTimeout at most.
     ~WinFeedProbe() override;
 
     void Start(const std::string& address, const std::string& user_agent) override;
@@ -20,11 +20,11 @@ class WinFeedProbe : public FeedProbe {
     void Cancel() override;
 
   private:
-    struct Try;
+    struct Job;
 
     std::string own_name_;
-    std::shared_ptr<Try> try_; // null when nobody waits for its answer
-    std::shared_ptr<Try> last_;
+    std::shared_ptr<Job> current_; // null if nobody waits for a result
+    std::shared_ptr<Job> latest_;
 };
 
 } // namespace quillon

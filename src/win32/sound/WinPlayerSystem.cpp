@@ -9,7 +9,7 @@
 namespace quillon {
 
 WinPlayerSystem::WinPlayerSystem() : event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {
-    if (!event_) Raise(OutOfMemory); // no wait would wait
+    if (!event_) Raise(OutOfMemory); // Wait would not wait
 }
 
 std::unique_ptr<Connection> WinPlayerSystem::Connect(const StreamAddress& address) {

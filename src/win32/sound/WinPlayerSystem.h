@@ -7,7 +7,7 @@
 
 namespace quillon {
 
-/// What one playing of one address needs of Windows. Everything it opens rings one and the same event.
+/// What one session needs of Windows. Everything it opens signals the same event, on which Wait waits.
 class WinPlayerSystem : public PlayerSystem {
   public:
     WinPlayerSystem();

@@ -10,14 +10,14 @@ namespace quillon {
 
 namespace {
 
-/// On its way to the first sound the control passes through states that look like failure.
+/// On its way to the first sound the control passes through states that look like a failure.
 constexpr std::chrono::seconds LongestStart{10};
 
 RetrySchedule::Time Now() {
     return RetrySchedule::Time(GetTickCount64());
 }
 
-/// Whether there is nothing in the control that it could play.
+/// Whether the control has nothing loaded.
 bool IsEmpty(PlayState state) {
     return state == Ready || state == Undefined;
 }
@@ -49,8 +49,8 @@ WindowsMediaPlayer::WindowsMediaPlayer() {
     if (settings_) Prepare();
 }
 
-/// What it is given plays by itself, and nothing opens boxes or web pages. A control that knows no such
-/// setting does neither.
+/// Playing starts by itself, and nothing opens message boxes or web pages. A control that lacks one of these
+/// settings does not need it.
 void WindowsMediaPlayer::Prepare() {
     settings_->put_autoStart(VARIANT_TRUE);
     settings_->put_enableErrorDialogs(VARIANT_FALSE);
@@ -81,22 +81,22 @@ PlayState WindowsMediaPlayer::ControlState() {
 }
 
 PlayState WindowsMediaPlayer::State() {
-    if (shown_) return *shown_;
+    if (override_) return *override_;
     const PlayState state = ControlState();
     if (url_.empty() || !(IsEmpty(state) || IsAtRest(state))) return state;
     const bool has_failed = events_ && events_->HasFailed();
     if (has_failed ? state != Paused : IsEmpty(state) && Now() >= first_sound_by_) GiveUp();
-    if (shown_) return *shown_;
+    if (override_) return *override_;
     return IsEmpty(state) ? Transitioning : state;
 }
 
 void WindowsMediaPlayer::GiveUp() {
     retries_.GiveUp(url_, Now());
-    shown_ = Ready;
+    override_ = Ready;
 }
 
 void WindowsMediaPlayer::SetUrl(const std::string& url) {
-    State(); // may give up the address before
+    State(); // may give up the previous address
     url_ = url;
     Open();
 }
@@ -107,32 +107,32 @@ void WindowsMediaPlayer::Open() {
     if (events_) events_->ForgetFailure();
     const bool taken = core_ && SUCCEEDED(core_->put_URL(ComText(cools_down ? L"" : Wide(url_)).Get()));
     first_sound_by_ = Now() + LongestStart;
-    shown_.reset();
-    if (!url_.empty() && (cools_down || !taken)) shown_ = Ready;
+    override_.reset();
+    if (!url_.empty() && (cools_down || !taken)) override_ = Ready;
 }
 
-/// Where nothing is open the control is given the address anew; told to play there, it does nothing or crashes,
-/// depending on its version.
+/// With nothing loaded the address is set again instead: play would do nothing, or crash, depending on the
+/// version.
 void WindowsMediaPlayer::Play() {
     if (url_.empty() || !controls_) return;
     const PlayState state = State();
     if (state != Ready && !IsAtRest(state)) return;
     if (state == Ready || IsEmpty(ControlState())) return Open();
-    shown_.reset();
+    override_.reset();
     controls_->play();
 }
 
-/// A live stream cannot be paused, and nothing can while it connects: it is stopped and shown as paused.
+/// A live stream, or anything that is still connecting, cannot be paused: it is stopped and shown as paused.
 void WindowsMediaPlayer::Pause() {
     if (url_.empty() || !controls_ || IsAtRest(State())) return;
     if (IsAvailable(L"pause") && SUCCEEDED(controls_->pause())) return;
     controls_->stop();
-    shown_ = Paused;
+    override_ = Paused;
 }
 
 void WindowsMediaPlayer::Stop() {
     if (controls_) controls_->stop();
-    shown_ = Stopped;
+    override_ = Stopped;
 }
 
 void WindowsMediaPlayer::SetVolume(int volume) {

@@ -13,8 +13,8 @@ struct IWMPSettings;
 
 namespace quillon {
 
-/// The Windows Media Player control, without a window. It works on the thread that makes it, which must serve
-/// its messages. Where the control or a part of it is missing, calls do nothing.
+/// The Windows Media Player control, without a window. Works on the thread that creates it, which must dispatch
+/// messages. Calls have no effect if the control, or the part of it that they need, is missing.
 class WindowsMediaPlayer : public MediaPlayer, public LiveFeed {
   public:
     WindowsMediaPlayer();
@@ -26,7 +26,7 @@ class WindowsMediaPlayer : public MediaPlayer, public LiveFeed {
     /// Whether the system has the control at all.
     bool Exists() const;
 
-    /// Whether it is a whole one, whose play state can be read.
+    /// Whether it is complete and its play state can be read.
     bool Answers();
 
     void SetUrl(const std::string& url) override;
@@ -36,7 +36,7 @@ class WindowsMediaPlayer : public MediaPlayer, public LiveFeed {
     void Stop() override;
     void SetVolume(int volume) override;
 
-    /// The control keeps a station's title to itself, and tells servers its own name.
+    /// The control does not reveal stream titles, and sends a user agent of its own.
     std::string Title() const override { return {}; }
     void Reload() override;
     void SetUserAgent(const std::string&) override {}
@@ -54,8 +54,8 @@ class WindowsMediaPlayer : public MediaPlayer, public LiveFeed {
     ComPtr<IWMPSettings> settings_;
     ComPtr<ControlEvents> events_;
     std::string url_;
-    std::optional<PlayState> shown_; // what we know better than the control
-    RetrySchedule retries_;          // in ticks
+    std::optional<PlayState> override_; // shown instead of the control's state
+    RetrySchedule retries_;             // in ticks
     RetrySchedule::Time first_sound_by_{0};
 };
 
