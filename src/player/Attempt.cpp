@@ -16,6 +16,12 @@ constexpr auto FirstPrebuffer = 120ms;
 constexpr auto LongestPrebuffer = 2000ms;
 constexpr auto BufferWhilePaused = 2s;
 
+/// Reads in one step. A server may send faster than the data is used, for ever if it makes no sound.
+constexpr int MostReads = 65536 / ReadSize;
+
+/// What a server and the network may hold back for a live stream, in bytes.
+constexpr std::size_t LargestBacklog = 512 * 1024;
+
 /// An MP3 stream has had a complete frame by then.
 constexpr std::size_t EnoughForFrame = 4096;
 
@@ -47,6 +53,8 @@ void Attempt::ApplyPause() {
     if (paused == paused_since_.has_value()) return;
     paused_since_ = paused ? std::optional(system_.Now()) : std::nullopt;
     buffering_since_.reset();
+    received_in_pause_ = 0;
+    read_after_ = {};
     if (source_->IsLive()) {
         speaker_.Close();
         is_playing_ = false;
@@ -56,18 +64,27 @@ void Attempt::ApplyPause() {
 }
 
 bool Attempt::IsPausedTooLong() const {
-    return paused_since_ && source_->IsLive() && system_.Now() - *paused_since_ >= PauseTimeout;
+    return IsPausedLive() && system_.Now() - *paused_since_ >= PauseTimeout;
 }
 
-/// A paused live stream is read as fast as it comes, so that no old sound queues up at the server.
+bool Attempt::IsPausedLive() const {
+    return paused_since_ && source_->IsLive();
+}
+
+/// A paused live stream is read on, so that no old sound queues up at the server: its backlog at once, the rest
+/// at the pace at which it would have played. What sends faster is a file without a length, which must not be
+/// downloaded.
 bool Attempt::NeedsBytes() const {
     if (controls_.cancelled || outcome_) return false;
-    return queue_.Length() < prebuffer_ || (paused_since_ && controls_.paused && source_->IsLive());
+    return queue_.Length() < prebuffer_ || (IsPausedLive() && controls_.paused && system_.Now() >= read_after_);
 }
 
 void Attempt::FillQueue() {
     std::array<std::uint8_t, ReadSize> bytes;
-    while (NeedsBytes()) {
+    has_more_to_read_ = false;
+    for (int reads = 0; NeedsBytes(); ++reads) {
+        has_more_to_read_ = reads == MostReads;
+        if (has_more_to_read_) return;
         const IoResult result = source_->Read(bytes);
         if (result.status != IoStatus::Ok) return TakeStatus(result.status);
         TakeData(ByteView(bytes).first(result.count));
@@ -81,8 +98,15 @@ void Attempt::TakeData(ByteView bytes) {
     if (state_ == Transitioning) state_ = Buffering;
     if (received_ == 0 && source_->AnnouncesPlaylist()) reader_.ExpectPlaylist();
     received_ += bytes.size();
+    const auto length_before = queue_.Length();
     if (!reader_.Feed(bytes, queue_)) Finish(Outcome::NotAudio);
-    if (paused_since_ && source_->IsLive()) queue_.KeepLatest(BufferWhilePaused);
+    if (IsPausedLive()) DropOldSound(bytes.size(), queue_.Length() - length_before);
+}
+
+void Attempt::DropOldSound(std::size_t bytes, std::chrono::microseconds sound) {
+    received_in_pause_ += bytes;
+    read_after_ = received_in_pause_ < LargestBacklog ? system_.Now() : read_after_ + sound;
+    queue_.KeepLatest(BufferWhilePaused);
 }
 
 /// Handles a read that gave no data.

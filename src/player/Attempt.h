@@ -33,6 +33,9 @@ class Attempt {
     /// Does what can be done without waiting. Returns nothing until the attempt has ended.
     std::optional<Outcome> Step();
 
+    /// Whether the last step ended early, before it had read what has arrived.
+    bool HasMoreToRead() const { return has_more_to_read_; }
+
     /// Transitioning, Buffering or Playing.
     PlayState State() const { return state_; }
 
@@ -49,7 +52,9 @@ class Attempt {
     bool IsPausedTooLong() const;
     void FillQueue();
     bool NeedsBytes() const;
+    bool IsPausedLive() const;
     void TakeData(ByteView bytes);
+    void DropOldSound(std::size_t bytes, std::chrono::microseconds sound);
     void TakeStatus(IoStatus status);
     bool HasLasted(std::optional<std::chrono::milliseconds>& since, std::chrono::milliseconds length);
     void GiveUp();
@@ -74,6 +79,9 @@ class Attempt {
     std::optional<std::chrono::milliseconds> paused_since_;    // when the pause took effect
     std::optional<Outcome> outcome_; // of the source; the attempt's once the queue is empty
     std::size_t received_ = 0;       // bytes
+    std::size_t received_in_pause_ = 0;
+    std::chrono::microseconds read_after_{0}; // in a pause, nothing is read before that time
+    bool has_more_to_read_ = false;
     bool is_playing_ = false;
 };
 

@@ -20,7 +20,7 @@ enum class IoStatus {
 
 struct IoResult {
     IoStatus status;
-    std::size_t count = 0; ///< bytes, with IoStatus::Ok; may be 0 if only metadata came
+    std::size_t count = 0; ///< bytes, with IoStatus::Ok; may be 0, then the next call may give some
 };
 
 /// Supplies the bytes of a feed or a recording.

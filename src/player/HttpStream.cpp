@@ -28,9 +28,7 @@ HttpStream::HttpStream(StreamAddress address, std::string user_agent, PlayerSyst
     : address_(std::move(address)), user_agent_(std::move(user_agent)), system_(system) {}
 
 IoResult HttpStream::Read(std::span<std::uint8_t> room) {
-    while (!in_body_)
-        if (const IoStatus status = Advance(); status != IoStatus::Ok) return {status};
-    return ReadBody(room);
+    return in_body_ ? ReadBody(room) : IoResult{Advance()};
 }
 
 /// One step towards the body; IoStatus::Ok if another can follow.

@@ -13,7 +13,8 @@
 
 namespace quillon {
 
-/// A connection to a server. No call waits for the network.
+/// A connection to a server. No call waits for the network or works for long: IoStatus::Ok with a count of 0
+/// means that the next call may get further at once.
 class Connection {
   public:
     virtual ~Connection() = default;

@@ -108,7 +108,7 @@ Outcome Session::Drive(Attempt& attempt) {
         state_ = attempt.State();
         if (starts) UpdateRetries([this](RetrySchedule& retries) { retries.Forgive(url_); });
         ShowTitle(attempt.Source().Title());
-        system_->Wait(PollInterval);
+        system_->Wait(attempt.HasMoreToRead() ? 0ms : PollInterval);
     }
     return Outcome::Cancelled;
 }

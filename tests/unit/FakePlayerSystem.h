@@ -47,6 +47,8 @@ struct World {
     milliseconds heard{0};
     std::set<int> levels;                                    // samples heard
     std::vector<std::pair<milliseconds, std::string>> asked; // when, and for which path
+    std::size_t sent = 0;                                    // bytes, by all servers
+    std::size_t sent_in_step = 0;                            // since the session waited
     std::set<std::string> agents;                            // user agents that it was asked with
     std::shared_ptr<RetrySchedule> retries = std::make_shared<RetrySchedule>();
     std::shared_ptr<Session> session; // the one that runs
@@ -81,6 +83,8 @@ class FakeConnection : public Connection {
         const std::size_t count = std::min({room.size(), left_.bytes.size(), left_.piece});
         std::copy_n(left_.bytes.begin(), count, room.begin());
         left_.bytes.erase(0, count);
+        world_.sent += count;
+        world_.sent_in_step += count;
         return {IoStatus::Ok, count};
     }
 
@@ -167,6 +171,7 @@ class FakeSystem : public PlayerSystem {
     void Wait(milliseconds at_most) override {
         if (!world_.session) world_.now += at_most;
         if (!world_.session) return;
+        EXPECT_LE(std::exchange(world_.sent_in_step, 0), 65536U) << "of its own accord a step ends";
         EXPECT_TRUE(!world_.session->IsWaiting() || world_.online.use_count() == 1) << "keeps a connection";
         const std::string state = std::to_string(world_.session->State()) + " ";
         if (!world_.states.ends_with(" " + state) && world_.states != state) world_.states += state;

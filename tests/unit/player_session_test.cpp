@@ -150,6 +150,16 @@ TEST(Session, ALiveStreamResumesAtThePresent) {
     EXPECT_NEAR(static_cast<double>((world.heard - heard_in_pause).count()), 2000, 60);
 }
 
+TEST(Session, APausedFileWithoutALengthIsNotDownloaded) {
+    World world;
+    world.servers["/a"] = {Ok + Frames(4000)};
+    world.events.emplace(1s, [](Session& session) { session.Pause(); });
+    world.events.emplace(2s, [&](Session&) { EXPECT_GT(world.sent, 512 * 1024U) << "may still be live"; });
+    world.over = After(50s);
+    RunSession(world, "http://h/a");
+    EXPECT_NEAR(static_cast<double>(world.sent), 512 * 1024 + 48 * 16000, 40000);
+}
+
 using SessionOnFiles = TempFolder;
 
 TEST_F(SessionOnFiles, PlayToTheirEndAndKeepTheirPlaceInAPause) {

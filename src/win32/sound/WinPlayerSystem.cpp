@@ -1,8 +1,8 @@
 #include "win32/sound/WinPlayerSystem.h"
 
 #include "runtime/RuntimeError.h"
+#include "win32/net/SchannelLayer.h"
 #include "win32/net/Socket.h"
-#include "win32/net/TlsConnection.h"
 #include "win32/sound/AcmDecoder.h"
 #include "win32/sound/WaveOut.h"
 
@@ -15,7 +15,7 @@ WinPlayerSystem::WinPlayerSystem() : event_(CreateEventW(nullptr, FALSE, FALSE, 
 std::unique_ptr<Connection> WinPlayerSystem::Connect(const StreamAddress& address) {
     std::unique_ptr<Connection> socket = Socket::Open(address.host, address.port, event_.Get());
     if (!socket || !address.secure) return socket;
-    return std::make_unique<TlsConnection>(std::move(socket), address.host);
+    return std::make_unique<SecureConnection>(std::move(socket), std::make_unique<SchannelLayer>(address.host));
 }
 
 std::unique_ptr<SoundDecoder> WinPlayerSystem::OpenMp3Decoder(const Mp3Format& format) {

@@ -1,0 +1,95 @@
+// The traffic of a secure connection, whatever its server sends.
+#include "player/SecureConnection.h"
+
+#include <gtest/gtest.h>
+
+using namespace quillon;
+
+namespace {
+
+/// Sends a byte at a time: a text, then its end over and over.
+class Carrier : public Connection {
+  public:
+    Carrier(std::string text, std::size_t loop, int& reads)
+        : text_(std::move(text)), loop_(loop), reads_(reads) {}
+
+    IoResult Read(std::span<std::uint8_t> room) override {
+        ++reads_;
+        room[0] = static_cast<std::uint8_t>(text_[at_]);
+        if (++at_ == text_.size()) at_ -= loop_;
+        return {IoStatus::Ok, 1};
+    }
+    IoResult Write(std::string_view bytes) override { return {IoStatus::Ok, bytes.size()}; }
+
+  private:
+    std::string text_;
+    std::size_t loop_;
+    std::size_t at_ = 0;
+    int& reads_;
+};
+
+/// Every byte is a record.
+class Layer : public SecurityLayer {
+  public:
+    Progress ShakeHands(std::vector<std::uint8_t>& received, std::string& unsent) override {
+        unsent = "hello";
+        return received.empty() ? Progress::Step : Take(received);
+    }
+    Progress Decrypt(std::vector<std::uint8_t>& received, std::vector<std::uint8_t>& data) override {
+        if (received[0] == 'd') data.push_back('d');
+        return Take(received);
+    }
+    std::size_t Encrypt(std::string_view bytes, std::string&) override { return bytes.size(); }
+
+  private:
+    static Progress Take(std::vector<std::uint8_t>& received) {
+        const std::uint8_t record = received[0];
+        if (record != '-') received.clear();
+        switch (record) {
+        case 's':
+            return Progress::Step;
+        case 'h':
+            return Progress::Handshake;
+        case 'u':
+            return Progress::Untrusted;
+        case 'c':
+            return Progress::Closed;
+        default:
+            return record == '-' ? Progress::Incomplete : Progress::Done;
+        }
+    }
+};
+
+TEST(SecureConnection, EndsHoweverLongItsServerGoesOn) {
+    // s: step of a handshake, E: its end or an empty record, d: data, h: asks for a handshake, c: closed,
+    // u: untrusted, -: incomplete. The last bytes are repeated.
+    const std::tuple<const char*, std::string, std::size_t, IoStatus, std::size_t> rows[] = {
+        {"data, then the end", "ssEdEddhEdc", 1, IoStatus::EndOfStream, 4},
+        {"empty records", "sEdE", 1, IoStatus::Failed, 1},
+        {"as many as allowed", "sE" + std::string(29, 'E') + "d" + std::string(31, 'E') + "dc", 1,
+         IoStatus::EndOfStream, 2},
+        {"handshakes", "sEdhssE", 4, IoStatus::Failed, 1},
+        {"a handshake without end", "s", 1, IoStatus::Failed, 0},
+        {"a message without end", "-", 1, IoStatus::Failed, 0},
+        {"a stranger", "su", 1, IoStatus::Refused, 0},
+    };
+    for (const auto& [name, text, loop, last, length] : rows) {
+        int reads = 0;
+        SecureConnection connection(std::make_unique<Carrier>(text, loop, reads), std::make_unique<Layer>());
+        std::array<std::uint8_t, 10> room{};
+        std::size_t data = 0;
+        IoResult result{IoStatus::Ok};
+        while (result.status == IoStatus::Ok) {
+            const int before = reads;
+            result = connection.Read(room);
+            EXPECT_LE(reads, before + 1) << name << ": a call is short";
+            data += result.count;
+        }
+        EXPECT_EQ(result.status, last) << name;
+        EXPECT_EQ(data, length) << name;
+        EXPECT_EQ(connection.Read(room).status, last) << name << ", for good";
+        EXPECT_EQ(connection.Write("x").status, last) << name << ", for good";
+    }
+}
+
+} // namespace
