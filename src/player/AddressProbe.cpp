@@ -35,8 +35,12 @@ std::string StatusWords(int status) {
     return "The server sends no sound" + number;
 }
 
+std::string Unplayable(const std::string& missing_decoder) {
+    return missing_decoder.empty() ? "Nothing that Quillon can play" : "No decoder for " + missing_decoder;
+}
+
 /// Why a stream could not be heard.
-std::string Reason(const HttpStream& stream, IoStatus last, bool bytes) {
+std::string Reason(const HttpStream& stream, IoStatus last, bool bytes, const std::string& missing_decoder) {
     const bool in_time = last != IoStatus::WouldBlock;
     const bool answered = stream.Reached() == HttpStream::Stage::Answered;
     if (answered && stream.Status() != 200) return StatusWords(stream.Status());
@@ -52,7 +56,7 @@ std::string Reason(const HttpStream& stream, IoStatus last, bool bytes) {
         break;
     }
     if (last == IoStatus::NotAudio) return "A web page instead of sound";
-    return bytes ? "Nothing that Quillon can play" : "It answers, but sends nothing";
+    return bytes ? Unplayable(missing_decoder) : "It answers, but sends nothing";
 }
 
 /// Why nothing in a playlist can be tried; empty if something can.
@@ -103,7 +107,7 @@ AddressProbe::Visit AddressProbe::VisitFile(const std::string& path) {
     FileSource file(path);
     const Heard heard = Listen(file);
     const bool plays = heard.playlist || heard.sound;
-    return {plays ? "" : "Nothing that Quillon can play", "", heard.playlist, path};
+    return {plays ? "" : Unplayable(heard.missing_decoder), "", heard.playlist, path};
 }
 
 AddressProbe::Visit AddressProbe::VisitStream(const std::string& url) {
@@ -112,9 +116,9 @@ AddressProbe::Visit AddressProbe::VisitStream(const std::string& url) {
     HttpStream stream(*parsed, user_agent_, system_);
     const Heard heard = Listen(stream);
     const bool plays = heard.playlist || heard.sound;
+    const std::string problem = plays ? "" : Reason(stream, heard.last, heard.bytes, heard.missing_decoder);
     const bool is_redirected = stream.Address() != AddressText(*parsed);
-    return {plays ? "" : Reason(stream, heard.last, heard.bytes), is_redirected ? stream.Address() : "",
-            heard.playlist, stream.Address()};
+    return {problem, is_redirected ? stream.Address() : "", heard.playlist, stream.Address()};
 }
 
 AddressProbe::Heard AddressProbe::Listen(ByteSource& source) {
@@ -137,6 +141,7 @@ AddressProbe::Heard AddressProbe::Listen(ByteSource& source) {
         if (!reader.Feed(ByteView(room).first(result.count), unheard)) break;
         heard.sound = reader.HasFoundSound();
     }
+    heard.missing_decoder = reader.MissingDecoder();
     if (reader.IsPlaylist() && reader.Playlist().size() <= LongestPlaylist) heard.playlist = reader.Playlist();
     return heard;
 }

@@ -44,7 +44,7 @@ ContentKind KindOf(ByteView first, bool announced) {
     const std::string signature = LCase(text.substr(0, SignatureLength));
     if (IsAny(signature, PlaylistSignatures)) return ContentKind::Playlist;
     if (IsAny(signature, WebPageSignatures)) return ContentKind::WebPage;
-    return announced && !StartsLikeAudio(first) ? ContentKind::Playlist : ContentKind::Mp3;
+    return announced && !StartsLikeAudio(first) ? ContentKind::Playlist : ContentKind::Frames;
 }
 
 bool AnnouncesPlaylist(std::string_view content_type, std::string_view name) {

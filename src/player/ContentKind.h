@@ -9,7 +9,7 @@ namespace quillon {
 enum class ContentKind {
     Unknown, ///< too few bytes to tell
     Wav,
-    Mp3, ///< or anything unknown: only its frames can tell
+    Frames, ///< of MP3 or AAC; or anything unknown, as only frames can tell
     Playlist,
     WebPage,
 };

@@ -17,4 +17,7 @@ constexpr std::chrono::milliseconds ShutdownTimeout{500};
 /// Sources are read in pieces of this many bytes.
 constexpr std::size_t ReadSize = 4096;
 
+/// A decoder may reject single damaged frames, but is given up after this many in a row.
+constexpr int MostDecodingFailures = 100;
+
 } // namespace quillon

@@ -2,7 +2,7 @@
 
 #include "player/Address.h"
 #include "player/ByteSource.h"
-#include "player/Mp3Frames.h"
+#include "player/FrameFormat.h"
 #include "player/Pcm.h"
 #include "player/WaveFormat.h"
 
@@ -31,9 +31,12 @@ class SoundDecoder {
   public:
     virtual ~SoundDecoder() = default;
 
-    /// Decodes an MP3 frame, or whole blocks of a wave, and appends the samples, which may lag some frames
+    /// Decodes a frame, or whole blocks of a wave, and appends the samples, which may lag some frames
     /// behind. Returns false when the decoder has failed for good.
     virtual bool Decode(ByteView bytes, Samples& samples) = 0;
+
+    /// The format of the samples that were decoded last; it may differ from what was announced.
+    virtual PcmFormat Format() const = 0;
 };
 
 /// A sound device playing one format. No call waits for sound to be played. Destroying it silences it at once.
@@ -67,7 +70,7 @@ class PlayerSystem {
     virtual std::unique_ptr<Connection> Connect(const StreamAddress& address) = 0;
 
     /// Null if the system has no decoder for the format.
-    virtual std::unique_ptr<SoundDecoder> OpenMp3Decoder(const Mp3Format& format) = 0;
+    virtual std::unique_ptr<SoundDecoder> OpenFrameDecoder(const FrameFormat& format) = 0;
     virtual std::unique_ptr<SoundDecoder> OpenWaveDecoder(const WaveFormat& format) = 0;
 
     /// Null if there is no sound device for the format.

@@ -8,7 +8,7 @@ namespace quillon {
 
 namespace {
 
-/// In bytes. Data without a frame for this long is not MP3.
+/// In bytes. Data without a frame for this long is not sound.
 constexpr std::size_t LongestGap = 65536;
 
 } // namespace
@@ -23,8 +23,8 @@ bool SoundReader::Feed(ByteView bytes, PcmQueue& queue) {
     switch (kind_) {
     case ContentKind::Wav:
         return FeedWav(bytes, queue);
-    case ContentKind::Mp3:
-        return FeedMp3(bytes, queue);
+    case ContentKind::Frames:
+        return FeedFrames(bytes, queue);
     case ContentKind::Playlist:
         return FeedPlaylist(bytes);
     default:
@@ -45,24 +45,29 @@ bool SoundReader::FeedWav(ByteView bytes, PcmQueue& queue) {
     return good;
 }
 
-bool SoundReader::FeedMp3(ByteView bytes, PcmQueue& queue) {
+bool SoundReader::FeedFrames(ByteView bytes, PcmQueue& queue) {
     frames_.Feed(bytes);
     while (const auto frame = frames_.Next()) {
         has_found_sound_ = true;
         Samples samples;
         if (!DecodeFrame(*frame, samples)) return false;
-        queue.Push({decoded_.sample_rate, decoded_.channels}, std::move(samples));
+        queue.Push(decoder_->Format(), std::move(samples));
     }
     return frames_.Skipped() < LongestGap;
 }
 
-bool SoundReader::DecodeFrame(const Mp3Frame& frame, Samples& samples) {
-    if (!decoder_ || !frame.format.SharesDecoderWith(decoded_)) {
+bool SoundReader::DecodeFrame(const AudioFrame& frame, Samples& samples) {
+    if (!decoded_ || !frame.format.SharesDecoderWith(*decoded_)) {
         decoder_.reset();
-        decoder_ = system_.OpenMp3Decoder(frame.format);
+        decoder_ = system_.OpenFrameDecoder(frame.format);
         decoded_ = frame.format;
     }
     return decoder_ && decoder_->Decode(frame.bytes, samples);
+}
+
+std::string SoundReader::MissingDecoder() const {
+    if (!decoded_ || decoder_) return {};
+    return decoded_->coding == FrameCoding::Aac ? "AAC" : "MP3";
 }
 
 } // namespace quillon

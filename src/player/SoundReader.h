@@ -1,7 +1,7 @@
 #pragma once
 
+#include "player/AudioFrames.h"
 #include "player/ContentKind.h"
-#include "player/Mp3Frames.h"
 #include "player/PlayerSystem.h"
 #include "player/WavFile.h"
 
@@ -29,14 +29,17 @@ class SoundReader {
     /// All bytes so far, if they are a playlist.
     const std::string& Playlist() const { return playlist_; }
 
+    /// The coding for which the system has no decoder; empty if it lacks none.
+    std::string MissingDecoder() const;
+
     /// Whether any sound was found.
     bool HasFoundSound() const { return has_found_sound_; }
 
   private:
     bool FeedPlaylist(ByteView bytes);
     bool FeedWav(ByteView bytes, PcmQueue& queue);
-    bool FeedMp3(ByteView bytes, PcmQueue& queue);
-    bool DecodeFrame(const Mp3Frame& frame, Samples& samples);
+    bool FeedFrames(ByteView bytes, PcmQueue& queue);
+    bool DecodeFrame(const AudioFrame& frame, Samples& samples);
 
     PlayerSystem& system_;
     std::vector<std::uint8_t> preamble_; // until the kind is known
@@ -45,9 +48,9 @@ class SoundReader {
     bool has_found_sound_ = false;
     std::string playlist_;
     WavFile wav_;
-    Mp3Frames frames_;
+    AudioFrames frames_;
     std::unique_ptr<SoundDecoder> decoder_;
-    Mp3Format decoded_{};
+    std::optional<FrameFormat> decoded_; // of `decoder_`
 };
 
 } // namespace quillon

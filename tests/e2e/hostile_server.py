@@ -108,7 +108,8 @@ BEHAVIOURS = {
     "401": lambda v: v.answer("401 Unauthorized"), "410": lambda v: v.answer("410 Gone"),
     "html": lambda v: v.body("text/html", b"<html>Log in to listen</html>"),
     "sly-html": lambda v: v.body("audio/mpeg", b"\r\n<!DOCTYPE html><p>Log in to listen"),
-    "aac": lambda v: v.body("audio/aac", v.server.tones["adts"]),
+    **dict.fromkeys(("aac", "aac-mono", "aac-without-decoder"), lambda v: v.answer(
+        "200 OK", "Content-Type: audio/aac\r\n").play(sound=v.tone[len(v.tone) // 3:], rate=len(v.tone) / SECONDS)),
     "drip": on_first(lambda v: v.send(OK).drip(v.tone[:60], 1)),
     "titles": lambda v: v.send(b"ICY 200 OK\r\nicy-metaint:997\r\n\r\n").play(
         sound=with_titles(v.tone, 997, v.server.tones["none"]), rate=2 * BYTES_A_SECOND),

@@ -4,6 +4,7 @@
 #include "app/StartVolume.h"
 #include "catalogue/FeedFile.h"
 #include "geo/ReceptionRange.h"
+#include "player/AudioFrames.h"
 #include "player/HttpStream.h"
 #include "player/PlainText.h"
 #include "player/Playlists.h"
@@ -161,9 +162,9 @@ void Playlist(Bytes bytes) {
     }
 }
 
-void Mp3(Bytes bytes) {
+void SoundFrames(Bytes bytes) {
     HoweverCut([&](std::size_t length) {
-        Mp3Frames scan;
+        AudioFrames scan;
         std::string all;
         for (std::string& piece : Cut(bytes, length)) {
             scan.Feed(Raw(piece));
@@ -201,7 +202,8 @@ const std::pair<Bytes, void (*)(Bytes)> readers[] = {
     {"pls", Playlist<PlsEntries>},
     {"asx", Playlist<AsxEntries>},
     {"wpl", Playlist<WplEntries>},
-    {"mp3", Mp3},
+    {"mp3", SoundFrames},
+    {"aac", SoundFrames},
     {"wav", Wav},
     {"command-line", CommandLine},
 };

@@ -99,11 +99,16 @@ class FakeConnection : public Connection {
 /// Decodes every sample as 1000.
 class FakeDecoder : public SoundDecoder {
   public:
+    explicit FakeDecoder(const FrameFormat& format) : format_(format) {}
+
     bool Decode(ByteView frame, Samples& samples) override {
-        const auto format = ParseMp3Header(frame);
-        samples.insert(samples.end(), format->frame_samples * format->channels, std::int16_t{1000});
-        return true;
+        samples.insert(samples.end(), format_.frame_samples * format_.channels, std::int16_t{1000});
+        return !frame.empty();
     }
+    PcmFormat Format() const override { return {format_.sample_rate, format_.channels}; }
+
+  private:
+    FrameFormat format_;
 };
 
 class FakeOutput : public SoundOutput {
@@ -158,8 +163,8 @@ class FakeSystem : public PlayerSystem {
     std::unique_ptr<Connection> Connect(const StreamAddress& address) override {
         return address.host == "h" ? std::make_unique<FakeConnection>(world_) : nullptr;
     }
-    std::unique_ptr<SoundDecoder> OpenMp3Decoder(const Mp3Format&) override {
-        return world_.has_codec ? std::make_unique<FakeDecoder>() : nullptr;
+    std::unique_ptr<SoundDecoder> OpenFrameDecoder(const FrameFormat& format) override {
+        return world_.has_codec ? std::make_unique<FakeDecoder>(format) : nullptr;
     }
     std::unique_ptr<SoundDecoder> OpenWaveDecoder(const WaveFormat&) override { return nullptr; }
     std::unique_ptr<SoundOutput> OpenOutput(const PcmFormat& format) override {

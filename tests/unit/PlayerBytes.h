@@ -22,6 +22,14 @@ inline std::string SlowFrames(int count) {
     return frames;
 }
 
+/// Frames of AAC in ADTS, 48 kHz stereo; each lasts 21.3 ms.
+inline std::string AacFrames(int count) {
+    std::string frames;
+    for (; count > 0; --count)
+        frames += std::string("\xFF\xF1\x4C\x80\x20\x1F\xFC", 7) + std::string(249, '\0');
+    return frames;
+}
+
 inline std::string LittleEndian(std::uint32_t number, int bytes) {
     std::string text;
     for (; bytes > 0; --bytes, number >>= 8U) text += static_cast<char>(number & 0xFFU);

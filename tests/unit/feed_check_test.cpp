@@ -32,7 +32,8 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
                      {"/moved", {"HTTP/1.0 302 x\r\nLocation: good\r\n\r\n"}},
                      {"/loop", {"HTTP/1.0 302 x\r\nLocation: loop\r\n\r\n"}},
                      {"/page", {"HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n"}},
-                     {"/aac", {Ok + std::string(70000, 'x')}},
+                     {"/noise", {Ok + std::string(70000, 'x')}},
+                     {"/aac", {Ok + AacFrames(9)}},
                      {"/quiet", {Ok}},
                      {"/list.m3u", {Ok + "#EXTM3U\nhttp://nobody/\nmoved\n", IoStatus::EndOfStream}},
                      {"/self.m3u", {Ok + "#EXTM3U\nself.m3u\n", IoStatus::EndOfStream}}};
@@ -40,7 +41,8 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
         {"http://h/moved", Finding::Redirects, "Redirected to http://h/good"},
         {"http://h/loop", Finding::Fails, "Redirects in circles"},
         {"http://h/page", Finding::Fails, "A web page"},
-        {"http://h/aac", Finding::Fails, "Nothing that Quillon can play"},
+        {"http://h/noise", Finding::Fails, "Nothing that Quillon can play"},
+        {"http://h/aac", Finding::Answers, "Plays"},
         {"http://h/quiet", Finding::Fails, "It answers, but"},
         {"http://nobody/", Finding::Fails, "No such server"},
         {"http://h:x/", Finding::Fails, "This is no address"},
@@ -58,6 +60,9 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
         EXPECT_TRUE(answer.Words.starts_with(words) && answer.Kind == kind) << url << ": " << answer.Words;
         EXPECT_LE(world.now, deadline) << url;
     }
+    world.has_codec = false;
+    EXPECT_EQ(AddressProbe("1", system, false).Try("http://h/aac").Words, "No decoder for AAC");
+    EXPECT_EQ(AddressProbe("1", system, false).Try("http://h/good").Words, "No decoder for MP3");
 }
 
 class Check : public Flight {

@@ -87,13 +87,13 @@ TEST(ContentKind, IsDetectedByFirstBytesAndAnnouncement) {
         ContentKind announced;
     };
     const Row rows[] = {
-        {"\xFF\xFB\x90\x40", Mp3, Mp3},
-        {"ID3\x04", Mp3, Mp3},
+        {"\xFF\xFB\x90\x40", Frames, Frames},
+        {"ID3\x04", Frames, Frames},
         {"RIFF", Wav, Wav},
         {"<ASX", Playlist, Playlist},
         {"\xEF\xBB\xBF\r\n #EXTM3U", Playlist, Playlist},
         {"[playlist]", Playlist, Playlist},
-        {"http", Mp3, Playlist},
+        {"http", Frames, Playlist},
         {"<!DOCTYPE html>", WebPage, WebPage},
         {"\r\n\r\n#E", Unknown, Unknown},
         {"", Unknown, Unknown},

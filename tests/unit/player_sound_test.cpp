@@ -1,6 +1,6 @@
 // MP3 frames, WAV files, and the queue of decoded sound.
 #include "PlayerBytes.h"
-#include "player/Mp3Frames.h"
+#include "player/AudioFrames.h"
 #include "player/WavFile.h"
 
 #include <gtest/gtest.h>
@@ -17,17 +17,17 @@ ByteView View(std::string_view text) {
 TEST(Mp3Header, IsParsed) {
     struct Row {
         const char* bytes;
-        std::optional<Mp3Format> format;
+        std::optional<FrameFormat> format;
     };
     const Row rows[] = {
-        {"\xFF\xFB\x90\x40", Mp3Format{44100, 2, 128000, 1152, 417}},
-        {"\xFF\xFB\x92\x40", Mp3Format{44100, 2, 128000, 1152, 418}}, // padded
-        {"\xFF\xFA\xE4\xC0", Mp3Format{48000, 1, 320000, 1152, 960}},
-        {"\xFF\xFB\x18\x40", Mp3Format{32000, 2, 32000, 1152, 144}},
-        {"\xFF\xF3\x40\xC0", Mp3Format{22050, 1, 32000, 576, 104}},
-        {"\xFF\xF3\xE4\x40", Mp3Format{24000, 2, 160000, 576, 480}},
-        {"\xFF\xE3\x18\xC0", Mp3Format{8000, 1, 8000, 576, 72}}, // MPEG 2.5
-        {"\xFF\xE3\x20\x40", Mp3Format{11025, 2, 16000, 576, 104}},
+        {"\xFF\xFB\x90\x40", FrameFormat{FrameCoding::Mp3, 44100, 2, 128000, 1152, 417}},
+        {"\xFF\xFB\x92\x40", FrameFormat{FrameCoding::Mp3, 44100, 2, 128000, 1152, 418}}, // padded
+        {"\xFF\xFA\xE4\xC0", FrameFormat{FrameCoding::Mp3, 48000, 1, 320000, 1152, 960}},
+        {"\xFF\xFB\x18\x40", FrameFormat{FrameCoding::Mp3, 32000, 2, 32000, 1152, 144}},
+        {"\xFF\xF3\x40\xC0", FrameFormat{FrameCoding::Mp3, 22050, 1, 32000, 576, 104}},
+        {"\xFF\xF3\xE4\x40", FrameFormat{FrameCoding::Mp3, 24000, 2, 160000, 576, 480}},
+        {"\xFF\xE3\x18\xC0", FrameFormat{FrameCoding::Mp3, 8000, 1, 8000, 576, 72}}, // MPEG 2.5
+        {"\xFF\xE3\x20\x40", FrameFormat{FrameCoding::Mp3, 11025, 2, 16000, 576, 104}},
         {"\xFF\xFB\x00\x40", {}}, // free format
         {"\xFF\xFB\xF0\x40", {}}, // no such bit rate
         {"\xFF\xFB\x9C\x40", {}}, // no such sample rate
@@ -41,14 +41,36 @@ TEST(Mp3Header, IsParsed) {
     EXPECT_FALSE(ParseMp3Header(View("\xFF\xFB\x90")));
 }
 
+TEST(AdtsHeader, IsParsed) {
+    const std::pair<const char*, std::optional<FrameFormat>> rows[] = {
+        {"\xFF\xF1\x50\x80\x2E\x7F\xFC", FrameFormat{FrameCoding::Aac, 44100, 2, 0, 1024, 371}},
+        {"\xFF\xF8\x5C\x40\x2E\x7F\xFD", FrameFormat{FrameCoding::Aac, 22050, 1, 0, 2048, 371}},
+        {"\xFF\xF1\x40\x83\xFF\xFF\xFC", FrameFormat{FrameCoding::Aac, 96000, 2, 0, 1024, 8191}},
+        {"\xFF\xF1\x70\x40\x01\x1F\xFC", FrameFormat{FrameCoding::Aac, 7350, 1, 0, 1024, 8}},
+        {"\xFF\xF1\x70\x40\x01\xE0\xFC", FrameFormat{FrameCoding::Aac, 7350, 1, 0, 1024, 15}},
+        {"\xFF\xF1\x70\x40\x00\xFF\xFC", {}}, // shorter than its header
+        {"\xFF\xF1\x74\x40\x2E\x7F\xFC", {}}, // no such rate
+        {"\xFF\xF1\x10\x80\x2E\x7F\xFC", {}}, // main profile
+        {"\xFF\xF1\x51\x80\x2E\x7F\xFC", {}}, // six channels
+        {"\xFF\xF1\x50\x00\x2E\x7F\xFC", {}}, // channels not given
+        {"\xFF\xF3\x50\x80\x2E\x7F\xFC", {}}, // MP3's layer
+    };
+    for (const auto& [bytes, format] : rows) {
+        const std::string header(bytes, 7);
+        EXPECT_EQ(ParseAdtsHeader(View(header)), format) << format.has_value();
+        EXPECT_FALSE(ParseAdtsHeader(View(header).first(6)));
+    }
+}
+
 /// The sample rates of the frames found, in kHz, when the bytes come in pieces of `step`.
 std::string Found(std::string_view bytes, std::size_t step) {
-    Mp3Frames frames;
+    AudioFrames frames;
     std::string found;
     for (; !bytes.empty(); bytes.remove_prefix(std::min(step, bytes.size()))) {
         frames.Feed(View(bytes.substr(0, step)));
         while (const auto frame = frames.Next()) {
-            EXPECT_EQ(ParseMp3Header(frame->bytes), frame->format);
+            EXPECT_TRUE(ParseMp3Header(frame->bytes) == frame->format ||
+                        ParseAdtsHeader(frame->bytes) == frame->format);
             EXPECT_EQ(frame->bytes.size(), frame->format.frame_bytes);
             found += std::to_string(frame->format.sample_rate / 1000) + " ";
         }
@@ -56,7 +78,7 @@ std::string Found(std::string_view bytes, std::size_t step) {
     return found;
 }
 
-TEST(Mp3Frames, AreFoundBetweenOtherData) {
+TEST(AudioFrames, AreFoundBetweenOtherData) {
     const std::string tag =
         std::string("ID3\x04\x00\x00\x00\x00\x03\x74", 10) + Frames(1) + std::string(83, 'x');
     const std::string lone_header("\xFF\xFB\x90\x40", 4);
@@ -73,13 +95,16 @@ TEST(Mp3Frames, AreFoundBetweenOtherData) {
         {Frames(2) + "garbage" + lone_header + "more" + Frames(2), "44 44 44 44 "},
         {Frames(2) + SlowFrames(2) + Frames(2), "44 44 22 22 44 44 "}, // change of format
         {lone_header + std::string(413, 'x') + SlowFrames(2), "22 22 "},
+        {tag + AacFrames(3), "48 48 48 "},
+        {AacFrames(3).substr(100) + "garbage" + AacFrames(2), "48 48 48 48 "},
+        {AacFrames(2) + Frames(2) + AacFrames(2), "48 48 44 44 48 48 "},
     };
     for (const auto& [bytes, found] : rows)
         for (const std::size_t step : {1U, 3U, 100U, 100000U}) EXPECT_EQ(Found(bytes, step), found) << step;
 }
 
-TEST(Mp3Frames, CountSkippedBytes) {
-    Mp3Frames frames;
+TEST(AudioFrames, CountSkippedBytes) {
+    AudioFrames frames;
     frames.Feed(View(std::string(70000, 'x')));
     EXPECT_FALSE(frames.Next());
     EXPECT_GT(frames.Skipped(), 69000U);
@@ -173,6 +198,7 @@ class AnyCodec : public SoundDecoder {
         if (!bytes.empty()) samples.push_back(static_cast<std::int16_t>(bytes.size()));
         return true;
     }
+    PcmFormat Format() const override { return {}; }
 };
 
 /// A file with 200 bytes of sound.

@@ -1,5 +1,7 @@
 #include "win32/sound/AcmDecoder.h"
 
+#include "player/Limits.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -7,12 +9,11 @@ namespace quillon {
 
 namespace {
 
-constexpr int MostFailures = 100; // in a row; a codec may reject single damaged frames
 constexpr std::size_t LeastInput = 8192;
 constexpr DWORD LeastOutput = 16384;
 constexpr DWORD MostOutput = 4 << 20;
 
-MPEGLAYER3WAVEFORMAT SourceFormat(const Mp3Format& format) {
+MPEGLAYER3WAVEFORMAT SourceFormat(const FrameFormat& format) {
     MPEGLAYER3WAVEFORMAT source{};
     source.wfx.wFormatTag = WAVE_FORMAT_MPEGLAYER3;
     source.wfx.nChannels = format.channels;
@@ -41,7 +42,7 @@ WAVEFORMATEX TargetFormat(const WAVEFORMATEX& source) {
 
 } // namespace
 
-std::unique_ptr<AcmDecoder> AcmDecoder::Open(const Mp3Format& format) {
+std::unique_ptr<AcmDecoder> AcmDecoder::Open(const FrameFormat& format) {
     MPEGLAYER3WAVEFORMAT source = SourceFormat(format);
     return Open(source.wfx);
 }
@@ -55,7 +56,7 @@ std::unique_ptr<AcmDecoder> AcmDecoder::Open(WAVEFORMATEX& source) {
     WAVEFORMATEX target = TargetFormat(source);
     HACMSTREAM stream = nullptr;
     if (acmStreamOpen(&stream, nullptr, &source, &target, nullptr, 0, 0, 0) != MMSYSERR_NOERROR) return nullptr;
-    auto decoder = std::make_unique<AcmDecoder>(stream);
+    auto decoder = std::make_unique<AcmDecoder>(stream, PcmFormat{target.nSamplesPerSec, target.nChannels});
     return decoder->Prepare(std::max<std::size_t>(LeastInput, source.nBlockAlign)) ? std::move(decoder)
                                                                                    : nullptr;
 }
@@ -95,7 +96,7 @@ bool AcmDecoder::Convert(Samples& samples) {
     header_.cbSrcLength = static_cast<DWORD>(pending_);
     if (acmStreamConvert(stream_.Get(), &header_, ACM_STREAMCONVERTF_BLOCKALIGN) != MMSYSERR_NOERROR) {
         pending_ = 0;
-        return ++failures_ < MostFailures;
+        return ++failures_ < MostDecodingFailures;
     }
     failures_ = 0;
     const std::size_t used = std::min<std::size_t>(header_.cbSrcLengthUsed, pending_);

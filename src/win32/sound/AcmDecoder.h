@@ -15,14 +15,15 @@ namespace quillon {
 /// Decodes with the codecs of Windows' Audio Compression Manager.
 class AcmDecoder : public SoundDecoder {
   public:
-    // Null if the system has no codec for the format.
-    static std::unique_ptr<AcmDecoder> Open(const Mp3Format& format);
+    // For MP3 or waves. Null if the system has no codec for the format.
+    static std::unique_ptr<AcmDecoder> Open(const FrameFormat& format);
     static std::unique_ptr<AcmDecoder> Open(const WaveFormat& format);
 
-    explicit AcmDecoder(HACMSTREAM stream) : stream_(stream) {}
+    AcmDecoder(HACMSTREAM stream, const PcmFormat& format) : stream_(stream), format_(format) {}
     ~AcmDecoder() override;
 
     bool Decode(ByteView bytes, Samples& samples) override;
+    PcmFormat Format() const override { return format_; }
 
   private:
     static std::unique_ptr<AcmDecoder> Open(WAVEFORMATEX& source);
@@ -33,6 +34,7 @@ class AcmDecoder : public SoundDecoder {
     static void Close(HACMSTREAM stream) { acmStreamClose(stream, 0); }
 
     Handle<HACMSTREAM, Close> stream_;
+    PcmFormat format_;
     ACMSTREAMHEADER header_{};
     std::vector<std::uint8_t> input_;
     std::size_t pending_ = 0; // bytes of the input that the codec has not used yet

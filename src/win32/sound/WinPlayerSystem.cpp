@@ -3,6 +3,7 @@
 #include "runtime/RuntimeError.h"
 #include "win32/net/SchannelLayer.h"
 #include "win32/net/Socket.h"
+#include "win32/sound/AacDecoder.h"
 #include "win32/sound/AcmDecoder.h"
 #include "win32/sound/WaveOut.h"
 
@@ -18,7 +19,8 @@ std::unique_ptr<Connection> WinPlayerSystem::Connect(const StreamAddress& addres
     return std::make_unique<SecureConnection>(std::move(socket), std::make_unique<SchannelLayer>(address.host));
 }
 
-std::unique_ptr<SoundDecoder> WinPlayerSystem::OpenMp3Decoder(const Mp3Format& format) {
+std::unique_ptr<SoundDecoder> WinPlayerSystem::OpenFrameDecoder(const FrameFormat& format) {
+    if (format.coding == FrameCoding::Aac) return AacDecoder::Open(format);
     return AcmDecoder::Open(format);
 }
 

@@ -13,7 +13,7 @@ class WinPlayerSystem : public PlayerSystem {
     WinPlayerSystem();
 
     std::unique_ptr<Connection> Connect(const StreamAddress& address) override;
-    std::unique_ptr<SoundDecoder> OpenMp3Decoder(const Mp3Format& format) override;
+    std::unique_ptr<SoundDecoder> OpenFrameDecoder(const FrameFormat& format) override;
     std::unique_ptr<SoundDecoder> OpenWaveDecoder(const WaveFormat& format) override;
     std::unique_ptr<SoundOutput> OpenOutput(const PcmFormat& format) override;
     std::chrono::milliseconds Now() override;
