@@ -86,7 +86,7 @@ def on_first(spoil):
 
 
 BEHAVIOURS = {
-    **dict.fromkeys(("relative-redirect.end", "nested.mp3", "wpl.2"), Visit.fine),
+    **dict.fromkeys(("relative-redirect.end", "trusted.mp3", "nested.mp3", "wpl.2"), Visit.fine),
     "mute": on_first(lambda v: v.wait(40)), "hang-up": lambda v: v, "empty": lambda v: v.send(OK),
     "slow-head": lambda v: v.drip(OK, 0.08).play(),
     "endless-head": lambda v: v.send(b"HTTP/1.1 200 OK\r\n" + b"X-More: and more\r\n" * 20000),
@@ -94,7 +94,9 @@ BEHAVIOURS = {
     "endless-playlist": lambda v: v.body("audio/x-mpegurl", b"#EXTM3U\n" + b"# more\n" * 90000),
     "redirect-loop": lambda v: v.answer("302 Found", "Location:redirect-loop\r\n"),
     "relative-redirect": lambda v: v.answer("302 Found", "location: ../relative-redirect.end?a=b\r\n"),
-    "untrusted": lambda v: v.answer("302 Found", f"Location: https://{v.server.secure.address('untrusted')}\r\n"),
+    "untrusted": lambda v: v.answer("302 Found", f"Location: https://{v.server.untrusted.address('untrusted')}\r\n"),
+    "trusted": lambda v: v.answer(
+        "302 Found", f"Location: https://localhost:{v.server.trusted.server_address[1]}/trusted.mp3\r\n"),
     "length-too-short": lambda v: v.answer("200 OK", "Content-Length: 24000\r\n").play(),
     "length-too-long": on_first(lambda v: v.answer("200 OK", "Content-Length: 99999999\r\n").play(3)),
     "icy": lambda v: v.send(b"ICY 200 OK\nicy-name:x\nContent-Type:audio/mpeg\n\n").play(),
@@ -126,6 +128,12 @@ BEHAVIOURS = {
 }
 
 
+def make_certificate(path, name):
+    subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=Hostile", "-addext",
+                    f"subjectAltName={name}", "-keyout", path, "-out", path], check=True, capture_output=True)
+    return path
+
+
 class HostileServer(socketserver.ThreadingTCPServer):
     """`tones` maps the names of behaviours to their sounds."""
     daemon_threads = True
@@ -133,15 +141,14 @@ class HostileServer(socketserver.ThreadingTCPServer):
     def __init__(self, tones, folder, certificate=None):
         super().__init__(("127.0.0.1", 0), Visit)
         self.tones, self.asked = tones, collections.Counter()
+        self.certificate = certificate
         if certificate:
             context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
             context.load_cert_chain(certificate)
             self.socket = context.wrap_socket(self.socket, server_side=True)
         else:
-            certificate = folder / "untrusted.pem"
-            subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=127.0.0.1",
-                            "-keyout", certificate, "-out", certificate], check=True, capture_output=True)
-            self.secure = HostileServer(tones, folder, certificate)
+            self.untrusted = HostileServer(tones, folder, make_certificate(folder / "untrusted.pem", "IP:127.0.0.1"))
+            self.trusted = HostileServer(tones, folder, make_certificate(folder / "trusted.pem", "DNS:localhost"))
         threading.Thread(target=self.serve_forever, daemon=True).start()
 
     def address(self, name):

@@ -2,7 +2,10 @@
 
 Runs a few behaviours; --all runs every one, and every format of MP3; Hostile.test_NAME runs one.
 """
+import hashlib
 import re
+import ssl
+import struct
 import sys
 import time
 import unittest
@@ -34,9 +37,9 @@ FORMATS = ((8000, 1, "-b:a 8k"), (11025, 2, "-b:a 64k"), (12000, 1, "-b:a 24k"),
 ROWS = {
     "refuse": AWAY, "hang-up": AWAY, "endless-head": AWAY, "stranger": AWAY, "empty": AWAY,
     "redirect-loop": AWAY._replace(asked=45), "mute": Row("C (B )?OK ", within=16, asked=2),
-    "slow-head": Row("C OK "), "relative-redirect": HEARD, "icy": HEARD, "chunked": HEARD, "tagged": HEARD,
-    "garbage": HEARD._replace(stays=5), "titles": HEARD._replace(stays=5), "nested": HEARD, "wpl": HEARD,
-    "404-then-fine": Row("C OK ", asked=3), "untrusted": REFUSED, "401": REFUSED, "410": REFUSED,
+    "slow-head": Row("C OK "), "relative-redirect": HEARD, "trusted": HEARD, "icy": HEARD, "chunked": HEARD,
+    "tagged": HEARD, "garbage": HEARD._replace(stays=5), "titles": HEARD._replace(stays=5), "nested": HEARD,
+    "wpl": HEARD, "404-then-fine": Row("C OK ", asked=3), "untrusted": REFUSED, "401": REFUSED, "410": REFUSED,
     "html": USELESS, "sly-html": USELESS, "endless-playlist": USELESS,
     "aac": HEARD, "aac-mono": HEARD, "aac-without-decoder": USELESS,
     "drip": Row("(C )?B C OK ", within=45, asked=2),
@@ -46,7 +49,8 @@ ROWS = {
     "format-change": Row("(C )?OK ", "tone other"), "silence": Row("(C )?OK ", within=20),
     **{f"mp3-{number}": HEARD for number in range(len(FORMATS))},
 }
-IN_EVERY_TEST = ("aac", "garbage", "titles", "nested", "404-then-fine", "untrusted", "reset")
+IN_EVERY_TEST = ("aac", "trusted", "garbage", "titles", "nested", "404-then-fine", "untrusted", "reset")
+ROOTS = r"HKCU\Software\Microsoft\SystemCertificates\Root\Certificates"
 AAC_DECODER = r"HKCR\CLSID\{32d186a7-218f-4c75-8876-dd77273a8999}"
 TONES = {name: 440 + 50 * number for number, name in enumerate([*sorted(ROWS, reverse=True), "other"])}
 
@@ -59,6 +63,15 @@ ENCODINGS["aac-mono"] = ENCODINGS["aac-without-decoder"] = (16000, 1, "-b:a 24k 
 
 def tone_of(name):
     return make_tone(SOUNDS / f"hostile-{name}-{TONES[name]}.mp3", TONES[name], *ENCODINGS.get(name, ()))
+
+
+def trust(prefix, certificate):
+    """Makes it a root of the prefix's user: its hash and itself, each behind its number, a 1 and its length."""
+    der = ssl.PEM_cert_to_DER_cert(re.search("-----BEGIN CERT.*", certificate.read_text(), re.DOTALL)[0])
+    sha1 = hashlib.sha1(der).digest()
+    blob = struct.pack("<III", 3, 1, len(sha1)) + sha1 + struct.pack("<III", 32, 1, len(der)) + der
+    key = ROOTS + "\\" + sha1.hex().upper()
+    prefix.run("reg", "add", key, "/v", "Blob", "/t", "REG_BINARY", "/d", blob.hex(), "/f")
 
 
 def note(history, what):
@@ -80,6 +93,7 @@ class Hostile(unittest.TestCase):
             f"CYYZ|{name}|http://{cls.server.address(name)}|{cls.frequencies[name]}\r\n" for name in ROWS))
         cls.world.start_simulator()
         cls.copilot = cls.world.copilot
+        trust(cls.world.prefix, cls.server.trusted.certificate)
         cls.world.start_quillon()
 
     def setUp(self):
