@@ -138,11 +138,11 @@ void Session::UpdateRetries(Call call) {
 }
 
 /// Waits on while paused: nobody would hear the next try.
-void Session::WaitUntil(milliseconds moment, PlayState shown) {
+void Session::WaitUntil(milliseconds time, PlayState shown) {
     ShowTitle({});
     state_ = shown;
     is_waiting_ = true;
-    while (!controls_.cancelled && (controls_.paused || system_->Now() < moment)) system_->Wait(PollInterval);
+    while (!controls_.cancelled && (controls_.paused || system_->Now() < time)) system_->Wait(PollInterval);
     is_waiting_ = false;
 }
 

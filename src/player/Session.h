@@ -56,7 +56,7 @@ class Session {
     bool AwaitNextTry(Outcome outcome);
     template <typename Call>
     void UpdateRetries(Call call);
-    void WaitUntil(std::chrono::milliseconds moment, PlayState shown);
+    void WaitUntil(std::chrono::milliseconds time, PlayState shown);
     void ShowTitle(const std::string& title);
 
     const std::string url_;

@@ -129,7 +129,7 @@ void HttpAnswer(Bytes bytes) {
     Require(body.size() <= bytes.size(), "a body is no longer than the reply");
 }
 
-/// The first byte says how much sound lies between announcements.
+/// The first byte is the interval of the metadata.
 void IcyStream(Bytes bytes) {
     if (bytes.empty()) return;
     std::string stream(bytes.substr(1));
@@ -146,7 +146,7 @@ void IcyStream(Bytes bytes) {
         at += interval;
         if (at < stream.size()) at += 1 + Raw(stream)[at] * std::size_t{16};
     }
-    Require(kept == sound, "all but the announcements is sound");
+    Require(kept == sound, "everything but the metadata is sound");
     Require(IsText(title), "a title is text");
 }
 
@@ -158,7 +158,7 @@ void Playlist(Bytes bytes) {
         Require(!entry.empty() && IsText(entry), "an entry is text");
         ResolveEntry("C:\\lists\\list", entry);
         const auto address = ResolveEntry("http://h/lists/list", entry);
-        Require(!address || ParseAddress(*address), "a list of the network leads nowhere else");
+        Require(!address || ParseAddress(*address), "a list from the network leads nowhere else");
     }
 }
 
