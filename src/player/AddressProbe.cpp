@@ -18,6 +18,12 @@ FeedAnswer Failure(const std::string& words) {
     return {Finding::Fails, words};
 }
 
+/// `entry` is the playlist's entry that led to the sound; empty if the address itself did.
+FeedAnswer Success(const std::string& entry, const std::string& redirected_to) {
+    if (!redirected_to.empty()) return {Finding::Redirects, "Redirected to " + redirected_to};
+    return {Finding::Answers, entry.empty() ? "Plays" : "Playlist of " + entry + ": Plays"};
+}
+
 FeedAnswer TryFolder(const std::string& folder) {
     if (const std::size_t count = WaveFilesIn(folder).size(); count > 0)
         return {Finding::Answers, "Recordings: " + std::to_string(count)};
@@ -75,8 +81,8 @@ FeedAnswer AddressProbe::Try(const std::string& url) {
     return TryFolder(url);
 }
 
-/// The first stop that plays is the answer. If none does, the first one that is no playlist says why, with the
-/// playlists on the way to it.
+/// The first stop that plays decides. If none does, the answer names the first one that is not a playlist, what
+/// is wrong with it, and the playlists on the way to it.
 FeedAnswer AddressProbe::TryPlayable(const std::string& url) {
     PlaylistWalk walk(url, MostEntries);
     std::string way, way_back, problem, first_entry, redirected_to;
@@ -85,10 +91,7 @@ FeedAnswer AddressProbe::TryPlayable(const std::string& url) {
         if (visit.playlist) visit.problem = ProblemOf(walk.Enter(*visit.playlist, visit.from));
         if (stop->depth == 0) redirected_to = visit.redirected_to;
         if (stop->depth == 1) first_entry = stop->address.value_or(stop->entry);
-        const bool plays = visit.problem.empty() && !visit.playlist;
-        if (plays && !redirected_to.empty()) return {Finding::Redirects, "Redirected to " + redirected_to};
-        if (plays)
-            return {Finding::Answers, stop->depth == 0 ? "Plays" : "Playlist of " + first_entry + ": Plays"};
+        if (visit.problem.empty() && !visit.playlist) return Success(first_entry, redirected_to);
         if (!problem.empty()) continue;
         if (stop->depth > 0) way += "Playlist of " + stop->address.value_or(stop->entry) + ": ";
         if (!visit.redirected_to.empty()) way_back = ", redirected to " + visit.redirected_to + way_back;
