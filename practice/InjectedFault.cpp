@@ -8,7 +8,7 @@ namespace practice {
 
 const std::array<std::string_view, FaultCount> FaultNames = {
     "none",    "vanish",     "vanish-in-flight", "hang", "zero",   "wrong-version", "old-version",
-    "no-fade", "unknown-id", "overrun",          "size", "offset", "destination",
+    "no-fade", "unknown-id", "overrun",          "size", "offset", "destination",   "keep-mapping",
 };
 
 namespace {

@@ -23,6 +23,7 @@ enum Fault : std::uint32_t {
     OtherSize,
     OtherOffset,
     OtherDestination,
+    KeepMapping, ///< no fault to a good client: keeps each client's area mapped
     FaultCount,
 };
 

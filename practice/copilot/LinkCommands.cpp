@@ -28,15 +28,21 @@ class SleepingClock : public quillon::Clock {
     bool ServeEvents(std::chrono::milliseconds time) override { return Sleep(time), true; }
 };
 
-/// Opens the link, runs one round of the requests that `queue` adds, and closes it. Raises Failure.
+/// One for the whole run: a simulator may hold on to its shared area.
+FsuipcClient& Client() {
+    static quillon::WinMessageLink messages;
+    static quillon::WinSharedMemory memory;
+    static SleepingClock clock;
+    static FsuipcClient client(messages, memory, clock);
+    return client;
+}
+
+/// Reopens the link and runs one round of the requests that `queue` adds. Raises Failure.
 template <typename Queue>
 void OverTheLink(Queue queue) {
-    quillon::WinMessageLink messages;
-    quillon::WinSharedMemory memory;
-    SleepingClock clock;
-    FsuipcClient client(messages, memory, clock);
+    FsuipcClient& client = Client();
     std::uint32_t result = 0;
-    if (client.FsuipcOpen(0, result) && queue(client, result) && client.FsuipcProcess(result)) return;
+    if (client.FsuipcReopen(result) && queue(client, result) && client.FsuipcProcess(result)) return;
     throw Failure(result == 0 ? "0 The reply is damaged"
                               : std::to_string(result) + " " + quillon::ResultTexts.at(result));
 }

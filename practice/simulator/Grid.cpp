@@ -92,7 +92,7 @@ std::vector<Row> Grid::Rows(const quillon::Theme& theme) const {
             row.insert(row.end(), cells.begin(), cells.end());
         }
     }
-    rows.push_back(Edge - Gap);
+    rows.emplace_back(Edge - Gap);
     return rows;
 }
 

@@ -58,7 +58,12 @@ void Falsify(const Damage& damage, std::uint32_t offset, std::span<std::uint8_t>
 }
 
 using Mapping = quillon::Handle<HANDLE, CloseHandle>;
-using View = quillon::Handle<void*, UnmapViewOfFile>;
+
+/// A mapping lasts as long as a view of it.
+View ViewOf(const char* name) {
+    const Mapping mapping(OpenFileMappingA(FILE_MAP_WRITE, FALSE, name));
+    return View(mapping ? MapViewOfFile(mapping.Get(), FILE_MAP_WRITE, 0, 0, 0) : nullptr);
+}
 
 std::span<std::uint8_t> BytesOf(const View& view) {
     MEMORY_BASIC_INFORMATION information{};
@@ -105,10 +110,12 @@ std::uint32_t Peer::CurrentFault() const {
 bool Peer::ServeMapping(std::uintptr_t atom) {
     char name[256];
     if (!GlobalGetAtomNameA(static_cast<ATOM>(atom), name, sizeof name)) return false;
-    const Mapping mapping(OpenFileMappingA(FILE_MAP_WRITE, FALSE, name));
-    if (!mapping) return false;
-    const View view(MapViewOfFile(mapping.Get(), FILE_MAP_WRITE, 0, 0, 0));
-    return view && Serve(BytesOf(view));
+    if (CurrentFault() != KeepMapping) kept_.clear();
+    View& view = kept_[name];
+    if (!view) view = ViewOf(name);
+    const bool served = view && Serve(BytesOf(view));
+    if (CurrentFault() != KeepMapping) kept_.clear();
+    return served;
 }
 
 bool Peer::Serve(std::span<std::uint8_t> area) {

@@ -1,11 +1,18 @@
 #pragma once
 
 #include "OffsetMemory.h"
+#include "win32/system/Handle.h"
+
+#include <windows.h>
 
 #include <cstdint>
+#include <map>
 #include <span>
+#include <string>
 
 namespace practice {
+
+using View = quillon::Handle<void*, UnmapViewOfFile>;
 
 /// FSUIPC's side of the link: serves the rounds that other programs send, with the injected fault, if any.
 class Peer {
@@ -25,6 +32,7 @@ class Peer {
     bool Serve(std::span<std::uint8_t> area);
 
     OffsetMemory& memory_;
+    std::map<std::string, View> kept_; ///< clients' areas by name
     std::uint64_t answered_ = 0;
 };
 

@@ -12,7 +12,8 @@ void CatalogueReload::Run(bool cycle_ran) {
 void CatalogueReload::TakeUpList(bool cycle_ran) {
     if (!cycle_.optManual()) {
         cycle_.ForceRetune = true;
-        if (cycle_.ActiveTimerId == 3) cycle_.ActiveTimerId = 1; // only Timer1 looks feeds up
+        // Only that one looks feeds up.
+        if (cycle_.ActiveTimerId == AutomaticChatterCycle) cycle_.ActiveTimerId = AutomaticTuningCycle;
     }
     if (cycle_ran) PutInCharge(cycle_, cycle_.ActiveTimerId);
 }

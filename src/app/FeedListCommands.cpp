@@ -97,12 +97,12 @@ void FeedListCommands::PickSelectedFeed(const FeedRecord& picked) {
     state_.chatter.FirstPick = true;
     if (state_.feed.WplMarker == 0) state_.feed.FeedUrlMarker = std::to_string(InStr(picked.URL, "//"));
     if (state_.feed.FeedUrlMarker != "0") {
-        PutInCharge(state_.cycle, 2);
+        PutInCharge(state_.cycle, ManualMonitoringCycle);
         return;
     }
     state_.StartupStep = "Adding Wave Files";
     FillShuffleBag(state_.chatter, state_.feed.FeedUrl, state_.StartupStep);
-    PutInCharge(state_.cycle, 4);
+    PutInCharge(state_.cycle, ManualChatterCycle);
 }
 
 void FeedListCommands::lvwDB_DblClick() {

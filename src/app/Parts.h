@@ -63,9 +63,9 @@ struct Parts {
     Airports airports{state.Airports, ports.code_page, trap};
     FeedLoader loader{state, ports.prompts, ports.code_page, trap};
     ReceptionRange range{state.Airports, trap};
-    ShutDown shut_down{state, settings, remembered, regional, link, ports.player};
+    ShutDown shut_down{state.Ended, state.form, settings, remembered, regional, link, ports.player};
     CatalogueReload reload{state.cycle, loader};
-    StarterData starter{state, ports.prompts, ports.shell};
+    StarterData starter{state.folders, state.form.lvwDB, state.StartupStep, ports.prompts, ports.shell};
     StartUp start_up{
         state,       ports, trap, texts, {regional, settings, remembered, airports, loader, starter, reload},
         command_line};
@@ -88,7 +88,7 @@ struct Parts {
     FsuipcStatus status{state.fsuipc_status, state.radio, link, readout};
     Mute mute{state, texts, ports.player};
     MuteKey mute_key{state, mute, ports.keyboard, ports.display, clock};
-    PlayerStrip strip{state, ports.player, ports.live, mute};
+    PlayerStrip strip{state, state.form.Volume, ports.player, ports.live, mute};
 };
 
 } // namespace quillon

@@ -26,8 +26,8 @@ void PlayerStrip::Stop() {
 }
 
 void PlayerStrip::SetVolume(int volume) {
-    state_.form.Volume = std::clamp(volume, 0, 100);
-    player_.SetVolume(state_.form.Volume);
+    volume_ = std::clamp(volume, 0, 100);
+    player_.SetVolume(volume_);
 }
 
 void PlayerStrip::ReloadFeed() {

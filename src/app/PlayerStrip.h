@@ -2,15 +2,16 @@
 
 #include "playback/Mute.h"
 #include "ports/LiveFeed.h"
-#include "state/ProgramState.h"
+#include "state/PlaybackState.h"
 
 namespace quillon {
 
 /// The play, pause and stop buttons and the volume of the main window, and the command that reloads the feed.
 class PlayerStrip {
   public:
-    PlayerStrip(ProgramState& state, MediaPlayer& player, LiveFeed& live, Mute& mute)
-        : state_(state), player_(player), live_(live), mute_(mute) {}
+    /// `volume` is the one shown, 0 to 100.
+    PlayerStrip(const PlaybackState& state, int& volume, MediaPlayer& player, LiveFeed& live, Mute& mute)
+        : state_(state), volume_(volume), player_(player), live_(live), mute_(mute) {}
 
     // In Automatic mode, where the cycle would undo a pause or stop within a second, they mute and un-mute.
     void Play();
@@ -22,7 +23,8 @@ class PlayerStrip {
     void ReloadFeed();
 
   private:
-    ProgramState& state_;
+    const PlaybackState& state_;
+    int& volume_;
     MediaPlayer& player_;
     LiveFeed& live_;
     Mute& mute_;

@@ -3,19 +3,19 @@
 namespace quillon {
 
 void ShutDown::Run() {
-    if (state_.Ended) return;
+    if (ended_) return;
     settings_.WriteIni();
     remembered_.Write();
     RunUnsaved();
 }
 
 void ShutDown::RunUnsaved() {
-    if (state_.Ended) return;
-    state_.Ended = true;
+    if (ended_) return;
+    ended_ = true;
     regional_.Restore();
     link_.FsuipcClose();
     player_.Stop();
-    state_.form.Visible = false;
+    form_.Visible = false;
 }
 
 } // namespace quillon

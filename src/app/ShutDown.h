@@ -5,16 +5,18 @@
 #include "settings/RememberedState.h"
 #include "settings/Settings.h"
 #include "simlink/FsuipcClient.h"
-#include "state/ProgramState.h"
+#include "state/Forms.h"
 
 namespace quillon {
 
 /// Ends the program; every call after the first does nothing.
 class ShutDown {
   public:
-    ShutDown(ProgramState& state, Settings& settings, RememberedState& remembered, RegionalNumbers& regional,
-             FsuipcClient& link, MediaPlayer& player)
-        : state_(state),
+    /// `ended` is set once the program has ended.
+    ShutDown(bool& ended, frmATC& form, Settings& settings, RememberedState& remembered,
+             RegionalNumbers& regional, FsuipcClient& link, MediaPlayer& player)
+        : ended_(ended),
+          form_(form),
           settings_(settings),
           remembered_(remembered),
           regional_(regional),
@@ -29,7 +31,8 @@ class ShutDown {
     void RunUnsaved();
 
   private:
-    ProgramState& state_;
+    bool& ended_;
+    frmATC& form_;
     Settings& settings_;
     RememberedState& remembered_;
     RegionalNumbers& regional_;

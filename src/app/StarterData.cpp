@@ -49,7 +49,7 @@ bool StarterData::Needed() {
 }
 
 bool StarterData::NothingToHear() const {
-    const std::vector<FeedRecord>& feeds = state_.form.lvwDB.Items();
+    const std::vector<FeedRecord>& feeds = list_.Items();
     return std::none_of(feeds.begin(), feeds.end(), CanBeHeard);
 }
 
@@ -62,24 +62,24 @@ std::vector<std::string> StarterData::Lacking() {
 
 void StarterData::Create() {
     const std::string folder = Target();
-    state_.StartupStep = "Creating " + folder;
+    startup_step_ = "Creating " + folder;
     MakeFolder(folder);
-    if (state_.folders.DataPath != folder) MoveFromBareFolder();
+    if (folders_.DataPath != folder) MoveFromBareFolder();
     for (const std::string& file : Lacking()) {
-        state_.StartupStep = "Creating " + folder;
-        state_.StartupStep += file;
+        startup_step_ = "Creating " + folder;
+        startup_step_ += file;
         CreateWithFolders(folder, file, ReadFile(Source() + file));
     }
-    state_.StartupStep.clear();
+    startup_step_.clear();
 }
 
 /// Without a data folder, its parent, the application-data folder, was used instead.
 void StarterData::MoveFromBareFolder() {
     for (const char* name :
          {CatalogueName, BackupName, AirportsName, SettingsName, RememberedName, TraceLogName}) {
-        const std::string file = state_.folders.DataPath + name;
+        const std::string file = folders_.DataPath + name;
         if (!FileExists(file) || FileExists(Target() + name)) continue;
-        state_.StartupStep = "Moving " + file;
+        startup_step_ = "Moving " + file;
         MoveFileOver(file, Target() + name);
     }
 }

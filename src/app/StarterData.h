@@ -2,7 +2,8 @@
 
 #include "ports/Prompts.h"
 #include "ports/Shell.h"
-#include "state/ProgramState.h"
+#include "state/Folders.h"
+#include "state/ListView.h"
 
 #include <string>
 #include <vector>
@@ -13,8 +14,10 @@ namespace quillon {
 /// they will be in the user's data folder.
 class StarterData {
   public:
-    StarterData(ProgramState& state, Prompts& prompts, Shell& shell)
-        : state_(state), prompts_(prompts), shell_(shell) {}
+    /// `startup_step` says what is being done.
+    StarterData(const Folders& folders, const ListView& list, std::string& startup_step, Prompts& prompts,
+                Shell& shell)
+        : folders_(folders), list_(list), startup_step_(startup_step), prompts_(prompts), shell_(shell) {}
 
     /// If the start found no catalogue, no airports or nothing that can be played, and there is starter data:
     /// asks the user whether to create what is missing. Returns whether the answer was Yes.
@@ -33,7 +36,9 @@ class StarterData {
     std::vector<std::string> Lacking();
     void MoveFromBareFolder();
 
-    ProgramState& state_;
+    const Folders& folders_;
+    const ListView& list_;
+    std::string& startup_step_;
     Prompts& prompts_;
     Shell& shell_;
 };

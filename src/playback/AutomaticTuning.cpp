@@ -26,7 +26,7 @@ void AutomaticTuning::Timer1_Timer() {
 }
 
 void AutomaticTuning::Tick() {
-    state_.cycle.ActiveTimerId = 1;
+    state_.cycle.ActiveTimerId = AutomaticTuningCycle;
     if (!sim_.Relink()) return;
     state_.cycle.CaptionBase = "Quillon";
     display_.GetWMPState();
@@ -88,7 +88,7 @@ void AutomaticTuning::StartStream(std::size_t row) {
 
 void AutomaticTuning::StartFolder() {
     FillShuffleBag(state_.chatter, state_.feed.FeedUrl, trap_.StartupStep());
-    PutInCharge(state_.cycle, 3);
+    PutInCharge(state_.cycle, AutomaticChatterCycle);
 }
 
 } // namespace quillon

@@ -14,7 +14,7 @@ void ManualMonitoring::Timer2_Timer() {
 void ManualMonitoring::Tick() {
     FeedState& feed = state_.feed;
     RadioState& radio = state_.radio;
-    state_.cycle.ActiveTimerId = 2;
+    state_.cycle.ActiveTimerId = ManualMonitoringCycle;
     state_.cycle.CaptionBase = state_.cycle.optManual() ? "Quillon - Manual Mode" : "Quillon";
     trap_.StartupStep() = " Getting WMP State";
     display_.GetWMPState();
@@ -39,7 +39,7 @@ void ManualMonitoring::StartPickedFeed() {
         return;
     }
     FillShuffleBag(state_.chatter, feed.FeedUrl, trap_.StartupStep());
-    PutInCharge(state_.cycle, 4);
+    PutInCharge(state_.cycle, ManualChatterCycle);
 }
 
 void ManualMonitoring::StartStream() {

@@ -13,7 +13,7 @@ void RecordedChatter::Timer4_Timer() {
 }
 
 void RecordedChatter::AutomaticTick() {
-    state_.cycle.ActiveTimerId = 3;
+    state_.cycle.ActiveTimerId = AutomaticChatterCycle;
     if (!FollowSimulator() || RecordingPlays()) return;
     schedule_.MeasureElapsed();
     if (!schedule_.CountDown()) PlayNextInRange();
@@ -33,7 +33,7 @@ bool RecordedChatter::FollowSimulator() {
     }
     trap_.StartupStep() = "Comparing Previous and Master Frequencies";
     if (Retuned()) {
-        HandBack(1);
+        HandBack(AutomaticTuningCycle);
         return false;
     }
     sim_.UpdateRange();
@@ -50,8 +50,8 @@ bool RecordedChatter::Retuned() {
     return retuned;
 }
 
-void RecordedChatter::HandBack(std::int16_t timer_id) {
-    PutInCharge(state_.cycle, timer_id);
+void RecordedChatter::HandBack(Cycle cycle) {
+    PutInCharge(state_.cycle, cycle);
     state_.cycle.ForceRetune = true;
 }
 
@@ -71,10 +71,10 @@ void RecordedChatter::PlayNextInRange() {
 
 void RecordedChatter::ManualTick() {
     FeedState& feed = state_.feed;
-    state_.cycle.ActiveTimerId = 4;
+    state_.cycle.ActiveTimerId = ManualChatterCycle;
     trap_.StartupStep() = "Compare Previous and Master Frequencies";
     if (Retuned() && feed.FeedUrlMarker != "0") {
-        HandBack(state_.cycle.optManual() ? 2 : 1);
+        HandBack(state_.cycle.optManual() ? ManualMonitoringCycle : AutomaticTuningCycle);
         return;
     }
     texts_.ShowFeed();

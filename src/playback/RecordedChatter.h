@@ -32,7 +32,7 @@ class RecordedChatter {
     void ManualTick();
     bool FollowSimulator();
     bool Retuned();
-    void HandBack(std::int16_t timer_id);
+    void HandBack(Cycle cycle);
     bool RecordingPlays();
     void PlayNextInRange();
     void HurryFirstPick();

@@ -13,7 +13,7 @@ void SelectionModes::optAuto_Click() {
     // A frequency picked by hand must not count as one the radio was tuned to.
     state_.radio.MasterFrequency = UnreadFrequency;
     state_.cycle.ForceRetune = true;
-    PutInCharge(state_.cycle, 1);
+    PutInCharge(state_.cycle, AutomaticTuningCycle);
 }
 
 void SelectionModes::optManual_Click() {
@@ -23,7 +23,7 @@ void SelectionModes::optManual_Click() {
     texts_.ShowMode();
     // Nothing has been picked by hand yet; what the radio started goes on.
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
-    PutInCharge(state_.cycle, 2);
+    PutInCharge(state_.cycle, ManualMonitoringCycle);
 }
 
 } // namespace quillon

@@ -36,14 +36,14 @@ std::string_view CutAtFirstOf(std::string_view& text, std::string_view marks) {
 
 /// Percent-encodes all but visible ASCII characters: a blank would end the target in the request line.
 std::string Encoded(std::string_view target) {
-    static constexpr char digits[] = "0123456789ABCDEF";
+    static constexpr char Digits[] = "0123456789ABCDEF";
     std::string encoded;
     for (const char c : target) {
         if (IsPlain(c)) {
             encoded += c;
         } else {
             const auto byte = static_cast<unsigned char>(c);
-            encoded += {'%', digits[byte >> 4U], digits[byte & 15U]};
+            encoded += {'%', Digits[byte >> 4U], Digits[byte & 15U]};
         }
     }
     return encoded;

@@ -94,7 +94,7 @@ FeedAnswer AddressProbe::TryPlayable(const std::string& url) {
         if (visit.problem.empty() && !visit.playlist) return Success(first_entry, redirected_to);
         if (!problem.empty()) continue;
         if (stop->depth > 0) way += "Playlist of " + stop->address.value_or(stop->entry) + ": ";
-        if (!visit.redirected_to.empty()) way_back = ", redirected to " + visit.redirected_to + way_back;
+        if (!visit.redirected_to.empty()) way_back.insert(0, ", redirected to " + visit.redirected_to);
         problem = visit.problem;
     }
     return Failure(way + problem + way_back);

@@ -11,9 +11,9 @@ constexpr int LongestSizeLine = 4096;
 
 /// Value of a hexadecimal digit, 16 for any other byte.
 unsigned DigitValue(std::uint8_t byte) {
-    static constexpr std::string_view digits = "0123456789abcdef0123456789ABCDEF";
-    const std::size_t at = digits.find(static_cast<char>(byte));
-    return at == digits.npos ? 16 : static_cast<unsigned>(at % 16);
+    static constexpr std::string_view Digits = "0123456789abcdef0123456789ABCDEF";
+    const std::size_t at = Digits.find(static_cast<char>(byte));
+    return at == Digits.npos ? 16 : static_cast<unsigned>(at % 16);
 }
 
 } // namespace

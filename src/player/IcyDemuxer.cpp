@@ -46,10 +46,10 @@ void IcyDemuxer::TakeMetadataByte(std::uint8_t byte) {
 }
 
 std::string TitleOf(std::string_view metadata) {
-    static constexpr std::string_view mark = "StreamTitle='";
-    const std::size_t start = metadata.find(mark);
+    static constexpr std::string_view Mark = "StreamTitle='";
+    const std::size_t start = metadata.find(Mark);
     if (start == metadata.npos) return {};
-    metadata.remove_prefix(start + mark.size());
+    metadata.remove_prefix(start + Mark.size());
     metadata = metadata.substr(0, metadata.find('\0'));
     const std::size_t end = std::min(metadata.find("';"), metadata.rfind('\''));
     return OneLine(PlainText(metadata.substr(0, end)), LongestTitle);

@@ -34,9 +34,9 @@ std::size_t BlankLength(std::string_view text) {
 
 /// The character that an entity's name, the text between "&" and ";", stands for.
 std::optional<unsigned long> EntityCode(std::string_view name) {
-    static constexpr std::pair<std::string_view, char> names[] = {
+    static constexpr std::pair<std::string_view, char> Names[] = {
         {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
-    for (const auto& [known, character] : names)
+    for (const auto& [known, character] : Names)
         if (LCase(name) == known) return static_cast<unsigned char>(character);
     if (!name.starts_with('#')) return {};
     name.remove_prefix(1);

@@ -122,15 +122,15 @@ Entries M3uEntries(std::string_view text) {
 }
 
 Entries PlsEntries(std::string_view text) {
-    static constexpr std::string_view key = "file";
+    static constexpr std::string_view FileKey = "file";
     std::map<unsigned, std::string_view> numbered;
     ForEachLine(text, [&](std::string_view line) {
         const std::size_t equals = line.find('=');
-        if (equals == line.npos || LCase(line.substr(0, key.size())) != key) return;
+        if (equals == line.npos || LCase(line.substr(0, FileKey.size())) != FileKey) return;
         const std::string_view name = Trimmed(line.substr(0, equals));
         unsigned number = 0;
         const char* const end = name.data() + name.size();
-        if (std::from_chars(name.data() + key.size(), end, number).ptr == end)
+        if (std::from_chars(name.data() + FileKey.size(), end, number).ptr == end)
             numbered.emplace(number, line.substr(equals + 1));
     });
     Entries entries;

@@ -54,7 +54,7 @@ std::optional<std::int16_t> SimReading::PauseState() const {
 
 std::optional<RadioReading> SimReading::Radio() const {
     if (!answered_ || !has_radio_) return std::nullopt;
-    return DecodeFrequency(RadioBytes[1], RadioBytes[0]);
+    return DecodeFrequency(radio_[1], radio_[0]);
 }
 
 double SimReading::FixedPoint::Value() const {
@@ -71,12 +71,11 @@ PositionReading SimReading::Position() const {
 SimReading RadioReadout::Read(std::uint32_t radio_offset) {
     SimReading reading;
     reading.has_radio_ = radio_offset != 0;
-    reading.answered_ = Queue(PauseIndicator, reading.pause_) &&
-                        (!reading.has_radio_ || Queue(radio_offset, reading.RadioBytes)) &&
-                        Queue(LatitudeHigh, reading.latitude_.high) &&
-                        Queue(LatitudeLow, reading.latitude_.low) &&
-                        Queue(LongitudeHigh, reading.longitude_.high) &&
-                        Queue(LongitudeLow, reading.longitude_.low) && link_.FsuipcProcess(result_);
+    reading.answered_ =
+        Queue(PauseIndicator, reading.pause_) && (!reading.has_radio_ || Queue(radio_offset, reading.radio_)) &&
+        Queue(LatitudeHigh, reading.latitude_.high) && Queue(LatitudeLow, reading.latitude_.low) &&
+        Queue(LongitudeHigh, reading.longitude_.high) && Queue(LongitudeLow, reading.longitude_.low) &&
+        link_.FsuipcProcess(result_);
     return reading;
 }
 

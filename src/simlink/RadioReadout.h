@@ -63,7 +63,7 @@ class SimReading {
     bool answered_ = false;
     bool has_radio_ = false;
     std::array<std::uint8_t, 2> pause_{};
-    std::array<std::uint8_t, 4> RadioBytes{};
+    std::array<std::uint8_t, 4> radio_{};
     FixedPoint latitude_;
     FixedPoint longitude_;
 };

@@ -84,11 +84,19 @@ struct FormTimer {
     int Interval = 1000; ///< ms
 };
 
-/// The form's timers, and which cycle they drive.
+/// The cycles, by the numbers of the timers that drive them.
+enum Cycle : std::int16_t {
+    AutomaticTuningCycle = 1,
+    ManualMonitoringCycle = 2,
+    AutomaticChatterCycle = 3,
+    ManualChatterCycle = 4,
+};
+
+/// The form's timers, and which cycle is in charge.
 struct CycleState {
-    SelectionMode Mode = SelectionMode::Automatic; ///< which of `optAuto` and `optManual` is on
-    std::int16_t ActiveTimerId = 1;                ///< which of the timers 1 to 4 is in charge
-    bool ForceRetune = false;                      ///< the next tick of `Timer1` searches anew
+    SelectionMode Mode = SelectionMode::Automatic;     ///< which of `optAuto` and `optManual` is on
+    std::int16_t ActiveTimerId = AutomaticTuningCycle; ///< the Cycle in charge
+    bool ForceRetune = false;                          ///< the next tick of `Timer1` searches anew
     std::string CaptionBase = "Quillon";
 
     std::array<FormTimer, 5> Timers{{{true, 1000}, {false, 1000}, {false, 1000}, {false, 1000}, {true, 100}}};

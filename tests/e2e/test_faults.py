@@ -66,6 +66,17 @@ def at_start(*options):
     return job
 
 
+def kept_mapping(station):
+    """Quillon follows the radio although the server holds on to the shared area."""
+    station.fly("--fault", "keep-mapping")
+    for feed in (TORONTO, LONDON) * 6:  # longer than a few answers
+        station.copilot.ask(f"tune com2stby {feed.frequency}")
+        station.copilot.await_text("panel 2", feed.frequency)
+    worst = station.silence(1)
+    station.close_quillon()
+    return f"silent for {worst:.1f} s at worst"
+
+
 def hung_at_start(station):
     """The splash closes although each tick takes longer than the timer's interval."""
     station.start_simulator("--fault", "hang=3000")
@@ -198,7 +209,7 @@ JOBS = {
     **{f"start_{name}": at_start("--fault", name) for name in DAMAGED},
     "start_wide": at_start("--class", "FS98MAIN"),
     "start_wide-no-fade": at_start("--class", "FS98MAIN", "--fault", "no-fade"),
-    "start_hang=3000": hung_at_start, "others": others, "deep": deep,
+    "start_hang=3000": hung_at_start, "keep-mapping": kept_mapping, "others": others, "deep": deep,
     "read-only": unusable(spoiling.read_only, "Error 70 Permission denied", readable=True),
     "locked": unusable(spoiling.lock, "Error 70 Permission denied"),
     "folder": unusable(spoiling.put_folder, "Error 75 Path/File access error"),
@@ -206,6 +217,7 @@ JOBS = {
     "full": unusable(spoiling.fill_disk, "Error 61 Disk full", readable=True),
 }
 IN_EVERY_TEST = ("kill_0", "kill_1", "flight_hang=3000", "flight_killed", "flight_vanish-in-flight", "flight_overrun",
+                 "keep-mapping",
                  "start_zero", "others", "deep", "read-only", "locked", "folder", "gone", "full")
 WANTED = [name.removeprefix("Faults.test_") for name in sys.argv[1:] if name != "--all"]
 WANTED = [name for name in WANTED or (JOBS if ALL else IN_EVERY_TEST)

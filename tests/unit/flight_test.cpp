@@ -234,6 +234,8 @@ TEST_F(Flight, ManualModeEndsTheWaitingAndQuittingToo) {
         simulator.running = false;
         clock.events = [&] {
             if (!state().form.Visible) return true;
+            program->Run(Command::mnuEditData); // the list is loaded anew, and the next tick searches it
+            program->TimerTick(1);
             EXPECT_EQ(panel(3), "Looking for the simulator ...");
             manual ? program->Run(Command::optManual) : program->Run(Command::mnuQuit);
             return !state().Ended;

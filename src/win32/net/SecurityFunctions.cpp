@@ -17,8 +17,8 @@ const SecurityFunctionTableW* Load() {
 } // namespace
 
 const SecurityFunctionTableW* SecurityFunctions() {
-    static const SecurityFunctionTableW* const functions = Load();
-    return functions;
+    static const SecurityFunctionTableW* const Functions = Load();
+    return Functions;
 }
 
 } // namespace quillon

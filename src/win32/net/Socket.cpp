@@ -15,11 +15,11 @@ namespace {
 constexpr auto AddressTimeout = 3s;
 
 bool StartWinsock() {
-    static const bool started = [] {
+    static const bool Started = [] {
         WSADATA data;
         return WSAStartup(MAKEWORD(2, 2), &data) == 0;
     }();
-    return started;
+    return Started;
 }
 
 int ClampToInt(std::size_t size) {

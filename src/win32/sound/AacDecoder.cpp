@@ -43,13 +43,13 @@ struct MediaFoundation {
 };
 
 const MediaFoundation& Functions() {
-    static const MediaFoundation functions;
-    return functions;
+    static const MediaFoundation Loaded;
+    return Loaded;
 }
 
 bool IsStarted() {
-    static const bool started = Functions().Start();
-    return started;
+    static const bool Started = Functions().Start();
+    return Started;
 }
 
 /// A sample of that size, and its buffer.
