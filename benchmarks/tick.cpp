@@ -26,9 +26,9 @@ std::string AirportsOf(std::size_t count) {
     return lines + Toronto;
 }
 
-/// A simulator in a process of its own, as the real one is: its memory is mapped anew for each opening, and
-/// each round goes there and back. Both share one processor, as the time that an idle one takes to wake up
-/// scatters by more than a tick costs.
+/// A simulator in a process of its own, as the real one is: both map the same memory, and each round goes there
+/// and back. Both share one processor, as the time that an idle one takes to wake up scatters by more than a
+/// tick costs.
 class SimulatorProcess : public FakeSimulator {
   public:
     SimulatorProcess() : memory_(memfd_create("link", 0)) {
