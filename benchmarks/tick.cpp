@@ -98,10 +98,10 @@ void LinkCalls(benchmark::State& state) {
     FakeClock clock;
     FsuipcClient link(simulator, simulator, clock);
     std::uint32_t result = 0;
-    RadioReadout readout(link, result);
+    RadioReadout readout(link);
     for (auto _ : state) {
         link.FsuipcReopen(result);
-        if (!readout.Read(FollowedRadio).Radio()) state.SkipWithError("the link failed");
+        if (!readout.Read(FollowedRadio, result).Radio()) state.SkipWithError("the link failed");
     }
 }
 BENCHMARK(LinkCalls<SimulatorProcess>)->Name("tick/link calls")->Unit(benchmark::kMicrosecond);

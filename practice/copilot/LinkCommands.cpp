@@ -24,6 +24,7 @@ class SleepingClock : public quillon::Clock {
     quillon::TimePoint Now() override {
         return std::chrono::time_point_cast<std::chrono::milliseconds>(std::chrono::system_clock::now());
     }
+    std::chrono::milliseconds Uptime() override { return std::chrono::milliseconds(GetTickCount64()); }
     void Sleep(std::chrono::milliseconds time) override { ::Sleep(static_cast<DWORD>(time.count())); }
     bool ServeEvents(std::chrono::milliseconds time) override { return Sleep(time), true; }
 };

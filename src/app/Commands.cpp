@@ -11,6 +11,10 @@ bool Always(const ProgramState&) {
     return true;
 }
 
+bool Idle(const ProgramState& state) {
+    return !state.Busy;
+}
+
 bool WithFolders(const ProgramState& state) {
     return !state.Busy && state.form.FoldersKnown;
 }
@@ -70,6 +74,9 @@ constexpr Command PreferencesMenu[] = {
     {Command::mnuSetMute, "Set Default &Mute Key", [](Parts& p) { p.preferences.mnuSetMute_Click(); }},
     Separator,
     {Command::mnuPlaylist, "&Enable Playlists"},
+    Separator,
+    {Command::StayOpenMark, "Stay &open when the simulator ends", [](Parts& p) { p.stay_open.Toggle(); }, Idle,
+     [](const ProgramState& state) { return state.marks.StayOpen; }},
 };
 
 constexpr Command HelpMenu[] = {
@@ -109,7 +116,6 @@ constexpr Command InNoMenu[] = {
     {Command::cmdComClose, "", [](Parts& p) { p.preferences.cmdComClose_Click(); }},
     {Command::cmdClose2, "", [](Parts& p) { p.preferences.cmdClose2_Click(); }},
     {Command::lvwDB_ItemClick, "", [](Parts& p) { p.list.lvwDB_ItemClick(); }},
-    {Command::lvwDB_DblClick, "", [](Parts& p) { p.list.lvwDB_DblClick(); }},
     {Command::Form_Click, "", [](Parts& p) { p.preferences.Form_Click(); }},
     {Command::frmShow_FSUIPC_Command1, "", [](Parts& p) { p.status.Command1_Click(); }, Always},
 };

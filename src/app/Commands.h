@@ -49,10 +49,10 @@ struct Command {
         mnuPrint = 2021,
         ReloadFeed = 2022,
         CheckFeeds = 2023,
+        StayOpenMark = 2024,
 
         // These have no control or menu entry of their own.
         lvwDB_ItemClick = 3001,
-        lvwDB_DblClick = 3002,
         Form_Click = 3003,
         frmShow_FSUIPC_Command1 = 3004,
     };
@@ -61,6 +61,7 @@ struct Command {
     const char* Text = "";             ///< of the menu entry, with its key after a tab: "Ctrl+Shift+F", "F3"
     void (*Handler)(Parts&) = nullptr; ///< null: does nothing
     bool (*Enabled)(const ProgramState&) = [](const ProgramState& state) { return !state.Busy; };
+    bool (*Checked)(const ProgramState&) = nullptr; ///< of a menu entry with a check mark
 };
 
 struct Menu {

@@ -6,12 +6,6 @@
 
 namespace quillon {
 
-namespace {
-
-constexpr int ControlKey = 17;
-
-} // namespace
-
 void FeedListCommands::lvwDB_ColumnClick(Column column) {
     ListView& list = state_.form.lvwDB;
     if (!list.Sorted())
@@ -105,8 +99,8 @@ void FeedListCommands::PickSelectedFeed(const FeedRecord& picked) {
     PutInCharge(state_.cycle, ManualChatterCycle);
 }
 
-void FeedListCommands::lvwDB_DblClick() {
-    if (keyboard_.IsDown(ControlKey)) TuneFeed();
+void FeedListCommands::lvwDB_DblClick(bool control) {
+    if (control) TuneFeed();
 }
 
 void FeedListCommands::CopyAddress() {
@@ -131,8 +125,8 @@ void FeedListCommands::TuneToSelectedFeed() {
     state_.radio.MasterFrequency = state_.feed.FeedFrequency;
     if (!IsCurrent(state_.feed, picked))
         MakeCurrent(state_, texts_, picked); // need not stop if it already plays
-    tuning_.Write_FSUIPC(state_.feed.FeedFrequency);
     texts_.ShowTunedFrequency(state_.feed.FeedFrequency);
+    tuning_.Write_FSUIPC(state_.feed.FeedFrequency);
 }
 
 } // namespace quillon

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "playback/ScreenTexts.h"
-#include "ports/Keyboard.h"
 #include "ports/MediaPlayer.h"
 #include "ports/Prompts.h"
 #include "ports/Shell.h"
@@ -18,12 +17,11 @@ namespace quillon {
 class FeedListCommands {
   public:
     FeedListCommands(ProgramState& state, ScreenTexts& texts, MediaPlayer& player, Prompts& prompts,
-                     Keyboard& keyboard, Shell& shell, RadioTuning& tuning, ErrorTrap& trap)
+                     Shell& shell, RadioTuning& tuning, ErrorTrap& trap)
         : state_(state),
           texts_(texts),
           player_(player),
           prompts_(prompts),
-          keyboard_(keyboard),
           shell_(shell),
           tuning_(tuning),
           trap_(trap) {}
@@ -39,8 +37,8 @@ class FeedListCommands {
 
     void CopyAddress();
 
-    /// With Ctrl held down, in Automatic mode, tunes the simulator's followed radio to the selected feed.
-    void lvwDB_DblClick();
+    /// A double click on a row; with Ctrl held down it is TuneFeed.
+    void lvwDB_DblClick(bool control);
 
     void mnuSearch_Click();
     void mnuCitySearch_Click();
@@ -62,7 +60,6 @@ class FeedListCommands {
     ScreenTexts& texts_;
     MediaPlayer& player_;
     Prompts& prompts_;
-    Keyboard& keyboard_;
     Shell& shell_;
     RadioTuning& tuning_;
     ErrorTrap& trap_;

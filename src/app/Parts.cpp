@@ -19,15 +19,25 @@ Ports WithClock(const Ports& ports, Clock& clock) {
             .code_page = ports.code_page,
             .keyboard = ports.keyboard,
             .printer = ports.printer,
-            .probe = ports.probe};
+            .probe = ports.probe,
+            .background = ports.background};
 }
 
 } // namespace
 
-Parts::Parts(ProgramState& program_state, const Ports& outside, bool& in_handler, std::string arguments)
+Parts::Parts(ProgramState& program_state, const Ports& outside, std::string arguments)
     : state(program_state),
       command_line(std::move(arguments)),
-      clock(outside.clock, in_handler),
+      gate(outside.background, [this](const auto& handler) { RunTrapped(handler); }),
+      clock(outside.clock, gate),
       ports(WithClock(outside, clock)) {}
+
+void Parts::RunTrapped(const HandlerGate::Handler& handler) {
+    if (state.Ended) return;
+    // Called by Windows, through which nothing may be thrown.
+    trap.RunCommand("Unexpected error", Icon::Exclamation, handler);
+    if (quit_requested) shut_down.Run();
+    if (state.Ended) gate.Close();
+}
 
 } // namespace quillon

@@ -5,6 +5,7 @@
 #include "app/FeedCheck.h"
 #include "app/FeedListCommands.h"
 #include "app/FsuipcStatus.h"
+#include "app/HandlerGate.h"
 #include "app/HelpCommands.h"
 #include "app/Maintenance.h"
 #include "app/PlayerStrip.h"
@@ -13,6 +14,7 @@
 #include "app/PrintCommand.h"
 #include "app/ShutDown.h"
 #include "app/StartUp.h"
+#include "app/StayOpen.h"
 #include "playback/AutomaticTuning.h"
 #include "playback/ManualMonitoring.h"
 #include "playback/MuteKey.h"
@@ -22,31 +24,17 @@
 
 namespace quillon {
 
-/// Lets other handlers in while a handler waits, and only then.
-class GatedClock : public Clock {
-  public:
-    GatedClock(Clock& clock, bool& in_handler) : clock_(clock), in_handler_(in_handler) {}
-
-    TimePoint Now() override { return clock_.Now(); }
-    void Sleep(std::chrono::milliseconds time) override { clock_.Sleep(time); }
-    bool ServeEvents(std::chrono::milliseconds time) override {
-        in_handler_ = false;
-        const bool goes_on = clock_.ServeEvents(time);
-        in_handler_ = true;
-        return goes_on;
-    }
-
-  private:
-    Clock& clock_;
-    bool& in_handler_;
-};
-
 /// The classes that the program consists of; each one needs only those above it.
 struct Parts {
-    Parts(ProgramState& program_state, const Ports& outside, bool& in_handler, std::string arguments);
+    Parts(ProgramState& program_state, const Ports& outside, std::string arguments);
+
+    /// Runs a handler or a part of one, and quits after it if it was asked to.
+    void RunTrapped(const HandlerGate::Handler& handler);
 
     ProgramState& state;
     std::string command_line;
+    bool quit_requested = false;
+    HandlerGate gate;
     GatedClock clock;
     Ports ports;
     ErrorTrap trap{state.StartupStep, state.MessageText,
@@ -54,30 +42,31 @@ struct Parts {
                        ports.prompts.Message(title, text, icon);
                    }};
     FsuipcClient link{ports.link, ports.memory, clock};
-    RadioReadout readout{link, state.radio.FsuipcResult};
-    SimConnection connection{state.radio, link};
+    RadioReadout readout{link};
+    SimConnection connection{state.radio, link, ports.background, clock};
     ScreenTexts texts{state, state.form};
     RegionalNumbers regional{ports.regional};
     Settings settings{state, trap};
-    RememberedState remembered{state.form, state.UserAgent, state.folders};
+    RememberedState remembered{state.form, state.marks, state.UserAgent, state.folders};
     Airports airports{state.Airports, ports.code_page, trap};
     FeedLoader loader{state, ports.prompts, ports.code_page, trap};
     ReceptionRange range{state.Airports, trap};
-    ShutDown shut_down{state.Ended, state.form, settings, remembered, regional, link, ports.player};
+    ShutDown shut_down{state.Ended, state.form, settings,         remembered,
+                       regional,    link,       ports.background, ports.player};
+    StayOpen stay_open{state, connection, settings, remembered, shut_down, ports.prompts};
     CatalogueReload reload{state.cycle, loader};
     StarterData starter{state.folders, state.form.lvwDB, state.StartupStep, ports.prompts, ports.shell};
     StartUp start_up{
         state,       ports, trap, texts, {regional, settings, remembered, airports, loader, starter, reload},
         command_line};
     PlayerDisplay display{state, texts, ports.player, ports.live, ports.shell};
-    SimWatch sim{state, texts, link, readout, range, ports.player, [this] { shut_down.Run(); }};
+    SimWatch sim{state, texts, link, readout, gate, stay_open, range, ports.player};
     AutomaticTuning tuning{state, state.form.lvwDB, texts, sim, display, ports.player, trap};
     RecordedChatter chatter{state, state.LastSearchText, texts, sim, ports.player, clock, trap};
     SelectionModes modes{state, state.form.lvwDB, texts, ports.player};
     ManualMonitoring manual{state, texts, display, ports.player, trap};
-    RadioTuning radio_tuning{state.radio, link};
-    FeedListCommands list{state,          texts,       ports.player, ports.prompts,
-                          ports.keyboard, ports.shell, radio_tuning, trap};
+    RadioTuning radio_tuning{state.radio, link, gate};
+    FeedListCommands list{state, texts, ports.player, ports.prompts, ports.shell, radio_tuning, trap};
     Preferences preferences{state, ports.prompts, ports.dialogs, ports.shell, trap};
     Maintenance maintenance{state, ports.prompts, ports.shell, ports.files, clock, reload, trap};
     AddFeed add_feed{state, ports.prompts, ports.code_page, reload, trap};
@@ -85,7 +74,7 @@ struct Parts {
                          ports.probe,       ports.code_page,  clock,         trap};
     HelpCommands help{state.folders, ports.prompts, ports.dialogs, ports.shell};
     PrintCommand print{state.form, state.LastSearchText, ports.prompts, ports.printer, clock, trap};
-    FsuipcStatus status{state.fsuipc_status, state.radio, link, readout};
+    FsuipcStatus status{state.fsuipc_status, state.radio, link, readout, gate};
     Mute mute{state, texts, ports.player};
     MuteKey mute_key{state, mute, ports.keyboard, ports.display, clock};
     PlayerStrip strip{state, state.form.Volume, ports.player, ports.live, mute};

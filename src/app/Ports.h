@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ports/AnsiCodePage.h"
+#include "ports/Background.h"
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/Display.h"
@@ -34,6 +35,7 @@ struct Ports {
     Keyboard& keyboard;
     Printer& printer;
     FeedProbe& probe;
+    Background& background;
 };
 
 } // namespace quillon

@@ -6,24 +6,16 @@
 namespace quillon {
 
 Program::Program(const Ports& ports, const std::string& command_line)
-    : parts_(std::make_unique<Parts>(state_, ports, in_handler_, command_line)) {}
+    : parts_(std::make_unique<Parts>(state_, ports, command_line)) {}
 
 Program::~Program() = default;
 
 /// For everything that is disabled while the program is busy.
 template <typename Handler>
 void Program::Handle(Handler handler) {
-    if (!state_.Busy) HandleAlways(handler);
-}
-
-template <typename Handler>
-void Program::HandleAlways(Handler handler) {
-    if (in_handler_ || state_.Ended) return;
-    in_handler_ = true;
-    // Called by Windows, through which nothing may be thrown.
-    parts_->trap.RunCommand("Unexpected error", Icon::Exclamation, handler);
-    if (quit_requested_) parts_->shut_down.Run();
-    in_handler_ = false;
+    parts_->gate.Enter([this, handler] {
+        if (!state_.Busy) handler();
+    });
 }
 
 void Program::ConnectToSimulator() {
@@ -38,10 +30,10 @@ void Program::ConnectToSimulator() {
 }
 
 bool Program::Connect() {
-    const bool connected = parts_->connection.Connect([this] {
+    const auto wanted = [this] { return !state_.Ended && !state_.cycle.optManual(); };
+    const bool connected = parts_->connection.Connect(wanted, [this] {
         parts_->texts.ShowLink(LinkNews::Looking);
         Pause(parts_->clock, 2);
-        return !state_.Ended && !state_.cycle.optManual();
     });
     parts_->texts.ShowLink(LinkNews::None);
     if (connected) parts_->texts.ShowTitle("Quillon");
@@ -50,29 +42,53 @@ bool Program::Connect() {
 
 void Program::Run(int command) {
     const Command* found = FindCommand(command);
-    if (found == nullptr || !found->Enabled(state_)) return;
-    if (command == Command::mnuQuit) quit_requested_ = in_handler_;
-    HandleAlways([&] { found->Handler(*parts_); });
+    if (found == nullptr) return;
+    if (command == Command::mnuQuit) {
+        parts_->quit_requested = parts_->gate.Running();
+        parts_->gate.Interrupt([this] { parts_->shut_down.Run(); });
+        return;
+    }
+    parts_->gate.Enter([this, found] {
+        if (found->Enabled(state_)) found->Handler(*parts_);
+    });
 }
 
 void Program::TimerTick(int id) {
     const int last = static_cast<int>(state_.cycle.Timers.size());
     if (id < 1 || id > last || !state_.cycle.Timer(id).Enabled) return; // any program may send WM_TIMER
+    if (id == 5) {
+        parts_->gate.Interrupt([this] { PollLinkAndMuteKey(); });
+        return;
+    }
+    if (parts_->gate.Waiting()) return;
     Handle([this, id] {
         if (id == 1) parts_->tuning.Timer1_Timer();
         if (id == 2) parts_->manual.Timer2_Timer();
         if (id == 3) parts_->chatter.Timer3_Timer();
         if (id == 4) parts_->chatter.Timer4_Timer();
-        if (id == 5) parts_->mute_key.Timer5_Timer();
     });
 }
 
+/// Ten times a second, even while the simulator is asked.
+void Program::PollLinkAndMuteKey() {
+    constexpr std::chrono::seconds Patience{2};
+    parts_->texts.ShowWaiting(parts_->link.Unanswered() >= Patience);
+    if (!state_.Busy) parts_->mute_key.Timer5_Timer();
+}
+
 void Program::SelectRow(std::optional<std::size_t> row) {
-    Handle([&] { state_.form.lvwDB.Select(row); });
+    Handle([this, row] { state_.form.lvwDB.Select(row); });
 }
 
 void Program::lvwDB_ColumnClick(Column column) {
-    Handle([&] { parts_->list.lvwDB_ColumnClick(column); });
+    Handle([this, column] { parts_->list.lvwDB_ColumnClick(column); });
+}
+
+void Program::lvwDB_DblClick() {
+    constexpr int ControlKey = 17;
+    // Asked at once: the key may be up again when the handler has its turn.
+    const bool control = parts_->ports.keyboard.IsDown(ControlKey);
+    Handle([this, control] { parts_->list.lvwDB_DblClick(control); });
 }
 
 void Program::ResizeColumn(Column column, int width) {
@@ -80,27 +96,27 @@ void Program::ResizeColumn(Column column, int width) {
 }
 
 void Program::cboMin_Click(std::size_t entry) {
-    Handle([&] { parts_->preferences.cboMin_Click(entry); });
+    Handle([this, entry] { parts_->preferences.cboMin_Click(entry); });
 }
 
 void Program::cboMax_Click(std::size_t entry) {
-    Handle([&] { parts_->preferences.cboMax_Click(entry); });
+    Handle([this, entry] { parts_->preferences.cboMax_Click(entry); });
 }
 
 void Program::SetVolume(int volume) {
-    Handle([&] { parts_->strip.SetVolume(volume); });
+    Handle([this, volume] { parts_->strip.SetVolume(volume); });
 }
 
 void Program::AddFeedEvent(const std::function<void(AddFeed&)>& event) {
-    if (state_.add_feed.Visible) HandleAlways([&] { event(parts_->add_feed); });
+    if (state_.add_feed.Visible) parts_->gate.Interrupt([&] { event(parts_->add_feed); });
 }
 
 void Program::CheckFeedsEvent(const std::function<void(FeedCheck&)>& event) {
-    if (state_.check_feeds.Visible) HandleAlways([&] { event(parts_->feed_check); });
+    if (state_.check_feeds.Visible) parts_->gate.Enter([this, event] { event(parts_->feed_check); });
 }
 
 void Program::EndSession() {
-    in_handler_ = true;
+    parts_->gate.Close();
     parts_->shut_down.Run();
 }
 

@@ -17,6 +17,8 @@ struct Parts;
 /// The whole program behind its windows: owns state and logic, is given the ports, and is all that the windows
 /// talk to. Each handler runs to its end before the next one starts; events that arrive meanwhile are dropped,
 /// except quitting, which follows the running handler. Only the program's own waits let other handlers in.
+/// While a handler waits for the simulator, events stand in line behind it, timers' ticks are dropped, and
+/// quitting and the mute key work at once.
 class Program {
   public:
     /// `command_line` is the text after the program's name.
@@ -35,9 +37,11 @@ class Program {
     /// A tick of the form timer of that number, 1 to 5.
     void TimerTick(int id);
 
-    /// The user selected a row of the list, or none; clicked a header; gave a column another width (twips).
+    /// The user selected a row of the list, or none; clicked a header; double-clicked a row; gave a column
+    /// another width (twips).
     void SelectRow(std::optional<std::size_t> row);
     void lvwDB_ColumnClick(Column column);
+    void lvwDB_DblClick();
     void ResizeColumn(Column column, int width);
 
     /// The user picked an entry of the list of shortest or longest gaps; moved the volume's slider, 0 to 100.
@@ -60,13 +64,10 @@ class Program {
   private:
     template <typename Handler>
     void Handle(Handler handler);
-    template <typename Handler>
-    void HandleAlways(Handler handler);
+    void PollLinkAndMuteKey();
     bool Connect();
 
     ProgramState state_;
-    bool in_handler_ = false;
-    bool quit_requested_ = false;
     std::unique_ptr<Parts> parts_;
 };
 

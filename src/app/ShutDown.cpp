@@ -13,7 +13,8 @@ void ShutDown::RunUnsaved() {
     if (ended_) return;
     ended_ = true;
     regional_.Restore();
-    link_.FsuipcClose();
+    link_.Cancel();
+    if (!background_.Busy()) link_.FsuipcClose(); // else it goes with the process
     player_.Stop();
     form_.Visible = false;
 }

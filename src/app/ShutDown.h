@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/RegionalNumbers.h"
+#include "ports/Background.h"
 #include "ports/MediaPlayer.h"
 #include "settings/RememberedState.h"
 #include "settings/Settings.h"
@@ -14,13 +15,14 @@ class ShutDown {
   public:
     /// `ended` is set once the program has ended.
     ShutDown(bool& ended, frmATC& form, Settings& settings, RememberedState& remembered,
-             RegionalNumbers& regional, FsuipcClient& link, MediaPlayer& player)
+             RegionalNumbers& regional, FsuipcClient& link, Background& background, MediaPlayer& player)
         : ended_(ended),
           form_(form),
           settings_(settings),
           remembered_(remembered),
           regional_(regional),
           link_(link),
+          background_(background),
           player_(player) {}
 
     /// Writes the settings and the remembered values, restores the user's separators, closes the link and ends
@@ -37,6 +39,7 @@ class ShutDown {
     RememberedState& remembered_;
     RegionalNumbers& regional_;
     FsuipcClient& link_;
+    Background& background_;
     MediaPlayer& player_;
 };
 

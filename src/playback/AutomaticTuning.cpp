@@ -22,16 +22,15 @@ std::optional<std::size_t> FindFrequency(const ListView& list, const std::string
 } // namespace
 
 void AutomaticTuning::Timer1_Timer() {
-    trap_.Run("Timer1 errors", Icon::Information, [this] { Tick(); });
+    state_.cycle.ActiveTimerId = AutomaticTuningCycle;
+    sim_.Ask([this] { trap_.Run("Timer1 errors", Icon::Information, [this] { Tick(); }); });
 }
 
 void AutomaticTuning::Tick() {
-    state_.cycle.ActiveTimerId = AutomaticTuningCycle;
     if (!sim_.Relink()) return;
     state_.cycle.CaptionBase = "Quillon";
     display_.GetWMPState();
     trap_.StartupStep() = "Check pause state";
-    sim_.Read();
     if (sim_.FollowPause()) return;
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
     trap_.StartupStep() = "Get master frequency";

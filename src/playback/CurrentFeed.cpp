@@ -45,6 +45,10 @@ void PutInCharge(CycleState& cycle, std::int16_t timer_id) {
     cycle.ActiveTimerId = timer_id;
 }
 
+void RestartCycle(CycleState& cycle) {
+    ++cycle.Timer(cycle.ActiveTimerId).RestartRequest;
+}
+
 bool StopCycle(CycleState& cycle) {
     bool ran = false;
     for (int id = 1; id <= 4; ++id) ran |= std::exchange(cycle.Timer(id).Enabled, false);

@@ -25,6 +25,9 @@ void EmptyPlayer(MediaPlayer& player);
 /// Puts one of the four cycle timers in charge; the other three stop.
 void PutInCharge(CycleState& cycle, std::int16_t timer_id);
 
+/// Begins the second of the cycle in charge anew.
+void RestartCycle(CycleState& cycle);
+
 /// Stops the four cycle timers without changing which one is in charge. Returns whether it was running; while
 /// muted it is not.
 bool StopCycle(CycleState& cycle);

@@ -13,7 +13,8 @@ void MuteKey::Timer5_Timer() {
 }
 
 bool MuteKey::Pressed() {
-    return !state_.mute.FrameOpen && !state_.radio.NoConnection && keyboard_.IsDown(state_.mute.MuteKeyCode);
+    const bool linked = !state_.radio.NoConnection || (state_.radio.SimLost && state_.mute.Muted);
+    return !state_.mute.FrameOpen && linked && keyboard_.IsDown(state_.mute.MuteKeyCode);
 }
 
 /// Also ends if the clock is set back.

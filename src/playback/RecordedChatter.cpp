@@ -5,7 +5,8 @@
 namespace quillon {
 
 void RecordedChatter::Timer3_Timer() {
-    trap_.Run("Timer3 Errors", Icon::Information, [this] { AutomaticTick(); });
+    state_.cycle.ActiveTimerId = AutomaticChatterCycle;
+    sim_.Ask([this] { trap_.Run("Timer3 Errors", Icon::Information, [this] { AutomaticTick(); }); });
 }
 
 void RecordedChatter::Timer4_Timer() {
@@ -13,7 +14,6 @@ void RecordedChatter::Timer4_Timer() {
 }
 
 void RecordedChatter::AutomaticTick() {
-    state_.cycle.ActiveTimerId = AutomaticChatterCycle;
     if (!FollowSimulator() || RecordingPlays()) return;
     schedule_.MeasureElapsed();
     if (!schedule_.CountDown()) PlayNextInRange();
@@ -23,7 +23,6 @@ void RecordedChatter::AutomaticTick() {
 bool RecordedChatter::FollowSimulator() {
     if (!sim_.Relink()) return false;
     trap_.StartupStep() = "Checking pause state";
-    sim_.Read();
     if (sim_.FollowPause()) return false;
     trap_.StartupStep() = "Comparing frequencies";
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;

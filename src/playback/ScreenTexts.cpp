@@ -93,6 +93,12 @@ void ScreenTexts::ShowLink(LinkNews news) {
     RefreshFeedPanel();
 }
 
+void ScreenTexts::ShowWaiting(bool waiting) {
+    if (shown_.Waiting == waiting) return;
+    shown_.Waiting = waiting;
+    RefreshFeedPanel();
+}
+
 void ScreenTexts::ShowStation(const std::string& title) {
     form_[StatusPanel::Feed].ToolTipText = title;
 }
@@ -145,8 +151,9 @@ void ScreenTexts::GreyStatusBar() {
 }
 
 void ScreenTexts::RefreshFeedPanel() {
-    form_[StatusPanel::Feed].Text =
-        shown_.Link == LinkNews::Looking ? "Looking for the simulator ..." : feed_text_;
+    std::string& text = form_[StatusPanel::Feed].Text = feed_text_;
+    if (shown_.Link == LinkNews::Looking) text = "Looking for the simulator ...";
+    if (shown_.Waiting) text = "Waiting for the simulator ...";
 }
 
 } // namespace quillon

@@ -34,6 +34,9 @@ class ScreenTexts {
     /// Third panel: the link's state, which hides the feed.
     void ShowLink(LinkNews news);
 
+    /// Third panel: the simulator owes an answer, which hides everything else.
+    void ShowWaiting(bool waiting);
+
     /// Third panel's tip: the stream's title.
     void ShowStation(const std::string& title);
 

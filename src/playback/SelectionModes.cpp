@@ -20,6 +20,8 @@ void SelectionModes::optManual_Click() {
     list_.ClearLastSearch();
     state_.cycle.Mode = SelectionMode::Manual;
     texts_.ShowTitle("Quillon - Manual");
+    texts_.ShowLink(LinkNews::None);
+    if (state_.radio.SimLost) state_.radio.NoConnection = false; // nothing looks for a simulator in this mode
     texts_.ShowMode();
     // Nothing has been picked by hand yet; what the radio started goes on.
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;

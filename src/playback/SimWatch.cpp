@@ -1,25 +1,74 @@
 #include "playback/SimWatch.h"
 
+#include "playback/CurrentFeed.h"
 #include "state/FeedMarkers.h"
+
+#include <utility>
 
 namespace quillon {
 
-bool SimWatch::Relink() {
-    RadioState& radio = state_.radio;
-    radio.NoConnection = !link_.FsuipcReopen(radio.FsuipcResult);
-    if (radio.NoConnection && radio.SimConnected) {
-        end_program_();
-        return false;
+namespace {
+
+constexpr std::chrono::milliseconds LongestBeat{200}; // of a tick that leaves the timer's beat alone
+constexpr int TickInterval = 1000;
+constexpr int LookingInterval = 2000;
+
+} // namespace
+
+void SimWatch::Ask(std::function<void()> tick) {
+    answer_ = {};
+    if (state_.radio.Connecting) {
+        tick();
+        return;
     }
-    return true;
+    const bool muted_before = state_.mute.Muted;
+    inquiry_.Ask([this, radio = FollowedOffset()] { answer_ = AskNow(radio); },
+                 [this, muted_before, tick = std::move(tick)] {
+                     if (muted_before || !state_.mute.Muted) tick();
+                     if (answer_.slow) RestartCycle(state_.cycle);
+                 });
 }
 
-void SimWatch::Read() {
-    reading_ = readout_.Read(FollowedOffset());
+/// Runs beside the window's thread.
+SimWatch::Answer SimWatch::AskNow(std::uint32_t radio_offset) {
+    Answer answer;
+    answer.open = link_.FsuipcReopen(answer.result);
+    if (answer.open) answer.reading = readout_.Read(radio_offset, answer.result);
+    answer.slow = link_.SinceBegin() > LongestBeat;
+    return answer;
+}
+
+bool SimWatch::Relink() {
+    RadioState& radio = state_.radio;
+    radio.FsuipcResult = answer_.result;
+    radio.NoConnection = !HasSimulator();
+    if (radio.NoConnection && radio.SimConnected && !radio.SimLost && !presence_.Gone()) return false;
+    texts_.ShowLink(radio.NoConnection ? LinkNews::Looking : LinkNews::None);
+    state_.cycle.Timer(AutomaticTuningCycle).Interval = radio.SimLost ? LookingInterval : TickInterval;
+    if (!radio.NoConnection || IsSentinel(radio.MasterFrequency)) return true;
+    LoseRadio();
+    return false;
+}
+
+bool SimWatch::HasSimulator() {
+    return answer_.open && (!state_.radio.SimLost || presence_.Back());
+}
+
+/// The next simulator's radio counts as tuned anew, even to the same frequency.
+void SimWatch::LoseRadio() {
+    state_.radio.MasterFrequency = UnreadFrequency;
+    EmptyPlayer(player_);
+    ClearCurrentFeed(state_, texts_);
+    texts_.ShowFrequency("", "");
+    texts_.ShowNoFeed();
+    texts_.ShowStatus({Activity::Stopped});
+    texts_.ShowTitle("Quillon", {Activity::Stopped});
+    state_.cycle.ForceRetune = true;
+    PutInCharge(state_.cycle, AutomaticTuningCycle);
 }
 
 bool SimWatch::FollowPause() {
-    const auto pause = reading_.PauseState();
+    const auto pause = answer_.reading.PauseState();
     if (!pause) return false;
     const std::int16_t before = state_.radio.SimPauseState;
     state_.radio.SimPauseState = *pause;
@@ -39,7 +88,7 @@ void SimWatch::UpdateRange() {
 
 void SimWatch::ReadAircraftPosition() {
     RadioState& radio = state_.radio;
-    const PositionReading position = reading_.Position();
+    const PositionReading position = answer_.reading.Position();
     if (position.latitude) {
         radio.AircraftLatitude = *position.latitude;
         radio.AircraftLatitudeText = DegreesText(*position.latitude);
@@ -87,7 +136,7 @@ void SimWatch::FollowRadio(bool always_show) {
 std::optional<RadioReading> SimWatch::ReadMasterFrequency() {
     RadioState& radio = state_.radio;
     radio.CommOffset = FollowedOffset();
-    auto read = reading_.Radio();
+    auto read = answer_.reading.Radio();
     if (read) radio.MasterFrequency = read->frequency;
     return read;
 }

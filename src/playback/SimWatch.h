@@ -4,32 +4,47 @@
 #include "playback/ScreenTexts.h"
 #include "ports/MediaPlayer.h"
 #include "simlink/RadioReadout.h"
+#include "simlink/SimInquiry.h"
 #include "state/PlaybackState.h"
 
 #include <functional>
 
 namespace quillon {
 
+/// What becomes of the program when the simulator ends.
+class SimPresence {
+  public:
+    virtual ~SimPresence() = default;
+
+    /// The simulator has ended. Returns whether the program goes on without it.
+    virtual bool Gone() = 0;
+
+    /// There is a simulator again. Returns whether the program can follow it.
+    virtual bool Back() = 0;
+};
+
 /// The start of a tick in both automatic cycles: re-opens the link and follows the pause state, the radio and
 /// the range.
 class SimWatch {
   public:
-    /// `end_program` is called once a connected simulator is gone.
     SimWatch(PlaybackState& state, ScreenTexts& texts, FsuipcClient& link, RadioReadout& readout,
-             ReceptionRange& range, MediaPlayer& player, std::function<void()> end_program)
+             SimInquiry& inquiry, SimPresence& presence, ReceptionRange& range, MediaPlayer& player)
         : state_(state),
           texts_(texts),
           link_(link),
           readout_(readout),
+          inquiry_(inquiry),
+          presence_(presence),
           range_(range),
-          player_(player),
-          end_program_(std::move(end_program)) {}
+          player_(player) {}
 
-    /// Re-opens the link. Returns false if the simulator is gone and the program was ended.
+    /// Re-opens the link and reads what `tick` needs, then runs it, unless the sound is muted meanwhile. The
+    /// last call of a timer's handler.
+    void Ask(std::function<void()> tick);
+
+    /// Takes over whether the link is open. If it was lost, what followed the radio stops. Returns whether the
+    /// tick goes on.
     bool Relink();
-
-    /// Reads what the rest of the tick needs. Call it once, before FollowPause.
-    void Read();
 
     /// Pauses the player while the simulator is paused and resumes it afterwards. Returns whether the simulator
     /// is paused.
@@ -51,6 +66,17 @@ class SimWatch {
     bool HushOutOfRange();
 
   private:
+    /// What the simulator said in this tick.
+    struct Answer {
+        bool open = false;
+        bool slow = false; ///< the window was made to wait
+        std::uint32_t result = LinkNotOpen;
+        SimReading reading;
+    };
+
+    Answer AskNow(std::uint32_t radio_offset);
+    bool HasSimulator();
+    void LoseRadio();
     void ReadAircraftPosition();
     std::optional<RadioReading> ReadMasterFrequency();
     std::uint32_t FollowedOffset() const;
@@ -60,10 +86,11 @@ class SimWatch {
     ScreenTexts& texts_;
     FsuipcClient& link_;
     RadioReadout& readout_;
+    SimInquiry& inquiry_;
+    SimPresence& presence_;
     ReceptionRange& range_;
     MediaPlayer& player_;
-    std::function<void()> end_program_;
-    SimReading reading_;
+    Answer answer_;
 };
 
 } // namespace quillon

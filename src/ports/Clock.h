@@ -13,7 +13,11 @@ class Clock {
   public:
     virtual ~Clock() = default;
 
+    /// Called on any thread, like Uptime and Sleep.
     virtual TimePoint Now() = 0;
+
+    /// The time since some start, which goes on evenly even if the clock is set.
+    virtual std::chrono::milliseconds Uptime() = 0;
 
     /// Blocks without serving window events.
     virtual void Sleep(std::chrono::milliseconds time) = 0;

@@ -9,7 +9,7 @@ namespace quillon {
 /// A window, mapping or other system handle; 0 means none.
 using NativeHandle = std::uintptr_t;
 
-/// Window messages to the simulator's side of the link. Called on the user-interface thread only.
+/// Window messages to the simulator's side of the link.
 class MessageLink {
   public:
     virtual ~MessageLink() = default;
@@ -26,7 +26,7 @@ class MessageLink {
         std::uint32_t LastError; ///< the system's error number if it did not, 0 for a time-out
     };
 
-    /// Sends the message and waits for the answer, at most `timeout_ms`. Blocks without serving window events.
+    /// Sends the message and waits for the answer, at most `timeout_ms`.
     virtual Sent Send(NativeHandle window, std::uint32_t message, std::uint32_t wparam,
                       std::uint32_t timeout_ms) = 0;
 

@@ -67,6 +67,11 @@ constexpr Key Keys[] = {
      }},
     {"columns", [](std::string_view text, RememberedValues& values) { TakeLengths(text, values.Columns); },
      [](const RememberedValues& values) { return LengthsText(values.Columns); }},
+    {"stay-open",
+     [](std::string_view text, RememberedValues& values) { values.PreferenceMarks.StayOpen = text == "yes"; },
+     [](const RememberedValues& values) {
+         return std::string(values.PreferenceMarks.StayOpen ? "yes" : "no");
+     }},
 };
 
 } // namespace
@@ -103,6 +108,7 @@ void RememberedState::Read() {
     form_.Volume = values.Volume;
     user_agent_ = std::move(values.UserAgent);
     form_.Size = values.Window;
+    marks_ = values.PreferenceMarks;
     auto width = values.Columns.begin();
     for (ListView::ColumnHeader& header : form_.lvwDB.ColumnHeaders)
         if (width != values.Columns.end() && *width++ > 0) header.WidthTwips = *std::prev(width);
@@ -111,7 +117,7 @@ void RememberedState::Read() {
 void RememberedState::Write() {
     if (!may_write_) return;
     try {
-        RememberedValues values{form_.Volume, user_agent_, form_.Size, {}};
+        RememberedValues values{form_.Volume, user_agent_, form_.Size, {}, marks_};
         auto width = values.Columns.begin();
         for (const ListView::ColumnHeader& header : form_.lvwDB.ColumnHeaders)
             if (width != values.Columns.end()) *width++ = header.WidthTwips;

@@ -2,6 +2,7 @@
 
 #include "state/Folders.h"
 #include "state/Forms.h"
+#include "state/PlaybackState.h"
 
 #include <array>
 #include <string>
@@ -15,6 +16,7 @@ struct RememberedValues {
     std::string UserAgent; ///< sent to servers; empty: the program's own name
     WindowSize Window;
     std::array<int, 4> Columns{}; ///< widths of the list's columns, twips; 0 is the initial width
+    Marks PreferenceMarks;
 
     bool operator==(const RememberedValues&) const = default;
 };
@@ -31,8 +33,8 @@ inline constexpr const char* RememberedName = "Quillon.state";
 /// The file beside the settings file. Failures are not worth a message and are ignored.
 class RememberedState {
   public:
-    RememberedState(frmATC& form, std::string& user_agent, const Folders& folders)
-        : form_(form), user_agent_(user_agent), folders_(folders) {}
+    RememberedState(frmATC& form, Marks& marks, std::string& user_agent, const Folders& folders)
+        : form_(form), marks_(marks), user_agent_(user_agent), folders_(folders) {}
 
     /// Applies the file's values, or the defaults.
     void Read();
@@ -44,6 +46,7 @@ class RememberedState {
     std::string Path() const { return folders_.DataPath + RememberedName; }
 
     frmATC& form_;
+    Marks& marks_;
     std::string& user_agent_;
     const Folders& folders_;
     bool may_write_ = false;

@@ -12,6 +12,7 @@ namespace {
 constexpr const char* LinkName = "FSASMLIB:IPC";
 constexpr std::chrono::milliseconds RetryPause{100};
 constexpr int MaxRetries = 10;
+constexpr std::chrono::seconds LongestSeries{30};
 constexpr int MaxVersionPasses = 5;
 constexpr std::uint32_t SendTimeoutMs = 2000;
 constexpr std::uint32_t Accepted = 1; // the peer's answer to a round it has served
@@ -33,6 +34,7 @@ bool Report(bool queued, std::uint32_t& result) {
 bool FsuipcClient::FsuipcOpen(std::uint32_t requested, std::uint32_t& result) {
     link_.FsuipcVersion = 0;
     link_.SimVersion = 0;
+    owing_since_ = OwesNothing;
     if (IsOpen()) return Fail(result, LinkAlreadyOpen);
     if (FindPeer(result) && ShareArea(result) && AskVersions(result) && CheckVersions(requested, result))
         return true;
@@ -122,15 +124,30 @@ bool FsuipcClient::FsuipcProcess(std::uint32_t& result) {
 /// A success on the last retry still counts as a failure.
 bool FsuipcClient::SendRound(std::uint32_t& reply, std::uint32_t& result) {
     last_error_ = 0;
-    for (int retries = 0;; ++retries) {
-        const MessageLink::Sent sent =
-            messages_.Send(link_.FsuipcWindow, link_.FsuipcMessage, link_.FsuipcAtom, SendTimeoutMs);
+    if (SinceBegin() > LongestSeries) return Fail(result, LinkTimedOut);
+    for (int retries = 0; !cancelled_; ++retries) {
+        const MessageLink::Sent sent = SendOnce();
         if (!sent.Delivered) last_error_ = sent.LastError;
         reply = sent.Reply;
         if (sent.Delivered && retries < MaxRetries) return true;
         if (retries == MaxRetries) return Fail(result, last_error_ != 0 ? LinkSendFailed : LinkTimedOut);
         clock_.Sleep(RetryPause);
     }
+    return Fail(result, LinkTimedOut);
+}
+
+MessageLink::Sent FsuipcClient::SendOnce() {
+    if (owing_since_ == OwesNothing) owing_since_ = clock_.Uptime().count();
+    const MessageLink::Sent sent =
+        messages_.Send(link_.FsuipcWindow, link_.FsuipcMessage, link_.FsuipcAtom, SendTimeoutMs);
+    if (sent.Delivered) owing_since_ = OwesNothing;
+    return sent;
+}
+
+std::chrono::milliseconds FsuipcClient::Unanswered() const {
+    const auto since = owing_since_.load();
+    return since == OwesNothing ? std::chrono::milliseconds(0)
+                                : clock_.Uptime() - std::chrono::milliseconds(since);
 }
 
 void FsuipcClient::FsuipcReset() {

@@ -5,6 +5,7 @@
 #include "simlink/LinkTexts.h"
 #include "simlink/RequestArea.h"
 
+#include <atomic>
 #include <cstdint>
 
 namespace quillon {
@@ -23,7 +24,8 @@ struct LinkState {
 
 /// The link to the FSUIPC module inside the simulator, which exposes the simulator's state as numbered offsets.
 /// Reads and writes are queued and then sent in one round trip. Calls return true on success and set `result`
-/// to a LinkResult, the reason if they fail. They block and let no window events in.
+/// to a LinkResult, the reason if they fail. They block, so they are made beside the window's thread; only what
+/// says so may be called on another one meanwhile.
 class FsuipcClient {
   public:
     FsuipcClient(MessageLink& messages, SharedMemory& memory, Clock& clock)
@@ -31,6 +33,18 @@ class FsuipcClient {
     ~FsuipcClient() { FsuipcClose(); }
     FsuipcClient(const FsuipcClient&) = delete;
     FsuipcClient& operator=(const FsuipcClient&) = delete;
+
+    /// Starts a series of questions. Those that come more than 30 seconds later count as timed out, unsent.
+    void BeginQuestions() { begun_ = clock_.Uptime(); }
+
+    /// How long ago that was.
+    std::chrono::milliseconds SinceBegin() const { return clock_.Uptime() - begun_; }
+
+    /// Makes the attempt under way the last one: the program is ending. Called on any thread.
+    void Cancel() { cancelled_ = true; }
+
+    /// For how long the simulator has been owing an answer, 0 if it owes none. Called on any thread.
+    std::chrono::milliseconds Unanswered() const;
 
     /// Closes a link that is still open, ready for the next open. Keeps the shared area.
     void FsuipcReset();
@@ -40,8 +54,9 @@ class FsuipcClient {
     /// the link closed.
     bool FsuipcOpen(std::uint32_t requested, std::uint32_t& result);
 
-    /// Re-opens the link to whatever simulator there is.
+    /// Re-opens the link to whatever simulator there is, and starts a series of questions.
     bool FsuipcReopen(std::uint32_t& result) {
+        BeginQuestions();
         FsuipcReset();
         return FsuipcOpen(0, result);
     }
@@ -72,6 +87,8 @@ class FsuipcClient {
     std::uint32_t LastSystemError() const { return last_error_; }
 
   private:
+    static constexpr std::chrono::milliseconds::rep OwesNothing = -1;
+
     /// The memory that the simulator sees, and the atom that names it. Kept until FsuipcClose: a server may
     /// hold on to both, and would answer in the old memory if a new one were made under the same name.
     struct SharedArea {
@@ -87,6 +104,7 @@ class FsuipcClient {
     bool AskVersions(std::uint32_t& result);
     bool CheckVersions(std::uint32_t requested, std::uint32_t& result);
     bool SendRound(std::uint32_t& reply, std::uint32_t& result);
+    MessageLink::Sent SendOnce();
 
     MessageLink& messages_;
     SharedMemory& memory_;
@@ -97,6 +115,9 @@ class FsuipcClient {
     bool wide_client_ = false; ///< found under the class that the network client uses
     RequestArea area_;
     std::uint32_t last_error_ = 0;
+    std::chrono::milliseconds begun_{0};
+    std::atomic<bool> cancelled_ = false;
+    std::atomic<std::chrono::milliseconds::rep> owing_since_ = OwesNothing; ///< of the clock's Uptime
 };
 
 } // namespace quillon

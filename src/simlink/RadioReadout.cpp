@@ -68,30 +68,26 @@ PositionReading SimReading::Position() const {
     return {latitude_.Value() * (90 / 10001750.0), longitude_.Value() * (360 / 4294967296.0)};
 }
 
-SimReading RadioReadout::Read(std::uint32_t radio_offset) {
+SimReading RadioReadout::Read(std::uint32_t radio_offset, std::uint32_t& result) {
+    const auto queue = [&](std::uint32_t offset, auto& destination) {
+        static_assert(std::endian::native == std::endian::little);
+        return link_.FsuipcRead(offset, sizeof destination, &destination, result);
+    };
     SimReading reading;
     reading.has_radio_ = radio_offset != 0;
     reading.answered_ =
-        Queue(PauseIndicator, reading.pause_) && (!reading.has_radio_ || Queue(radio_offset, reading.radio_)) &&
-        Queue(LatitudeHigh, reading.latitude_.high) && Queue(LatitudeLow, reading.latitude_.low) &&
-        Queue(LongitudeHigh, reading.longitude_.high) && Queue(LongitudeLow, reading.longitude_.low) &&
-        link_.FsuipcProcess(result_);
+        queue(PauseIndicator, reading.pause_) && (!reading.has_radio_ || queue(radio_offset, reading.radio_)) &&
+        queue(LatitudeHigh, reading.latitude_.high) && queue(LatitudeLow, reading.latitude_.low) &&
+        queue(LongitudeHigh, reading.longitude_.high) && queue(LongitudeLow, reading.longitude_.low) &&
+        link_.FsuipcProcess(result);
     return reading;
 }
 
-std::optional<RadioReading> RadioReadout::ReadRadio(std::uint32_t offset) {
+std::optional<RadioReading> RadioReadout::ReadRadio(std::uint32_t offset, std::uint32_t& result) {
     std::array<std::uint8_t, 4> RadioBytes{};
-    if (!Queue(offset, RadioBytes) || !link_.FsuipcProcess(result_)) return std::nullopt;
+    if (!link_.FsuipcRead(offset, RadioBytes.size(), RadioBytes.data(), result)) return std::nullopt;
+    if (!link_.FsuipcProcess(result)) return std::nullopt;
     return DecodeFrequency(RadioBytes[1], RadioBytes[0]);
-}
-
-bool RadioReadout::Queue(std::uint32_t offset, std::span<std::uint8_t> bytes) {
-    return link_.FsuipcRead(offset, static_cast<std::uint32_t>(bytes.size()), bytes.data(), result_);
-}
-
-bool RadioReadout::Queue(std::uint32_t offset, std::int32_t& word) {
-    static_assert(std::endian::native == std::endian::little);
-    return link_.FsuipcRead(offset, sizeof word, &word, result_);
 }
 
 } // namespace quillon

@@ -71,22 +71,17 @@ class SimReading {
 /// Reads radios, the pause indicator and the position. A read that fails gives nothing.
 class RadioReadout {
   public:
-    /// `result` receives the LinkResult of each call.
-    RadioReadout(FsuipcClient& link, std::uint32_t& result) : link_(link), result_(result) {}
+    explicit RadioReadout(FsuipcClient& link) : link_(link) {}
 
     /// Asks for everything in one round trip: if that fails, none of it is known. A radio offset of 0 leaves
-    /// the radio out.
-    SimReading Read(std::uint32_t radio_offset);
+    /// the radio out. Sets `result` as the link does.
+    SimReading Read(std::uint32_t radio_offset, std::uint32_t& result);
 
     /// The radio at that offset.
-    std::optional<RadioReading> ReadRadio(std::uint32_t offset);
+    std::optional<RadioReading> ReadRadio(std::uint32_t offset, std::uint32_t& result);
 
   private:
-    bool Queue(std::uint32_t offset, std::span<std::uint8_t> bytes);
-    bool Queue(std::uint32_t offset, std::int32_t& word);
-
     FsuipcClient& link_;
-    std::uint32_t& result_;
 };
 
 } // namespace quillon

@@ -6,6 +6,7 @@
 #include "simlink/RadioReadout.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace quillon {
 
@@ -18,14 +19,20 @@ std::uint32_t BcdOfFrequency(const std::string& frequency) {
 
 void RadioTuning::Write_FSUIPC(const std::string& TuneFrequencyText) {
     if (const CommRadio* radio = FindCommRadio(radio_.SelectedComm)) radio_.CommOffset = radio->Offset;
-    LL2(TuneFrequencyText);
-    link_.FsuipcProcess(radio_.FsuipcResult);
+    const std::uint32_t word = BcdOfFrequency(TuneFrequencyText);
+    const auto result = std::make_shared<std::uint32_t>(radio_.FsuipcResult);
+    inquiry_.Ask(
+        [this, offset = radio_.CommOffset, word, result] {
+            link_.BeginQuestions();
+            LL2(offset, word, *result);
+            link_.FsuipcProcess(*result);
+        },
+        [this, result] { radio_.FsuipcResult = *result; });
 }
 
-void RadioTuning::LL2(const std::string& TuneFrequencyText) {
-    const std::uint32_t word = BcdOfFrequency(TuneFrequencyText);
-    // Four bytes: the two after the radio's own word become zero.
-    if (radio_.CommOffset != 0) link_.FsuipcWrite(radio_.CommOffset, sizeof word, &word, radio_.FsuipcResult);
+/// Four bytes: the two after the radio's own word become zero.
+void RadioTuning::LL2(std::uint32_t offset, std::uint32_t word, std::uint32_t& result) {
+    if (offset != 0) link_.FsuipcWrite(offset, sizeof word, &word, result);
 }
 
 } // namespace quillon

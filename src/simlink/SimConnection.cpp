@@ -5,7 +5,15 @@
 #include "simlink/LinkTexts.h"
 #include "state/Services.h"
 
+#include <memory>
+
 namespace quillon {
+
+namespace {
+
+constexpr std::chrono::milliseconds Slice{20};
+
+} // namespace
 
 std::string VersionText(std::int32_t version_word) {
     std::string digits;
@@ -31,13 +39,35 @@ std::string TooOldText(const std::string& simulator, const std::string& version_
            "  It canalso be found on most of your favourite FlightSim sites.\r\rSorry!";
 }
 
-bool SimConnection::Connect(const std::function<bool()>& wait) {
-    while (!link_.FsuipcReopen(radio_.FsuipcResult)) {
+bool SimConnection::Connect(const std::function<bool()>& wanted, const std::function<void()>& failed) {
+    radio_.Connecting = true;
+    bool open = Open(wanted);
+    while (!open && wanted()) {
         radio_.NoConnection = true;
-        if (!wait()) return false;
+        failed();
+        open = wanted() && Open(wanted);
     }
-    radio_.NoConnection = false;
-    return true;
+    radio_.Connecting = false;
+    radio_.NoConnection = !open;
+    return open;
+}
+
+/// The attempt goes on by itself if it is no longer wanted.
+bool SimConnection::Open(const std::function<bool()>& wanted) {
+    struct Attempt {
+        bool done = false;
+        bool open = false;
+        std::uint32_t result = 0;
+    };
+    const auto attempt = std::make_shared<Attempt>();
+    background_.Start(
+        [this, attempt] { attempt->open = link_.FsuipcReopen(attempt->result); },
+        [attempt] { attempt->done = true; });
+    while (!attempt->done && wanted() && clock_.ServeEvents(Slice)) {
+    }
+    if (!attempt->done) return false;
+    radio_.FsuipcResult = attempt->result;
+    return attempt->open;
 }
 
 std::string SimConnection::CheckVersion() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ports/Background.h"
 #include "simlink/FsuipcClient.h"
 #include "state/PlaybackState.h"
 
@@ -18,19 +19,24 @@ std::string TooOldText(const std::string& simulator, const std::string& version_
 /// Makes the link to the simulator at start.
 class SimConnection {
   public:
-    SimConnection(RadioState& radio, FsuipcClient& link) : radio_(radio), link_(link) {}
+    SimConnection(RadioState& radio, FsuipcClient& link, Background& background, Clock& clock)
+        : radio_(radio), link_(link), background_(background), clock_(clock) {}
 
-    /// Tries until the simulator answers. Calls `wait` after each failure, which returns whether to try again.
-    /// Returns whether the link is open.
-    bool Connect(const std::function<bool()>& wait);
+    /// Tries to open the link until the simulator answers, serving events meanwhile, as long as `wanted` says
+    /// so. Calls `failed` after each failure. Returns whether the link is open.
+    bool Connect(const std::function<bool()>& wanted, const std::function<void()>& failed);
 
     /// After Connect: sets the version text and `SimConnected`. Returns what to tell the user if the module is
     /// too old, else an empty text.
     std::string CheckVersion();
 
   private:
+    bool Open(const std::function<bool()>& wanted);
+
     RadioState& radio_;
     FsuipcClient& link_;
+    Background& background_;
+    Clock& clock_;
 };
 
 } // namespace quillon

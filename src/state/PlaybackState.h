@@ -1,6 +1,7 @@
 #pragma once
 
 #include "state/ShownValues.h"
+#include "state/ViewRequest.h"
 
 #include <array>
 #include <chrono>
@@ -29,6 +30,8 @@ struct RadioState {
     std::int16_t SimPauseState = 0; ///< 1 while the simulator is paused
     bool NoConnection = false;
     bool SimConnected = false;
+    bool Connecting = false;        ///< the start of the program looks for the simulator; nothing else asks it
+    bool SimLost = false;           ///< the simulator has ended and the program waits for another one
     std::uint32_t FsuipcResult = 0; ///< of the last link call
     std::string FsuipcVersionText;  ///< "3.456" or "3.456a"
     double AircraftLatitude = 0;    ///< degrees, north positive
@@ -81,7 +84,17 @@ enum class SelectionMode { Automatic, Manual };
 
 struct FormTimer {
     bool Enabled = false;
-    int Interval = 1000; ///< ms
+    int Interval = 1000;            ///< ms
+    ViewRequest RestartRequest = 0; ///< to begin the interval anew
+
+    bool operator==(const FormTimer&) const = default;
+};
+
+/// What the user has marked in the Preferences menu.
+struct Marks {
+    bool StayOpen = false; ///< when the simulator ends
+
+    bool operator==(const Marks&) const = default;
 };
 
 /// The cycles, by the numbers of the timers that drive them.
@@ -115,6 +128,7 @@ struct PlaybackState {
     MuteState mute;
     CycleState cycle;
     ShownValues shown;
+    Marks marks;
 };
 
 } // namespace quillon

@@ -54,6 +54,7 @@ struct ShownValues {
     PlayerStatus Status; ///< the first panel
     DistanceValue Distance;
     LinkNews Link = LinkNews::None;
+    bool Waiting = false; ///< for an answer of the simulator's
 };
 
 } // namespace quillon

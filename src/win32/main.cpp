@@ -5,6 +5,7 @@
 #include "win32/system/Adapters.h"
 #include "win32/system/Handle.h"
 #include "win32/system/Utf16.h"
+#include "win32/system/WinBackground.h"
 #include "win32/system/WinMessageLink.h"
 #include "win32/window/ControlIds.h"
 #include "win32/window/MainWindow.h"
@@ -85,6 +86,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     const auto control = AnsweringControl();
     MediaPlayer& player = control ? static_cast<MediaPlayer&>(*control) : built_in;
     LiveFeed& live = control ? static_cast<LiveFeed&>(*control) : built_in;
+    WinBackground background([&] { window.Sync(); });
     Program program({.link = link,
                      .memory = memory,
                      .clock = clock,
@@ -99,10 +101,13 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
                      .code_page = code_page,
                      .keyboard = keyboard,
                      .printer = printer,
-                     .probe = probe},
+                     .probe = probe,
+                     .background = background},
                     Arguments());
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();
     window.Run();
+    // A simulator that hangs may hold the thread for seconds yet, and what it uses must not be taken from it.
+    if (!background.Finish(std::chrono::milliseconds(500))) ExitProcess(0);
     return 0;
 }

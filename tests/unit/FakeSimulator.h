@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -16,9 +17,10 @@ namespace quillon {
 class FakeSimulator : public MessageLink, public SharedMemory {
   public:
     bool running = true;
-    bool refuses = false;      ///< denies us access
-    std::uint32_t process = 0; ///< the client's
-    int rounds = 0;            ///< answered so far
+    bool refuses = false;        ///< denies us access
+    std::uint32_t process = 0;   ///< the client's
+    int rounds = 0;              ///< answered so far
+    std::function<void()> asked; ///< what happens while a question waits
 
     FakeSimulator() {
         Put(0x3304, 0x49990000);
@@ -50,6 +52,7 @@ class FakeSimulator : public MessageLink, public SharedMemory {
     std::uint32_t RegisterMessage(const std::string&) override { return 0xC123; }
     std::uint32_t ProcessId() override { return process; }
     Sent Send(NativeHandle, std::uint32_t, std::uint32_t, std::uint32_t) override {
+        if (asked) asked();
         if (!running || refuses) return {false, 0, refuses ? 5U : 1400U};
         ++rounds;
         for (std::uint8_t* at = area_.data(); Word(at) != 0;) {

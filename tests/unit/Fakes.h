@@ -1,6 +1,8 @@
 #pragma once
 
+#include "playback/SimWatch.h"
 #include "ports/AnsiCodePage.h"
+#include "ports/Background.h"
 #include "ports/Clock.h"
 #include "ports/Dialogs.h"
 #include "ports/Display.h"
@@ -14,8 +16,10 @@
 #include "ports/Shell.h"
 #include "ports/UserFiles.h"
 #include "runtime/Files.h"
+#include "simlink/SimInquiry.h"
 
 #include <array>
+#include <deque>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -99,14 +103,58 @@ class FakeUserFiles : public UserFiles {
 class FakeClock : public Clock {
   public:
     TimePoint Now() override { return now; }
-    void Sleep(std::chrono::milliseconds time) override { now += time; }
-    bool ServeEvents(std::chrono::milliseconds time) override {
+    std::chrono::milliseconds Uptime() override { return passed; }
+    void Sleep(std::chrono::milliseconds time) override {
         now += time;
+        passed += time;
+    }
+    bool ServeEvents(std::chrono::milliseconds time) override {
+        Sleep(time);
         return !events || events();
     }
 
     TimePoint now{std::chrono::hours(1)};
+    std::chrono::milliseconds passed{0};
     std::function<bool()> events; ///< what happens in each slice of a wait; false: the program is ending
+};
+
+/// Does its work at once, or holds it until Finish.
+class FakeBackground : public Background {
+  public:
+    void Start(std::function<void()> work, std::function<void()> done) override {
+        jobs_.push_back({std::move(work), std::move(done)});
+        if (!held) Finish();
+    }
+    bool Busy() override { return !jobs_.empty(); }
+    void Finish() {
+        while (!jobs_.empty()) {
+            const auto [work, done] = std::move(jobs_.front());
+            jobs_.pop_front();
+            work();
+            done();
+        }
+    }
+
+    bool held = false;
+
+  private:
+    std::deque<std::pair<std::function<void()>, std::function<void()>>> jobs_;
+};
+
+/// Asks and goes on at once.
+class FakeInquiry : public SimInquiry {
+  public:
+    void Ask(std::function<void()> question, std::function<void()> then) override {
+        question();
+        then();
+    }
+};
+
+/// A program that ends with its simulator.
+class FakePresence : public SimPresence {
+  public:
+    bool Gone() override { return false; }
+    bool Back() override { return true; }
 };
 
 /// Plays at once whatever it is given, and reports the states of the real players.

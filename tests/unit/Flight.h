@@ -41,7 +41,7 @@ class Flight : public TempFolder {
     void Start(const std::string& command_line = "") {
         ++simulator.process;
         const Ports ports{simulator, simulator, clock,    player, player,   prompts, dialogs, display,
-                          shell,     files,     regional, page,   keyboard, printer, probe};
+                          shell,     files,     regional, page,   keyboard, printer, probe,   background};
         program = std::make_unique<Program>(ports, command_line);
         program->ConnectToSimulator();
     }
@@ -76,6 +76,7 @@ class Flight : public TempFolder {
     FakeKeyboard keyboard;
     FakePrinter printer;
     FakeProbe probe;
+    FakeBackground background;
     std::unique_ptr<Program> program;
 };
 

@@ -251,10 +251,12 @@ struct Bench {
     FakeDisplay screen;
     ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
     FsuipcClient link{simulator, simulator, clock};
-    RadioReadout readout{link, state.radio.FsuipcResult};
+    RadioReadout readout{link};
+    FakeInquiry inquiry;
+    FakePresence presence;
     ReceptionRange range{state.Airports, trap};
     ScreenTexts texts{state, state.form};
-    SimWatch sim{state, texts, link, readout, range, player, [] {}};
+    SimWatch sim{state, texts, link, readout, inquiry, presence, range, player};
     RecordedChatter chatter{state, state.LastSearchText, texts, sim, player, clock, trap};
     Mute mute{state, texts, player};
     MuteKey mute_key{state, mute, keyboard, screen, clock};

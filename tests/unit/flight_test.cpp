@@ -29,7 +29,7 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     program->Run(Command::mnuQuit);
     EXPECT_TRUE(state().Ended);
     EXPECT_EQ(Read("Quillon\\Quillon.state"),
-              "volume=0\r\nuser-agent=me\r\nwindow=\r\ncolumns=700 3500 800 2400\r\n");
+              "volume=0\r\nuser-agent=me\r\nwindow=\r\ncolumns=700 3500 800 2400\r\nstay-open=no\r\n");
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n");
     EXPECT_EQ(regional.decimal + regional.thousand, ",.");
     program->EndSession();
@@ -215,25 +215,168 @@ TEST_F(Flight, ASimulatorThatGoesAwayEndsTheProgram) {
     EXPECT_NE(Read("Quillon\\Quillon.ini"), "");
 }
 
-TEST_F(Flight, WaitsForASimulatorAndLetsTicksIn) {
+/// What the program says when the link is lost and it goes on all the same.
+void ExpectLooking(const ProgramState& state, const FakePlayer& player) {
+    EXPECT_EQ(state.form.StatusBar1[2].Text, "Looking for the simulator ...");
+    EXPECT_EQ(state.form.Caption, "Quillon -S");
+    EXPECT_EQ(player.url, "");
+    EXPECT_EQ(player.state, Stopped);
+    EXPECT_FALSE(state.Ended);
+}
+
+TEST_F(Flight, StaysOpenForTheNextSimulatorIfMarked) {
+    Start();
+    program->Run(Command::StayOpenMark);
+    EXPECT_NE(Read("Quillon\\Quillon.state").find("stay-open=yes"), std::string::npos);
+    const std::pair<const char*, std::string> feeds[] = {{"118.70", "http://feeds"}, {"118.00", folder}};
+    const auto hears = [this](const std::string& address) {
+        for (int second = 0; second < 40 && !player.url.starts_with(address); ++second) {
+            clock.Sleep(std::chrono::seconds(1));
+            Tick();
+        }
+        return player.url.starts_with(address) && player.state == Playing;
+    };
+    for (int flight = 0; flight < 10; ++flight) {
+        const auto& [frequency, address] = feeds[flight % 2];
+        TuneTo(frequency);
+        EXPECT_TRUE(hears(address));
+        ReplaceFile(At("Quillon\\Quillon.ini"), "");
+        simulator.running = false;
+        Tick();
+        ExpectLooking(state(), player);
+        EXPECT_EQ(state().cycle.Timer(1).Interval, 2000);
+        EXPECT_NE(Read("Quillon\\Quillon.ini"), "");
+        Tick();
+        ExpectLooking(state(), player);
+        simulator.running = true;
+        simulator.Put(0x3304, 0x28390000);
+        prompts.messages.clear();
+        Tick();
+        Tick();
+        EXPECT_EQ(prompts.messages.size(), 1U) << "too old is told once";
+        ExpectLooking(state(), player);
+        simulator.Put(0x3304, 0x49990000);
+        EXPECT_TRUE(hears(address)) << "the same frequency is tuned anew";
+        EXPECT_EQ(state().cycle.Timer(1).Interval, 1000);
+        EXPECT_TRUE(state().radio.SimConnected);
+    }
+}
+
+TEST_F(Flight, WithoutASimulatorTheMarkedProgramPlaysByHandAndUnmutes) {
+    Write("Quillon\\Quillon.state", "stay-open=yes\n");
+    Start();
+    TuneTo("118.70");
+    program->Run(Command::StripPause);
+    program->Run(Command::optManual);
+    program->Run(Command::optAuto); // starts its timer while the sound is muted
     simulator.running = false;
-    int slices = 0;
+    Tick();
+    ExpectLooking(state(), player);
+    keyboard.down = 9;
+    program->TimerTick(5);
+    EXPECT_FALSE(state().mute.Muted);
+    program->TimerTick(5);
+    EXPECT_FALSE(state().mute.Muted) << "nothing is there to be muted";
+    program->Run(Command::optManual);
+    EXPECT_FALSE(state().radio.NoConnection);
+    EXPECT_EQ(panel(3), "*");
+    program->SelectRow(0);
+    program->Run(Command::lvwDB_ItemClick);
+    Tick();
+    EXPECT_EQ(player.state, Playing);
+    program->TimerTick(5);
+    EXPECT_TRUE(state().mute.Muted);
+}
+
+TEST_F(Flight, ALinkThatWasNotThereAtTheStartIsNotSilentlyLost) {
+    simulator.running = false;
     clock.events = [&] {
-        if (state().form.Visible && ++slices % 50 == 0) program->TimerTick(1);
-        if (slices == 240) simulator.running = true;
+        if (state().form.Visible) program->Run(Command::optManual);
         return true;
     };
     Start();
-    EXPECT_GT(slices, 240);
-    EXPECT_TRUE(state().radio.SimConnected);
-    EXPECT_EQ(panel(3), "*"); // a tick had found it meanwhile, tuned to nothing
+    clock.events = {};
+    program->Run(Command::optAuto);
+    Tick();
+    EXPECT_EQ(panel(3), "Looking for the simulator ...");
+    simulator.running = true;
+    TuneTo("118.70");
+    EXPECT_EQ(panel(3), "CYYZ - Toronto Tower");
+    simulator.running = false;
+    Tick();
+    ExpectLooking(state(), player);
+    simulator.running = true;
+    Tick();
+    EXPECT_EQ(player.url, "http://feeds.example/a");
+}
+
+TEST_F(Flight, TheProgramLivesWhileTheSimulatorIsAsked) {
+    Start();
+    TuneTo("118.70");
+    background.held = true;
+    simulator.rounds = 0;
+    Tick();
+    Tick();
+    program->SelectRow(1);
+    program->Run(Command::CopyAddress);
+    program->SelectRow(2);
+    program->Run(Command::CopyAddress);
+    EXPECT_TRUE(shell.opened.empty()) << "waits for the end of the tick";
+    background.Finish();
+    EXPECT_EQ(simulator.rounds, 2) << "a second tick was not begun";
+    EXPECT_EQ(shell.opened, (std::vector<std::string>{"https://feeds.example/london/heathrow/director",
+                                                      "http://radio.example/b"}));
+
+    simulator.Tune(Com2Standby, "119.10");
+    Tick();
+    keyboard.down = 9;
+    program->TimerTick(5);
+    EXPECT_EQ(panel(1), "Muted");
+    background.Finish();
+    EXPECT_EQ(player.url, "http://feeds.example/a") << "the tick ended without touching the player";
+    EXPECT_EQ(player.state, Paused);
+    program->TimerTick(5);
+    keyboard.down = 0;
+
+    Tick();
+    ReplaceFile(At("Quillon\\Quillon.ini"), "");
+    program->Run(Command::mnuQuit);
+    EXPECT_TRUE(state().Ended);
+    EXPECT_NE(Read("Quillon\\Quillon.ini"), "");
+    background.Finish();
+    EXPECT_EQ(player.state, Stopped);
+}
+
+TEST_F(Flight, ASlowSimulatorIsWaitedForInWords) {
+    Start();
+    TuneTo("118.70");
+    const std::string feed = panel(3);
+    std::string waiting;
+    simulator.asked = [&] {
+        clock.Sleep(std::chrono::seconds(2));
+        program->TimerTick(5);
+        waiting = panel(3);
+    };
+    const auto restarts = state().cycle.Timer(1).RestartRequest;
+    Tick();
+    EXPECT_EQ(waiting, "Waiting for the simulator ...");
+    EXPECT_GT(state().cycle.Timer(1).RestartRequest, restarts);
+    program->TimerTick(5);
+    EXPECT_EQ(panel(3), feed);
+
+    simulator.asked = [&] { clock.Sleep(std::chrono::seconds(31)); };
+    simulator.rounds = 0;
+    TuneTo("119.10");
+    EXPECT_EQ(simulator.rounds, 1) << "the rest is not asked any more";
+    EXPECT_FALSE(state().Ended);
+    EXPECT_EQ(panel(2), "118.70");
 }
 
 TEST_F(Flight, ManualModeEndsTheWaitingAndQuittingToo) {
     for (const bool manual : {true, false}) {
         simulator.running = false;
         clock.events = [&] {
-            if (!state().form.Visible) return true;
+            if (!state().form.Visible || state().cycle.optManual()) return true;
             program->Run(Command::mnuEditData); // the list is loaded anew, and the next tick searches it
             program->TimerTick(1);
             EXPECT_EQ(panel(3), "Looking for the simulator ...");

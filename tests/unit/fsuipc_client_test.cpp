@@ -31,6 +31,7 @@ struct FakeMachine : MessageLink, SharedMemory, Clock {
     std::uint32_t reply = 1, last_error = 0;
     int failing_sends = 0;
     std::map<std::uint32_t, std::uint32_t> offsets = {{0x3304, 0x39990000}, {0x3308, 0xFADE0008}};
+    std::function<void()> sent;
     std::function<void(std::uint8_t* area)> afterwards; ///< spoils the reply
 
     std::vector<std::uint8_t> area = std::vector<std::uint8_t>(RequestArea::Length);
@@ -48,6 +49,7 @@ struct FakeMachine : MessageLink, SharedMemory, Clock {
               std::uint32_t timeout_ms) override {
         EXPECT_EQ(std::tuple(window, message, wparam, timeout_ms), std::tuple(7U, 0xC123U, 0xC456U, 2000U));
         ++sends;
+        if (sent) sent();
         if (failing_sends > 0 && failing_sends-- > 0) return {false, 0, last_error};
         Answer();
         return {true, reply, 0};
@@ -81,6 +83,7 @@ struct FakeMachine : MessageLink, SharedMemory, Clock {
     void UnmapView(std::uint8_t*) override { EXPECT_EQ(handles.erase("view"), 1U); }
 
     TimePoint Now() override { return {}; }
+    std::chrono::milliseconds Uptime() override { return std::chrono::milliseconds(slept); }
     void Sleep(std::chrono::milliseconds time) override { slept += time.count(); }
     bool ServeEvents(std::chrono::milliseconds) override {
         ADD_FAILURE();
@@ -93,10 +96,7 @@ struct Link : testing::Test {
     FsuipcClient client{machine, machine, machine};
     std::uint32_t result = 99;
 
-    bool Open() {
-        client.FsuipcReset();
-        return client.FsuipcOpen(0, result);
-    }
+    bool Open() { return client.FsuipcReopen(result); }
 };
 
 TEST_F(Link, EveryFailureToOpenHasItsCodeAndKeepsOnlyAWholeArea) {
@@ -245,6 +245,27 @@ TEST_F(Link, SendsAreRetriedTenTimesAndTheLastOneCountsAsFailed) {
         EXPECT_FALSE(client.FsuipcProcess(result));
         EXPECT_EQ(result, LinkNothingQueued) << "the queue is empty whatever happened";
     }
+}
+
+TEST_F(Link, AsksNothingMoreAfterHalfAMinuteOrOnceCancelled) {
+    std::uint32_t value = 0;
+    ASSERT_TRUE(client.FsuipcReopen(result));
+    machine.slept += 31'000;
+    machine.sends = 0;
+    client.FsuipcRead(0x3304, 4, &value, result);
+    EXPECT_FALSE(client.FsuipcProcess(result));
+    EXPECT_EQ(std::pair(result, machine.sends), std::pair(std::uint32_t{LinkTimedOut}, 0));
+    client.BeginQuestions();
+    client.FsuipcRead(0x3304, 4, &value, result);
+    EXPECT_TRUE(client.FsuipcProcess(result));
+
+    machine.sends = 0;
+    machine.failing_sends = 99;
+    machine.sent = [&] { client.Cancel(); };
+    client.FsuipcRead(0x3304, 4, &value, result);
+    EXPECT_FALSE(client.FsuipcProcess(result));
+    EXPECT_EQ(machine.sends, 1);
+    EXPECT_EQ(client.Unanswered().count(), 100);
 }
 
 /// Three records: a read of 8 bytes at 0, a write of 4 at 24, a read of 4 at 40, the terminator at 60.

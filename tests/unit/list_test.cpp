@@ -143,13 +143,13 @@ TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
     Start();
     program->Run(Command::optCom2);
     program->SelectRow(1);
-    program->Run(Command::lvwDB_DblClick); // without Ctrl
+    program->lvwDB_DblClick(); // without Ctrl
     keyboard.down = 17;
     program->Run(Command::optManual);
-    program->Run(Command::lvwDB_DblClick); // not in Manual mode
+    program->lvwDB_DblClick(); // not in Manual mode
     program->Run(Command::optAuto);
     EXPECT_EQ(simulator.Word(Com2), 0U);
-    program->Run(Command::lvwDB_DblClick);
+    program->lvwDB_DblClick();
     EXPECT_EQ(simulator.Word(Com2), 0x00001972U);
     EXPECT_EQ(panel(2), "119.72");
     EXPECT_TRUE(player.url.empty());
@@ -157,7 +157,7 @@ TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
     Tick();
     EXPECT_EQ(player.url, "https://feeds.example/london/heathrow/director");
     EXPECT_TRUE(state().range.InRange);
-    program->Run(Command::lvwDB_DblClick);
+    program->lvwDB_DblClick();
     EXPECT_TRUE(state().range.InRange) << "what plays already is not interrupted";
 }
 

@@ -82,10 +82,12 @@ class CalcDistance : public testing::Test {
     FakeClock clock;
     FakePlayer player;
     FsuipcClient link{simulator, simulator, clock};
-    RadioReadout readout{link, state.radio.FsuipcResult};
+    RadioReadout readout{link};
+    FakeInquiry inquiry;
+    FakePresence presence;
     ReceptionRange range{state.Airports, trap};
     ScreenTexts texts{state, state.form};
-    SimWatch sim{state, texts, link, readout, range, player, [] {}};
+    SimWatch sim{state, texts, link, readout, inquiry, presence, range, player};
 };
 
 TEST_F(CalcDistance, ComparesTheMilesShownWithTheRange) {

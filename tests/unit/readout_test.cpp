@@ -40,38 +40,38 @@ TEST(RadioReadout, ReadsRadioPauseAndPosition) {
     FakeClock clock;
     FsuipcClient link(simulator, simulator, clock);
     std::uint32_t result = 0;
-    RadioReadout readout(link, result);
+    RadioReadout readout(link);
     ASSERT_TRUE(link.FsuipcOpen(0, result));
 
-    EXPECT_FALSE(readout.Read(0).Radio());
+    EXPECT_FALSE(readout.Read(0, result).Radio());
     const std::uint32_t offsets[] = {0x034E, 0x311A, 0x3118, 0x311C};
     for (std::int16_t comm = 1; comm <= 4; ++comm) {
         const std::string frequency = "12" + std::to_string(comm) + ".50";
         simulator.Tune(offsets[comm - 1], frequency);
-        EXPECT_EQ(readout.Read(FindCommRadio(comm)->Offset).Radio().value().frequency, frequency);
+        EXPECT_EQ(readout.Read(FindCommRadio(comm)->Offset, result).Radio().value().frequency, frequency);
     }
 
     simulator.Put(0x0264, 1);
-    EXPECT_EQ(readout.Read(0).PauseState(), 1);
+    EXPECT_EQ(readout.Read(0, result).PauseState(), 1);
     simulator.Put(0x0264, 0x0102);
-    EXPECT_EQ(readout.Read(0).PauseState(), 12);
+    EXPECT_EQ(readout.Read(0, result).PauseState(), 12);
     simulator.Put(0x0264, 0xFFFF);
-    EXPECT_THROW(readout.Read(0).PauseState(), RuntimeError);
+    EXPECT_THROW(readout.Read(0, result).PauseState(), RuntimeError);
 
     // The low part: a quarter of a unit is 0x40000000, and counts ten times that.
     simulator.Put(0x0564, 1000175);
     simulator.Put(0x0560, 0x40000000);
     simulator.Put(0x056C, static_cast<std::uint32_t>(-0x40000000));
     simulator.Put(0x0568, 0);
-    EXPECT_NEAR(readout.Read(0).Position().latitude.value(), 9 + 2.5 * 90 / 10001750, 1e-9);
-    EXPECT_EQ(DegreesText(readout.Read(0).Position().longitude.value()), "-90.0");
+    EXPECT_NEAR(readout.Read(0, result).Position().latitude.value(), 9 + 2.5 * 90 / 10001750, 1e-9);
+    EXPECT_EQ(DegreesText(readout.Read(0, result).Position().longitude.value()), "-90.0");
     simulator.Put(0x0564, static_cast<std::uint32_t>(-1000175));
-    EXPECT_NEAR(readout.Read(0).Position().latitude.value(), -9 - 2.5 * 90 / 10001750, 1e-9);
+    EXPECT_NEAR(readout.Read(0, result).Position().latitude.value(), -9 - 2.5 * 90 / 10001750, 1e-9);
 
     simulator.running = false;
-    EXPECT_FALSE(readout.ReadRadio(0x034E) || readout.Read(0x034E).Radio());
-    EXPECT_FALSE(readout.Read(0).PauseState());
-    EXPECT_FALSE(readout.Read(0).Position().latitude);
+    EXPECT_FALSE(readout.ReadRadio(0x034E, result) || readout.Read(0x034E, result).Radio());
+    EXPECT_FALSE(readout.Read(0, result).PauseState());
+    EXPECT_FALSE(readout.Read(0, result).Position().latitude);
 }
 
 TEST(SimConnection, KnowsWhichModulesAreTooOld) {

@@ -9,11 +9,12 @@ namespace {
 
 TEST(RememberedState, DefaultsStandInForWhatMakesNoSense) {
     const std::pair<std::string, RememberedValues> rows[] = {
-        {"volume=0\r\nuser-agent=me/1 (a=b)\r\n", {0, "me/1 (a=b)", {}, {}}},
-        {"\xEF\xBB\xBF volume = 7 \nother=1\nnothing\n=\n", {7, "", {}, {}}},
-        {"volume=5\nvolume=101\nvolume=-1\nvolume=1e1\nvolume=\nvolume=99999999999", {5, "", {}, {}}},
-        {"window=800 600\ncolumns=700 3500 800 2400", {100, "", {800, 600}, {700, 3500, 800, 2400}}},
-        {"window=800 -600\nwindow=9\ncolumns=700 3500 800\ncolumns=700  800 2400 99999", {100, "", {}, {}}},
+        {"volume=0\r\nuser-agent=me/1 (a=b)\r\n", {0, "me/1 (a=b)", {}, {}, {}}},
+        {"\xEF\xBB\xBF volume = 7 \nother=1\nnothing\n=\n", {7, "", {}, {}, {}}},
+        {"volume=5\nvolume=101\nvolume=-1\nvolume=1e1\nvolume=\nvolume=99999999999", {5, "", {}, {}, {}}},
+        {"window=800 600\ncolumns=700 3500 800 2400", {100, "", {800, 600}, {700, 3500, 800, 2400}, {}}},
+        {"window=800 -600\nwindow=9\ncolumns=700 3500 800\ncolumns=700  800 2400 99999", {100, "", {}, {}, {}}},
+        {"stay-open=no\nstay-open=yes", {100, "", {}, {}, {true}}},
     };
     for (const auto& [text, values] : rows) {
         EXPECT_EQ(ParseRemembered(text), values) << text;
@@ -26,7 +27,7 @@ using RememberedStateFile = TempFolder;
 TEST_F(RememberedStateFile, IsNotReplacedWhenItCouldNotBeRead) {
     ProgramState state;
     state.folders.DataPath = folder + "\\";
-    RememberedState remembered(state.form, state.UserAgent, state.folders);
+    RememberedState remembered(state.form, state.marks, state.UserAgent, state.folders);
     MakeFolder("Quillon.state");
     remembered.Read();
     std::filesystem::remove(PathOf(At("Quillon.state")));

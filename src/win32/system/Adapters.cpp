@@ -33,6 +33,10 @@ TimePoint WinClock::Now() {
     return TimePoint(std::chrono::milliseconds((ticks - Epoch1970) / 10000));
 }
 
+std::chrono::milliseconds WinClock::Uptime() {
+    return std::chrono::milliseconds(GetTickCount64());
+}
+
 void WinClock::Sleep(std::chrono::milliseconds time) {
     ::Sleep(static_cast<DWORD>(time.count()));
 }

@@ -21,6 +21,7 @@ class WinClock : public Clock {
     explicit WinClock(std::function<bool(std::chrono::milliseconds)> serve) : serve_(std::move(serve)) {}
 
     TimePoint Now() override;
+    std::chrono::milliseconds Uptime() override;
     void Sleep(std::chrono::milliseconds time) override;
     bool ServeEvents(std::chrono::milliseconds time) override { return serve_(time); }
 

@@ -15,6 +15,10 @@ UINT EnabledFlag(const Command& command, const ProgramState& state) {
     return command.Enabled(state) ? MF_ENABLED : MF_GRAYED;
 }
 
+UINT CheckedFlag(const Command& command, const ProgramState& state) {
+    return command.Checked != nullptr && command.Checked(state) ? MF_CHECKED : MF_UNCHECKED;
+}
+
 HMENU MakePopup(std::span<const Command> entries) {
     HMENU popup = CreatePopupMenu();
     for (const Command& entry : entries)
@@ -67,14 +71,17 @@ void MainMenu::Sync(const ProgramState& state) {
         SetMenuItemInfoW(bar_, Command::mnuRange, FALSE, &item);
     }
     // Asked several times a second, so the menus are only touched when one of their entries has changed.
-    std::vector<bool> enabled;
-    for (const Menu& menu : MenuBar())
-        for (const Command& entry : menu.Entries) enabled.push_back(entry.Enabled(state));
-    if (enabled_ == enabled) return;
-    enabled_ = std::move(enabled);
+    std::vector<UINT> flags;
     for (const Menu& menu : MenuBar())
         for (const Command& entry : menu.Entries)
+            flags.insert(flags.end(), {EnabledFlag(entry, state), CheckedFlag(entry, state)});
+    if (flags_ == flags) return;
+    flags_ = std::move(flags);
+    for (const Menu& menu : MenuBar())
+        for (const Command& entry : menu.Entries) {
             EnableMenuItem(bar_, static_cast<UINT>(entry.Number), EnabledFlag(entry, state));
+            CheckMenuItem(bar_, static_cast<UINT>(entry.Number), CheckedFlag(entry, state));
+        }
 }
 
 int MainMenu::AskForRow(HWND window, POINT where, const ProgramState& state) {

@@ -17,7 +17,7 @@ class MainMenu {
     /// For the window that will own it.
     HMENU Bar() const { return bar_; }
 
-    /// Shows captions and enabled states as the data say.
+    /// Shows captions, enabled states and check marks as the data say.
     void Sync(const ProgramState& state);
 
     /// Shows the menu of a row of the list at a point of the screen and returns the command that is chosen, 0
@@ -31,7 +31,7 @@ class MainMenu {
     HMENU bar_;
     HACCEL keys_; // lives as long as the program
     std::string range_caption_;
-    std::vector<bool> enabled_; // of all entries
+    std::vector<UINT> flags_; // of all entries
 };
 
 } // namespace quillon

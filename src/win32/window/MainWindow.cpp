@@ -222,7 +222,7 @@ LRESULT MainWindow::Notify(NMHDR& header) {
         program_->Run(Command::lvwDB_ItemClick);
         break;
     case NM_DBLCLK:
-        program_->Run(Command::lvwDB_DblClick);
+        program_->lvwDB_DblClick();
         break;
     case LVN_COLUMNCLICK:
         program_->lvwDB_ColumnClick(static_cast<Column>(reinterpret_cast<NMLISTVIEW&>(header).iSubItem));
@@ -298,7 +298,7 @@ void MainWindow::SyncOnce() {
 void MainWindow::SyncTimers() {
     const auto& wanted = program_->State().cycle.Timers;
     for (std::size_t i = 0; i < wanted.size(); ++i) {
-        if (wanted[i].Enabled == timers_[i].Enabled && wanted[i].Interval == timers_[i].Interval) continue;
+        if (wanted[i] == timers_[i]) continue;
         timers_[i] = wanted[i];
         if (wanted[i].Enabled)
             SetTimer(window_, i + 1, static_cast<UINT>(wanted[i].Interval), nullptr);

@@ -41,6 +41,9 @@ class MainWindow : public Display {
 
     void Repaint() override;
 
+    /// Shows the program's data.
+    void Sync();
+
     /// Handles the thread's messages for about that long. Returns false once the program is ending.
     bool ServeEvents(std::chrono::milliseconds time);
 
@@ -64,7 +67,6 @@ class MainWindow : public Display {
     void LayoutAndRedraw();
     void ShowRowMenu(HWND control, POINT where);
 
-    void Sync();
     void SyncOnce();
     void SyncTimers();
     void SyncVisibility();

@@ -1,0 +1,67 @@
+#include "app/HandlerGate.h"
+
+#include <utility>
+
+namespace quillon {
+
+void HandlerGate::Enter(Handler handler) {
+    if (running_) return;
+    if (waiting_)
+        line_.push_back(std::move(handler));
+    else
+        Run(std::move(handler));
+}
+
+void HandlerGate::Interrupt(const Handler& handler) {
+    if (running_) return;
+    running_ = true;
+    run_(handler);
+    running_ = false;
+}
+
+void HandlerGate::Ask(Handler question, Handler then) {
+    question_ = std::move(question);
+    then_ = std::move(then);
+}
+
+void HandlerGate::Close() {
+    question_ = {};
+    then_ = {};
+    line_.clear();
+}
+
+bool HandlerGate::ServeEvents(Clock& clock, std::chrono::milliseconds time) {
+    running_ = false;
+    bool goes_on = clock.ServeEvents(time);
+    while (goes_on && waiting_) goes_on = clock.ServeEvents(time);
+    running_ = true;
+    return goes_on;
+}
+
+void HandlerGate::Run(Handler handler) {
+    while (handler) {
+        Interrupt(handler);
+        if (question_) {
+            SendQuestion();
+            return;
+        }
+        handler = NextInLine();
+    }
+}
+
+void HandlerGate::SendQuestion() {
+    waiting_ = true;
+    background_.Start(std::exchange(question_, {}), [this] {
+        waiting_ = false;
+        Run(std::exchange(then_, {}));
+    });
+}
+
+HandlerGate::Handler HandlerGate::NextInLine() {
+    if (line_.empty()) return {};
+    Handler next = std::move(line_.front());
+    line_.pop_front();
+    return next;
+}
+
+} // namespace quillon
