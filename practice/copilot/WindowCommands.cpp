@@ -2,6 +2,9 @@
 #include "Windows.h"
 #include "win32/system/Handle.h"
 #include "win32/system/Utf16.h"
+#include "win32/window/ControlIds.h"
+
+#include <algorithm>
 
 namespace practice {
 
@@ -158,6 +161,25 @@ std::string Wait(const Words& words) {
     }
 }
 
+/// For how long Quillon's window, or its splash before that, let a message wait at worst.
+std::string Silence(const Words& words) {
+    constexpr DWORD PollMs = 10;
+    constexpr UINT LongestMs = 60'000;
+    const unsigned limit_ms = NumberArgument(words[0]);
+    const ULONGLONG start = GetTickCount64();
+    ULONGLONG worst_ms = 0;
+    while (GetTickCount64() - start < limit_ms) {
+        HWND window = FindTopLevel(quillon::MainWindowClass);
+        if (window && !IsWindowVisible(window)) window = FindTopLevel(L"QuillonSplash");
+        const ULONGLONG sent = GetTickCount64();
+        DWORD_PTR answer = 0;
+        if (window) SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, LongestMs, &answer);
+        worst_ms = std::max(worst_ms, GetTickCount64() - sent);
+        Sleep(PollMs);
+    }
+    return std::to_string(worst_ms);
+}
+
 std::string Pid(const Words& words) {
     return std::to_string(ProcessOf(TheTopLevel(Wide(words[0]))));
 }
@@ -195,6 +217,7 @@ const std::vector<Command> WindowCommands = {
     {"pid", 1, 1, Pid},         {"close", 1, 1, Close},         {"move", 3, 5, Move},
     {"answer", 0, 99, Answer},  {"pick", 2, 2, PickEntry},      {"hold", 1, 1, Hold},
     {"release", 1, 1, Release}, {"field", 1, 99, Field},        {"kill", 1, 1, Kill},
+    {"silence", 1, 1, Silence},
 };
 
 } // namespace practice

@@ -79,17 +79,12 @@ class Station(World):
             self.copilot.await_text("boxes", lambda now: now != boxes)
 
     def silence(self, seconds):
-        """The longest time in seconds without an answer from the window, until the program ends or for `seconds`."""
-        start = last = time.monotonic()
+        """For how long at worst, in seconds, a message to the window waits; until the program ends or for `seconds`."""
+        start = time.monotonic()
         worst = 0
         while self.quillon.poll() is None and time.monotonic() - start < seconds:
-            try:
-                self.copilot.ask("text IdLabel2")
-                worst, last = max(worst, time.monotonic() - last), time.monotonic()
-            except RuntimeError:
-                pass  # no answer for ten seconds, or it is ending
-            time.sleep(0.05)
-        return max(worst, time.monotonic() - last)
+            worst = max(worst, int(self.copilot.ask("silence 500")) / 1000)
+        return worst
 
     def close_quillon(self):
         self.copilot.ask("close QuillonMain")

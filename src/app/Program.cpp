@@ -20,6 +20,7 @@ void Program::Handle(Handler handler) {
 
 void Program::ConnectToSimulator() {
     Handle([this] {
+        state_.radio.Connecting = true;
         parts_->start_up.Form_Load();
         if (state_.Ended || !Connect()) return;
         const std::string too_old = parts_->connection.CheckVersion();
@@ -72,7 +73,8 @@ void Program::TimerTick(int id) {
 /// Ten times a second, even while the simulator is asked.
 void Program::PollLinkAndMuteKey() {
     constexpr std::chrono::seconds Patience{2};
-    parts_->texts.ShowWaiting(parts_->link.Unanswered() >= Patience);
+    const bool asks = parts_->gate.Waiting() || !state_.cycle.optManual(); // or it has been given up
+    parts_->texts.ShowWaiting(asks && parts_->link.Unanswered() >= Patience);
     if (!state_.Busy) parts_->mute_key.Timer5_Timer();
 }
 

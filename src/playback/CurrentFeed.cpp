@@ -45,6 +45,11 @@ void PutInCharge(CycleState& cycle, std::int16_t timer_id) {
     cycle.ActiveTimerId = timer_id;
 }
 
+bool CycleRuns(const CycleState& cycle) {
+    const std::int16_t id = cycle.ActiveTimerId;
+    return id >= 1 && id <= 4 && cycle.Timer(id).Enabled;
+}
+
 void RestartCycle(CycleState& cycle) {
     ++cycle.Timer(cycle.ActiveTimerId).RestartRequest;
 }

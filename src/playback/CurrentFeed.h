@@ -25,6 +25,9 @@ void EmptyPlayer(MediaPlayer& player);
 /// Puts one of the four cycle timers in charge; the other three stop.
 void PutInCharge(CycleState& cycle, std::int16_t timer_id);
 
+/// Whether the cycle in charge runs; while muted it does not.
+bool CycleRuns(const CycleState& cycle);
+
 /// Begins the second of the cycle in charge anew.
 void RestartCycle(CycleState& cycle);
 

@@ -1,10 +1,12 @@
 #include "playback/Mute.h"
 
+#include "playback/CurrentFeed.h"
+
 namespace quillon {
 
 void Mute::MuteSound() {
     MuteState& mute = state_.mute;
-    if (mute.Muted && !ActiveTimerRuns()) return; // a pick or another mode may have started one while muted
+    if (mute.Muted && !CycleRuns(state_.cycle)) return; // a pick or another mode may have started one while muted
     mute.Muted = true;
     const bool net_radio = state_.feed.FeedUrlMarker != "0" && state_.feed.RadioFeedMarker > 0;
     if (net_radio)
@@ -26,11 +28,6 @@ void Mute::UnMuteSound() {
     SetActiveTimer(true);
     texts_.ShowStatus(mute.SavedStatus);
     texts_.ShowTitle(state_.cycle.CaptionBase);
-}
-
-bool Mute::ActiveTimerRuns() const {
-    const std::int16_t id = state_.cycle.ActiveTimerId;
-    return id >= 1 && id <= 4 && state_.cycle.Timer(id).Enabled;
 }
 
 void Mute::SetActiveTimer(bool enabled) {

@@ -17,7 +17,6 @@ class Mute {
     void UnMuteSound();
 
   private:
-    bool ActiveTimerRuns() const;
     void SetActiveTimer(bool enabled);
 
     PlaybackState& state_;

@@ -21,10 +21,9 @@ void SimWatch::Ask(std::function<void()> tick) {
         tick();
         return;
     }
-    const bool muted_before = state_.mute.Muted;
     inquiry_.Ask([this, radio = FollowedOffset()] { answer_ = AskNow(radio); },
-                 [this, muted_before, tick = std::move(tick)] {
-                     if (muted_before || !state_.mute.Muted) tick();
+                 [this, tick = std::move(tick)] {
+                     if (CycleRuns(state_.cycle)) tick(); // else it has been muted meanwhile
                      if (answer_.slow) RestartCycle(state_.cycle);
                  });
 }
@@ -62,7 +61,8 @@ void SimWatch::LoseRadio() {
     texts_.ShowFrequency("", "");
     texts_.ShowNoFeed();
     texts_.ShowStatus({Activity::Stopped});
-    texts_.ShowTitle("Quillon", {Activity::Stopped});
+    state_.cycle.CaptionBase = "Quillon";
+    texts_.ShowTitle(state_.cycle.CaptionBase, {Activity::Stopped});
     state_.cycle.ForceRetune = true;
     PutInCharge(state_.cycle, AutomaticTuningCycle);
 }

@@ -40,7 +40,6 @@ std::string TooOldText(const std::string& simulator, const std::string& version_
 }
 
 bool SimConnection::Connect(const std::function<bool()>& wanted, const std::function<void()>& failed) {
-    radio_.Connecting = true;
     bool open = Open(wanted);
     while (!open && wanted()) {
         radio_.NoConnection = true;

@@ -23,7 +23,7 @@ class SimConnection {
         : radio_(radio), link_(link), background_(background), clock_(clock) {}
 
     /// Tries to open the link until the simulator answers, serving events meanwhile, as long as `wanted` says
-    /// so. Calls `failed` after each failure. Returns whether the link is open.
+    /// so. Calls `failed` after each failure. Returns whether the link is open; `Connecting` is over then.
     bool Connect(const std::function<bool()>& wanted, const std::function<void()>& failed);
 
     /// After Connect: sets the version text and `SimConnected`. Returns what to tell the user if the module is

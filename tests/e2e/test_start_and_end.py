@@ -47,16 +47,26 @@ class Starts(unittest.TestCase):
         self.assertIsNone(quillon.poll())
         self.close(quillon)
 
-    def test_without_a_simulator_the_window_looks_for_one_and_finds_it(self):
+    def start_simulator(self, kind):
+        return self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency, "--lat", str(TORONTO.position[0]),
+                                "--lon", str(TORONTO.position[1]), "--sim", kind)
+
+    def test_looks_for_a_simulator_and_if_it_is_to_stay_open_for_ten_more(self):
+        (self.world.data / "Quillon.state").write_bytes(b"stay-open=yes\r\n")
         quillon = self.world.start_quillon()
-        self.copilot.await_text("panel 3", "Looking for the simulator ...")
-        self.assertEqual(int(self.copilot.ask("rows")), len(FEEDS) + 3)
-        simulator = self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency, "--lat",
-                                     str(TORONTO.position[0]), "--lon", str(TORONTO.position[1]))
-        self.world.ear.await_(TORONTO.icao, 15)
+        for number in range(11):
+            self.copilot.await_text("panel 3", "Looking for the simulator ...", 30)
+            self.assertEqual(self.copilot.ask("panel 4"), "*" if number else "Selection Mode: Automatic")
+            self.copilot.await_text("title", "Quillon -S", 3)
+            self.world.ear.await_("silence")
+            simulator = self.start_simulator(str(7 + number % 4))
+            self.world.ear.await_(TORONTO.icao, 15)
+            if number % 4 == 3:  # killed while it owes an answer
+                self.copilot.ask("fault hang=30000")
+                self.copilot.await_text("panel 3", "Waiting for the simulator ...")
+            self.copilot.ask("kill UIPCMAIN" if number % 2 else "close UIPCMAIN")
+            simulator.wait(20)
         self.close(quillon)
-        self.copilot.ask("close UIPCMAIN")
-        simulator.wait(20)
 
     def test_a_missing_catalogue_is_reported_and_nothing_of_the_users_is_written(self):
         (self.world.data / "live_atc_feeds.txt").unlink()
@@ -84,8 +94,7 @@ class Starts(unittest.TestCase):
         simulator.wait(20)
 
     def test_without_a_sound_device_the_state_says_so(self):
-        simulator = self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency, "--lat",
-                                     str(TORONTO.position[0]), "--lon", str(TORONTO.position[1]))
+        simulator = self.start_simulator("8")
         self.copilot.ask("wait UIPCMAIN 20000")
         env = {**self.world.prefix.env, "PULSE_SERVER": "unix:/nonexistent"}
         quillon = self.world.processes.start("deaf", self.world.prefix.command("Quillon.exe"), env)

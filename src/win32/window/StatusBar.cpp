@@ -56,22 +56,30 @@ void StatusBar::Place(const Theme& theme) {
 
 void StatusBar::Sync(const frmATC& form, const Theme& theme) {
     const auto& panels = form.StatusBar1;
-    bool widths_changed = false;
+    SyncWidths(panels, theme);
     for (std::size_t index = 0; index < panels.size(); ++index) {
         if (shown_[index] == panels[index]) continue;
         const bool text_changed = shown_[index].Text != panels[index].Text;
-        widths_changed |= shown_[index].WidthTwips != panels[index].WidthTwips;
         shown_[index] = panels[index];
         if (text_changed)
             SendMessageW(window_, SB_SETTEXTW, index,
                          reinterpret_cast<LPARAM>(Wide(panels[index].Text).c_str()));
         SetTip(index, panels[index]);
     }
-    if (widths_changed) Place(theme);
     if (color_ == form.StatusBarColor) return;
     color_ = form.StatusBarColor;
     if (!HighContrast())
         SendMessageW(window_, SB_SETBKCOLOR, 0, static_cast<LPARAM>(color_.value_or(CLR_DEFAULT)));
+}
+
+/// Before the texts: one for a part that the bar does not have yet is lost.
+void StatusBar::SyncWidths(const std::array<Panel, 4>& panels, const Theme& theme) {
+    bool changed = false;
+    for (std::size_t index = 0; index < panels.size(); ++index) {
+        changed |= shown_[index].WidthTwips != panels[index].WidthTwips;
+        shown_[index].WidthTwips = panels[index].WidthTwips;
+    }
+    if (changed) Place(theme);
 }
 
 void StatusBar::SetTip(std::size_t index, const Panel& panel) {

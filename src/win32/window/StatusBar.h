@@ -27,6 +27,7 @@ class StatusBar {
     void Sync(const frmATC& form, const Theme& theme);
 
   private:
+    void SyncWidths(const std::array<Panel, 4>& panels, const Theme& theme);
     void SetTip(std::size_t index, const Panel& panel);
 
     HWND window_;
