@@ -9,8 +9,6 @@ namespace quillon {
 
 namespace {
 
-constexpr std::int16_t Wgs84 = 22;
-
 /// The angle of a text "D.MM.SS". The whole degrees give the sign: between -1 and 0 degrees the angle is 0.
 DmsRecord AngleOf(const std::string& text) {
     const std::ptrdiff_t first = InStr(text, ".");
@@ -20,13 +18,12 @@ DmsRecord AngleOf(const std::string& text) {
             Sgn(degrees)};
 }
 
-/// Whole nautical miles, computed from whole statute miles.
-std::int32_t NauticalMiles(double metres) {
+} // namespace
+
+std::int32_t WholeNauticalMiles(double metres) {
     const std::int32_t miles = CLng(metres) / 1609;
     return CLng(Val(Format(miles * 0.8689741, "0")));
 }
-
-} // namespace
 
 std::string Convert2DMS(std::string& value, std::string& startup_step) {
     value = Left(value, 7);
@@ -68,7 +65,7 @@ void ReceptionRange::Measure(const Airport& airport, const PositionTexts& aircra
     trap_.StartupStep() = "Display flight distance";
     if (code == GeodesyCode::Success) {
         reading.distance = RangeReading::Distance::Measured;
-        reading.nautical_miles = NauticalMiles(problem.distance);
+        reading.nautical_miles = WholeNauticalMiles(problem.distance);
         reading.in_range = range == 0 || reading.nautical_miles <= range;
     }
     trap_.ClearTexts();
@@ -86,7 +83,18 @@ std::optional<std::size_t> ReceptionRange::FindAirport(const Airport& airport) c
 }
 
 GeodesicProblem ReceptionRange::ProblemTo(const AirportPosition& airport, const PositionTexts& aircraft) {
-    std::string& step = trap_.StartupStep();
+    const auto [latitude, longitude] = AircraftDegrees(aircraft, trap_.StartupStep());
+    trap_.StartupStep() = "Calculating flight distance";
+    GeodesicProblem problem;
+    problem.latitude1 = DmsToDegrees(airport.latitude);
+    problem.longitude1 = DmsToDegrees(airport.longitude);
+    problem.latitude2 = latitude;
+    problem.longitude2 = longitude;
+    problem.ellipsoid = Wgs84;
+    return problem;
+}
+
+std::pair<double, double> AircraftDegrees(const PositionTexts& aircraft, std::string& step) {
     step = "strCurrentLat = " + aircraft.latitude;
     const std::string latitude = Convert2DMS(aircraft.latitude, step);
     step = "strCurrentLon = " + aircraft.longitude;
@@ -95,16 +103,7 @@ GeodesicProblem ReceptionRange::ProblemTo(const AirportPosition& airport, const 
     step = "Calc Destination Latitude - " + latitude;
     const DmsRecord aircraft_latitude = AngleOf(latitude);
     step = "Calc Destination Longitude - " + longitude;
-    const DmsRecord aircraft_longitude = AngleOf(longitude);
-
-    step = "Calculating flight distance";
-    GeodesicProblem problem;
-    problem.latitude1 = DmsToDegrees(airport.latitude);
-    problem.longitude1 = DmsToDegrees(airport.longitude);
-    problem.latitude2 = DmsToDegrees(aircraft_latitude);
-    problem.longitude2 = DmsToDegrees(aircraft_longitude);
-    problem.ellipsoid = Wgs84;
-    return problem;
+    return {DmsToDegrees(aircraft_latitude), DmsToDegrees(AngleOf(longitude))};
 }
 
 } // namespace quillon

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace quillon {
 
@@ -22,6 +23,15 @@ struct PositionTexts {
     std::string& latitude;
     std::string& longitude;
 };
+
+/// Latitude and longitude in degrees, as the distance on screen is measured from. Cuts the texts to 7
+/// characters. `startup_step` says what is being done.
+std::pair<double, double> AircraftDegrees(const PositionTexts& aircraft, std::string& startup_step);
+
+inline constexpr std::int16_t Wgs84 = 22; ///< the ellipsoid's number in `Geodesy`
+
+/// Whole nautical miles, computed from whole statute miles.
+std::int32_t WholeNauticalMiles(double metres);
 
 /// How far an airport is, and whether that is in range.
 struct RangeReading {
