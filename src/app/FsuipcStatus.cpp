@@ -53,7 +53,7 @@ void FsuipcStatus::Show(const Answer& answer) {
     radio_.FsuipcVersionText = VersionText(answer.version);
     std::string& text = form_.LabelCaption = "FSUIPC Ver:    " + radio_.FsuipcVersionText + "\r\r";
     for (std::size_t i = 0; i < answer.radios.size(); ++i) text += RadioTitles[i] + answer.radios[i] + "\r";
-    text += "FlightSim:  " + SimName(answer.simulator);
+    text += "FlightSim:  " + ShownSimName(answer.simulator, answer.version);
     form_.LabelRed = answer.simulator == 0;
     if (form_.LabelRed) text += "\r\rUnable to connect with the FSUIPC Module" + TroubleText(answer.trouble);
     form_.Visible = true;

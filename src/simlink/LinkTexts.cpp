@@ -35,8 +35,13 @@ const std::array<const char*, 9> SimNames = {
 
 namespace {
 
-constexpr std::array<const char*, 5> LaterSimNames = {
-    "ESP", "Prepar3D", "FSX 64-bit", "Prepar3D 64-bit", "Microsoft Flight Simulator",
+constexpr std::array<const char*, 6> LaterSimNames = {
+    "ESP",
+    "Prepar3D",
+    "FSX 64-bit",
+    "Prepar3D 64-bit",
+    "Microsoft Flight Simulator",
+    "Microsoft Flight Simulator 2024",
 };
 
 } // namespace
@@ -46,6 +51,12 @@ std::string SimName(std::uint32_t code) {
     const std::size_t later = code - SimNames.size();
     if (later < LaterSimNames.size()) return LaterSimNames[later];
     return "Simulator " + std::to_string(code);
+}
+
+std::string ShownSimName(std::uint32_t code, std::int32_t version_word) {
+    constexpr std::uint32_t Fsx = 8;
+    constexpr std::int32_t VersionFive = 5; // FSUIPC itself has never had one for FSX
+    return code == Fsx && version_word >> 28 == VersionFive ? "X-Plane" : SimName(code);
 }
 
 } // namespace quillon

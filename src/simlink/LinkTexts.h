@@ -35,4 +35,8 @@ extern const std::array<const char*, 9> SimNames;
 /// Name of any simulator code, including those newer than SimNames; an unknown code becomes a number.
 std::string SimName(std::uint32_t code);
 
+/// The same for the user: the module that stands in for FSUIPC in X-Plane says that it is in an FSX, and only
+/// its version tells.
+std::string ShownSimName(std::uint32_t code, std::int32_t version_word);
+
 } // namespace quillon
