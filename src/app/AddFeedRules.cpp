@@ -1,4 +1,5 @@
 #include "app/AddFeed.h"
+#include "radio/Channel.h"
 #include "runtime/Number.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
@@ -49,16 +50,28 @@ double Megahertz(const std::string& frequency) {
     }
 }
 
+/// "###.###", whatever its digits.
+bool HasThreeDecimals(const std::string& frequency) {
+    const auto digits =
+        std::count_if(frequency.begin(), frequency.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return frequency.size() == 7 && digits == 6 && frequency[3] == '.';
+}
+
+bool CanBeTuned(const std::string& frequency) {
+    if (HasThreeDecimals(frequency)) return Channel::Named(frequency).has_value();
+    const double value = Megahertz(frequency);
+    const std::string last = Right(frequency, 1);
+    return value >= LowestFrequency && value <= HighestFrequency &&
+           std::string("134689").find(last) == std::string::npos;
+}
+
 Fault BadFrequency(const std::string& frequency) {
     const frmAddATC::Focus where{AddBox::txtFreq, 0, 0};
     // Either half of the format will do: "123456" and "118.0" are judged by their value.
     if (Len(frequency) != 6 && Mid(frequency, 4, 1) != ".")
         return EntryFault{InvalidFrequency, "Invalid Frequency format!  Frequency must be entered as ###.##",
                           where};
-    const double value = Megahertz(frequency);
-    const std::string last = Right(frequency, 1);
-    if (value < LowestFrequency || value > HighestFrequency ||
-        std::string("134689").find(last) != std::string::npos)
+    if (!CanBeTuned(frequency))
         return EntryFault{InvalidFrequency,
                           "Invalid Frequency format!\r\rFlight Simulator only alows the numbers 0,2,5,7 as the "
                           "last digit of a Comm frequency.",
@@ -78,9 +91,14 @@ Fault MissingCity(SourceKind kind, const std::string& city) {
 }
 
 Fault FrequencyInUse(const frmAddATC& form, const std::string& frequency) {
-    if (std::find(form.lstAdd.begin(), form.lstAdd.end(), frequency) == form.lstAdd.end()) return std::nullopt;
-    return EntryFault{
-        "Available Frequencies", "Frequency " + frequency + " is already in use!", {AddBox::txtFreq, 0, 6}};
+    const bool in_use = std::any_of(form.lstAdd.begin(), form.lstAdd.end(), [&](const std::string& stated) {
+        return FrequencyKey(stated) == FrequencyKey(frequency);
+    });
+    if (!in_use) return std::nullopt;
+    const auto selected = std::max<std::ptrdiff_t>(6, static_cast<std::ptrdiff_t>(frequency.size()));
+    return EntryFault{"Available Frequencies",
+                      "Frequency " + frequency + " is already in use!",
+                      {AddBox::txtFreq, 0, selected}};
 }
 
 } // namespace

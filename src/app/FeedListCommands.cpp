@@ -2,9 +2,20 @@
 
 #include "playback/CurrentFeed.h"
 #include "playback/ShuffleBag.h"
+#include "radio/Channel.h"
 #include "runtime/Text.h"
 
 namespace quillon {
+
+namespace {
+
+/// A feed's frequency as the followed radio will show it.
+std::string ShownFrequency(const std::string& frequency, const RadioState& radio) {
+    const auto channel = Channel::Named(frequency);
+    return channel && radio.ReadInHertz ? channel->Text() : std::string(FrequencyKey(frequency));
+}
+
+} // namespace
 
 void FeedListCommands::lvwDB_ColumnClick(Column column) {
     ListView& list = state_.form.lvwDB;
@@ -125,8 +136,9 @@ void FeedListCommands::TuneToSelectedFeed() {
     state_.radio.MasterFrequency = state_.feed.FeedFrequency;
     if (!IsCurrent(state_.feed, picked))
         MakeCurrent(state_, texts_, picked); // need not stop if it already plays
-    texts_.ShowTunedFrequency(state_.feed.FeedFrequency);
-    tuning_.Write_FSUIPC(state_.feed.FeedFrequency);
+    const std::string frequency = state_.feed.FeedFrequency;
+    texts_.ShowTunedFrequency(ShownFrequency(frequency, state_.radio));
+    tuning_.Write_FSUIPC(frequency, [this, frequency] { tuning_check_.Begin(frequency); });
 }
 
 } // namespace quillon

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "playback/ScreenTexts.h"
+#include "playback/TuningCheck.h"
 #include "ports/MediaPlayer.h"
 #include "ports/Prompts.h"
 #include "ports/Shell.h"
@@ -17,13 +18,14 @@ namespace quillon {
 class FeedListCommands {
   public:
     FeedListCommands(ProgramState& state, ScreenTexts& texts, MediaPlayer& player, Prompts& prompts,
-                     Shell& shell, RadioTuning& tuning, ErrorTrap& trap)
+                     Shell& shell, RadioTuning& tuning, TuningCheck& tuning_check, ErrorTrap& trap)
         : state_(state),
           texts_(texts),
           player_(player),
           prompts_(prompts),
           shell_(shell),
           tuning_(tuning),
+          tuning_check_(tuning_check),
           trap_(trap) {}
 
     /// A click on a column's header sorts by that column; a second click on it in a row reverses the order.
@@ -62,6 +64,7 @@ class FeedListCommands {
     Prompts& prompts_;
     Shell& shell_;
     RadioTuning& tuning_;
+    TuningCheck& tuning_check_;
     ErrorTrap& trap_;
     std::optional<Column> last_clicked_;
     Kind last_kind_ = Kind::Icao;

@@ -60,13 +60,16 @@ struct Parts {
         state,       ports, trap, texts, {regional, settings, remembered, airports, loader, starter, reload},
         command_line};
     PlayerDisplay display{state, texts, ports.player, ports.live, ports.shell};
-    SimWatch sim{state, texts, link, readout, gate, stay_open, range, ports.player};
+    Notices notices{texts, clock};
+    TuningCheck tuning_check{state.radio, notices, clock};
+    SimWatch sim{state, texts, link, readout, gate, stay_open, tuning_check, range, ports.player};
     AutomaticTuning tuning{state, state.form.lvwDB, texts, sim, display, ports.player, trap};
     RecordedChatter chatter{state, state.LastSearchText, texts, sim, ports.player, clock, trap};
     SelectionModes modes{state, state.form.lvwDB, texts, ports.player};
     ManualMonitoring manual{state, texts, display, ports.player, trap};
     RadioTuning radio_tuning{state.radio, link, gate};
-    FeedListCommands list{state, texts, ports.player, ports.prompts, ports.shell, radio_tuning, trap};
+    FeedListCommands list{state,       texts,        ports.player, ports.prompts,
+                          ports.shell, radio_tuning, tuning_check, trap};
     Preferences preferences{state, ports.prompts, ports.dialogs, ports.shell, trap};
     Maintenance maintenance{state, ports.prompts, ports.shell, ports.files, clock, reload, trap};
     AddFeed add_feed{state, ports.prompts, ports.code_page, reload, trap};

@@ -75,6 +75,7 @@ void Program::PollLinkAndMuteKey() {
     constexpr std::chrono::seconds Patience{2};
     const bool asks = parts_->gate.Waiting() || !state_.cycle.optManual(); // or it has been given up
     parts_->texts.ShowWaiting(asks && parts_->link.Unanswered() >= Patience);
+    parts_->notices.Expire();
     if (!state_.Busy) parts_->mute_key.Timer5_Timer();
 }
 

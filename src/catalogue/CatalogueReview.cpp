@@ -2,6 +2,7 @@
 
 #include "catalogue/FeedFile.h"
 #include "ports/TextFile.h"
+#include "radio/Channel.h"
 #include "runtime/Number.h"
 
 #include <algorithm>
@@ -15,6 +16,7 @@ constexpr double BelowAnyRadio = 118; // MHz
 constexpr double AboveAnyRadio = 137;
 
 bool CanBeTuned(const std::string& frequency) {
+    if (frequency.size() == 7) return true; // it names a channel
     const auto is_digit = [&](std::size_t at) { return frequency[at] >= '0' && frequency[at] <= '9'; };
     for (const std::size_t at : {0U, 1U, 2U, 4U, 5U})
         if (!is_digit(at)) return false;
@@ -43,11 +45,12 @@ class Reviewer {
         if (feed.Freq.empty()) return;
         const std::string frequency(feed.Freq);
         const std::string shown = "\"" + frequency + "\"";
-        if (!feed.StatesFrequency()) return Add(shown + " is none: a frequency has six characters");
+        if (!feed.StatesFrequency())
+            return Add(shown + " is none: a frequency has six characters, or seven that name a channel");
         if (!CanBeTuned(frequency)) Add("No radio can be tuned to " + shown);
-        const auto [first, is_new] = stated_.emplace(frequency, number_);
+        const auto [first, is_new] = stated_.emplace(FrequencyKey(frequency), number_);
         if (!is_new)
-            Add("Line " + std::to_string(first->second) + " has " + frequency + " too: only one is found");
+            Add("Line " + std::to_string(first->second) + " has " + first->first + " too: only one is found");
     }
     void Add(std::string reason) { review.Faults.push_back({number_, std::string(line_), std::move(reason)}); }
 

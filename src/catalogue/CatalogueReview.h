@@ -27,7 +27,7 @@ struct CatalogueReview {
 
 /// Reviews the whole text of the catalogue. Faulty are lines with only one or two "|", which stop the loader,
 /// and frequencies that an earlier line states, that no radio can be tuned to, or that do not count because
-/// they do not have six characters.
+/// they do not have six characters, or seven that name a channel.
 CatalogueReview ReviewCatalogue(std::string_view text);
 
 } // namespace quillon

@@ -1,5 +1,6 @@
 #include "catalogue/FeedFile.h"
 
+#include "radio/Channel.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 
@@ -33,7 +34,7 @@ FeedLine SplitFeedLine(std::string_view line) {
 }
 
 bool FeedLine::StatesFrequency() const {
-    return Len(Freq) == 6;
+    return Len(Freq) == 6 || (Freq.size() == 7 && Channel::Named(Freq));
 }
 
 } // namespace quillon

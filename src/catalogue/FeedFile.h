@@ -17,7 +17,8 @@ struct FeedLine {
     std::string_view URL;
     std::string_view Freq;
 
-    /// Whether the line states its frequency, which must have six characters to count.
+    /// Whether the line states its frequency, which must have six characters to count, or seven that name a
+    /// channel: "118.305".
     bool StatesFrequency() const;
 };
 

@@ -1,6 +1,7 @@
 #include "catalogue/FeedLoader.h"
 
 #include "ports/TextFile.h"
+#include "radio/Channel.h"
 
 #include <algorithm>
 
@@ -65,8 +66,9 @@ void FeedLoader::CollectUserFreq() {
     state_.lstUFreq.clear();
     ForEachFeed("Data: ", [this](const FeedLine& feed) {
         if (!feed.StatesFrequency()) return;
-        state_.lstUFreq.emplace_back(feed.Freq);
-        RemFreq(state_.List1, feed.Freq);
+        const std::string_view key = FrequencyKey(feed.Freq);
+        state_.lstUFreq.emplace_back(key);
+        RemFreq(state_.List1, key);
     });
     std::sort(state_.lstUFreq.begin(), state_.lstUFreq.end());
 }

@@ -2,6 +2,7 @@
 
 #include "playback/CurrentFeed.h"
 #include "playback/ShuffleBag.h"
+#include "radio/Channel.h"
 
 #include <algorithm>
 
@@ -9,14 +10,25 @@ namespace quillon {
 
 namespace {
 
-/// First row with that frequency. The sentinels and the empty text match no row.
+/// First row of the channel with that text. The sentinels and the empty text match no row.
 std::optional<std::size_t> FindFrequency(const ListView& list, const std::string& frequency) {
     if (frequency.empty() || IsSentinel(frequency)) return std::nullopt;
     const auto& items = list.Items();
+    const std::string_view key = FrequencyKey(frequency);
     const auto found = std::find_if(items.begin(), items.end(),
-                                    [&](const FeedRecord& item) { return item.Freq == frequency; });
+                                    [&](const FeedRecord& item) { return FrequencyKey(item.Freq) == key; });
     if (found == items.end()) return std::nullopt;
     return static_cast<std::size_t>(found - items.begin());
+}
+
+/// First row of the followed radio's channel or, if there is none, of the other one on its carrier. What an
+/// older module says of the radio is too little to tell the carrier.
+std::optional<std::size_t> FindTuned(const ListView& list, const RadioState& radio) {
+    const auto row = FindFrequency(list, radio.MasterFrequency);
+    const auto channel = Channel::Named(radio.MasterFrequency);
+    if (row || !channel || !radio.ReadInHertz) return row;
+    const auto other = channel->OnSameCarrier();
+    return other ? FindFrequency(list, other->Text()) : std::nullopt;
 }
 
 } // namespace
@@ -50,13 +62,12 @@ bool AutomaticTuning::FrequencyChanged() {
         radio.PreviousFrequency = ForcedFrequency;
     }
     trap_.StartupStep() = "Compare previous and master frequencies";
-    return radio.MasterFrequency != radio.PreviousFrequency ||
-           state_.shown.Status.What == Activity::NoConnection;
+    return IsRetuned(radio) || state_.shown.Status.What == Activity::NoConnection;
 }
 
 void AutomaticTuning::Retune() {
     EmptyPlayer(player_);
-    const auto row = FindFrequency(list_, state_.radio.MasterFrequency);
+    const auto row = FindTuned(list_, state_.radio);
     if (!row) {
         ShowNoFeed();
         return;

@@ -1,5 +1,6 @@
 #include "playback/CurrentFeed.h"
 
+#include "radio/Channel.h"
 #include "state/FeedMarkers.h"
 
 #include <utility>
@@ -29,6 +30,10 @@ bool IsCurrent(const FeedState& feed, const FeedRecord& record) {
 
 bool IsStream(const FeedState& feed) {
     return !feed.FeedUrl.empty() && feed.FeedUrlMarker != "0";
+}
+
+bool IsRetuned(const RadioState& radio) {
+    return FrequencyKey(radio.MasterFrequency) != FrequencyKey(radio.PreviousFrequency);
 }
 
 void ClearCurrentFeed(PlaybackState& state, ScreenTexts& texts) {

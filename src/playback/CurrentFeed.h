@@ -16,6 +16,9 @@ bool IsCurrent(const FeedState& feed, const FeedRecord& record);
 /// Whether the feed is a stream or a playlist. False for a folder of recordings, and without a feed.
 bool IsStream(const FeedState& feed);
 
+/// Whether the followed radio is on another channel than a tick ago.
+bool IsRetuned(const RadioState& radio);
+
 /// Leaves no feed current.
 void ClearCurrentFeed(PlaybackState& state, ScreenTexts& texts);
 

@@ -43,8 +43,7 @@ bool RecordedChatter::FollowSimulator() {
 
 /// Whether the radio has left the recordings' frequency; if so, greys the status bar.
 bool RecordedChatter::Retuned() {
-    const bool retuned = state_.radio.MasterFrequency != state_.radio.PreviousFrequency ||
-                         state_.shown.Status.What == Activity::NoConnection;
+    const bool retuned = IsRetuned(state_.radio) || state_.shown.Status.What == Activity::NoConnection;
     if (retuned) texts_.GreyStatusBar();
     return retuned;
 }

@@ -44,6 +44,10 @@ constexpr const char* DistanceTexts[] = {
 
 constexpr const char* NoFeed = "*";
 
+std::string NoticeText(const Notice& notice) {
+    return "The radio did not take " + notice.Frequency;
+}
+
 const ActivityTexts& TextsOf(Activity what) {
     return Activities[static_cast<std::size_t>(what)];
 }
@@ -96,6 +100,11 @@ void ScreenTexts::ShowLink(LinkNews news) {
 void ScreenTexts::ShowWaiting(bool waiting) {
     if (shown_.Waiting == waiting) return;
     shown_.Waiting = waiting;
+    RefreshFeedPanel();
+}
+
+void ScreenTexts::ShowNotice(const Notice& notice) {
+    shown_.Passing = notice;
     RefreshFeedPanel();
 }
 
@@ -152,6 +161,7 @@ void ScreenTexts::GreyStatusBar() {
 
 void ScreenTexts::RefreshFeedPanel() {
     std::string& text = form_[StatusPanel::Feed].Text = feed_text_;
+    if (shown_.Passing.What != NoticeKind::None) text = NoticeText(shown_.Passing);
     if (shown_.Link == LinkNews::Looking) text = "Looking for the simulator ...";
     if (shown_.Waiting) text = "Waiting for the simulator ...";
 }

@@ -31,11 +31,14 @@ class ScreenTexts {
     /// Third panel: the current feed's airport and place. No effect without a feed.
     void ShowFeed();
 
-    /// Third panel: the link's state, which hides the feed.
+    /// Third panel: the link's state, which hides notice and feed.
     void ShowLink(LinkNews news);
 
     /// Third panel: the simulator owes an answer, which hides everything else.
     void ShowWaiting(bool waiting);
+
+    /// Third panel: a notice, which hides the feed.
+    void ShowNotice(const Notice& notice);
 
     /// Third panel's tip: the stream's title.
     void ShowStation(const std::string& title);
@@ -72,7 +75,7 @@ class ScreenTexts {
     PlaybackState& state_;
     ShownValues& shown_;
     frmATC& form_;
-    std::string feed_text_; ///< third panel while the link has no news
+    std::string feed_text_; ///< third panel without news of the link and notice
 };
 
 } // namespace quillon

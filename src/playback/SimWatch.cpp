@@ -137,7 +137,10 @@ std::optional<RadioReading> SimWatch::ReadMasterFrequency() {
     RadioState& radio = state_.radio;
     radio.CommOffset = FollowedOffset();
     auto read = answer_.reading.Radio();
-    if (read) radio.MasterFrequency = read->frequency;
+    if (!read) return read;
+    radio.MasterFrequency = read->frequency;
+    radio.ReadInHertz = read->in_hertz;
+    tuning_check_.Compare();
     return read;
 }
 

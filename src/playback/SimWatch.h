@@ -2,6 +2,7 @@
 
 #include "geo/ReceptionRange.h"
 #include "playback/ScreenTexts.h"
+#include "playback/TuningCheck.h"
 #include "ports/MediaPlayer.h"
 #include "simlink/RadioReadout.h"
 #include "simlink/SimInquiry.h"
@@ -28,13 +29,15 @@ class SimPresence {
 class SimWatch {
   public:
     SimWatch(PlaybackState& state, ScreenTexts& texts, FsuipcClient& link, RadioReadout& readout,
-             SimInquiry& inquiry, SimPresence& presence, ReceptionRange& range, MediaPlayer& player)
+             SimInquiry& inquiry, SimPresence& presence, TuningCheck& tuning_check, ReceptionRange& range,
+             MediaPlayer& player)
         : state_(state),
           texts_(texts),
           link_(link),
           readout_(readout),
           inquiry_(inquiry),
           presence_(presence),
+          tuning_check_(tuning_check),
           range_(range),
           player_(player) {}
 
@@ -88,6 +91,7 @@ class SimWatch {
     RadioReadout& readout_;
     SimInquiry& inquiry_;
     SimPresence& presence_;
+    TuningCheck& tuning_check_;
     ReceptionRange& range_;
     MediaPlayer& player_;
     Answer answer_;

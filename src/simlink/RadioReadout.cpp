@@ -17,10 +17,10 @@ constexpr std::uint32_t LongitudeLow = 0x0568;
 constexpr std::uint32_t LongitudeHigh = 0x056C;
 
 constexpr CommRadio Radios[] = {
-    {0x034E, " Comm 1 "},
-    {0x311A, " Comm 1 Standby "},
-    {0x3118, " Comm 2 "},
-    {0x311C, " Comm 2 Standby "},
+    {0x034E, 0x05C4, " Comm 1 "},
+    {0x311A, 0x05CC, " Comm 1 Standby "},
+    {0x3118, 0x05C8, " Comm 2 "},
+    {0x311C, 0x05D0, " Comm 2 Standby "},
 };
 
 } // namespace
@@ -29,12 +29,10 @@ const CommRadio* FindCommRadio(std::int16_t selected_comm) {
     return selected_comm >= 1 && selected_comm <= 4 ? &Radios[selected_comm - 1] : nullptr;
 }
 
-RadioReading DecodeFrequency(std::uint8_t high, std::uint8_t low) {
-    std::string text = "1" + Hex(high) + "." + Hex(low);
-    if (text.size() != 5) return {text, false};
-    // The 25 kHz raster has .02, .05 and .07 but no .20, .50 or .70 that would lose its last zero in BCD.
-    if (text[4] == '7' || text[4] == '5' || text[4] == '2') return {text.insert(4, "0"), true};
-    return {text + "0", false};
+const CommRadio* FindCommRadioAt(std::uint32_t offset) {
+    const auto* found = std::find_if(std::begin(Radios), std::end(Radios),
+                                     [&](const CommRadio& radio) { return radio.Offset == offset; });
+    return found == std::end(Radios) ? nullptr : found;
 }
 
 std::string DegreesText(double degrees) {
@@ -54,7 +52,16 @@ std::optional<std::int16_t> SimReading::PauseState() const {
 
 std::optional<RadioReading> SimReading::Radio() const {
     if (!answered_ || !has_radio_) return std::nullopt;
-    return DecodeFrequency(radio_[1], radio_[0]);
+    return radio_.Value();
+}
+
+RadioReading SimReading::RadioBytes::Value() const {
+    RadioReading reading = DecodeFrequency(word[1], word[0]);
+    if (const auto channel = AgreedChannel(static_cast<std::uint16_t>(word[1] << 8 | word[0]), hertz)) {
+        reading.frequency = channel->Text();
+        reading.in_hertz = true;
+    }
+    return reading;
 }
 
 double SimReading::FixedPoint::Value() const {
@@ -75,19 +82,28 @@ SimReading RadioReadout::Read(std::uint32_t radio_offset, std::uint32_t& result)
     };
     SimReading reading;
     reading.has_radio_ = radio_offset != 0;
-    reading.answered_ =
-        queue(PauseIndicator, reading.pause_) && (!reading.has_radio_ || queue(radio_offset, reading.radio_)) &&
-        queue(LatitudeHigh, reading.latitude_.high) && queue(LatitudeLow, reading.latitude_.low) &&
-        queue(LongitudeHigh, reading.longitude_.high) && queue(LongitudeLow, reading.longitude_.low) &&
-        link_.FsuipcProcess(result);
+    reading.answered_ = queue(PauseIndicator, reading.pause_) &&
+                        (!reading.has_radio_ || QueueRadio(radio_offset, reading.radio_, result)) &&
+                        queue(LatitudeHigh, reading.latitude_.high) &&
+                        queue(LatitudeLow, reading.latitude_.low) &&
+                        queue(LongitudeHigh, reading.longitude_.high) &&
+                        queue(LongitudeLow, reading.longitude_.low) && link_.FsuipcProcess(result);
     return reading;
 }
 
 std::optional<RadioReading> RadioReadout::ReadRadio(std::uint32_t offset, std::uint32_t& result) {
-    std::array<std::uint8_t, 4> RadioBytes{};
-    if (!link_.FsuipcRead(offset, RadioBytes.size(), RadioBytes.data(), result)) return std::nullopt;
-    if (!link_.FsuipcProcess(result)) return std::nullopt;
-    return DecodeFrequency(RadioBytes[1], RadioBytes[0]);
+    SimReading::RadioBytes radio;
+    if (!QueueRadio(offset, radio, result) || !link_.FsuipcProcess(result)) return std::nullopt;
+    return radio.Value();
+}
+
+/// On older modules the bytes at the second offset mean something else.
+bool RadioReadout::QueueRadio(std::uint32_t offset, SimReading::RadioBytes& radio, std::uint32_t& result) {
+    constexpr std::int32_t FirstWithHertz = 0x40000000;
+    const CommRadio* known = FindCommRadioAt(offset);
+    const bool in_hertz = known && link_.FsuipcVersion() >= FirstWithHertz;
+    return link_.FsuipcRead(offset, sizeof radio.word, &radio.word, result) &&
+           (!in_hertz || link_.FsuipcRead(known->HertzOffset, sizeof radio.hertz, &radio.hertz, result));
 }
 
 } // namespace quillon

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "radio/RadioWord.h"
 #include "simlink/FsuipcClient.h"
 
 #include <array>
@@ -11,23 +12,16 @@ namespace quillon {
 
 /// One of the four COM radios, by the number that `SelectedComm` holds.
 struct CommRadio {
-    std::uint32_t Offset; ///< of its BCD word in the simulator's memory
-    const char* Caption;  ///< " Comm 1 Standby "
+    std::uint32_t Offset;      ///< of its BCD word in the simulator's memory
+    std::uint32_t HertzOffset; ///< of its frequency in Hz there, if the module is of version 4 or newer
+    const char* Caption;       ///< " Comm 1 Standby "
 };
 
 /// The radio numbered 1 to 4, null for any other number.
 const CommRadio* FindCommRadio(std::int16_t selected_comm);
 
-/// A radio's frequency.
-struct RadioReading {
-    std::string frequency; ///< "###.##", MHz
-    bool zero_inserted;    ///< a lost zero was put back in front of the last digit
-};
-
-/// The frequency of a radio's two BCD bytes: `high` holds the tens and units of MHz above 100, `low` the
-/// decimals. 0x18 and 0x05 give "118.05": a lost leading zero is put back, and the channel raster tells at
-/// which end.
-RadioReading DecodeFrequency(std::uint8_t high, std::uint8_t low);
+/// The same by `Offset`.
+const CommRadio* FindCommRadioAt(std::uint32_t offset);
 
 /// Degrees as text in fixed notation, always with a decimal point: "45.0", "0.00002", "-33.9461".
 std::string DegreesText(double degrees);
@@ -60,10 +54,18 @@ class SimReading {
         double Value() const;
     };
 
+    /// A radio's bytes as they came; zero Hz if it was not asked for.
+    struct RadioBytes {
+        std::array<std::uint8_t, 4> word{};
+        std::int32_t hertz = 0;
+
+        RadioReading Value() const;
+    };
+
     bool answered_ = false;
     bool has_radio_ = false;
     std::array<std::uint8_t, 2> pause_{};
-    std::array<std::uint8_t, 4> radio_{};
+    RadioBytes radio_;
     FixedPoint latitude_;
     FixedPoint longitude_;
 };
@@ -81,6 +83,8 @@ class RadioReadout {
     std::optional<RadioReading> ReadRadio(std::uint32_t offset, std::uint32_t& result);
 
   private:
+    bool QueueRadio(std::uint32_t offset, SimReading::RadioBytes& radio, std::uint32_t& result);
+
     FsuipcClient& link_;
 };
 

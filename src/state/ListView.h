@@ -16,7 +16,7 @@ namespace quillon {
 struct FeedRecord {
     std::string_view ICAO; ///< airport code, looked up in the airport file
     std::string_view City; ///< free description
-    std::string_view Freq; ///< six characters "###.##", MHz
+    std::string_view Freq; ///< six characters "###.##", or seven "###.###", MHz
     std::string_view URL;  ///< stream address, playlist, or folder of recordings
 };
 

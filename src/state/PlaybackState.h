@@ -24,6 +24,7 @@ inline bool IsSentinel(const std::string& frequency) {
 struct RadioState {
     std::string PreviousFrequency = ForcedFrequency;
     std::string MasterFrequency = UnreadFrequency;
+    bool ReadInHertz = false;      ///< MasterFrequency was last read to its last digit
     std::int16_t SelectedComm = 0; ///< 1 COM1, 2 COM1 standby, 3 COM2, 4 COM2 standby
     std::uint32_t CommOffset =
         0; ///< where the followed radio stands in the simulator's memory; 0 is nowhere yet

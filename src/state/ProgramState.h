@@ -23,7 +23,7 @@ struct ProgramState : PlaybackState {
     Folders folders;
 
     FrequencyPool List1;               ///< free frequencies
-    std::vector<std::string> lstUFreq; ///< frequencies that the catalogue states, sorted
+    std::vector<std::string> lstUFreq; ///< keys of the frequencies that the catalogue states, sorted
     AirportList Airports;              ///< the airport file
 
     std::string LastSearchText; ///< of the last search that found something

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace quillon {
 
@@ -50,11 +51,20 @@ struct DistanceValue {
 /// What the feed's panel says of the simulator link, before all else.
 enum class LinkNews { None, Looking };
 
+/// What the feed's panel says in passing.
+enum class NoticeKind { None, RadioRefused };
+
+struct Notice {
+    NoticeKind What = NoticeKind::None;
+    std::string Frequency; ///< that the radio did not take
+};
+
 struct ShownValues {
     PlayerStatus Status; ///< the first panel
     DistanceValue Distance;
     LinkNews Link = LinkNews::None;
     bool Waiting = false; ///< for an answer of the simulator's
+    Notice Passing;
 };
 
 } // namespace quillon

@@ -78,8 +78,10 @@ TEST_F(Catalogue, LinesBecomeRowsAndMissingFrequenciesTheLowestFreeOnes) {
         {"comments and lines without a bar", "//\r\n// a|b|c|d\r\n\r\nx\r\nA|b|u|121.70\r\n", "A/b/121.70/u;"},
         {"stated before given", "A|a|u|\r\nB|b|u|\r\nC|c|u|118.00\r\n",
          "A/a/118.02/u;B/b/118.05/u;C/c/118.00/u;"},
-        {"six characters only", "A|a|u|118.7\r\nB|b|u|118.700\r\nC|c|u|118.0 ",
+        {"six characters only", "A|a|u|118.7\r\nB|b|u|118.7000\r\nC|c|u|118.0 ",
          "A/a/118.00/u;B/b/118.02/u;C/c/118.0 /u;"},
+        {"or seven that name a channel", "A|a|u|118.002\r\nB|b|u|118.025\r\nC|c|u|118,005\r\nD|d|u|118.305",
+         "A/a/118.00/u;B/b/118.025/u;C/c/118.05/u;D/d/118.305/u;"},
         {"characters, not bytes", "A|a|u|118.7\xC3\xBC", "A/a/118.7\xC3\xBC/u;"},
         {"a fourth bar belongs to the frequency", "A|a|u|118.0|", "A/a/118.0|/u;"},
         {"blanks are kept", " A | b |u |118.00", " A / b /118.00/u ;"},
@@ -102,9 +104,9 @@ TEST_F(Catalogue, RunsOutOfFrequenciesWithoutAnError) {
 }
 
 TEST_F(Catalogue, EachEqualNeighbourIsOneDuplicateBox) {
-    Load("A|a|u|121.70\r\nB|b|u|118.00\r\nC|c|u|121.70\r\nD|d|u|121.70\r\n");
+    Load("A|a|u|121.70\r\nB|b|u|121.705\r\nC|c|u|121.700\r\nD|d|u|121.70\r\n");
     EXPECT_EQ(list.Items().size(), 4U);
-    EXPECT_EQ(state.lstUFreq, (std::vector<std::string>{"118.00", "121.70", "121.70", "121.70"}));
+    EXPECT_EQ(state.lstUFreq, (std::vector<std::string>{"121.70", "121.70", "121.70", "121.705"}));
     const FakePrompts::Shown box{"Duplicate Frequency", "Frequency 121.70 is duplicated!\r", Icon::Information};
     EXPECT_EQ(prompts.messages, (Messages{box, box}));
     EXPECT_EQ(state.MessageText, "");

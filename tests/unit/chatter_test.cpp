@@ -256,7 +256,9 @@ struct Bench {
     FakePresence presence;
     ReceptionRange range{state.Airports, trap};
     ScreenTexts texts{state, state.form};
-    SimWatch sim{state, texts, link, readout, inquiry, presence, range, player};
+    Notices notices{texts, clock};
+    TuningCheck tuning_check{state.radio, notices, clock};
+    SimWatch sim{state, texts, link, readout, inquiry, presence, tuning_check, range, player};
     RecordedChatter chatter{state, state.LastSearchText, texts, sim, player, clock, trap};
     Mute mute{state, texts, player};
     MuteKey mute_key{state, mute, keyboard, screen, clock};

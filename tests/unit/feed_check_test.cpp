@@ -11,13 +11,14 @@ namespace {
 TEST(CatalogueReview, NamesTheLinesThatDoNotDoWhatTheyLookLike) {
     const CatalogueReview review =
         ReviewCatalogue("// a|b\r\nwords\r\n\r\nA|B|u|118.70\r\nA|only\r\nA|B|u\r\nC|D|u|118.70\nC|D|u|118.7\n"
-                        "C|D|u|\nE|F||117.97\nE|F||136.97\nE|F||118x70\nE|F||137.00");
+                        "C|D|u|\nE|F||117.97\nE|F||136.97\nE|F||118x70\nE|F||137.00\nC|D|u|118.705\n"
+                        "C|D|u|118.700\nC|D|u|118.702");
     std::string faults;
     for (const auto& fault : review.Faults)
         faults += std::to_string(fault.Number) + fault.Reason.substr(0, 5) + ",";
-    EXPECT_EQ(faults, "51 \"|\",62 \"|\",7Line ,8\"118.,10No ra,12No ra,13No ra,");
+    EXPECT_EQ(faults, "51 \"|\",62 \"|\",7Line ,8\"118.,10No ra,12No ra,13No ra,15Line ,16\"118.,");
     EXPECT_EQ(review.Faults[2].Reason.find("4 has 118.70 too"), 5U);
-    ASSERT_EQ(review.Feeds.size(), 8U); // those behind the broken lines too
+    ASSERT_EQ(review.Feeds.size(), 11U); // those behind the broken lines too
     EXPECT_EQ(review.Feeds[1].Line, 7);
 }
 

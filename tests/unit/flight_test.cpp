@@ -113,6 +113,40 @@ TEST_F(Flight, TunesTheFeedOfEachFrequency) {
     EXPECT_TRUE(prompts.messages.empty());
 }
 
+TEST_F(Flight, TellsChannelsOf8Point33Apart) {
+    Write("Quillon\\live_atc_feeds.txt", "CYYZ|a|http://a|125.30\r\nCYYZ|b|http://b|125.305\r\n"
+                                         "CYYZ|c|http://c|125.31\r\nCYYZ|d|http://d|125.315\r\n"
+                                         "CYYZ|e|http://e|125.030\r\nCYYZ|f|http://f|126.005\r\n"
+                                         "CYYZ|g|http://g|126.025\r\nCYYZ|h|http://h|126.03\r\n");
+    struct Row {
+        const char *tuned, *shown, *feed, *old_shown, *old_feed;
+    };
+    const Row rows[] = {{"125.300", "125.30", "CYYZ - a", "125.30", "CYYZ - a"},
+                        {"125.305", "125.305", "CYYZ - b", "125.30", "CYYZ - a"},
+                        {"125.310", "125.310", "CYYZ - c", "125.31", "CYYZ - c"},
+                        {"125.315", "125.315", "CYYZ - d", "125.31", "CYYZ - c"},
+                        {"125.030", "125.030", "CYYZ - e", "125.30", "CYYZ - a"},
+                        {"125.025", "125.02", "CYYZ - e", "125.02", "*"}, // on the same carrier
+                        {"126.000", "126.00", "CYYZ - f", "126.00", "*"},
+                        {"126.010", "126.010", "*", "126.10", "*"},
+                        {"126.025", "126.02", "CYYZ - g", "126.02", "CYYZ - g"},
+                        {"126.030", "126.030", "CYYZ - h", "126.30", "*"}};
+    for (const bool old : {false, true}) {
+        if (old) simulator.BecomeFs9();
+        Start();
+        simulator.rounds = 0;
+        for (const Row& row : rows) {
+            TuneTo(row.tuned);
+            EXPECT_EQ(panel(2), old ? row.old_shown : row.shown);
+            EXPECT_EQ(panel(3), old ? row.old_feed : row.feed) << row.tuned;
+        }
+        EXPECT_EQ(simulator.rounds, 20);
+    }
+    program->Run(Command::mnuFSUPIC);
+    EXPECT_NE(state().fsuipc_status.LabelCaption.find("Com2 Stby:      126.30\rFlightSim:  FS9"),
+              std::string::npos);
+}
+
 TEST_F(Flight, FollowsRangePauseAndTheChosenRadio) {
     Start();
     TuneTo("118.70");

@@ -1,6 +1,5 @@
 // The list in the user's hands: sorting, searching, picking, tuning from it; and the preferences.
 #include "Flight.h"
-#include "simlink/RadioTuning.h"
 
 using namespace quillon;
 
@@ -29,12 +28,6 @@ TEST(ListView, SortsWithoutCaseKeepsEqualsAndCarriesMarks) {
     list.Clear();
     EXPECT_EQ(list.LastSearchIndex(), 0);
     list.SortBy(Column::URL, SortOrder::Ascending); // an empty list sorts too
-}
-
-TEST(BcdOfFrequency, WantsAFrequency) {
-    EXPECT_EQ(BcdOfFrequency("118.30"), 0x1830U);
-    EXPECT_EQ(BcdOfFrequency("199.99"), 0x9999U);
-    for (const char* bad : {"", "1x8.30", "118.3x"}) EXPECT_THROW(BcdOfFrequency(bad), RuntimeError) << bad;
 }
 
 class Hand : public Flight {
@@ -159,6 +152,48 @@ TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
     EXPECT_TRUE(state().range.InRange);
     program->lvwDB_DblClick();
     EXPECT_TRUE(state().range.InRange) << "what plays already is not interrupted";
+}
+
+TEST_F(Hand, TuningToAChannelOf8Point33IsCheckedAfterwards) {
+    struct Row {
+        bool old;
+        const char* feed;
+        std::uint32_t word, hertz; ///< written
+        const char *takes, *told;  ///< what the radio has afterwards
+    };
+    constexpr std::uint32_t Hertz = 0x05D0, Before = 122'800'000;
+    const Row rows[] = {{false, "118.305", 0x1830, 118'305'000, "118.305", "CYYZ - x"},
+                        {false, "118.305", 0x1830, 118'305'000, "118.300", "The radio did not take 118.305"},
+                        {false, "118.31", 0x1831, 118'310'000, "118.310", "CYYZ - x"},
+                        {false, "118.025", 0x1802, Before, "118.02", "CYYZ - x"},
+                        {false, "118.30", 0x1830, Before, "122.80", "The radio did not take 118.30"},
+                        {true, "118.305", 0x1830, Before, "118.30", "The radio did not take 118.305"},
+                        {true, "118.30", 0x1830, Before, "122.80", "*"}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.feed) + " " + row.takes);
+        Write("Quillon\\live_atc_feeds.txt", "CYYZ|x|http://x|" + std::string(row.feed));
+        if (row.old) simulator.BecomeFs9();
+        Start();
+        TuneTo("122.80");
+        program->SelectRow(0);
+        program->Run(Command::TuneFeed);
+        EXPECT_EQ(simulator.Word(Com2Standby), row.word);
+        EXPECT_EQ(simulator.Word(Hertz), row.hertz);
+        clock.now += std::chrono::seconds(1);
+        TuneTo(row.takes);
+        const std::string before = panel(3);
+        EXPECT_TRUE(before == "CYYZ - x" || before == "*") << "too early: " << before;
+        clock.now += std::chrono::seconds(1);
+        Tick();
+        EXPECT_EQ(panel(3), row.told);
+        clock.now += std::chrono::seconds(9);
+        program->TimerTick(5);
+        EXPECT_EQ(panel(3), row.told);
+        clock.now += std::chrono::seconds(1);
+        program->TimerTick(5);
+        EXPECT_EQ(panel(3), before);
+    }
+    EXPECT_TRUE(prompts.messages.empty());
 }
 
 TEST_F(Hand, TheRangePromptConvertsWhatFits) {

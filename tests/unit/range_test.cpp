@@ -87,7 +87,9 @@ class CalcDistance : public testing::Test {
     FakePresence presence;
     ReceptionRange range{state.Airports, trap};
     ScreenTexts texts{state, state.form};
-    SimWatch sim{state, texts, link, readout, inquiry, presence, range, player};
+    Notices notices{texts, clock};
+    TuningCheck tuning_check{state.radio, notices, clock};
+    SimWatch sim{state, texts, link, readout, inquiry, presence, tuning_check, range, player};
 };
 
 TEST_F(CalcDistance, ComparesTheMilesShownWithTheRange) {

@@ -10,24 +10,6 @@ using namespace quillon;
 
 namespace {
 
-TEST(DecodeFrequency, PutsALostZeroBackWhereTheRasterLostIt) {
-    struct Row {
-        std::uint8_t high, low;
-        const char* text;
-        bool inserted;
-    };
-    const Row rows[] = {
-        {0x18, 0x30, "118.30", false}, {0x18, 0x05, "118.05", true},  {0x18, 0x07, "118.07", true},
-        {0x18, 0x02, "118.02", true},  {0x18, 0x00, "118.00", false}, {0x36, 0x97, "136.97", false},
-        {0x18, 0x01, "118.10", false},
-    };
-    for (const Row& row : rows) {
-        const RadioReading read = DecodeFrequency(row.high, row.low);
-        EXPECT_EQ(read.frequency, row.text);
-        EXPECT_EQ(read.zero_inserted, row.inserted) << row.text;
-    }
-}
-
 TEST(DegreesText, IsFixedAndAlwaysHasAPoint) {
     const std::pair<double, const char*> rows[] = {
         {45, "45.0"},    {0.00002, "0.00002"}, {-33.9461, "-33.9461"},  {0, "0.0"},

@@ -1,0 +1,99 @@
+// Channels of 25 and 8.33 kHz: their names, and what radios say of them.
+#include "radio/RadioWord.h"
+#include "runtime/RuntimeError.h"
+
+#include <gtest/gtest.h>
+
+using namespace quillon;
+
+namespace {
+
+std::string TextOf(const std::optional<Channel>& channel) {
+    return channel ? channel->Text() : "";
+}
+
+TEST(Channel, HasOneTextOneKeyAndSharesACarrierWithAtMostOneOther) {
+    struct Row {
+        const char *text, *shown, *key, *other; ///< shown "": no channel
+    };
+    const Row rows[] = {
+        {"118.30", "118.30", "118.30", "118.305"},
+        {"118.300", "118.30", "118.30", "118.305"},
+        {"118.305", "118.305", "118.305", "118.30"},
+        {"118.310", "118.310", "118.31", ""},
+        {"118.31", "118.310", "118.31", ""},
+        {"118.315", "118.315", "118.315", ""},
+        {"118.02", "118.02", "118.02", "118.030"},
+        {"118.025", "118.02", "118.02", "118.030"},
+        {"118.07", "118.07", "118.07", "118.080"},
+        {"118.030", "118.030", "118.03", "118.02"},
+        {"136.990", "136.990", "136.99", ""},
+        {"118.000", "118.00", "118.00", "118.005"},
+        {"118.020", "", "118.020", ""},
+        {"118.301", "", "118.301", ""},
+        {"117.975", "", "117.975", ""},
+        {"136.995", "", "136.995", ""},
+        {"137.000", "", "137.000", ""},
+        {"118,305", "", "118,305", ""},
+        {"118.30x", "", "118.30x", ""},
+        {"118.0 ", "", "118.0 ", ""},
+        {"118.3", "", "118.3", ""},
+        {"118.3050", "", "118.3050", ""},
+    };
+    for (const Row& row : rows) {
+        const auto channel = Channel::Named(row.text);
+        EXPECT_EQ(TextOf(channel), row.shown) << row.text;
+        EXPECT_EQ(FrequencyKey(row.text), row.key);
+        EXPECT_EQ(channel ? TextOf(channel->OnSameCarrier()) : "", row.other) << row.text;
+    }
+    std::string endings;
+    for (int last = 0; last < 100; ++last)
+        if (Channel::Named("118.3" + std::to_string(100 + last).substr(1)))
+            endings += std::to_string(last) + " ";
+    EXPECT_EQ(endings, "0 5 10 15 25 30 35 40 50 55 60 65 75 80 85 90 ");
+}
+
+TEST(AgreedChannel, TrustsHertzThatTheWordDoesNotContradict) {
+    struct Row {
+        std::uint16_t word;
+        std::int32_t hertz;
+        const char* text;
+    };
+    const Row rows[] = {
+        {0x1830, 118'305'000, "118.305"}, {0x1803, 118'030'000, "118.030"}, {0x1802, 118'025'000, "118.02"},
+        {0x1830, 118'304'999, "118.305"}, {0x1831, 118'308'333, "118.310"}, {0x1831, 118'316'667, "118.315"},
+        {0x1830, 118'310'000, "118.310"}, {0x1830, 118'310'001, ""},        {0x1830, 118'289'999, ""},
+        {0x1830, 118'320'000, ""},        {0x1832, 118'320'000, ""},        {0x183A, 118'310'000, ""},
+        {0x1800, 117'999'999, ""},        {0x1800, 118'000'000, "118.00"},  {0x3699, 136'990'000, "136.990"},
+        {0x3699, 136'999'999, ""},        {0x3700, 137'000'000, ""},        {0, 0, ""},
+        {0x1830, INT32_MIN, ""},          {0x1830, INT32_MAX, ""},
+    };
+    for (const Row& row : rows) EXPECT_EQ(TextOf(AgreedChannel(row.word, row.hertz)), row.text) << row.hertz;
+}
+
+TEST(DecodeFrequency, PutsALostZeroBackWhereTheRasterLostIt) {
+    struct Row {
+        std::uint8_t high, low;
+        const char* text;
+        bool inserted;
+    };
+    const Row rows[] = {
+        {0x18, 0x30, "118.30", false}, {0x18, 0x05, "118.05", true},  {0x18, 0x07, "118.07", true},
+        {0x18, 0x02, "118.02", true},  {0x18, 0x00, "118.00", false}, {0x36, 0x97, "136.97", false},
+        {0x18, 0x01, "118.10", false},
+    };
+    for (const Row& row : rows) {
+        const RadioReading read = DecodeFrequency(row.high, row.low);
+        EXPECT_EQ(read.frequency, row.text);
+        EXPECT_EQ(read.zero_inserted, row.inserted) << row.text;
+    }
+}
+
+TEST(BcdOfFrequency, WantsAFrequency) {
+    EXPECT_EQ(BcdOfFrequency("118.30"), 0x1830U);
+    EXPECT_EQ(BcdOfFrequency("118.305"), 0x1830U);
+    EXPECT_EQ(BcdOfFrequency("199.99"), 0x9999U);
+    for (const char* bad : {"", "1x8.30", "118.3x"}) EXPECT_THROW(BcdOfFrequency(bad), RuntimeError) << bad;
+}
+
+} // namespace
