@@ -2,6 +2,7 @@
 #include "../Offsets.h"
 #include "../Units.h"
 #include "Commands.h"
+#include "radio/Channel.h"
 #include "runtime/Number.h"
 #include "simlink/FsuipcClient.h"
 #include "win32/system/Handle.h"
@@ -66,16 +67,17 @@ double DegreesArgument(const std::string& text, double limit) {
 }
 
 std::string Tune(const Words& words) {
-    constexpr std::pair<const char*, std::uint32_t> Radios[] = {{"com1", Com1Offset},
-                                                                {"com1stby", Com1StandbyOffset},
-                                                                {"com2", Com2Offset},
-                                                                {"com2stby", Com2StandbyOffset}};
-    const auto* radio = std::find_if(std::begin(Radios), std::end(Radios),
-                                     [&](const auto& known) { return words[0] == known.first; });
-    if (radio == std::end(Radios)) throw Failure(words[0] + " is not a radio");
+    const auto* radio =
+        std::find_if(Radios.begin(), Radios.end(), [&](const Radio& known) { return words[0] == known.name; });
+    if (radio == Radios.end()) throw Failure(words[0] + " is not a radio");
     const auto word = RadioWord(words[1]);
     if (!word) throw Failure(words[1] + " is not a frequency");
-    WriteValue(radio->second, *word);
+    const auto channel = quillon::Channel::Named(words[1]);
+    const std::int32_t hertz = channel ? channel->Hertz() : 0;
+    OverTheLink([&](FsuipcClient& client, std::uint32_t& result) {
+        return client.FsuipcWrite(radio->word, sizeof *word, &*word, result) &&
+               (!channel || client.FsuipcWrite(radio->hertz, sizeof hertz, &hertz, result));
+    });
     return "ok";
 }
 

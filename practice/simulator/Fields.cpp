@@ -3,6 +3,7 @@
 #include "../InjectedFault.h"
 #include "../Offsets.h"
 #include "../Units.h"
+#include "Radios.h"
 #include "runtime/Number.h"
 
 #include <cmath>
@@ -12,17 +13,10 @@ namespace practice {
 
 namespace {
 
-template <std::uint32_t Offset>
-std::string RadioText(const OffsetMemory& memory) {
-    return FrequencyText(memory.Get<std::uint16_t>(Offset));
-}
-
-template <std::uint32_t Offset>
-bool SetRadio(OffsetMemory& memory, std::string_view text) {
-    const auto word = RadioWord(text);
-    if (word) memory.Set(Offset, *word);
-    return word.has_value();
-}
+template <std::size_t Number>
+constexpr Field RadioField{
+    Radios[Number].name, [](const OffsetMemory& memory) { return RadioText(memory, Radios[Number]); },
+    [](OffsetMemory& memory, std::string_view text) { return SetRadio(memory, Radios[Number], text); }};
 
 struct Axis {
     std::uint32_t offset;
@@ -76,10 +70,10 @@ bool SetInjectedFault(OffsetMemory& memory, std::string_view text) {
 } // namespace
 
 const std::array<Field, FieldCount> Fields = {{
-    {"com1", RadioText<Com1Offset>, SetRadio<Com1Offset>},
-    {"com1stby", RadioText<Com1StandbyOffset>, SetRadio<Com1StandbyOffset>},
-    {"com2", RadioText<Com2Offset>, SetRadio<Com2Offset>},
-    {"com2stby", RadioText<Com2StandbyOffset>, SetRadio<Com2StandbyOffset>},
+    RadioField<0>,
+    RadioField<1>,
+    RadioField<2>,
+    RadioField<3>,
     {"lat", AngleText<NorthSouth>, SetAngle<NorthSouth>},
     {"lon", AngleText<EastWest>, SetAngle<EastWest>},
     {"sim", NumberText<std::uint16_t, SimulatorOffset>, SetNumber<std::uint16_t, SimulatorOffset>},
@@ -113,8 +107,8 @@ bool IsAt(const OffsetMemory& memory, const Airport& airport) {
 
 void SetUp(OffsetMemory& memory) {
     constexpr std::pair<FieldId, std::string_view> Values[] = {
-        {Com1, "118.70"},        {Com1Standby, "121.50"}, {Com2, "119.10"},
-        {Com2Standby, "121.90"}, {Simulator, "8"},        {Version, "0x49750000"},
+        {Version, "0x49750000"}, {Simulator, "8"}, {Com1, "118.70"},
+        {Com1Standby, "121.50"}, {Com2, "119.10"}, {Com2Standby, "121.90"},
     };
     for (const auto& [field, text] : Values) Fields[field].set(memory, text);
     MoveTo(memory, Airports.front());

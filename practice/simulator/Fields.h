@@ -9,7 +9,7 @@
 namespace practice {
 
 enum FieldId {
-    Com1,
+    Com1, ///< the first four in the order of Radios
     Com1Standby,
     Com2,
     Com2Standby,

@@ -2,6 +2,7 @@
 
 #include "../InjectedFault.h"
 #include "../Offsets.h"
+#include "Radios.h"
 #include "win32/system/Handle.h"
 
 #include <windows.h>
@@ -130,7 +131,10 @@ bool Peer::Serve(std::span<std::uint8_t> area) {
             return false;
 
         const auto data = area.subspan(header_size, size);
-        if (identifier == WriteRequest) memory_.Write(offset, data);
+        if (identifier == WriteRequest) {
+            memory_.Write(offset, data);
+            FollowWrite(memory_, offset, size);
+        }
         if (identifier == ReadRequest) {
             memory_.Read(offset, data);
             Falsify(damage, offset, data);

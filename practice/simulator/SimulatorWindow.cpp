@@ -21,7 +21,7 @@ constexpr int StatusBar = 99;
 constexpr int Unnamed = -1;
 constexpr UINT MemoryChanged = WM_APP;
 constexpr UINT TrafficTimerMs = 250;
-constexpr std::uint32_t NamedSimulators = 14;
+constexpr std::uint32_t NamedSimulators = 15;
 constexpr COLORREF WrongText = RGB(0xC0, 0x00, 0x00);
 constexpr COLORREF HeadingText = RGB(0x00, 0x3C, 0x96);
 
