@@ -4,11 +4,18 @@ import unittest
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from hostile_server import HostileServer, make_tone
 from world.feeds import FEEDS
-from world.world import World
+from world.world import SOUNDS, World
 
 TORONTO, LONDON, NEW_YORK = FEEDS
 DISTANCE = "text IdLabel2"
+CHANNELS = {"125.30": 500, "125.305": 900, "125.31": 1300, "125.315": 1900, "125.030": 2800}  # and their tones, Hz
+# What is shown and heard of each tuned channel, with 8.33 kHz and on a module that has lost the last digit.
+TOLD_APART = {"125.300": ("125.30", "125.30"), "125.305": ("125.305", "125.305"), "125.310": ("125.310", "125.31"),
+              "125.315": ("125.315", "125.315"), "125.030": ("125.030", "125.030")}
+AS_BEFORE = {"125.315": ("125.31", "125.31"), "125.030": ("125.30", "125.30"), "125.310": ("125.31", "125.31"),
+             "125.305": ("125.30", "125.30")}
 
 
 class Flight(unittest.TestCase):
@@ -18,9 +25,20 @@ class Flight(unittest.TestCase):
     def setUpClass(cls):
         cls.world = World()
         cls.addClassCleanup(cls.world.close)
+        cls.add_channels()
         cls.world.start_simulator()
         cls.world.start_quillon()
         cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
+
+    @classmethod
+    def add_channels(cls):
+        sounds = {f"mp3-{number}": make_tone(SOUNDS / f"channel-{tone}.mp3", tone)
+                  for number, tone in enumerate(CHANNELS.values())}
+        server = HostileServer(sounds, cls.world.folder)
+        with open(cls.world.data / "live_atc_feeds.txt", "a") as catalogue:
+            for name, channel in zip(sounds, CHANNELS):
+                catalogue.write(f"CYYZ|{channel}|http://{server.address(name)}|{channel}\r\n")
+        cls.world.ear.tones.update(CHANNELS)
 
     def tune(self, feed):
         self.copilot.ask("fly %s %s" % feed.position)
@@ -86,6 +104,37 @@ class Flight(unittest.TestCase):
         self.assertEqual((self.copilot.ask("title"), self.copilot.ask("panel 1")), ("Quillon -Mute", "Muted"))
         self.copilot.ask("click StripPlay")
         self.ear.await_(LONDON.icao)
+
+    def hear_channels(self, expected):
+        for tuned, (shown, heard) in expected.items():
+            with self.subTest(tuned):
+                self.copilot.ask(f"tune com2stby {tuned}")
+                self.copilot.await_text("panel 2", shown)
+                self.ear.await_(heard)
+                self.assertEqual(self.copilot.ask("panel 3"), f"CYYZ - {heard}")
+
+    def tune_from_list(self, channel):
+        rows = [self.copilot.ask(f"row {number + 1}") for number in range(int(self.copilot.ask("rows")))]
+        self.copilot.ask(f"rowclick {next(number for number, row in enumerate(rows, 1) if f'|{channel}|' in row)}")
+        self.copilot.ask("command TuneFeed")
+
+    def test_7a_channels_of_8_33_khz_are_told_apart(self):
+        self.copilot.ask("fly %s %s" % TORONTO.position)
+        self.hear_channels(TOLD_APART)
+        self.tune_from_list("125.305")
+        self.copilot.await_text("read 5D0 4", f"{125_305_000:08X}")
+        self.ear.await_("125.305")
+        self.assertEqual(self.ear.listens(3), "125.305")
+        self.assertEqual(self.copilot.panels()[1:3], ["125.305", "CYYZ - 125.305"])
+
+    def test_7b_an_old_module_flies_as_before(self):
+        self.copilot.ask("write 3308 2 7")
+        self.copilot.ask("write 3304 4 39990000")
+        self.hear_channels(AS_BEFORE)
+        self.tune_from_list("125.305")
+        self.copilot.await_text("panel 3", "The radio did not take 125.305")
+        self.copilot.await_text("panel 3", "CYYZ - 125.30", 15)
+        self.assertEqual(self.copilot.ask("boxes"), "")
 
     def test_8_ends_with_the_simulator_and_saves_the_settings(self):
         settings = self.world.data / "Quillon.ini"
