@@ -1,9 +1,9 @@
 #pragma once
 
 #include "ports/MessageLink.h"
+#include "simlink/RadioReadout.h"
 
 #include <array>
-#include <cmath>
 #include <cstring>
 #include <functional>
 #include <map>
@@ -42,15 +42,12 @@ class FakeSimulator : public MessageLink, public SharedMemory {
     /// Tunes the radio at that offset to a channel as in "118.70" or "118.305": as BCD, without the last digit
     /// of the latter, and in Hz.
     void Tune(std::uint32_t offset, const std::string& frequency) {
-        const std::map<std::uint32_t, std::uint32_t> hertz_offsets{
-            {0x034E, 0x05C4}, {0x311A, 0x05CC}, {0x3118, 0x05C8}, {0x311C, 0x05D0}};
         const auto bcd = std::stoul(frequency.substr(1, 2) + frequency.substr(4, 2), nullptr, 16);
         const auto word = static_cast<std::uint16_t>(bcd);
         std::memcpy(&memory_[offset], &word, sizeof word);
-        const char last = frequency.back();
-        const bool lacks_a_five = frequency.size() == 6 && (last == '2' || last == '7');
-        const double megahertz = std::stod(frequency) + (lacks_a_five ? 0.005 : 0);
-        Put(hertz_offsets.at(offset), static_cast<std::uint32_t>(std::lround(megahertz * 1e6)));
+        const auto channel = Channel::Named(frequency);
+        const std::int32_t hertz = channel ? channel->Hertz() : 0;
+        Put(FindCommRadioAt(offset)->HertzOffset, static_cast<std::uint32_t>(hertz));
     }
 
     /// To whole degrees, which the link's numbers hold without a fraction.

@@ -312,7 +312,6 @@ TEST_F(Link, ADamagedReplyEndsTheWalkAtTheDamage) {
 TEST(LinkTexts, ALaterSimulatorHasANameToo) {
     EXPECT_EQ(SimName(14), "Microsoft Flight Simulator 2024");
     EXPECT_EQ(SimName(15), "Simulator 15");
-    EXPECT_EQ(ShownSimName(8, 0x50000000), "X-Plane");
     EXPECT_EQ(ShownSimName(8, 0x49990000) + ShownSimName(12, 0x51250000), "FSXPrepar3D 64-bit");
 }
 

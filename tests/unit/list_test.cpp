@@ -160,6 +160,7 @@ TEST_F(Hand, TuningToAChannelOf8Point33IsCheckedAfterwards) {
         const char* feed;
         std::uint32_t word, hertz; ///< written
         const char *takes, *told;  ///< what the radio has afterwards
+        int seconds = 1;           ///< until it is read
     };
     constexpr std::uint32_t Hertz = 0x05D0, Before = 122'800'000;
     const Row rows[] = {{false, "118.305", 0x1830, 118'305'000, "118.305", "CYYZ - x"},
@@ -168,6 +169,7 @@ TEST_F(Hand, TuningToAChannelOf8Point33IsCheckedAfterwards) {
                         {false, "118.025", 0x1802, Before, "118.02", "CYYZ - x"},
                         {false, "118.30", 0x1830, Before, "122.80", "The radio did not take 118.30"},
                         {true, "118.305", 0x1830, Before, "118.30", "The radio did not take 118.305"},
+                        {false, "118.30", 0x1830, Before, "122.80", "*", 11}, // someone else has retuned it
                         {true, "118.30", 0x1830, Before, "122.80", "*"}};
     for (const Row& row : rows) {
         SCOPED_TRACE(std::string(row.feed) + " " + row.takes);
@@ -179,7 +181,7 @@ TEST_F(Hand, TuningToAChannelOf8Point33IsCheckedAfterwards) {
         program->Run(Command::TuneFeed);
         EXPECT_EQ(simulator.Word(Com2Standby), row.word);
         EXPECT_EQ(simulator.Word(Hertz), row.hertz);
-        clock.now += std::chrono::seconds(1);
+        clock.now += std::chrono::seconds(row.seconds);
         TuneTo(row.takes);
         const std::string before = panel(3);
         EXPECT_TRUE(before == "CYYZ - x" || before == "*") << "too early: " << before;
@@ -271,11 +273,14 @@ TEST_F(Hand, TheStatusDialogShowsTheLink) {
     TuneTo("118.70");
     simulator.Tune(0x034E, "118.05");
     simulator.Tune(0x311A, "136.97");
-    simulator.Tune(Com2, "121.50");
+    simulator.Tune(Com2, "121.505");
+    simulator.Put(0x3304, 0x52000000);
+    Tick();
     program->Run(Command::mnuFSUPIC);
-    EXPECT_EQ(state().fsuipc_status.LabelCaption,
-              "FSUIPC Ver:    4.999\r\rCom1 Freq:      118.05\rCom1 Stby:      136.97\rCom2 Freq:      121.50\r"
-              "Com2 Stby:      118.70\rFlightSim:  FSX");
+    EXPECT_EQ(
+        state().fsuipc_status.LabelCaption,
+        "FSUIPC Ver:    5.200\r\rCom1 Freq:      118.05\rCom1 Stby:      136.97\rCom2 Freq:      121.505\r"
+        "Com2 Stby:      118.70\rFlightSim:  X-Plane");
     EXPECT_FALSE(state().fsuipc_status.LabelRed);
     EXPECT_EQ(state().radio.MasterFrequency, "118.70");
     program->Run(Command::frmShow_FSUIPC_Command1);
