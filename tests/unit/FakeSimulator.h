@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ports/MessageLink.h"
-#include "simlink/RadioReadout.h"
+#include "radio/Channel.h"
 
 #include <array>
 #include <cstring>
@@ -47,7 +47,9 @@ class FakeSimulator : public MessageLink, public SharedMemory {
         std::memcpy(&memory_[offset], &word, sizeof word);
         const auto channel = Channel::Named(frequency);
         const std::int32_t hertz = channel ? channel->Hertz() : 0;
-        Put(FindCommRadioAt(offset)->HertzOffset, static_cast<std::uint32_t>(hertz));
+        const std::map<std::uint32_t, std::uint32_t> hertz_offsets{
+            {0x034E, 0x05C4}, {0x311A, 0x05CC}, {0x3118, 0x05C8}, {0x311C, 0x05D0}};
+        Put(hertz_offsets.at(offset), static_cast<std::uint32_t>(hertz));
     }
 
     /// To whole degrees, which the link's numbers hold without a fraction.

@@ -5,6 +5,7 @@
 #include "TempFolder.h"
 #include "app/Commands.h"
 #include "app/Program.h"
+#include "playback/SimWatch.h"
 
 #include <memory>
 
@@ -21,6 +22,25 @@ inline constexpr const char* Catalogue =
 inline constexpr const char* AirportLines = "ICAO,latitude,longitude\r\n"
                                             "CYYZ,N43*00.00,W079*00.00\r\n"
                                             "EGLL,N51*00.00,W001*00.00\r\n";
+
+/// SimWatch alone, with what it needs.
+struct TickBench {
+    ProgramState state;
+    FakeSimulator simulator;
+    FakeClock clock;
+    FakePlayer player;
+    FakePrompts prompts;
+    ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
+    FsuipcClient link{simulator, simulator, clock};
+    RadioReadout readout{link};
+    FakeInquiry inquiry;
+    FakePresence presence;
+    ReceptionRange range{state.Airports, trap};
+    ScreenTexts texts{state, state.form};
+    Notices notices{texts, clock};
+    TuningCheck tuning_check{state.radio, notices, clock};
+    SimWatch sim{state, texts, link, readout, inquiry, presence, tuning_check, range, player};
+};
 
 /// The whole program on fakes, over Toronto, with five feeds and three folders of recordings.
 class Flight : public TempFolder {

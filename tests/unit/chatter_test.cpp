@@ -232,7 +232,7 @@ TEST_F(Chatter, CopesWithAnEmptyFolderAndReportsImpossibleGaps) {
 }
 
 /// The pieces alone, where every state can be set.
-struct Bench {
+struct Bench : TickBench {
     Bench() { PutInCharge(state.cycle, 4); }
 
     /// The enabled cycle timers' numbers.
@@ -242,23 +242,8 @@ struct Bench {
         return on;
     }
 
-    ProgramState state;
-    FakeSimulator simulator;
-    FakeClock clock;
-    FakePlayer player;
-    FakePrompts prompts;
     FakeKeyboard keyboard;
     FakeDisplay screen;
-    ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
-    FsuipcClient link{simulator, simulator, clock};
-    RadioReadout readout{link};
-    FakeInquiry inquiry;
-    FakePresence presence;
-    ReceptionRange range{state.Airports, trap};
-    ScreenTexts texts{state, state.form};
-    Notices notices{texts, clock};
-    TuningCheck tuning_check{state.radio, notices, clock};
-    SimWatch sim{state, texts, link, readout, inquiry, presence, tuning_check, range, player};
     RecordedChatter chatter{state, state.LastSearchText, texts, sim, player, clock, trap};
     Mute mute{state, texts, player};
     MuteKey mute_key{state, mute, keyboard, screen, clock};

@@ -271,15 +271,15 @@ TEST_F(Hand, TheMuteKeyIsSetInItsDialog) {
 TEST_F(Hand, TheStatusDialogShowsTheLink) {
     Start();
     TuneTo("118.70");
-    simulator.Tune(0x034E, "118.05");
-    simulator.Tune(0x311A, "136.97");
+    simulator.Tune(0x034E, "118.055");
+    simulator.Tune(0x311A, "136.980");
     simulator.Tune(Com2, "121.505");
     simulator.Put(0x3304, 0x52000000);
     Tick();
     program->Run(Command::mnuFSUPIC);
     EXPECT_EQ(
         state().fsuipc_status.LabelCaption,
-        "FSUIPC Ver:    5.200\r\rCom1 Freq:      118.05\rCom1 Stby:      136.97\rCom2 Freq:      121.505\r"
+        "FSUIPC Ver:    5.200\r\rCom1 Freq:      118.055\rCom1 Stby:      136.980\rCom2 Freq:      121.505\r"
         "Com2 Stby:      118.70\rFlightSim:  X-Plane");
     EXPECT_FALSE(state().fsuipc_status.LabelRed);
     EXPECT_EQ(state().radio.MasterFrequency, "118.70");

@@ -2,7 +2,9 @@
 #include "radio/RadioWord.h"
 #include "runtime/RuntimeError.h"
 
+#include <array>
 #include <gtest/gtest.h>
+#include <tuple>
 
 using namespace quillon;
 
@@ -13,10 +15,8 @@ std::string TextOf(const std::optional<Channel>& channel) {
 }
 
 TEST(Channel, HasOneTextOneKeyAndSharesACarrierWithAtMostOneOther) {
-    struct Row {
-        const char *text, *shown, *key, *other;
-    };
-    const Row rows[] = {
+    const std::array<const char*, 4> rows[] = {
+        // text, shown, key, on the same carrier
         {"118.30", "118.30", "118.30", "118.305"},   {"118.300", "118.30", "118.30", "118.305"},
         {"118.305", "118.305", "118.305", "118.30"}, {"118.310", "118.310", "118.31", ""},
         {"118.31", "118.310", "118.31", ""},         {"118.02", "118.02", "118.02", "118.030"},
@@ -24,11 +24,11 @@ TEST(Channel, HasOneTextOneKeyAndSharesACarrierWithAtMostOneOther) {
         {"118.030", "118.030", "118.03", "118.02"},  {"136.990", "136.990", "136.99", ""},
         {"118.000", "118.00", "118.00", "118.005"},
     };
-    for (const Row& row : rows) {
-        const auto channel = Channel::Named(row.text);
-        ASSERT_EQ(TextOf(channel), row.shown) << row.text;
-        EXPECT_EQ(FrequencyKey(row.text), row.key);
-        EXPECT_EQ(TextOf(channel->OnSameCarrier()), row.other) << row.text;
+    for (const auto& [text, shown, key, other] : rows) {
+        const auto channel = Channel::Named(text);
+        ASSERT_EQ(TextOf(channel), shown) << text;
+        EXPECT_EQ(FrequencyKey(text), key);
+        EXPECT_EQ(TextOf(channel->OnSameCarrier()), other) << text;
     }
     for (const char* none : {"117.995", "137.000", "118,305", "118.30x", "118.0 ", "118.3", "118.3050"}) {
         EXPECT_FALSE(Channel::Named(none)) << none;
@@ -41,12 +41,7 @@ TEST(Channel, HasOneTextOneKeyAndSharesACarrierWithAtMostOneOther) {
 }
 
 TEST(AgreedChannel, TrustsHertzThatTheWordDoesNotContradict) {
-    struct Row {
-        std::uint16_t word;
-        std::int32_t hertz;
-        const char* text;
-    };
-    const Row rows[] = {
+    const std::tuple<std::uint16_t, std::int32_t, const char*> rows[] = {
         {0x1830, 118'305'000, "118.305"}, {0x1803, 118'030'000, "118.030"}, {0x1802, 118'025'000, "118.02"},
         {0x1830, 118'304'999, "118.305"}, {0x1831, 118'308'333, "118.310"}, {0x1831, 118'316'667, "118.315"},
         {0x1830, 118'310'000, "118.310"}, {0x1830, 118'310'001, ""},        {0x1830, 118'289'999, ""},
@@ -55,24 +50,19 @@ TEST(AgreedChannel, TrustsHertzThatTheWordDoesNotContradict) {
         {0x3699, 136'999'999, ""},        {0x3700, 137'000'000, ""},        {0, 0, ""},
         {0x1830, INT32_MIN, ""},          {0x1830, INT32_MAX, ""},
     };
-    for (const Row& row : rows) EXPECT_EQ(TextOf(AgreedChannel(row.word, row.hertz)), row.text) << row.hertz;
+    for (const auto& [word, hertz, text] : rows) EXPECT_EQ(TextOf(AgreedChannel(word, hertz)), text) << hertz;
 }
 
 TEST(DecodeFrequency, PutsALostZeroBackWhereTheRasterLostIt) {
-    struct Row {
-        std::uint8_t high, low;
-        const char* text;
-        bool inserted;
-    };
-    const Row rows[] = {
+    const std::tuple<std::uint8_t, std::uint8_t, const char*, bool> rows[] = {
         {0x18, 0x30, "118.30", false}, {0x18, 0x05, "118.05", true},  {0x18, 0x07, "118.07", true},
         {0x18, 0x02, "118.02", true},  {0x18, 0x00, "118.00", false}, {0x36, 0x97, "136.97", false},
         {0x18, 0x01, "118.10", false},
     };
-    for (const Row& row : rows) {
-        const RadioReading read = DecodeFrequency(row.high, row.low);
-        EXPECT_EQ(read.frequency, row.text);
-        EXPECT_EQ(read.zero_inserted, row.inserted) << row.text;
+    for (const auto& [high, low, text, inserted] : rows) {
+        const RadioReading read = DecodeFrequency(high, low);
+        EXPECT_EQ(read.frequency, text);
+        EXPECT_EQ(read.zero_inserted, inserted) << text;
     }
 }
 

@@ -1,11 +1,6 @@
 // Airports, and whether the aircraft is in range of the feed's airport.
-#include "FakeSimulator.h"
-#include "Fakes.h"
-#include "TempFolder.h"
+#include "Flight.h"
 #include "geo/Airports.h"
-#include "geo/ReceptionRange.h"
-#include "playback/SimWatch.h"
-#include "state/ProgramState.h"
 
 using namespace quillon;
 
@@ -59,7 +54,7 @@ TEST(Convert2DMS, SecondsComeFromMinutesRoundedToATenth) {
     }
 }
 
-class CalcDistance : public testing::Test {
+class CalcDistance : public testing::Test, protected TickBench {
   protected:
     CalcDistance() {
         state.Airports = {{"KXYZ,N40*38.00,W073*46.00", "KXYZ,N40*38.00,W073*46.00",
@@ -74,22 +69,7 @@ class CalcDistance : public testing::Test {
         state.radio.AircraftLongitudeText = longitude;
     }
 
-    ProgramState state;
     Label& label = state.form.Label2;
-    FakePrompts prompts;
-    ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
-    FakeSimulator simulator;
-    FakeClock clock;
-    FakePlayer player;
-    FsuipcClient link{simulator, simulator, clock};
-    RadioReadout readout{link};
-    FakeInquiry inquiry;
-    FakePresence presence;
-    ReceptionRange range{state.Airports, trap};
-    ScreenTexts texts{state, state.form};
-    Notices notices{texts, clock};
-    TuningCheck tuning_check{state.radio, notices, clock};
-    SimWatch sim{state, texts, link, readout, inquiry, presence, tuning_check, range, player};
 };
 
 TEST_F(CalcDistance, ComparesTheMilesShownWithTheRange) {

@@ -26,13 +26,6 @@ TEST(RadioReadout, ReadsRadioPauseAndPosition) {
     ASSERT_TRUE(link.FsuipcOpen(0, result));
 
     EXPECT_FALSE(readout.Read(0, result).Radio());
-    const std::uint32_t offsets[] = {0x034E, 0x311A, 0x3118, 0x311C};
-    for (std::int16_t comm = 1; comm <= 4; ++comm) {
-        const std::string frequency = "12" + std::to_string(comm) + ".50";
-        simulator.Tune(offsets[comm - 1], frequency);
-        EXPECT_EQ(readout.Read(FindCommRadio(comm)->Offset, result).Radio().value().frequency, frequency);
-    }
-
     simulator.Put(0x0264, 1);
     EXPECT_EQ(readout.Read(0, result).PauseState(), 1);
     simulator.Put(0x0264, 0x0102);
