@@ -128,12 +128,21 @@ void FeedListCommands::TuneFeed() {
     });
 }
 
+/// The radio may be on the channel already, so only a new search finds the feed.
+void FeedListCommands::PreferOnItsChannel(const FeedRecord& picked) {
+    state_.feed.Picked = {std::string(picked.ICAO), std::string(picked.Freq), std::string(picked.URL)};
+    if (IsCurrent(state_.feed, picked)) return;
+    state_.cycle.ForceRetune = true;
+    if (state_.cycle.Timer(AutomaticChatterCycle).Enabled) PutInCharge(state_.cycle, AutomaticTuningCycle);
+}
+
 void FeedListCommands::TuneToSelectedFeed() {
     const auto selected = state_.form.lvwDB.Selected();
     if (!selected) return;
     const FeedRecord& picked = state_.form.lvwDB.Items()[*selected];
     state_.radio.PreviousFrequency = HandPickedFrequency;
     state_.radio.MasterFrequency = state_.feed.FeedFrequency;
+    if (state_.marks.SharedFrequencies.value_or(false)) PreferOnItsChannel(picked);
     if (!IsCurrent(state_.feed, picked))
         MakeCurrent(state_, texts_, picked); // need not stop if it already plays
     const std::string frequency = state_.feed.FeedFrequency;

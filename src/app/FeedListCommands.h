@@ -56,6 +56,7 @@ class FeedListCommands {
     void ShowHit(std::size_t row, const std::string& text);
     void ClickListView();
     void PickSelectedFeed(const FeedRecord& picked);
+    void PreferOnItsChannel(const FeedRecord& picked);
     void TuneToSelectedFeed();
 
     ProgramState& state_;

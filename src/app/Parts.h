@@ -48,6 +48,7 @@ struct Parts {
     RegionalNumbers regional{ports.regional};
     Settings settings{state, trap};
     RememberedState remembered{state.form, state.marks, state.UserAgent, state.folders};
+    AirportPositions positions{state.Airports};
     Airports airports{state.Airports, ports.code_page, trap};
     FeedLoader loader{state, ports.prompts, ports.code_page, trap};
     ReceptionRange range{state.Airports, trap};
@@ -56,15 +57,20 @@ struct Parts {
     StayOpen stay_open{state, connection, settings, remembered, shut_down, ports.prompts};
     CatalogueReload reload{state.cycle, loader};
     StarterData starter{state.folders, state.form.lvwDB, state.StartupStep, ports.prompts, ports.shell};
-    StartUp start_up{
-        state,       ports, trap, texts, {regional, settings, remembered, airports, loader, starter, reload},
-        command_line};
+    StartUp start_up{state,
+                     ports,
+                     trap,
+                     texts,
+                     {regional, settings, remembered, airports, positions, loader, starter, reload},
+                     command_line};
     PlayerDisplay display{state, texts, ports.player, ports.live, ports.shell};
     Notices notices{texts, clock};
     TuningCheck tuning_check{state.radio, notices, clock};
     SimWatch sim{state, texts, link, readout, gate, stay_open, tuning_check, range, ports.player};
-    AutomaticTuning tuning{state, state.form.lvwDB, texts, sim, display, ports.player, trap};
-    RecordedChatter chatter{state, state.LastSearchText, texts, sim, ports.player, clock, trap};
+    FeedIndex index{state.form.lvwDB};
+    FeedChoice choice{state, state.form.lvwDB, index, positions};
+    AutomaticTuning tuning{state, state.form.lvwDB, texts, sim, choice, display, ports.player, trap};
+    RecordedChatter chatter{state, state.LastSearchText, texts, sim, choice, ports.player, clock, trap};
     SelectionModes modes{state, state.form.lvwDB, texts, ports.player};
     ManualMonitoring manual{state, texts, display, ports.player, trap};
     RadioTuning radio_tuning{state.radio, link, gate};

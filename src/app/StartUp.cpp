@@ -96,6 +96,7 @@ void StartUp::RestorePlayer() {
 
 void StartUp::LoadData() {
     parts_.airports.LoadAirports(state_.folders.DataPath);
+    parts_.positions.Forget();
     parts_.loader.LoadList();
 }
 

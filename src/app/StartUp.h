@@ -5,6 +5,7 @@
 #include "app/RegionalNumbers.h"
 #include "app/StarterData.h"
 #include "catalogue/FeedLoader.h"
+#include "geo/AirportPositions.h"
 #include "geo/Airports.h"
 #include "playback/ScreenTexts.h"
 #include "runtime/ErrorTrap.h"
@@ -24,6 +25,7 @@ class StartUp {
         Settings& settings;
         RememberedState& remembered;
         Airports& airports;
+        AirportPositions& positions;
         FeedLoader& loader;
         StarterData& starter;
         CatalogueReload& reload;

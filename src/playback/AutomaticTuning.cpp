@@ -2,36 +2,8 @@
 
 #include "playback/CurrentFeed.h"
 #include "playback/ShuffleBag.h"
-#include "radio/Channel.h"
-
-#include <algorithm>
 
 namespace quillon {
-
-namespace {
-
-/// First row of the channel with that text. The sentinels and the empty text match no row.
-std::optional<std::size_t> FindFrequency(const ListView& list, const std::string& frequency) {
-    if (frequency.empty() || IsSentinel(frequency)) return std::nullopt;
-    const auto& items = list.Items();
-    const std::string_view key = FrequencyKey(frequency);
-    const auto found = std::find_if(items.begin(), items.end(),
-                                    [&](const FeedRecord& item) { return FrequencyKey(item.Freq) == key; });
-    if (found == items.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - items.begin());
-}
-
-/// First row of the followed radio's channel or, if there is none, of the other one on its carrier. What an
-/// older module says of the radio is too little to tell the carrier.
-std::optional<std::size_t> FindTuned(const ListView& list, const RadioState& radio) {
-    const auto row = FindFrequency(list, radio.MasterFrequency);
-    const auto channel = Channel::Named(radio.MasterFrequency);
-    if (row || !channel || !radio.ReadInHertz) return row;
-    const auto other = channel->OnSameCarrier();
-    return other ? FindFrequency(list, other->Text()) : std::nullopt;
-}
-
-} // namespace
 
 void AutomaticTuning::Timer1_Timer() {
     state_.cycle.ActiveTimerId = AutomaticTuningCycle;
@@ -52,7 +24,7 @@ void AutomaticTuning::Tick() {
     if (FrequencyChanged())
         Retune();
     else
-        sim_.UpdateRange();
+        FollowRange();
 }
 
 bool AutomaticTuning::FrequencyChanged() {
@@ -65,19 +37,28 @@ bool AutomaticTuning::FrequencyChanged() {
     return IsRetuned(radio) || state_.shown.Status.What == Activity::NoConnection;
 }
 
+void AutomaticTuning::FollowRange() {
+    sim_.UpdateRange();
+    if (const auto row = choice_.Relief()) PlayRow(*row);
+}
+
 void AutomaticTuning::Retune() {
     EmptyPlayer(player_);
-    const auto row = FindTuned(list_, state_.radio);
-    if (!row) {
+    sim_.ReadAircraftPosition();
+    if (const auto row = choice_.Tuned())
+        PlayRow(*row);
+    else
         ShowNoFeed();
-        return;
-    }
-    MakeCurrent(state_, texts_, list_.Items()[*row]);
+}
+
+void AutomaticTuning::PlayRow(std::size_t row) {
+    EmptyPlayer(player_);
+    MakeCurrent(state_, texts_, list_.Items()[row]);
     texts_.ShowFrequency(state_.radio.MasterFrequency, state_.radio.MasterFrequency);
     texts_.ShowFeed();
     texts_.DisplayURL(state_.feed.FeedUrl);
     if (state_.feed.FeedUrlMarker != "0")
-        StartStream(*row);
+        StartStream(row);
     else
         StartFolder();
     sim_.UpdateRange();

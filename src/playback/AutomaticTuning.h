@@ -1,5 +1,6 @@
 #pragma once
 
+#include "playback/FeedChoice.h"
 #include "playback/PlayerDisplay.h"
 #include "playback/SimWatch.h"
 #include "runtime/ErrorTrap.h"
@@ -11,12 +12,13 @@ namespace quillon {
 /// feed.
 class AutomaticTuning {
   public:
-    AutomaticTuning(PlaybackState& state, ListView& list, ScreenTexts& texts, SimWatch& sim,
+    AutomaticTuning(PlaybackState& state, ListView& list, ScreenTexts& texts, SimWatch& sim, FeedChoice& choice,
                     PlayerDisplay& display, MediaPlayer& player, ErrorTrap& trap)
         : state_(state),
           list_(list),
           texts_(texts),
           sim_(sim),
+          choice_(choice),
           display_(display),
           player_(player),
           trap_(trap) {}
@@ -26,7 +28,9 @@ class AutomaticTuning {
   private:
     void Tick();
     bool FrequencyChanged();
+    void FollowRange();
     void Retune();
+    void PlayRow(std::size_t row);
     void ShowNoFeed();
     void StartStream(std::size_t row);
     void StartFolder();
@@ -35,6 +39,7 @@ class AutomaticTuning {
     ListView& list_;
     ScreenTexts& texts_;
     SimWatch& sim_;
+    FeedChoice& choice_;
     PlayerDisplay& display_;
     MediaPlayer& player_;
     ErrorTrap& trap_;

@@ -36,6 +36,10 @@ bool RecordedChatter::FollowSimulator() {
         return false;
     }
     sim_.UpdateRange();
+    if (choice_.Relief()) {
+        HandBack(AutomaticTuningCycle);
+        return false;
+    }
     trap_.StartupStep() = "Checking Range";
     sim_.HushOutOfRange();
     return true;

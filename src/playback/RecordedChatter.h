@@ -1,6 +1,7 @@
 #pragma once
 
 #include "playback/ChatterSchedule.h"
+#include "playback/FeedChoice.h"
 #include "playback/SimWatch.h"
 #include "runtime/ErrorTrap.h"
 
@@ -11,17 +12,18 @@ class RecordedChatter {
   public:
     /// `last_search_text` is forgotten when a recording starts.
     RecordedChatter(PlaybackState& state, std::string& last_search_text, ScreenTexts& texts, SimWatch& sim,
-                    MediaPlayer& player, Clock& clock, ErrorTrap& trap)
+                    FeedChoice& choice, MediaPlayer& player, Clock& clock, ErrorTrap& trap)
         : state_(state),
           last_search_text_(last_search_text),
           texts_(texts),
           sim_(sim),
+          choice_(choice),
           player_(player),
           schedule_(state.chatter, texts, clock, trap.StartupStep()),
           trap_(trap) {}
 
     /// For a tuned feed: follows the simulator, plays only in range, and hands back to `Timer1` when the radio
-    /// is retuned.
+    /// is retuned or another airport's feed takes over.
     void Timer3_Timer();
 
     /// For a feed picked by hand: plays whatever the range, the first recording at once.
@@ -43,6 +45,7 @@ class RecordedChatter {
     std::string& last_search_text_;
     ScreenTexts& texts_;
     SimWatch& sim_;
+    FeedChoice& choice_;
     MediaPlayer& player_;
     ChatterSchedule schedule_;
     ErrorTrap& trap_;

@@ -53,7 +53,10 @@ class SimWatch {
     /// is paused.
     bool FollowPause();
 
-    /// Takes over the position read, then CalcDistance. A position that could not be read is left as it was.
+    /// Takes over the position read. One that could not be read is left as it was.
+    void ReadAircraftPosition();
+
+    /// ReadAircraftPosition, then CalcDistance.
     void UpdateRange();
 
     /// Updates the distance label and `InRange` from the last position. Without a feed nothing changes; without
@@ -80,7 +83,6 @@ class SimWatch {
     Answer AskNow(std::uint32_t radio_offset);
     bool HasSimulator();
     void LoseRadio();
-    void ReadAircraftPosition();
     std::optional<RadioReading> ReadMasterFrequency();
     std::uint32_t FollowedOffset() const;
     void ShowRange(const RangeReading& reading);

@@ -50,6 +50,16 @@ void TakeWindow(std::string_view text, RememberedValues& values) {
     values.Window = {size[0], size[1]};
 }
 
+/// Nothing: the user has not been asked.
+std::optional<bool> AnswerOf(std::string_view text) {
+    return text == "yes" || text == "no" ? std::optional(text == "yes") : std::nullopt;
+}
+
+std::string AnswerText(std::optional<bool> answer) {
+    if (!answer) return "";
+    return *answer ? "yes" : "no";
+}
+
 struct Key {
     std::string_view Name;
     void (*Take)(std::string_view text, RememberedValues& values);
@@ -69,9 +79,12 @@ constexpr Key Keys[] = {
      [](const RememberedValues& values) { return LengthsText(values.Columns); }},
     {"stay-open",
      [](std::string_view text, RememberedValues& values) { values.PreferenceMarks.StayOpen = text == "yes"; },
-     [](const RememberedValues& values) {
-         return std::string(values.PreferenceMarks.StayOpen ? "yes" : "no");
-     }},
+     [](const RememberedValues& values) { return AnswerText(values.PreferenceMarks.StayOpen); }},
+    {"shared-frequencies",
+     [](std::string_view text, RememberedValues& values) {
+         values.PreferenceMarks.SharedFrequencies = AnswerOf(text);
+     },
+     [](const RememberedValues& values) { return AnswerText(values.PreferenceMarks.SharedFrequencies); }},
 };
 
 } // namespace

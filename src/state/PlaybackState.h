@@ -6,6 +6,7 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,13 @@ struct RadioState {
     std::string AircraftLongitudeText;
 };
 
+/// A feed to which the radio was tuned by hand.
+struct PickedFeed {
+    std::string Icao;
+    std::string Frequency;
+    std::string Url;
+};
+
 /// The current feed and how it is played.
 struct FeedState {
     std::string FeedIcao;
@@ -50,6 +58,7 @@ struct FeedState {
     std::string FeedUrlMarker = "0";  ///< "0": the address names a folder of recordings
     std::int32_t WplMarker = 0;       ///< above 0: a playlist
     std::int32_t RadioFeedMarker = 0; ///< above 0: an internet radio station, not bound to a range
+    std::optional<PickedFeed> Picked{};
 };
 
 struct RangeState {
@@ -93,7 +102,8 @@ struct FormTimer {
 
 /// What the user has marked in the Preferences menu.
 struct Marks {
-    bool StayOpen = false; ///< when the simulator ends
+    bool StayOpen = false;                 ///< when the simulator ends
+    std::optional<bool> SharedFrequencies; ///< between airports; nothing: not asked yet
 
     bool operator==(const Marks&) const = default;
 };

@@ -244,7 +244,10 @@ struct Bench : TickBench {
 
     FakeKeyboard keyboard;
     FakeDisplay screen;
-    RecordedChatter chatter{state, state.LastSearchText, texts, sim, player, clock, trap};
+    FeedIndex index{state.form.lvwDB};
+    AirportPositions positions{state.Airports};
+    FeedChoice choice{state, state.form.lvwDB, index, positions};
+    RecordedChatter chatter{state, state.LastSearchText, texts, sim, choice, player, clock, trap};
     Mute mute{state, texts, player};
     MuteKey mute_key{state, mute, keyboard, screen, clock};
 };

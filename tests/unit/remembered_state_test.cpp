@@ -14,7 +14,8 @@ TEST(RememberedState, DefaultsStandInForWhatMakesNoSense) {
         {"volume=5\nvolume=101\nvolume=-1\nvolume=1e1\nvolume=\nvolume=99999999999", {5, "", {}, {}, {}}},
         {"window=800 600\ncolumns=700 3500 800 2400", {100, "", {800, 600}, {700, 3500, 800, 2400}, {}}},
         {"window=800 -600\nwindow=9\ncolumns=700 3500 800\ncolumns=700  800 2400 99999", {100, "", {}, {}, {}}},
-        {"stay-open=no\nstay-open=yes", {100, "", {}, {}, {true}}},
+        {"stay-open=no\nstay-open=yes", {100, "", {}, {}, {true, {}}}},
+        {"shared-frequencies=no", {100, "", {}, {}, {false, false}}},
     };
     for (const auto& [text, values] : rows) {
         EXPECT_EQ(ParseRemembered(text), values) << text;
