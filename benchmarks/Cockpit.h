@@ -68,8 +68,9 @@ struct Cockpit {
     FakeKeyboard keyboard;
     FakePrinter printer;
     FakeProbe probe;
+    FakeBackground background;
     Program program{{simulator, simulator, clock, player, player, prompts, dialogs, display, shell, files,
-                     regional, page, keyboard, printer, probe},
+                     regional, page, keyboard, printer, probe, background},
                     ""};
 };
 
