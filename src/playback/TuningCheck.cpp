@@ -15,7 +15,7 @@ constexpr std::chrono::seconds TooLate{10}; // the pilot may have retuned since,
 
 void TuningCheck::Begin(const std::string& frequency) {
     tuned_.reset();
-    // What is read of an older module is no proof: 0x1803 reads as "118.30". Three decimals it never takes.
+    // An older module's 0x1803 reads back as "118.30", so only three decimals are known to be refused there.
     if (radio_.ReadInHertz || FrequencyKey(frequency).size() == 7)
         tuned_ = {frequency, radio_.CommOffset, clock_.Now()};
 }

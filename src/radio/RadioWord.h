@@ -20,8 +20,8 @@ struct RadioReading {
 /// which end.
 RadioReading DecodeFrequency(std::uint8_t high, std::uint8_t low);
 
-/// The channel of a radio that is known both as BCD word and in Hz; nothing if the two are more than 10 kHz
-/// apart, for then the number in Hz is something else.
+/// The channel of a radio that is known both as BCD word and in Hz. Nothing if the two are more than 10 kHz
+/// apart, because the number then means something else, or if it names no channel.
 std::optional<Channel> AgreedChannel(std::uint16_t word, std::int32_t hertz);
 
 /// A frequency text "1##.##" as a radio's BCD word: "118.30" is 0x1830, and so is "118.305", whose last digit

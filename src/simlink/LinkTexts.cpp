@@ -55,7 +55,7 @@ std::string SimName(std::uint32_t code) {
 
 std::string ShownSimName(std::uint32_t code, std::int32_t version_word) {
     constexpr std::uint32_t Fsx = 8;
-    constexpr std::int32_t VersionFive = 5; // FSUIPC itself has never had one for FSX
+    constexpr std::int32_t VersionFive = 5; // FSUIPC's own was never made for FSX
     return code == Fsx && version_word >> 28 == VersionFive ? "X-Plane" : SimName(code);
 }
 
