@@ -36,7 +36,7 @@ void LoadList(benchmark::State& state) {
             ProgramState program;
             program.folders.DataPath = folder.path + "\\";
             ErrorTrap trap(program.StartupStep, program.MessageText, prompts.AsReport());
-            FeedLoader loader(program, prompts, page, trap);
+            FeedLoader loader(program, prompts, page, trap, [] {});
             state.ResumeTiming();
             loader.LoadList();
             state.PauseTiming();

@@ -42,6 +42,7 @@ void AddFeed::mnuAddATC_Click() {
     state_.Busy = true;
     state_.add_feed = {};
     state_.add_feed.PromptCaption = AddressPrompt;
+    state_.add_feed.SharedFrequencies = state_.marks.SharedFrequencies.value_or(false);
     state_.add_feed[AddBox::txtURL] = services::LiveAtcFeedPrefix;
     state_.add_feed.RequestFocus({AddBox::txtICAO, 0, 0});
     trap_.RunCommand(ErrorsTitle, Icon::Exclamation, [this] { CollectFrequencies(); });
@@ -62,7 +63,8 @@ void AddFeed::CollectFrequencies() {
         state_.feed.FeedCity = feed.City;
         state_.feed.FeedUrl = feed.URL;
         state_.feed.FeedFrequency = feed.Freq;
-        if (feed.StatesFrequency()) state_.add_feed.lstAdd.emplace_back(feed.Freq);
+        if (feed.StatesFrequency())
+            state_.add_feed.lstAdd.push_back({std::string(feed.Freq), std::string(feed.ICAO)});
     }
     state_.StartupStep.clear();
 }
@@ -128,7 +130,7 @@ void AddFeed::Append(const std::string& line) {
     state_.StartupStep = "Opening " + CataloguePath();
     try {
         AppendLines(CataloguePath(), {line}, page_);
-        state_.add_feed.lstAdd.push_back(state_.add_feed[AddBox::txtFreq]);
+        state_.add_feed.lstAdd.push_back({state_.add_feed[AddBox::txtFreq], state_.add_feed[AddBox::txtICAO]});
     } catch (const RuntimeError& error) {
         const std::string what = "Error " + std::to_string(error.Number) + " " + error.Description;
         state_.MessageText = state_.StartupStep + "\r" + what + "\r\rThe file is as it was, without:\r" + line;

@@ -91,8 +91,9 @@ Fault MissingCity(SourceKind kind, const std::string& city) {
 }
 
 Fault FrequencyInUse(const frmAddATC& form, const std::string& frequency) {
-    const bool in_use = std::any_of(form.lstAdd.begin(), form.lstAdd.end(), [&](const std::string& stated) {
-        return FrequencyKey(stated) == FrequencyKey(frequency);
+    const bool in_use = std::any_of(form.lstAdd.begin(), form.lstAdd.end(), [&](const auto& stated) {
+        return FrequencyKey(stated.Frequency) == FrequencyKey(frequency) &&
+               (!form.SharedFrequencies || stated.Icao == form[AddBox::txtICAO]);
     });
     if (!in_use) return std::nullopt;
     const auto selected = std::max<std::ptrdiff_t>(6, static_cast<std::ptrdiff_t>(frequency.size()));

@@ -36,6 +36,12 @@ bool InAutomaticMode(const ProgramState& state) {
     return !state.Busy && !state.cycle.optManual();
 }
 
+/// Turns a check mark over and keeps it.
+void Turn(Parts& parts, std::optional<bool>& mark) {
+    mark = !mark.value_or(false);
+    parts.remembered.Write();
+}
+
 constexpr Command Separator{};
 constexpr Command EditData{Command::mnuEditData, "&Edit Feeds in Notepad",
                            [](Parts& p) { p.maintenance.mnuEditData_Click(); }};
@@ -75,8 +81,12 @@ constexpr Command PreferencesMenu[] = {
     Separator,
     {Command::mnuPlaylist, "&Enable Playlists"},
     Separator,
-    {Command::StayOpenMark, "Stay &open when the simulator ends", [](Parts& p) { p.stay_open.Toggle(); }, Idle,
-     [](const ProgramState& state) { return state.marks.StayOpen; }},
+    {Command::SharedFrequenciesMark, "Airports may share fre&quencies",
+     [](Parts& p) { Turn(p, p.state.marks.SharedFrequencies); }, Idle,
+     [](const ProgramState& state) { return state.marks.SharedFrequencies.value_or(false); }},
+    {Command::StayOpenMark, "Stay &open when the simulator ends",
+     [](Parts& p) { Turn(p, p.state.marks.StayOpen); }, Idle,
+     [](const ProgramState& state) { return state.marks.StayOpen.value_or(false); }},
 };
 
 constexpr Command HelpMenu[] = {

@@ -50,6 +50,7 @@ struct Command {
         ReloadFeed = 2022,
         CheckFeeds = 2023,
         StayOpenMark = 2024,
+        SharedFrequenciesMark = 2025,
 
         // These have no control or menu entry of their own.
         lvwDB_ItemClick = 3001,

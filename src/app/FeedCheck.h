@@ -1,12 +1,14 @@
 #pragma once
 
 #include "catalogue/CatalogueReview.h"
+#include "geo/AirportPositions.h"
 #include "ports/AnsiCodePage.h"
 #include "ports/Clock.h"
 #include "ports/FeedProbe.h"
 #include "runtime/ErrorTrap.h"
 #include "state/Folders.h"
 #include "state/Forms.h"
+#include "state/PlaybackState.h"
 
 namespace quillon {
 
@@ -17,10 +19,13 @@ class FeedCheck {
     /// An address that has neither answered nor failed by then counts as failed.
     static constexpr std::chrono::seconds LongestTry{90};
 
-    FeedCheck(CheckFeedsForm& form, ListView& list, const Folders& folders, const std::string& user_agent,
-              FeedProbe& probe, AnsiCodePage& page, Clock& clock, ErrorTrap& trap)
+    FeedCheck(CheckFeedsForm& form, ListView& list, const Marks& marks, AirportPositions& airports,
+              const Folders& folders, const std::string& user_agent, FeedProbe& probe, AnsiCodePage& page,
+              Clock& clock, ErrorTrap& trap)
         : form_(form),
           list_(list),
+          marks_(marks),
+          airports_(airports),
           folders_(folders),
           user_agent_(user_agent),
           probe_(probe),
@@ -52,6 +57,8 @@ class FeedCheck {
 
     CheckFeedsForm& form_;
     ListView& list_;
+    const Marks& marks_;
+    AirportPositions& airports_;
     const Folders& folders_;
     const std::string& user_agent_;
     FeedProbe& probe_;

@@ -36,7 +36,7 @@ void Parts::RunTrapped(const HandlerGate::Handler& handler) {
     if (state.Ended) return;
     // Called by Windows, through which nothing may be thrown.
     trap.RunCommand("Unexpected error", Icon::Exclamation, handler);
-    if (quit_requested) shut_down.Run();
+    if (state.QuitRequested) shut_down.Run();
     if (state.Ended) gate.Close();
 }
 

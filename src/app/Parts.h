@@ -33,7 +33,6 @@ struct Parts {
 
     ProgramState& state;
     std::string command_line;
-    bool quit_requested = false;
     HandlerGate gate;
     GatedClock clock;
     Ports ports;
@@ -50,7 +49,7 @@ struct Parts {
     RememberedState remembered{state.form, state.marks, state.UserAgent, state.folders};
     AirportPositions positions{state.Airports};
     Airports airports{state.Airports, ports.code_page, trap};
-    FeedLoader loader{state, ports.prompts, ports.code_page, trap};
+    FeedLoader loader{state, ports.prompts, ports.code_page, trap, [this] { remembered.Write(); }};
     ReceptionRange range{state.Airports, trap};
     ShutDown shut_down{state.Ended, state.form, settings,         remembered,
                        regional,    link,       ports.background, ports.player};
@@ -79,8 +78,8 @@ struct Parts {
     Preferences preferences{state, ports.prompts, ports.dialogs, ports.shell, trap};
     Maintenance maintenance{state, ports.prompts, ports.shell, ports.files, clock, reload, trap};
     AddFeed add_feed{state, ports.prompts, ports.code_page, reload, trap};
-    FeedCheck feed_check{state.check_feeds, state.form.lvwDB, state.folders, state.UserAgent,
-                         ports.probe,       ports.code_page,  clock,         trap};
+    FeedCheck feed_check{state.check_feeds, state.form.lvwDB, state.marks,     positions, state.folders,
+                         state.UserAgent,   ports.probe,      ports.code_page, clock,     trap};
     HelpCommands help{state.folders, ports.prompts, ports.dialogs, ports.shell};
     PrintCommand print{state.form, state.LastSearchText, ports.prompts, ports.printer, clock, trap};
     FsuipcStatus status{state.fsuipc_status, state.radio, link, readout, gate};

@@ -45,7 +45,7 @@ void Program::Run(int command) {
     const Command* found = FindCommand(command);
     if (found == nullptr) return;
     if (command == Command::mnuQuit) {
-        parts_->quit_requested = parts_->gate.Running();
+        state_.QuitRequested = parts_->gate.Running();
         parts_->gate.Interrupt([this] { parts_->shut_down.Run(); });
         return;
     }

@@ -90,6 +90,10 @@ void StartUp::EnableMenus() {
 
 void StartUp::RestorePlayer() {
     parts_.remembered.Read();
+    if (parts_.starter.CreatedCatalogue()) {
+        state_.marks.SharedFrequencies = true;
+        parts_.remembered.Write();
+    }
     ports_.player.SetVolume(state_.form.Volume);
     ports_.live.SetUserAgent(state_.UserAgent);
 }

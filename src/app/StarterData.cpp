@@ -69,6 +69,7 @@ void StarterData::Create() {
         startup_step_ = "Creating " + folder;
         startup_step_ += file;
         CreateWithFolders(folder, file, ReadFile(Source() + file));
+        created_catalogue_ |= file == CatalogueName;
     }
     startup_step_.clear();
 }

@@ -28,6 +28,9 @@ class StarterData {
     /// runtime/Files.
     void Create();
 
+    /// Whether Create has created the catalogue.
+    bool CreatedCatalogue() const { return created_catalogue_; }
+
   private:
     std::string Source() { return shell_.ProgramFolder() + "starter\\"; }
     std::string Target() { return shell_.ApplicationDataFolder() + "\\Quillon\\"; }
@@ -41,6 +44,7 @@ class StarterData {
     std::string& startup_step_;
     Prompts& prompts_;
     Shell& shell_;
+    bool created_catalogue_ = false;
 };
 
 } // namespace quillon

@@ -2,13 +2,8 @@
 
 namespace quillon {
 
-void StayOpen::Toggle() {
-    state_.marks.StayOpen = !state_.marks.StayOpen;
-    remembered_.Write();
-}
-
 bool StayOpen::Gone() {
-    if (!state_.marks.StayOpen) {
+    if (!state_.marks.StayOpen.value_or(false)) {
         shut_down_.Run();
         return false;
     }

@@ -21,9 +21,6 @@ class StayOpen : public SimPresence {
           shut_down_(shut_down),
           prompts_(prompts) {}
 
-    /// Turns the user's mark over.
-    void Toggle();
-
     bool Gone() override;
     bool Back() override;
 

@@ -4,6 +4,7 @@
 #include "ports/TextFile.h"
 #include "radio/Channel.h"
 #include "runtime/Number.h"
+#include "state/FeedMarkers.h"
 
 #include <algorithm>
 #include <map>
@@ -26,6 +27,8 @@ bool CanBeTuned(const std::string& frequency) {
 /// Walks the lines in order.
 class Reviewer {
   public:
+    explicit Reviewer(const ReviewRules& rules) : rules_(rules) {}
+
     void Take(std::string_view line) {
         ++number_;
         line_ = line;
@@ -35,34 +38,59 @@ class Reviewer {
         const FeedLine feed = SplitFeedLine(line);
         review.Feeds.push_back(
             {number_, std::string(feed.ICAO), std::string(feed.City), std::string(feed.URL)});
-        TakeFrequency(feed);
+        const bool unknown = IsBoundToAPlace(feed) && !rules_.KnowsAirport(feed.ICAO);
+        if (unknown) Add("Airport.dat does not know " + Quoted(feed.ICAO) + ": there is no distance to it");
+        TakeFrequency(feed, unknown);
     }
 
     CatalogueReview review;
 
   private:
-    void TakeFrequency(const FeedLine& feed) {
+    static std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+
+    static bool IsBoundToAPlace(const FeedLine& feed) {
+        return RadioMarker(feed.City) == 0 && PlaylistMarker(feed.URL) == 0;
+    }
+
+    void TakeFrequency(const FeedLine& feed, bool unknown_airport) {
         if (feed.Freq.empty()) return;
         const std::string frequency(feed.Freq);
-        const std::string shown = "\"" + frequency + "\"";
         if (!feed.StatesFrequency())
-            return Add(shown + " is none: a frequency has six characters, or seven that name a channel");
-        if (!CanBeTuned(frequency)) Add("No radio can be tuned to " + shown);
-        const auto [first, is_new] = stated_.emplace(FrequencyKey(frequency), number_);
+            return Add(Quoted(frequency) +
+                       " is none: a frequency has six characters, or seven that name a channel");
+        if (!CanBeTuned(frequency)) Add("No radio can be tuned to " + Quoted(frequency));
+        const std::string key(FrequencyKey(frequency));
+        Statements& statements = stated_.try_emplace(key, Statements{number_, {}}).first->second;
+        const auto [same, is_new] = statements.by_airport.emplace(feed.ICAO, number_);
         if (!is_new)
-            Add("Line " + std::to_string(first->second) + " has " + first->first + " too: only one is found");
+            Add(LineHas(same->second, key) + " for the same airport: only one is found");
+        else if (statements.first != number_ && !rules_.SharedFrequencies)
+            Add(LineHas(statements.first, key) + ": only one is found");
+        else if (statements.first != number_ && unknown_airport)
+            Add(LineHas(statements.first, key) + ", and without a distance this one is never heard");
     }
+
+    static std::string LineHas(int line, const std::string& frequency) {
+        return "Line " + std::to_string(line) + " has " + frequency + " too";
+    }
+
     void Add(std::string reason) { review.Faults.push_back({number_, std::string(line_), std::move(reason)}); }
 
+    const ReviewRules& rules_;
     int number_ = 0;
     std::string_view line_;
-    std::map<std::string, int> stated_; // and the line that states it first
+    /// The lines that state a frequency.
+    struct Statements {
+        int first;
+        std::map<std::string, int, std::less<>> by_airport; // the first of each
+    };
+    std::map<std::string, Statements> stated_;
 };
 
 } // namespace
 
-CatalogueReview ReviewCatalogue(std::string_view text) {
-    Reviewer reviewer;
+CatalogueReview ReviewCatalogue(std::string_view text, const ReviewRules& rules) {
+    Reviewer reviewer(rules);
     while (const auto line = TakeLine(text)) reviewer.Take(*line);
     return std::move(reviewer.review);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,9 +26,16 @@ struct CatalogueReview {
     std::vector<Feed> Feeds; ///< also those after a line that stops the loader
 };
 
-/// Reviews the whole text of the catalogue. Faulty are lines with only one or two "|", which stop the loader,
-/// and frequencies that an earlier line states, that no radio can be tuned to, or that do not count because
-/// they do not have six characters, or seven that name a channel.
-CatalogueReview ReviewCatalogue(std::string_view text);
+/// What a review goes by.
+struct ReviewRules {
+    bool SharedFrequencies = false; ///< each airport may have each frequency
+    std::function<bool(std::string_view icao)> KnowsAirport = [](std::string_view) { return true; };
+};
+
+/// Reviews the whole text of the catalogue. Faulty are lines with only one or two "|", which stop the loader;
+/// airports whose place is not known; and frequencies that an earlier line of the same airport states, or where
+/// they are not shared of any; that no radio can be tuned to; or that do not count because they do not have six
+/// characters, or seven that name a channel.
+CatalogueReview ReviewCatalogue(std::string_view text, const ReviewRules& rules = {});
 
 } // namespace quillon

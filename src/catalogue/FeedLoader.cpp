@@ -4,8 +4,28 @@
 #include "radio/Channel.h"
 
 #include <algorithm>
+#include <span>
+#include <utility>
 
 namespace quillon {
+
+namespace {
+
+constexpr const char* DuplicateTitle = "Duplicate Frequency";
+constexpr std::size_t BoxesOfTheirOwn = 3;
+
+/// "4 more frequencies are duplicated: 118.70, ...", at most twenty of them.
+template <typename Duplicates>
+std::string ListOf(const Duplicates& duplicates) {
+    constexpr std::size_t MostListed = 20;
+    const std::size_t listed = std::min(duplicates.size(), MostListed);
+    std::string text = std::to_string(duplicates.size()) + " more frequencies are duplicated:\r";
+    for (std::size_t i = 0; i < listed; ++i) text.append(i == 0 ? "" : ", ").append(duplicates[i].Frequency);
+    const std::size_t rest = duplicates.size() - listed;
+    return rest == 0 ? text : text + " and " + std::to_string(rest) + " more";
+}
+
+} // namespace
 
 void FeedLoader::LoadList() {
     ListView& list = state_.form.lvwDB;
@@ -73,13 +93,55 @@ void FeedLoader::CollectUserFreq() {
     std::sort(state_.lstUFreq.begin(), state_.lstUFreq.end());
 }
 
+/// One for each statement that follows another of the same channel. Where airports share frequencies, only
+/// those within one airport count.
+std::vector<FeedLoader::Duplicate> FeedLoader::FindDuplicates() {
+    std::vector<std::pair<std::string_view, std::string_view>> stated; // frequency and airport
+    ForEachFeed("Data: ", [&](const FeedLine& feed) {
+        if (feed.StatesFrequency()) stated.emplace_back(FrequencyKey(feed.Freq), feed.ICAO);
+    });
+    std::sort(stated.begin(), stated.end());
+    const bool shared = state_.marks.SharedFrequencies.value_or(false);
+    std::vector<Duplicate> duplicates;
+    for (std::size_t i = 1; i < stated.size(); ++i) {
+        const auto& [frequency, airport] = stated[i];
+        const bool same_airport = airport == stated[i - 1].second;
+        if (frequency == stated[i - 1].first && (same_airport || !shared))
+            duplicates.push_back({frequency, same_airport});
+    }
+    return duplicates;
+}
+
+/// A box for each of the first, and one for all others: there may be thousands.
 void FeedLoader::ReportDuplicates() {
     const std::vector<std::string>& frequencies = state_.lstUFreq;
-    for (std::size_t i = 1; i < frequencies.size(); ++i) {
-        if (frequencies[i] != frequencies[i - 1]) continue;
-        state_.MessageText = "Frequency " + frequencies[i] + " is duplicated!\r";
-        prompts_.Message("Duplicate Frequency", state_.MessageText, Icon::Information);
+    if (std::adjacent_find(frequencies.begin(), frequencies.end()) == frequencies.end()) return;
+    const std::vector<Duplicate> duplicates = FindDuplicates();
+    const std::size_t alone = std::min(duplicates.size(), BoxesOfTheirOwn);
+    for (std::size_t i = 0; i < alone && !state_.QuitRequested; ++i) {
+        state_.MessageText = "Frequency " + std::string(duplicates[i].Frequency) + " is duplicated!\r";
+        prompts_.Message(DuplicateTitle, state_.MessageText, Icon::Information);
     }
+    if (alone == duplicates.size() || state_.QuitRequested) return;
+    state_.MessageText = ListOf(std::span(duplicates).subspan(alone));
+    prompts_.Message(DuplicateTitle, state_.MessageText, Icon::Information);
+    if (!state_.QuitRequested) AskToShare(duplicates);
+}
+
+void FeedLoader::AskToShare(const std::vector<Duplicate>& duplicates) {
+    auto& shared = state_.marks.SharedFrequencies;
+    const bool several_airports =
+        std::any_of(duplicates.begin(), duplicates.end(),
+                    [](const Duplicate& duplicate) { return !duplicate.SameAirport; });
+    if (shared || !several_airports) return;
+    shared =
+        prompts_.Confirm("Shared Frequencies",
+                         "Many frequencies of your catalogue belong to more than one airport.\r\rMay airports "
+                         "share frequencies? Quillon then plays the nearest airport in range instead of "
+                         "the first line, and no longer reports them. You can change this in the "
+                         "Preferences menu.",
+                         Choices::YesNo);
+    remember_();
 }
 
 void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {

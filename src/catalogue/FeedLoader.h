@@ -8,14 +8,18 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace quillon {
 
 /// Loads the catalogue into the list view, which is the program's catalogue from then on.
 class FeedLoader {
   public:
-    FeedLoader(ProgramState& state, Prompts& prompts, AnsiCodePage& page, ErrorTrap& trap)
-        : state_(state), prompts_(prompts), page_(page), trap_(trap) {}
+    /// `remember` keeps the marks.
+    FeedLoader(ProgramState& state, Prompts& prompts, AnsiCodePage& page, ErrorTrap& trap,
+               std::function<void()> remember)
+        : state_(state), prompts_(prompts), page_(page), trap_(trap), remember_(std::move(remember)) {}
 
     /// Rebuilds the list: feeds without a frequency get the lowest free channels, in the file's order. A
     /// failure is reported, and the list keeps the feeds before it. In any case no feed is current afterwards.
@@ -30,14 +34,21 @@ class FeedLoader {
 
     void RebuildList();
 
-    /// Rebuilds `lstUFreq` and takes its frequencies out of the pool. Reports failures, and
-    /// duplicates in one box for each frequency that equals the one before it.
+    /// A frequency that two feeds state, and whether they are of one airport.
+    struct Duplicate {
+        std::string_view Frequency;
+        bool SameAirport;
+    };
+
+    /// Rebuilds `lstUFreq` and takes its frequencies out of the pool. Reports failures and duplicates.
     void LoadUserFreq();
 
     void AddFeed(const FeedLine& feed);
     void ShowFirst();
     void CollectUserFreq();
+    std::vector<Duplicate> FindDuplicates();
     void ReportDuplicates();
+    void AskToShare(const std::vector<Duplicate>& duplicates);
     void ForEachFeed(const char* step, const FeedHandler& handler);
     void Open();
 
@@ -45,6 +56,7 @@ class FeedLoader {
     Prompts& prompts_;
     AnsiCodePage& page_;
     ErrorTrap& trap_;
+    std::function<void()> remember_;
     std::shared_ptr<const std::string> text_; // of the catalogue, while a load reads it twice
 };
 

@@ -78,7 +78,7 @@ constexpr Key Keys[] = {
     {"columns", [](std::string_view text, RememberedValues& values) { TakeLengths(text, values.Columns); },
      [](const RememberedValues& values) { return LengthsText(values.Columns); }},
     {"stay-open",
-     [](std::string_view text, RememberedValues& values) { values.PreferenceMarks.StayOpen = text == "yes"; },
+     [](std::string_view text, RememberedValues& values) { values.PreferenceMarks.StayOpen = AnswerOf(text); },
      [](const RememberedValues& values) { return AnswerText(values.PreferenceMarks.StayOpen); }},
     {"shared-frequencies",
      [](std::string_view text, RememberedValues& values) {

@@ -135,8 +135,13 @@ struct frmAddATC {
     Focus WantedFocus{};
     ViewRequest FocusRequest = 0; ///< to move the keyboard to `WantedFocus`
 
-    std::vector<std::string> lstAdd; ///< frequencies that the catalogue states
-    bool BadData = false;            ///< the last entry was rejected
+    struct StatedFrequency {
+        std::string Frequency;
+        std::string Icao;
+    };
+    std::vector<StatedFrequency> lstAdd; ///< that the catalogue states
+    bool SharedFrequencies = false;      ///< each airport may have each frequency
+    bool BadData = false;                ///< the last entry was rejected
 
     void RequestFocus(Focus focus) {
         WantedFocus = focus;

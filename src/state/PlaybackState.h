@@ -100,10 +100,10 @@ struct FormTimer {
     bool operator==(const FormTimer&) const = default;
 };
 
-/// What the user has marked in the Preferences menu.
+/// What the user has marked in the Preferences menu; nothing: the user has not said.
 struct Marks {
-    bool StayOpen = false;                 ///< when the simulator ends
-    std::optional<bool> SharedFrequencies; ///< between airports; nothing: not asked yet
+    std::optional<bool> StayOpen;          ///< when the simulator ends
+    std::optional<bool> SharedFrequencies; ///< between airports
 
     bool operator==(const Marks&) const = default;
 };

@@ -31,7 +31,8 @@ struct ProgramState : PlaybackState {
     std::string MessageText;
     std::string UserAgent; ///< what feed servers are told; empty: the program's own name
     bool Busy = false;     ///< a dialog or another program has the user: no timer ticks, no other command runs
-    bool Ended = false;    ///< the shut-down has run; the window closes
+    bool QuitRequested = false; ///< it follows the running handler, which need not ask or tell anything more
+    bool Ended = false;         ///< the shut-down has run; the window closes
 };
 
 } // namespace quillon

@@ -47,7 +47,8 @@ class Catalogue : public TempFolder {
     FakeShell shell;
     FakeCodePage page;
     ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
-    FeedLoader loader{state, prompts, page, trap};
+    FeedLoader loader{state, prompts, page, trap, [this] { ++kept; }};
+    int kept = 0; ///< times that the marks were
     ListView& list = state.form.lvwDB;
 };
 
@@ -110,6 +111,37 @@ TEST_F(Catalogue, EachEqualNeighbourIsOneDuplicateBox) {
     const FakePrompts::Shown box{"Duplicate Frequency", "Frequency 121.70 is duplicated!\r", Icon::Information};
     EXPECT_EQ(prompts.messages, (Messages{box, box}));
     EXPECT_EQ(state.MessageText, "");
+}
+
+TEST_F(Catalogue, ManyDuplicatesAreToldInFewBoxesAndAskedAboutOnce) {
+    std::string content;
+    for (int i = 0; i < 50; ++i)
+        for (const char* airport : {"A", "B"})
+            content += std::string(airport) + "|a|u|1" + std::to_string(20 + i / 10) + "." +
+                       std::to_string(i % 10) + "0\r\n";
+    for (const bool yes : {false, true}) {
+        state.marks = {};
+        prompts = {};
+        prompts.yes = yes;
+        Load(content);
+        ASSERT_EQ(prompts.messages.size(), 4U);
+        EXPECT_EQ(prompts.messages[2].text, "Frequency 120.20 is duplicated!\r");
+        const std::string& rest = prompts.messages[3].text;
+        EXPECT_EQ(rest.find("47 more frequencies are duplicated:\r120.30, 120.40,"), 0U) << rest;
+        EXPECT_TRUE(rest.ends_with("122.20 and 27 more")) << rest;
+        EXPECT_EQ(prompts.questions.size(), 1U);
+        EXPECT_EQ(state.marks.SharedFrequencies, yes);
+        EXPECT_EQ(std::exchange(kept, 0), 1) << "the answer is kept at once";
+        prompts = {};
+        Load(content + (yes ? "B|b|u|120.00\r\n" : ""));
+        EXPECT_EQ(prompts.messages.size(), yes ? 1U : 4U) << "only twice at one airport counts then";
+        EXPECT_EQ(prompts.questions.size(), 0U);
+    }
+    state.marks = {};
+    prompts = {};
+    prompts.meanwhile = [this] { state.QuitRequested = true; };
+    Load(content);
+    EXPECT_EQ(prompts.messages.size() + prompts.questions.size(), 1U);
 }
 
 TEST_F(Catalogue, TooFewBarsAreReportedTwiceAndKeepTheRowsBefore) {

@@ -84,7 +84,7 @@ TEST(EntryRules, TheFirstBrokenRuleIsNamedWithItsPlace) {
         frmAddATC form;
         form.Kind = row.kind;
         form.Texts = row.texts;
-        form.lstAdd = {"121.50"};
+        form.lstAdd = {{"121.50", "CYYZ"}};
         const auto fault = FindFault(form);
         SCOPED_TRACE(row.texts[0] + "|" + row.texts[1] + "|" + row.texts[3]);
         EXPECT_EQ(fault ? fault->Text : "", row.text);
@@ -179,7 +179,7 @@ TEST_F(Upkeep, AFailedWriteLeavesTheCatalogueAndSaysSo) {
     EXPECT_NE(prompts.messages.back().text.find("EGLL||http://feeds.example/|121.50"), std::string::npos);
     EXPECT_NE(Read("Quillon\\Trace.log").find("Opening "), std::string::npos);
     EXPECT_EQ(form()[txtICAO] + form()[txtFreq], "");
-    EXPECT_EQ(std::count(form().lstAdd.begin(), form().lstAdd.end(), "121.50"), 0) << "it may be tried again";
+    EXPECT_NE(form().lstAdd.back().Frequency, "121.50") << "it may be tried again";
 }
 
 TEST_F(Upkeep, AFolderOfRecordingsHandsBackAfterAReload) {

@@ -22,6 +22,24 @@ TEST(CatalogueReview, NamesTheLinesThatDoNotDoWhatTheyLookLike) {
     EXPECT_EQ(review.Feeds[1].Line, 7);
 }
 
+TEST(CatalogueReview, NamesWhatCanNeverBeHeardWhereAirportsShareFrequencies) {
+    const char* text = "CYYZ|a|http://a|118.70\nEGLL|b|http://b|118.70\nEGLL|c|http://c|118.700\n"
+                       "ZZZZ|d|http://d|118.70\nZZZZ|Radio|http://e|119.00\nZZZZ|f|http://f|119.10\n";
+    const auto knows = [](std::string_view icao) { return icao != "ZZZZ"; };
+    for (const bool shared : {false, true}) {
+        std::string faults;
+        for (const auto& fault : ReviewCatalogue(text, {shared, knows}).Faults)
+            faults += std::to_string(fault.Number) + " " + fault.Reason + "\n";
+        const std::string unknown = "Airport.dat does not know \"ZZZZ\": there is no distance to it\n";
+        EXPECT_EQ(faults,
+                  (shared ? "" : "2 Line 1 has 118.70 too: only one is found\n") +
+                      ("3 Line 2 has 118.70 too for the same airport: only one is found\n4 " + unknown) +
+                      (shared ? "4 Line 1 has 118.70 too, and without a distance this one is never heard\n6 "
+                              : "4 Line 1 has 118.70 too: only one is found\n6 ") +
+                      unknown);
+    }
+}
+
 class Probe : public TempFolder {};
 
 TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
@@ -80,6 +98,7 @@ class Check : public Flight {
 };
 
 TEST_F(Check, TriesEachFeedInTurnWhileTheCycleGoesOn) {
+    Write("Quillon\\Airport.dat", "\nA,N1*00.00,E1*00.00\nB,N1*00.00,E1*00.00\nEGLL,N1*00.00,E1*00.00\n");
     Start();
     Write("Quillon\\live_atc_feeds.txt",
           "A|a|u1|\nB|b|u2|\nbroken|\nEGLL|London Radio|http://radio.example/b|\n");

@@ -15,7 +15,7 @@ TEST(RememberedState, DefaultsStandInForWhatMakesNoSense) {
         {"window=800 600\ncolumns=700 3500 800 2400", {100, "", {800, 600}, {700, 3500, 800, 2400}, {}}},
         {"window=800 -600\nwindow=9\ncolumns=700 3500 800\ncolumns=700  800 2400 99999", {100, "", {}, {}, {}}},
         {"stay-open=no\nstay-open=yes", {100, "", {}, {}, {true, {}}}},
-        {"shared-frequencies=no", {100, "", {}, {}, {false, false}}},
+        {"shared-frequencies=no", {100, "", {}, {}, {{}, false}}},
     };
     for (const auto& [text, values] : rows) {
         EXPECT_EQ(ParseRemembered(text), values) << text;
