@@ -1,4 +1,5 @@
 // Geodesic distances: Quillon's, GeographicLib's and PROJ's on the same ellipsoid.
+#include "geo/AirportPositions.h"
 #include "geo/Geodesy.h"
 #include "geo/Mapstuff.h"
 
@@ -14,7 +15,6 @@ using namespace quillon;
 
 namespace {
 
-constexpr std::int16_t Wgs84 = 22;
 constexpr std::size_t Count = 100'000;
 
 const double Axis = Geodesy::eMajor(Wgs84);
@@ -84,5 +84,47 @@ void Proj(benchmark::State& state) {
     });
 }
 BENCHMARK(Proj)->Name("geodesic/PROJ")->Unit(benchmark::kMillisecond);
+
+/// The airports of one channel, all over the globe, and places to fly over them.
+std::vector<GeoPoint> Points(std::size_t count, std::uint64_t seed) {
+    std::mt19937_64 random(seed);
+    std::uniform_real_distribution<double> latitude(-85, 85);
+    std::uniform_real_distribution<double> longitude(-180, 180);
+    std::vector<GeoPoint> points;
+    while (points.size() < count) points.push_back(GeoPoint::At(latitude(random), longitude(random)));
+    return points;
+}
+
+template <typename Pick>
+void PickNearest(benchmark::State& state, Pick pick) {
+    const std::vector<GeoPoint> airports = Points(200, 1);
+    const std::vector<GeoPoint> aircraft = Points(500, 2);
+    std::size_t next = 0;
+    for (auto _ : state) benchmark::DoNotOptimize(pick(aircraft[next++ % aircraft.size()], airports));
+}
+
+void NearestOf200(benchmark::State& state) {
+    std::vector<const GeoPoint*> candidates;
+    PickNearest(state, [&](const GeoPoint& aircraft, const std::vector<GeoPoint>& airports) {
+        candidates.clear();
+        for (const GeoPoint& airport : airports) candidates.push_back(&airport);
+        return NearestInRange(aircraft, candidates, 0);
+    });
+}
+BENCHMARK(NearestOf200)->Name("nearest/Quillon")->Unit(benchmark::kMicrosecond);
+
+void NearestByInverses(benchmark::State& state) {
+    const GeographicLib::Geodesic earth(Axis, Flattening);
+    PickNearest(state, [&](const GeoPoint& aircraft, const std::vector<GeoPoint>& airports) {
+        double least = INFINITY;
+        for (const GeoPoint& airport : airports) {
+            double metres = 0;
+            earth.Inverse(aircraft.latitude, aircraft.longitude, airport.latitude, airport.longitude, metres);
+            least = std::min(least, metres);
+        }
+        return least;
+    });
+}
+BENCHMARK(NearestByInverses)->Name("nearest/GeographicLib")->Unit(benchmark::kMicrosecond);
 
 } // namespace

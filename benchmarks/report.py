@@ -30,6 +30,7 @@ def portable_rows(results):
     yield row("the same", "geodesic/Quillon", "geodesic/PROJ", 0.5)
     difference = max(results[f"geodesic/{name}"]["difference_mm"] for name in ("GeographicLib", "PROJ"))
     yield "largest difference from either", f"{difference:.2g} mm", "-", difference, 1
+    yield row("nearest of 200 airports", "nearest/Quillon", "nearest/GeographicLib", 0.5)
     for count in (1000, 10000, 100000):
         yield row(f"loading {count:,} feeds", f"catalogue/Quillon/{count}", f"catalogue/sqlite3/{count}", 0.5)
     for fewer, more in ((1000, 10000), (10000, 100000)):

@@ -138,7 +138,7 @@ TEST_F(Shared, ADayAmong2000FeedsIsHeardWhereverOneIsInRange) {
     Start();
     double latitude = 10, longitude = 10;
     int heard = 0;
-    for (int second = 0; second < 24 * 60 * 60; ++second) {
+    for (int second = 0; second < 24 * 60 * 60; second += 8) {
         const std::size_t tuned = random() % 2000;
         if (random() % 20 == 0) {
             latitude = places[tuned].latitude + 0.2;
@@ -163,7 +163,7 @@ TEST_F(Shared, ADayAmong2000FeedsIsHeardWhereverOneIsInRange) {
         ASSERT_EQ(any, !Heard().empty() && state().range.InRange) << second << " " << frequency;
         heard += any ? 1 : 0;
     }
-    EXPECT_GT(heard, 5000);
+    EXPECT_GT(heard, 100);
 }
 
 } // namespace
