@@ -140,6 +140,21 @@ class Flight(unittest.TestCase):
         self.assertEqual(self.world.quillon.wait(20), 0)
         self.assertEqual(settings.read_bytes(), b" 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n")
 
+    def test_9_of_stations_that_share_a_frequency_the_one_in_range_is_heard(self):
+        (self.world.data / "Quillon.state").write_text("shared-frequencies=yes")
+        with open(self.world.data / "live_atc_feeds.txt", "a") as catalogue:
+            for feed in FEEDS:
+                catalogue.write(f"{feed.icao}|Shared {feed.icao}|{self.world.feeds.address(feed)}|126.00\r\n")
+        self.world.start_simulator("--com2stby", "126.00")
+        self.world.start_quillon()
+        for feed in (NEW_YORK, LONDON, TORONTO):
+            self.copilot.ask("fly %s %s" % feed.position)
+            self.ear.await_(feed.icao)
+            self.copilot.await_text("panel 3", f"{feed.icao} - Shared {feed.icao}")
+        self.assertEqual(self.copilot.ask("boxes"), "")
+        self.copilot.ask("close QuillonMain")
+        self.assertEqual(self.world.quillon.wait(20), 0)
+
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)
