@@ -2,6 +2,7 @@
 
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <mutex>
 #include <thread>
 
@@ -77,7 +78,11 @@ void WinBackground::Work(const std::shared_ptr<Jobs>& jobs) {
         jobs->waiting.pop_front();
         jobs->working = true;
         lock.unlock();
-        job.work();
+        try {
+            job.work();
+        } catch (const std::exception&) {
+            // What it was to find out stays unknown, as if nobody had answered.
+        }
         lock.lock();
         jobs->working = false;
         jobs->finished.push_back(std::move(job));
