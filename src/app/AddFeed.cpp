@@ -13,7 +13,7 @@ namespace quillon {
 
 namespace {
 
-constexpr const char* ErrorsTitle = "Add Feed Errors";
+constexpr const char* ErrorsTitle = "Add Feed Error";
 constexpr const char* HttpPrefix = "http://";
 constexpr const char* AddressPrompt = "Enter URL: (http://.....)";
 
@@ -119,18 +119,19 @@ void AddFeed::cmdAdd_Click() {
     VerifyData();
     frmAddATC& form = state_.add_feed;
     if (form.BadData) return;
-    Append(form[AddBox::txtICAO] + "|" + form[AddBox::txtCity] + "|" + form[AddBox::txtURL] + "|" +
-           form[AddBox::txtFreq]);
-    PrepareNext();
+    const std::string line = form[AddBox::txtICAO] + "|" + form[AddBox::txtCity] + "|" + form[AddBox::txtURL] +
+                             "|" + form[AddBox::txtFreq];
+    if (Append(line)) PrepareNext();
 }
 
-/// The boxes are cleared even if the file could not be written, so the message quotes the line: it must not be
-/// lost.
-void AddFeed::Append(const std::string& line) {
+/// Returns whether the line was written. If not, the message quotes it: it must not be lost.
+bool AddFeed::Append(const std::string& line) {
     state_.StartupStep = "Opening " + CataloguePath();
     try {
         AppendLines(CataloguePath(), {line}, page_);
         state_.add_feed.lstAdd.push_back({state_.add_feed[AddBox::txtFreq], state_.add_feed[AddBox::txtICAO]});
+        state_.StartupStep.clear();
+        return true;
     } catch (const RuntimeError& error) {
         const std::string what = "Error " + std::to_string(error.Number) + " " + error.Description;
         state_.MessageText = state_.StartupStep + "\r" + what + "\r\rThe file is as it was, without:\r" + line;
@@ -142,6 +143,7 @@ void AddFeed::Append(const std::string& line) {
         prompts_.Message(ErrorsTitle, state_.MessageText, Icon::Exclamation);
     }
     state_.StartupStep.clear();
+    return false;
 }
 
 void AddFeed::PrepareNext() {

@@ -49,14 +49,14 @@ class AddFeed {
 
     void cmdBrowse_Click();
 
-    /// Appends the entry to the catalogue, completely or not at all, and clears the boxes for the next one. A
-    /// rejected entry stays in the boxes.
+    /// Appends the entry to the catalogue, completely or not at all, and clears the boxes for the next one. An
+    /// entry that is rejected or cannot be written stays in them.
     void cmdAdd_Click();
 
   private:
     void CollectFrequencies();
     void VerifyData();
-    void Append(const std::string& line);
+    bool Append(const std::string& line);
     void PrepareNext();
     std::string CataloguePath() const;
 

@@ -75,7 +75,7 @@ struct Parts {
     RadioTuning radio_tuning{state.radio, link, gate};
     FeedListCommands list{state,       texts,        ports.player, ports.prompts,
                           ports.shell, radio_tuning, tuning_check, trap};
-    Preferences preferences{state, ports.prompts, ports.dialogs, ports.shell, trap};
+    Preferences preferences{state, texts, ports.prompts, ports.dialogs, ports.shell, trap};
     Maintenance maintenance{state, ports.prompts, ports.shell, ports.files, clock, reload, trap};
     AddFeed add_feed{state, ports.prompts, ports.code_page, reload, trap};
     FeedCheck feed_check{state.check_feeds, state.form.lvwDB, state.marks,     positions, state.folders,

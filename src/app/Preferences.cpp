@@ -65,6 +65,7 @@ void Preferences::SetRange(const std::string& answer) {
     state_.StartupStep = "Set Range";
     if (!answer.empty()) state_.range.ReceptionRange = CInt(Val(answer));
     state_.form.mnuRangeCaption = RangeCaption(state_.range.ReceptionRange);
+    if (!state_.form.Label2.ToolTipText.empty()) texts_.ShowRange(state_.range.ReceptionRange);
     state_.StartupStep.clear();
 }
 

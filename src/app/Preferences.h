@@ -1,5 +1,6 @@
 #pragma once
 
+#include "playback/ScreenTexts.h"
 #include "ports/Dialogs.h"
 #include "ports/Prompts.h"
 #include "ports/Shell.h"
@@ -13,8 +14,9 @@ namespace quillon {
 /// The "Preferences" menu with its frames and prompts. The settings file keeps the choices.
 class Preferences {
   public:
-    Preferences(ProgramState& state, Prompts& prompts, Dialogs& dialogs, Shell& shell, ErrorTrap& trap)
-        : state_(state), prompts_(prompts), dialogs_(dialogs), shell_(shell), trap_(trap) {}
+    Preferences(ProgramState& state, ScreenTexts& texts, Prompts& prompts, Dialogs& dialogs, Shell& shell,
+                ErrorTrap& trap)
+        : state_(state), texts_(texts), prompts_(prompts), dialogs_(dialogs), shell_(shell), trap_(trap) {}
 
     void mnuSelComm_Click();
     void cmdComClose_Click();
@@ -43,6 +45,7 @@ class Preferences {
     void SetRange(const std::string& answer);
 
     ProgramState& state_;
+    ScreenTexts& texts_;
     Prompts& prompts_;
     Dialogs& dialogs_;
     Shell& shell_;

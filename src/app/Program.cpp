@@ -87,11 +87,14 @@ void Program::lvwDB_ColumnClick(Column column) {
     Handle([this, column] { parts_->list.lvwDB_ColumnClick(column); });
 }
 
-void Program::lvwDB_DblClick() {
+void Program::lvwDB_DblClick(std::size_t row) {
     constexpr int ControlKey = 17;
     // Asked at once: the key may be up again when the handler has its turn.
-    const bool control = parts_->ports.keyboard.IsDown(ControlKey);
-    Handle([this, control] { parts_->list.lvwDB_DblClick(control); });
+    const bool control = parts_->ports.keyboard.IsOrWasDown(ControlKey);
+    Handle([this, row, control] {
+        state_.form.lvwDB.Select(row); // a click with Ctrl may have just deselected it
+        parts_->list.lvwDB_DblClick(control);
+    });
 }
 
 void Program::ResizeColumn(Column column, int width) {

@@ -41,7 +41,7 @@ class Program {
     /// another width (twips).
     void SelectRow(std::optional<std::size_t> row);
     void lvwDB_ColumnClick(Column column);
-    void lvwDB_DblClick();
+    void lvwDB_DblClick(std::size_t row);
     void ResizeColumn(Column column, int width);
 
     /// The user picked an entry of the list of shortest or longest gaps; moved the volume's slider, 0 to 100.

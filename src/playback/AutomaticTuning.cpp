@@ -73,6 +73,7 @@ void AutomaticTuning::ShowNoFeed() {
 
 void AutomaticTuning::StartStream(std::size_t row) {
     player_.SetUrl(state_.feed.FeedUrl);
+    if (list_.Selected() == row) return; // a dead feed is tried every second, and must not hold the list there
     list_.Select(row);
     list_.EnsureSelectedVisible();
 }

@@ -190,8 +190,12 @@ class FakePlayer : public MediaPlayer, public LiveFeed {
 class FakeKeyboard : public Keyboard {
   public:
     bool IsDown(int virtual_key) override { return down == virtual_key; }
+    bool IsOrWasDown(int virtual_key) override {
+        return std::exchange(was_down, 0) == virtual_key || IsDown(virtual_key);
+    }
 
-    int down = 0; ///< the key that is held, 0 for none
+    int down = 0;     ///< the key that is held, 0 for none
+    int was_down = 0; ///< the key that was held just before
 };
 
 class FakeDisplay : public Display {

@@ -178,7 +178,7 @@ TEST_F(Upkeep, AFailedWriteLeavesTheCatalogueAndSaysSo) {
     ASSERT_FALSE(prompts.messages.empty());
     EXPECT_NE(prompts.messages.back().text.find("EGLL||http://feeds.example/|121.50"), std::string::npos);
     EXPECT_NE(Read("Quillon\\Trace.log").find("Opening "), std::string::npos);
-    EXPECT_EQ(form()[txtICAO] + form()[txtFreq], "");
+    EXPECT_EQ(form()[txtICAO] + form()[txtFreq], "EGLL121.50");
     EXPECT_NE(form().lstAdd.back().Frequency, "121.50") << "it may be tried again";
 }
 

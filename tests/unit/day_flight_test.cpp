@@ -82,7 +82,7 @@ class Day : public Flight {
         {"optAuto", Click(Command::optAuto)},
         {"optManual", Click(Command::optManual)},
         {"a pick", [this] { program->SelectRow(AnyRow()), program->Run(Command::lvwDB_ItemClick); }},
-        {"Ctrl+double-click", [this] { Press(17, [this] { program->lvwDB_DblClick(); }); }},
+        {"Ctrl+double-click", [this] { Press(17, [this] { program->lvwDB_DblClick(AnyRow()); }); }},
         {"sorting", [this] { program->lvwDB_ColumnClick(static_cast<Column>(Below(4))); }},
         {"a search", Answer(Command::mnuSearch, {"", "cyyz", "EGLL", "x"})},
         {"a search for a city", Answer(Command::mnuCitySearch, {"", "tower", "radio", "x"})},

@@ -135,14 +135,16 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
 TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
     Start();
     program->Run(Command::optCom2);
-    program->SelectRow(1);
-    program->lvwDB_DblClick(); // without Ctrl
+    program->lvwDB_DblClick(1); // without Ctrl
     keyboard.down = 17;
     program->Run(Command::optManual);
-    program->lvwDB_DblClick(); // not in Manual mode
+    program->lvwDB_DblClick(1); // not in Manual mode
     program->Run(Command::optAuto);
     EXPECT_EQ(simulator.Word(Com2), 0U);
-    program->lvwDB_DblClick();
+    keyboard.down = 0;
+    keyboard.was_down = 17;
+    program->SelectRow(std::nullopt); // as Ctrl and a click do
+    program->lvwDB_DblClick(1);
     EXPECT_EQ(simulator.Word(Com2), 0x00001972U);
     EXPECT_EQ(panel(2), "119.72");
     EXPECT_TRUE(player.url.empty());
@@ -150,7 +152,8 @@ TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
     Tick();
     EXPECT_EQ(player.url, "https://feeds.example/london/heathrow/director");
     EXPECT_TRUE(state().range.InRange);
-    program->lvwDB_DblClick();
+    keyboard.down = 17;
+    program->lvwDB_DblClick(1);
     EXPECT_TRUE(state().range.InRange) << "what plays already is not interrupted";
 }
 
@@ -220,11 +223,16 @@ TEST_F(Hand, TheRangePromptConvertsWhatFits) {
               "Please Input a Reception Range\r       (Numbers only)\r\rPresent Reception Range is: "
               "7 Nautical Miles\rEnter 0 to disable the Range function");
     EXPECT_EQ(prompts.asked.second, "7");
+    TuneTo("119.10"); // at an airport that is not known, only the range switched off sets the tip
+    EXPECT_EQ(state().form.Label2.ToolTipText, " Range Disabled ");
+    prompts.answer = "50";
+    program->Run(Command::mnuRange);
+    EXPECT_EQ(state().form.Label2.ToolTipText, " Range set at 50 Nautical Miles ");
     prompts.answer = "99999";
     program->Run(Command::mnuRange);
     ASSERT_EQ(prompts.messages.size(), 1U);
     EXPECT_EQ(prompts.messages[0].title, "Set Range Error");
-    EXPECT_EQ(state().range.ReceptionRange, 0);
+    EXPECT_EQ(state().range.ReceptionRange, 50);
 }
 
 TEST_F(Hand, PreferencesAreSavedAndRestored) {

@@ -71,9 +71,8 @@ TEST_F(Shared, WhatPlaysGoesOnWhileInRangeAndAPickIsPreferred) {
     Tick();
     EXPECT_EQ(Heard(), "http://h/KJFK");
     FlyTo(NewYork);
-    program->SelectRow(1);
     keyboard.down = 17;
-    program->lvwDB_DblClick();
+    program->lvwDB_DblClick(1);
     Tick();
     EXPECT_EQ(Heard(), "http://h/KLGA") << "picked on the channel that is tuned already";
     Tick();

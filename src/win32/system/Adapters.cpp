@@ -152,6 +152,10 @@ bool WinKeyboard::IsDown(int virtual_key) {
     return (GetAsyncKeyState(virtual_key) & 0x8000) != 0;
 }
 
+bool WinKeyboard::IsOrWasDown(int virtual_key) {
+    return GetAsyncKeyState(virtual_key) != 0;
+}
+
 namespace {
 
 LCTYPE TypeOf(RegionalSettings::Separator separator) {

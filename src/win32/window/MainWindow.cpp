@@ -222,7 +222,8 @@ LRESULT MainWindow::Notify(NMHDR& header) {
         program_->Run(Command::lvwDB_ItemClick);
         break;
     case NM_DBLCLK:
-        program_->lvwDB_DblClick();
+        if (reinterpret_cast<NMITEMACTIVATE&>(header).iItem < 0) return 0;
+        program_->lvwDB_DblClick(static_cast<std::size_t>(reinterpret_cast<NMITEMACTIVATE&>(header).iItem));
         break;
     case LVN_COLUMNCLICK:
         program_->lvwDB_ColumnClick(static_cast<Column>(reinterpret_cast<NMLISTVIEW&>(header).iSubItem));
