@@ -46,7 +46,7 @@ struct Parts {
     ScreenTexts texts{state, state.form};
     RegionalNumbers regional{ports.regional};
     Settings settings{state, trap};
-    RememberedState remembered{state.form, state.marks, state.UserAgent, state.folders};
+    RememberedState remembered{state.form, state.marks, state.sound, state.UserAgent, state.folders};
     AirportPositions positions{state.Airports};
     Airports airports{state.Airports, ports.code_page, trap};
     FeedLoader loader{state, ports.prompts, ports.code_page, trap, [this] { remembered.Write(); }};

@@ -96,6 +96,7 @@ void StartUp::RestorePlayer() {
     }
     ports_.player.SetVolume(state_.form.Volume);
     ports_.live.SetUserAgent(state_.UserAgent);
+    ports_.live.Force(state_.sound.Player);
 }
 
 void StartUp::LoadData() {

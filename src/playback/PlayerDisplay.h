@@ -16,7 +16,7 @@ class PlayerDisplay {
         : state_(state), texts_(texts), player_(player), live_(live), shell_(shell) {}
 
     /// Turns the player's state into the first panel's text, the caption and, while it plays, `Label2`; what
-    /// the station says of itself becomes the third panel's tool tip.
+    /// the station says of itself, or why it has been given up, becomes the third panel's tool tip.
     void GetWMPState();
 
     /// Opens the live ATC service's home page.

@@ -109,6 +109,11 @@ bool IsStreamAddress(std::string_view text) {
     return text.find("://") != std::string_view::npos;
 }
 
+bool IsMediaProtocol(std::string_view text) {
+    const std::string scheme = LCase(text.substr(0, std::min(text.find("://"), text.size())));
+    return scheme.size() < text.size() && (scheme.starts_with("mms") || scheme.starts_with("rtsp"));
+}
+
 std::string LowerCasePath(std::string_view name) {
     return LCase(name.substr(0, name.find_first_of("?#")));
 }

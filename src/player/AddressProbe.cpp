@@ -41,14 +41,15 @@ std::string StatusWords(int status) {
     return "The server sends no sound" + number;
 }
 
-std::string Unplayable(const std::string& missing_decoder) {
-    return missing_decoder.empty() ? "Nothing that Quillon can play" : "No decoder for " + missing_decoder;
+std::string Unplayable(const std::string& problem) {
+    return problem.empty() ? "Nothing that Quillon can play" : problem;
 }
 
 /// Why a stream could not be heard.
-std::string Reason(const HttpStream& stream, IoStatus last, bool bytes, const std::string& missing_decoder) {
+std::string Reason(const HttpStream& stream, IoStatus last, bool bytes, const std::string& problem) {
     const bool in_time = last != IoStatus::WouldBlock;
     const bool answered = stream.Reached() == HttpStream::Stage::Answered;
+    if (last == IoStatus::Unsupported) return stream.Problem();
     if (answered && stream.Status() != 200) return StatusWords(stream.Status());
     if (last == IoStatus::Refused) return "No valid certificate of the server";
     switch (stream.Reached()) {
@@ -62,7 +63,7 @@ std::string Reason(const HttpStream& stream, IoStatus last, bool bytes, const st
         break;
     }
     if (last == IoStatus::NotAudio) return "A web page instead of sound";
-    return bytes ? Unplayable(missing_decoder) : "It answers, but sends nothing";
+    return bytes ? Unplayable(problem) : "It answers, but sends nothing";
 }
 
 /// Why nothing in a playlist can be tried; empty if something can.
@@ -101,7 +102,7 @@ FeedAnswer AddressProbe::TryPlayable(const std::string& url) {
 }
 
 AddressProbe::Visit AddressProbe::VisitStop(const PlaylistWalk::Stop& stop) {
-    if (!stop.address) return {"Quillon cannot play that", "", {}, ""};
+    if (!stop.address) return {UnsupportedProtocol, "", {}, ""};
     return IsStreamAddress(*stop.address) ? VisitStream(*stop.address) : VisitFile(*stop.address);
 }
 
@@ -110,7 +111,7 @@ AddressProbe::Visit AddressProbe::VisitFile(const std::string& path) {
     FileSource file(path);
     const Heard heard = Listen(file);
     const bool plays = heard.playlist || heard.sound;
-    return {plays ? "" : Unplayable(heard.missing_decoder), "", heard.playlist, path};
+    return {plays ? "" : Unplayable(heard.problem), "", heard.playlist, path};
 }
 
 AddressProbe::Visit AddressProbe::VisitStream(const std::string& url) {
@@ -119,7 +120,7 @@ AddressProbe::Visit AddressProbe::VisitStream(const std::string& url) {
     HttpStream stream(*parsed, user_agent_, system_);
     const Heard heard = Listen(stream);
     const bool plays = heard.playlist || heard.sound;
-    const std::string problem = plays ? "" : Reason(stream, heard.last, heard.bytes, heard.missing_decoder);
+    const std::string problem = plays ? "" : Reason(stream, heard.last, heard.bytes, heard.problem);
     const bool is_redirected = stream.Address() != AddressText(*parsed);
     return {problem, is_redirected ? stream.Address() : "", heard.playlist, stream.Address()};
 }
@@ -144,7 +145,7 @@ AddressProbe::Heard AddressProbe::Listen(ByteSource& source) {
         if (!reader.Feed(ByteView(room).first(result.count), unheard)) break;
         heard.sound = reader.HasFoundSound();
     }
-    heard.missing_decoder = reader.MissingDecoder();
+    heard.problem = reader.Problem();
     if (reader.IsPlaylist() && reader.Playlist().size() <= LongestPlaylist) heard.playlist = reader.Playlist();
     return heard;
 }

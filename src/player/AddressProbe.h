@@ -34,7 +34,7 @@ class AddressProbe {
         IoStatus last = IoStatus::WouldBlock; ///< why listening ended
         bool sound = false;
         bool bytes = false;
-        std::string missing_decoder; ///< the coding that has no decoder here
+        std::string problem; ///< as SoundReader says
         std::optional<std::string> playlist;
     };
 

@@ -43,7 +43,8 @@ std::optional<Outcome> Attempt::Step() {
     ApplyPause();
     if (IsPausedTooLong()) return Outcome::PausedTooLong;
     FillQueue();
-    if (outcome_ == Outcome::Playlist || outcome_ == Outcome::NotAudio) return outcome_;
+    if (outcome_ == Outcome::Playlist || outcome_ == Outcome::NotAudio || outcome_ == Outcome::Unsupported)
+        return outcome_;
     if (!paused_since_) return Play();
     return outcome_ == Outcome::Ended ? std::nullopt : outcome_; // a paused file keeps its last sound
 }
@@ -99,7 +100,8 @@ void Attempt::TakeData(ByteView bytes) {
     if (received_ == 0 && source_->AnnouncesPlaylist()) reader_.ExpectPlaylist();
     received_ += bytes.size();
     const auto length_before = queue_.Length();
-    if (!reader_.Feed(bytes, queue_)) Finish(Outcome::NotAudio);
+    if (!reader_.Feed(bytes, queue_))
+        Finish(reader_.Problem().empty() ? Outcome::NotAudio : Outcome::Unsupported);
     if (IsPausedLive()) DropOldSound(bytes.size(), queue_.Length() - length_before);
 }
 
@@ -121,6 +123,8 @@ void Attempt::TakeStatus(IoStatus status) {
         return Finish(Outcome::NotAudio);
     case IoStatus::Refused:
         return Finish(Outcome::Refused);
+    case IoStatus::Unsupported:
+        return Finish(Outcome::Unsupported);
     case IoStatus::WouldBlock:
         if (state_ == Transitioning) state_ = Buffering;
         break;

@@ -44,6 +44,9 @@ class Attempt {
 
     const ByteSource& Source() const { return *source_; }
 
+    /// Why it ended, for the user; empty if that is not known.
+    std::string Problem() const { return reader_.Problem().empty() ? source_->Problem() : reader_.Problem(); }
+
     /// The bytes of the playlist, after Outcome::Playlist.
     const std::string& Playlist() const { return reader_.Playlist(); }
 

@@ -14,8 +14,9 @@ enum class IoStatus {
     Connecting, ///< would block, and the other side has not answered at all yet
     EndOfStream,
     Failed,
-    NotAudio, ///< the other side announces something other than audio
-    Refused,  ///< the other side says not to retry
+    NotAudio,    ///< the other side announces something other than audio
+    Unsupported, ///< it leads to where only another player could follow
+    Refused,     ///< the other side says not to retry
 };
 
 struct IoResult {
@@ -43,6 +44,9 @@ class ByteSource {
 
     /// The current stream title; empty if there is none.
     virtual std::string Title() const { return {}; }
+
+    /// What the user is told of an answer that was refused or not supported; empty if there is nothing to say.
+    virtual std::string Problem() const { return {}; }
 };
 
 } // namespace quillon

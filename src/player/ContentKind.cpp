@@ -31,6 +31,19 @@ std::string_view Content(std::string_view text) {
     return text;
 }
 
+struct Form {
+    std::size_t At;
+    std::string_view Mark;
+    const char* Name;
+};
+constexpr Form UnsupportedForms[] = {
+    {0, "\x30\x26\xB2\x75", "Windows Media audio"},
+    {0, "[Reference]", "Windows Media audio"}, // a list of it
+    {0, "OggS", "Ogg"},
+    {0, "fLaC", "FLAC"},
+    {4, "ftyp", "MP4"},
+};
+
 bool StartsLikeAudio(ByteView first) {
     return first[0] == 0xFF || (first[0] == 'I' && first[1] == 'D' && first[2] == '3');
 }
@@ -41,10 +54,18 @@ ContentKind KindOf(ByteView first, bool announced) {
     const std::string_view text = Content({reinterpret_cast<const char*>(first.data()), first.size()});
     if (text.size() < SignatureLength) return ContentKind::Unknown;
     if (text.starts_with("RIFF")) return ContentKind::Wav;
+    if (!UnsupportedForm(first).empty()) return ContentKind::Unsupported;
     const std::string signature = LCase(text.substr(0, SignatureLength));
     if (IsAny(signature, PlaylistSignatures)) return ContentKind::Playlist;
     if (IsAny(signature, WebPageSignatures)) return ContentKind::WebPage;
     return announced && !StartsLikeAudio(first) ? ContentKind::Playlist : ContentKind::Frames;
+}
+
+std::string UnsupportedForm(ByteView first) {
+    const std::string_view text(reinterpret_cast<const char*>(first.data()), first.size());
+    for (const Form& form : UnsupportedForms)
+        if (text.size() > form.At && text.substr(form.At).starts_with(form.Mark)) return form.Name;
+    return {};
 }
 
 bool AnnouncesPlaylist(std::string_view content_type, std::string_view name) {

@@ -99,6 +99,10 @@ HttpStream::Stage HttpStream::Reached() const {
 IoStatus HttpStream::Redirect() {
     const std::string location = reply_.Header("location");
     const auto target = ResolveLocation(address_, location);
+    if (!target && IsMediaProtocol(location)) {
+        problem_ = UnsupportedProtocol;
+        return IoStatus::Unsupported;
+    }
     if (location.empty() || !target || ++redirects_ > MaximumRedirects) return IoStatus::Failed;
     address_ = *target;
     connection_.reset();

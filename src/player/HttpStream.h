@@ -35,6 +35,8 @@ class HttpStream : public ByteSource {
     /// The reply's status code; 0 before there is one.
     int Status() const { return reply_.Status(); }
 
+    std::string Problem() const override { return problem_; }
+
     std::string Title() const override { return icy_ ? icy_->Title() : std::string(); }
 
   private:
@@ -59,6 +61,7 @@ class HttpStream : public ByteSource {
     std::optional<ChunkedBody> chunks_;
     std::optional<IcyDemuxer> icy_;
     int redirects_ = 0;
+    std::string problem_;
 };
 
 } // namespace quillon

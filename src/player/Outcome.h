@@ -6,6 +6,7 @@ namespace quillon {
 /// the playlist's.
 enum class Outcome {
     Ended,         ///< played to its end
+    Unsupported,   ///< recognised, but only another player could play it
     Dropped,       ///< no answer, a faulty one, or the data stopped coming
     NotAudio,      ///< the data is not audio that can be played
     Refused,       ///< the server says not to retry, or the address is malformed

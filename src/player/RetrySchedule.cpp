@@ -20,7 +20,7 @@ void RetrySchedule::Begin(const std::string& address, Time now) {
     const std::lock_guard lock(mutex_);
     std::erase_if(entries_, [now](const auto& entry) { return entry.second.not_before <= now; });
     Entry& entry = entries_[address];
-    entry = {.not_before = entry.not_before};
+    entry = {.not_before = entry.not_before, .problem = entry.problem};
     random_.seed(static_cast<std::uint32_t>(now.count()));
 }
 
@@ -49,7 +49,7 @@ std::optional<RetrySchedule::Time> RetrySchedule::WaitAfter(Entry& entry, Outcom
     if (played >= SteadySound) entry.failures = 0;
     if (played > 0ms || outcome != Outcome::NotAudio) entry.wrong_answers = 0;
     if (outcome == Outcome::NotAudio && ++entry.wrong_answers == MostWrongAnswers) return {};
-    if (outcome == Outcome::Refused) return {};
+    if (outcome == Outcome::Refused || outcome == Outcome::Unsupported) return {};
     const auto wait = static_cast<double>(Waits[entry.failures].count());
     entry.failures = std::min(entry.failures + 1, std::size(Waits) - 1);
     std::uniform_real_distribution<double> factor(1 - Jitter, 1 + Jitter);
@@ -63,7 +63,21 @@ void RetrySchedule::GiveUp(const std::string& address, Time now) {
 
 void RetrySchedule::Forgive(const std::string& address) {
     const std::lock_guard lock(mutex_);
-    if (const auto found = entries_.find(address); found != entries_.end()) found->second.not_before = Time(0);
+    const auto found = entries_.find(address);
+    if (found == entries_.end()) return;
+    found->second.not_before = Time(0);
+    found->second.problem.clear();
+}
+
+std::string RetrySchedule::Problem(const std::string& address) const {
+    const std::lock_guard lock(mutex_);
+    const auto found = entries_.find(address);
+    return found == entries_.end() ? std::string() : found->second.problem;
+}
+
+void RetrySchedule::SetProblem(const std::string& address, const std::string& words) {
+    const std::lock_guard lock(mutex_);
+    entries_[address].problem = words;
 }
 
 } // namespace quillon

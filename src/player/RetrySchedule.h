@@ -44,6 +44,10 @@ class RetrySchedule {
     /// Gives the address up: its cool-down starts now.
     void GiveUp(const std::string& address, Time now);
 
+    /// Why the address was given up, for the user; empty if it was not, or nobody knows.
+    std::string Problem(const std::string& address) const;
+    void SetProblem(const std::string& address, const std::string& words);
+
     /// Ends the address's cool-down.
     void Forgive(const std::string& address);
 
@@ -52,6 +56,7 @@ class RetrySchedule {
         Time not_before{0};
         std::size_t failures = 0; // waits since there was steady sound
         int wrong_answers = 0;    // in a row
+        std::string problem;
     };
 
     std::optional<Time> WaitAfter(Entry& entry, Outcome outcome, Time played);

@@ -55,6 +55,7 @@ PlayState Session::PlayUntilDone() {
         state_ = Transitioning;
         const Outcome outcome = PlayOnce();
         if (outcome == Outcome::Cancelled) break;
+        outcome_ = outcome;
         if (outcome == Outcome::Ended) return MediaEnded;
         if (!is_online_ || !AwaitNextTry(outcome)) return Ready;
     }
@@ -75,26 +76,31 @@ bool Session::AwaitCoolDown() {
 Outcome Session::PlayOnce() {
     PlaylistWalk walk(url_);
     Outcome result = Outcome::Refused;
+    std::string problem; // of `result`
     int failures = 0;
     played_ = 0ms;
     while (const auto stop = walk.Next()) {
         const auto played_before = played_;
-        const Outcome outcome = stop->address ? Play(*stop->address, walk) : Outcome::Refused;
+        problem_.clear();
+        const Outcome outcome = stop->address ? Play(*stop->address, walk) : Unplayable(stop->entry);
         if (outcome == Outcome::Playlist) continue;
+        if (outcome <= result) problem = problem_;
         if (outcome > Outcome::Refused || (outcome != Outcome::Ended && played_ > played_before))
             return outcome;
         result = std::min(result, outcome);
         if (outcome != Outcome::Ended && ++failures == MostFailures) break;
     }
+    UpdateRetries([&](RetrySchedule& retries) { retries.SetProblem(url_, problem); });
     return result;
 }
 
 /// Outcome::Playlist if the address is a playlist that the walk goes on with.
 Outcome Session::Play(const std::string& address, PlaylistWalk& walk) {
     auto source = Open(address);
-    if (!source) return Outcome::Refused;
+    if (!source) return Unplayable(address);
     Attempt attempt(std::move(source), controls_, *system_);
     const Outcome outcome = Drive(attempt);
+    problem_ = attempt.Problem();
     played_ += attempt.Played();
     if (outcome != Outcome::Playlist) return outcome;
     const auto found = walk.Enter(attempt.Playlist(), attempt.Source().Address());
@@ -111,6 +117,12 @@ Outcome Session::Drive(Attempt& attempt) {
         system_->Wait(attempt.HasMoreToRead() ? 0ms : PollInterval);
     }
     return Outcome::Cancelled;
+}
+
+Outcome Session::Unplayable(const std::string& address) {
+    if (!IsMediaProtocol(address)) return Outcome::Refused;
+    problem_ = UnsupportedProtocol;
+    return Outcome::Unsupported;
 }
 
 std::unique_ptr<ByteSource> Session::Open(const std::string& address) {

@@ -43,6 +43,9 @@ class Session {
 
     bool HasEnded() const { return has_ended_; }
 
+    /// How the latest try ended; Outcome::Cancelled before that.
+    Outcome LatestOutcome() const { return outcome_; }
+
     /// Whether it is waiting for the next try.
     bool IsWaiting() const { return is_waiting_; }
 
@@ -51,6 +54,7 @@ class Session {
     bool AwaitCoolDown();
     Outcome PlayOnce();
     Outcome Play(const std::string& address, PlaylistWalk& walk);
+    Outcome Unplayable(const std::string& address);
     Outcome Drive(Attempt& attempt);
     std::unique_ptr<ByteSource> Open(const std::string& address);
     bool AwaitNextTry(Outcome outcome);
@@ -64,6 +68,7 @@ class Session {
     const std::unique_ptr<PlayerSystem> system_;
     TransportControls controls_;
     std::atomic<PlayState> state_ = Transitioning;
+    std::atomic<Outcome> outcome_ = Outcome::Cancelled;
     std::atomic<bool> has_ended_ = false;
     std::atomic<bool> is_waiting_ = false;
     const std::shared_ptr<RetrySchedule> retries_;
@@ -73,6 +78,7 @@ class Session {
     // Used on Run's thread only.
     std::chrono::milliseconds played_{0}; // since `url_` itself was requested last
     bool is_online_ = false;              // something on the network was requested
+    std::string problem_;                 // of the latest address, for the user
 };
 
 } // namespace quillon

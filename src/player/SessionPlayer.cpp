@@ -91,6 +91,14 @@ void SessionPlayer::SetVolume(int volume) {
     if (session_) session_->SetVolume(volume_);
 }
 
+bool SessionPlayer::IsUnsupported() const {
+    return session_ && session_->LatestOutcome() == Outcome::Unsupported;
+}
+
+std::string SessionPlayer::Problem() const {
+    return retries_->Problem(url_);
+}
+
 std::string SessionPlayer::Title() const {
     return session_ ? session_->Title() : std::string();
 }

@@ -2,7 +2,6 @@
 
 #include "player/PlayerSystem.h"
 #include "ports/LiveFeed.h"
-#include "ports/MediaPlayer.h"
 
 #include <functional>
 #include <memory>
@@ -15,7 +14,7 @@ class Session;
 
 /// The built-in player: streams and playlists over HTTP, and files. Each address is played by its own session.
 /// A session that is replaced falls silent at once and ends in its own time, as system calls may hold it up.
-class SessionPlayer : public MediaPlayer, public LiveFeed {
+class SessionPlayer : public FeedPlayer {
   public:
     using MakeSystem = std::function<std::unique_ptr<PlayerSystem>()>;
     using RunSession = std::function<void(std::shared_ptr<Session>)>;
@@ -40,8 +39,12 @@ class SessionPlayer : public MediaPlayer, public LiveFeed {
     void SetVolume(int volume) override;
 
     std::string Title() const override;
+    std::string Problem() const override;
     void Reload() override;
     void SetUserAgent(const std::string& user_agent) override;
+
+    /// Whether it has given the current address up because only another player could play what is there.
+    bool IsUnsupported() const;
 
   private:
     void Start();

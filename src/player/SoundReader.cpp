@@ -19,6 +19,7 @@ bool SoundReader::Feed(ByteView bytes, PcmQueue& queue) {
         kind_ = KindOf(preamble_, expects_playlist_);
         if (kind_ == ContentKind::Unknown) return preamble_.size() < LongestGap;
         bytes = preamble_;
+        if (kind_ == ContentKind::Unsupported) unsupported_ = UnsupportedForm(bytes);
     }
     switch (kind_) {
     case ContentKind::Wav:
@@ -65,9 +66,11 @@ bool SoundReader::DecodeFrame(const AudioFrame& frame, Samples& samples) {
     return decoder_ && decoder_->Decode(frame.bytes, samples);
 }
 
-std::string SoundReader::MissingDecoder() const {
-    if (!decoded_ || decoder_) return {};
-    return decoded_->coding == FrameCoding::Aac ? "AAC" : "MP3";
+std::string SoundReader::Problem() const {
+    std::string form = unsupported_;
+    if (wav_.LacksDecoder()) form = "this coding of waves";
+    if (decoded_ && !decoder_) form = decoded_->coding == FrameCoding::Aac ? "AAC" : "MP3";
+    return form.empty() ? form : "No decoder for " + form;
 }
 
 } // namespace quillon

@@ -29,8 +29,9 @@ class SoundReader {
     /// All bytes so far, if they are a playlist.
     const std::string& Playlist() const { return playlist_; }
 
-    /// The coding for which the system has no decoder; empty if it lacks none.
-    std::string MissingDecoder() const;
+    /// What the user is told of sound that was recognised, but that nothing here decodes; empty if there is
+    /// none.
+    std::string Problem() const;
 
     /// Whether any sound was found.
     bool HasFoundSound() const { return has_found_sound_; }
@@ -43,6 +44,7 @@ class SoundReader {
 
     PlayerSystem& system_;
     std::vector<std::uint8_t> preamble_; // until the kind is known
+    std::string unsupported_;            // the form's name
     ContentKind kind_ = ContentKind::Unknown;
     bool expects_playlist_ = false;
     bool has_found_sound_ = false;

@@ -19,6 +19,9 @@ class WavFile {
     /// file, or its sound cannot be decoded.
     bool Feed(ByteView bytes, Samples& samples);
 
+    /// Whether all is well but that there is no decoder for its coding.
+    bool LacksDecoder() const { return format_.block_bytes != 0 && !format_.IsLinear() && !decoder_; }
+
     /// Valid once there are samples.
     const PcmFormat& Format() const { return format_.sound; }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "ports/MediaPlayer.h"
+#include "state/SoundSettings.h"
+
 #include <string>
 
 namespace quillon {
@@ -13,6 +16,9 @@ class LiveFeed {
     /// Empty if no feed plays or the station says nothing.
     virtual std::string Title() const = 0;
 
+    /// Why the address has been given up, for the user; empty if it has not, or nobody knows.
+    virtual std::string Problem() const { return {}; }
+
     /// Reconnects at once, even to an address that was given up or is waiting to be retried. A paused or
     /// stopped feed stays silent. Does nothing without an address.
     virtual void Reload() = 0;
@@ -20,6 +26,12 @@ class LiveFeed {
     /// Sets the user agent for the connections to come. A text that is empty, longer than 200 characters, or
     /// contains anything but printable ASCII is ignored.
     virtual void SetUserAgent(const std::string& user_agent) = 0;
+
+    /// For the addresses to come, if there is a choice of players.
+    virtual void Force(ForcedPlayer) {}
 };
+
+/// Plays feeds of all kinds, and files.
+class FeedPlayer : public MediaPlayer, public LiveFeed {};
 
 } // namespace quillon

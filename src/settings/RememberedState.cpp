@@ -60,6 +60,17 @@ std::string AnswerText(std::optional<bool> answer) {
     return *answer ? "yes" : "no";
 }
 
+constexpr std::string_view Players[] = {"", "built-in", "control"}; // in the order of ForcedPlayer
+
+void TakePlayer(std::string_view text, RememberedValues& values) {
+    const auto* const found = std::find(std::begin(Players), std::end(Players), text);
+    if (found != std::end(Players)) values.Sound.Player = static_cast<ForcedPlayer>(found - Players);
+}
+
+std::string PlayerText(const RememberedValues& values) {
+    return std::string(Players[static_cast<std::size_t>(values.Sound.Player)]);
+}
+
 struct Key {
     std::string_view Name;
     void (*Take)(std::string_view text, RememberedValues& values);
@@ -85,6 +96,7 @@ constexpr Key Keys[] = {
          values.PreferenceMarks.SharedFrequencies = AnswerOf(text);
      },
      [](const RememberedValues& values) { return AnswerText(values.PreferenceMarks.SharedFrequencies); }},
+    {"player", TakePlayer, PlayerText},
 };
 
 } // namespace
@@ -122,6 +134,7 @@ void RememberedState::Read() {
     user_agent_ = std::move(values.UserAgent);
     form_.Size = values.Window;
     marks_ = values.PreferenceMarks;
+    sound_ = std::move(values.Sound);
     auto width = values.Columns.begin();
     for (ListView::ColumnHeader& header : form_.lvwDB.ColumnHeaders)
         if (width != values.Columns.end() && *width++ > 0) header.WidthTwips = *std::prev(width);
@@ -130,7 +143,7 @@ void RememberedState::Read() {
 void RememberedState::Write() {
     if (!may_write_) return;
     try {
-        RememberedValues values{form_.Volume, user_agent_, form_.Size, {}, marks_};
+        RememberedValues values{form_.Volume, user_agent_, form_.Size, {}, marks_, sound_};
         auto width = values.Columns.begin();
         for (const ListView::ColumnHeader& header : form_.lvwDB.ColumnHeaders)
             if (width != values.Columns.end()) *width++ = header.WidthTwips;

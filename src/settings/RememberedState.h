@@ -3,6 +3,7 @@
 #include "state/Folders.h"
 #include "state/Forms.h"
 #include "state/PlaybackState.h"
+#include "state/SoundSettings.h"
 
 #include <array>
 #include <string>
@@ -16,7 +17,8 @@ struct RememberedValues {
     std::string UserAgent; ///< sent to servers; empty: the program's own name
     WindowSize Window;
     std::array<int, 4> Columns{}; ///< widths of the list's columns, twips; 0 is the initial width
-    Marks PreferenceMarks;
+    Marks PreferenceMarks{};
+    SoundSettings Sound{};
 
     bool operator==(const RememberedValues&) const = default;
 };
@@ -33,8 +35,9 @@ inline constexpr const char* RememberedName = "Quillon.state";
 /// The file beside the settings file. Failures are not worth a message and are ignored.
 class RememberedState {
   public:
-    RememberedState(frmATC& form, Marks& marks, std::string& user_agent, const Folders& folders)
-        : form_(form), marks_(marks), user_agent_(user_agent), folders_(folders) {}
+    RememberedState(frmATC& form, Marks& marks, SoundSettings& sound, std::string& user_agent,
+                    const Folders& folders)
+        : form_(form), marks_(marks), sound_(sound), user_agent_(user_agent), folders_(folders) {}
 
     /// Applies the file's values, or the defaults.
     void Read();
@@ -47,6 +50,7 @@ class RememberedState {
 
     frmATC& form_;
     Marks& marks_;
+    SoundSettings& sound_;
     std::string& user_agent_;
     const Folders& folders_;
     bool may_write_ = false;

@@ -5,6 +5,7 @@
 #include "state/Forms.h"
 #include "state/FrequencyPool.h"
 #include "state/PlaybackState.h"
+#include "state/SoundSettings.h"
 
 #include <string>
 #include <vector>
@@ -30,6 +31,7 @@ struct ProgramState : PlaybackState {
     std::string StartupStep;
     std::string MessageText;
     std::string UserAgent; ///< what feed servers are told; empty: the program's own name
+    SoundSettings sound;
     bool Busy = false;     ///< a dialog or another program has the user: no timer ticks, no other command runs
     bool QuitRequested = false; ///< it follows the running handler, which need not ask or tell anything more
     bool Ended = false;         ///< the shut-down has run; the window closes

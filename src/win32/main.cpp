@@ -1,3 +1,4 @@
+#include "player/TwoPlayers.h"
 #include "win32/print/WinPrinter.h"
 #include "win32/sound/StreamPlayer.h"
 #include "win32/sound/WinFeedProbe.h"
@@ -57,9 +58,10 @@ bool IsTheOnlyOne(Mark& mark) {
 }
 
 /// The Windows Media Player control; null when the system has none or only a part of it.
-std::unique_ptr<quillon::WindowsMediaPlayer> AnsweringControl() {
+std::unique_ptr<quillon::FeedPlayer> AnsweringControl() {
     auto control = std::make_unique<quillon::WindowsMediaPlayer>();
-    return control->Answers() ? std::move(control) : nullptr;
+    if (!control->Answers()) return nullptr;
+    return control;
 }
 
 } // namespace
@@ -83,15 +85,13 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     WinPrinter printer([&] { return window.BoxOwner(); });
     StreamPlayer built_in(QUILLON_VERSION);
     WinFeedProbe probe(QUILLON_VERSION);
-    const auto control = AnsweringControl();
-    MediaPlayer& player = control ? static_cast<MediaPlayer&>(*control) : built_in;
-    LiveFeed& live = control ? static_cast<LiveFeed&>(*control) : built_in;
+    TwoPlayers player(built_in, AnsweringControl);
     WinBackground background([&] { window.Sync(); });
     Program program({.link = link,
                      .memory = memory,
                      .clock = clock,
                      .player = player,
-                     .live = live,
+                     .live = player,
                      .prompts = prompts,
                      .dialogs = dialogs,
                      .display = window,

@@ -9,7 +9,6 @@
 #include "ports/FeedProbe.h"
 #include "ports/Keyboard.h"
 #include "ports/LiveFeed.h"
-#include "ports/MediaPlayer.h"
 #include "ports/Printer.h"
 #include "ports/Prompts.h"
 #include "ports/RegionalSettings.h"
@@ -158,7 +157,7 @@ class FakePresence : public SimPresence {
 };
 
 /// Plays at once whatever it is given, and reports the states of the real players.
-class FakePlayer : public MediaPlayer, public LiveFeed {
+class FakePlayer : public FeedPlayer {
   public:
     void SetUrl(const std::string& new_url) override {
         url = new_url;

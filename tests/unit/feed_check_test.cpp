@@ -53,6 +53,8 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
                      {"/page", {"HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n"}},
                      {"/noise", {Ok + std::string(70000, 'x')}},
                      {"/aac", {Ok + AacFrames(9)}},
+                     {"/ogg", {Ok + "OggS"}},
+                     {"/mms", {"HTTP/1.0 302 x\r\nLocation: mms://h/\r\n\r\n"}},
                      {"/quiet", {Ok}},
                      {"/list.m3u", {Ok + "#EXTM3U\nhttp://nobody/\nmoved\n", IoStatus::EndOfStream}},
                      {"/self.m3u", {Ok + "#EXTM3U\nself.m3u\n", IoStatus::EndOfStream}}};
@@ -62,6 +64,8 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
         {"http://h/page", Finding::Fails, "A web page"},
         {"http://h/noise", Finding::Fails, "Nothing that Quillon can play"},
         {"http://h/aac", Finding::Answers, "Plays"},
+        {"http://h/ogg", Finding::Fails, "No decoder for Ogg"},
+        {"http://h/mms", Finding::Fails, "Quillon cannot play that"},
         {"http://h/quiet", Finding::Fails, "It answers, but"},
         {"http://nobody/", Finding::Fails, "No such server"},
         {"http://h:x/", Finding::Fails, "This is no address"},

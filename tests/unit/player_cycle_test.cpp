@@ -1,6 +1,7 @@
 // The player under the program's cycles, which keep setting and playing the same address.
 #include "FakePlayerSystem.h"
-#include "player/SessionPlayer.h"
+#include "Fakes.h"
+#include "player/TwoPlayers.h"
 
 #include <deque>
 #include <gtest/gtest.h>
@@ -51,6 +52,44 @@ class PlayerInWorld {
 constexpr const char* Url = "http://h/a";
 const Script NotFound{"HTTP/1.0 404 Not Found\r\n\r\n"};
 const Script Unauthorised{"HTTP/1.0 401 Unauthorized\r\n\r\n"};
+
+/// The control of another system, which the tests look into.
+class FakeControl : public FakePlayer {
+  public:
+    explicit FakeControl(FakeControl*& made) { made = this; }
+
+    void SetUrl(const std::string& new_url) override {
+        FakePlayer::SetUrl(new_url);
+        if (!url.empty()) state = Transitioning;
+    }
+    void Play() override {
+        if (state != Transitioning) FakePlayer::Play();
+    }
+};
+
+/// Both players, on a server that sends Windows Media audio in every way that it comes.
+class BothPlayers : public PlayerInWorld {
+  public:
+    BothPlayers() {
+        world.servers["/wma"] = {Ok + "\x30\x26\xB2\x75\x8E\x66\xCF\x11"};
+        world.servers["/list"] = {Ok + "<asx><ref href='none'/><ref href='mms://h/x'/></asx>",
+                                  IoStatus::EndOfStream};
+        world.servers["/moved"] = {"HTTP/1.0 302 x\r\nLocation: rtsp://h/x\r\n\r\n"};
+        world.servers["/none"] = NotFound;
+        world.servers["/aac"] = {Ok + AacFrames(9)};
+        world.servers["/a"] = {Ok, IoStatus::Ok};
+        world.has_codec = false;
+    }
+
+    FakeControl* control = nullptr; // once it has been made
+    int made = 0;
+    bool answers = true;
+    TwoPlayers both{player, [this]() -> std::unique_ptr<FeedPlayer> {
+                        ++made;
+                        if (!answers) return nullptr;
+                        return std::make_unique<FakeControl>(control);
+                    }};
+};
 
 /// What the cycle of the automatic mode does with one feed.
 std::function<void()> Cycle(PlayerInWorld& in) {
@@ -211,6 +250,88 @@ TEST(Player, ObeysAtOnceWhileItConnectsAndWaits) {
         in.RunTo(10s);
         EXPECT_EQ(in.world.asked.back().second, "/b");
     }
+}
+
+TEST(TwoPlayers, HandOverWhatTheBuiltInOneCannotPlay) {
+    for (const char* url : {"http://h/wma", "http://h/list", "http://h/moved", "http://h/aac", "mms://h/x"}) {
+        BothPlayers in;
+        in.both.SetVolume(30);
+        in.both.SetUrl(url);
+        EXPECT_EQ(in.made, 0) << url;
+        in.EverySecond(0s, 2s, [&] { EXPECT_EQ(in.both.State(), Transitioning) << url; });
+        in.At(3s, [&] {
+            ASSERT_EQ(in.control->urls, (std::vector<std::string>{url}));
+            in.control->state = Playing;
+            in.both.SetVolume(40);
+            EXPECT_EQ(in.both.State(), Playing);
+            EXPECT_EQ(in.control->volume, 40);
+            in.both.Pause();
+            EXPECT_EQ(in.both.State(), Paused);
+            in.world.has_codec = true;
+            in.both.SetUrl("http://h/a");
+        });
+        in.At(4s, [&] {
+            EXPECT_EQ(in.both.State(), Playing);
+            EXPECT_EQ(in.control->url, "");
+            in.both.SetUrl(url); // remembered
+            EXPECT_EQ(in.control->urls.size(), 2U);
+            in.control->state = Ready; // gives it up, too
+            EXPECT_EQ(in.both.State(), Ready);
+            EXPECT_NE(in.both.Problem(), "") << url;
+        });
+        in.RunTo(5s);
+        EXPECT_FALSE(in.world.audible());
+        EXPECT_EQ(in.made, 1);
+    }
+}
+
+TEST(TwoPlayers, HandOverOnlyWhatIsToBeHeard) {
+    BothPlayers in;
+    in.both.SetUrl("http://h/wma");
+    in.both.Pause();
+    in.EverySecond(0s, 3s, [&] {
+        in.both.Pause();
+        EXPECT_EQ(in.both.State(), Paused);
+    });
+    in.At(3500ms, [&] {
+        EXPECT_EQ(in.made, 0);
+        in.both.Play();
+        EXPECT_EQ(in.both.State(), Transitioning);
+        in.both.SetUrl("http://h/aac");
+    });
+    in.At(4s, [&] {
+        in.both.Stop();
+        EXPECT_EQ(in.both.State(), Stopped);
+        in.both.Play();
+        EXPECT_EQ(in.control->url, "http://h/aac");
+    });
+    in.RunTo(5s);
+}
+
+TEST(TwoPlayers, DoWithoutAControlThatDoesNotAnswer) {
+    for (const ForcedPlayer forced : {ForcedPlayer::None, ForcedPlayer::Control, ForcedPlayer::BuiltIn}) {
+        BothPlayers in;
+        in.answers = forced == ForcedPlayer::BuiltIn;
+        in.both.Force(forced);
+        in.both.SetUrl("http://h/aac");
+        in.EverySecond(1s, 50s, [&] {
+            EXPECT_EQ(in.both.State(), Ready);
+            EXPECT_EQ(in.both.Problem(), "No decoder for AAC");
+            in.both.SetUrl("http://h/aac");
+        });
+        in.RunTo(51s);
+        EXPECT_EQ(in.Asked(), 1U);
+        EXPECT_EQ(in.made, forced == ForcedPlayer::BuiltIn ? 0 : 1);
+    }
+}
+
+TEST(TwoPlayers, LetTheControlPlayEverythingIfForced) {
+    BothPlayers in;
+    in.both.Force(ForcedPlayer::Control);
+    in.both.SetUrl("http://h/a");
+    in.RunTo(1s);
+    EXPECT_EQ(in.control->url, "http://h/a");
+    EXPECT_EQ(in.Asked(), 0U);
 }
 
 TEST(Player, WithoutADeviceDoesNotAskEverySecond) {

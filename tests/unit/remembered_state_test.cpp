@@ -14,6 +14,7 @@ TEST(RememberedState, DefaultsStandInForWhatMakesNoSense) {
         {"volume=5\nvolume=101\nvolume=-1\nvolume=1e1\nvolume=\nvolume=99999999999", {5, "", {}, {}, {}}},
         {"window=800 600\ncolumns=700 3500 800 2400", {100, "", {800, 600}, {700, 3500, 800, 2400}, {}}},
         {"window=800 -600\nwindow=9\ncolumns=700 3500 800\ncolumns=700  800 2400 99999", {100, "", {}, {}, {}}},
+        {"player=control\nplayer=other", {100, "", {}, {}, {}, {ForcedPlayer::Control}}},
         {"stay-open=no\nstay-open=yes", {100, "", {}, {}, {true, {}}}},
         {"shared-frequencies=no", {100, "", {}, {}, {{}, false}}},
     };
@@ -28,7 +29,7 @@ using RememberedStateFile = TempFolder;
 TEST_F(RememberedStateFile, IsNotReplacedWhenItCouldNotBeRead) {
     ProgramState state;
     state.folders.DataPath = folder + "\\";
-    RememberedState remembered(state.form, state.marks, state.UserAgent, state.folders);
+    RememberedState remembered(state.form, state.marks, state.sound, state.UserAgent, state.folders);
     MakeFolder("Quillon.state");
     remembered.Read();
     std::filesystem::remove(PathOf(At("Quillon.state")));

@@ -53,7 +53,9 @@ HRESULT ControlEvents::Invoke(DISPID event, REFIID, LCID, WORD, DISPPARAMS* argu
     if (arguments == nullptr || arguments->cArgs != 1) return DISP_E_BADPARAMCOUNT;
     if (FAILED(VariantChangeType(&state, &arguments->rgvarg[0], 0, VT_I4))) return DISP_E_TYPEMISMATCH;
     state_ = static_cast<PlayState>(state.lVal);
-    if (state_ == Playing) has_failed_ = false;
+    if (state_ != Playing) return S_OK;
+    has_failed_ = false;
+    has_played_ = true;
     return S_OK;
 }
 

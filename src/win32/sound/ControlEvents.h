@@ -29,7 +29,12 @@ class ControlEvents final : public IDispatch {
 
     /// Whether the control has reported an error and has not played since.
     bool HasFailed() const { return has_failed_; }
-    void ForgetFailure() { has_failed_ = false; }
+
+    /// Whether it has played since Forget, or since it was made.
+    bool HasPlayed() const { return has_played_; }
+
+    /// A new address is opened.
+    void Forget() { has_failed_ = has_played_ = false; }
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
@@ -48,6 +53,7 @@ class ControlEvents final : public IDispatch {
     DWORD cookie_ = 0;
     PlayState state_ = Undefined;
     bool has_failed_ = false;
+    bool has_played_ = false;
 };
 
 } // namespace quillon

@@ -85,9 +85,11 @@ PlayState WindowsMediaPlayer::State() {
     const PlayState state = ControlState();
     if (url_.empty() || !(IsEmpty(state) || IsAtRest(state))) return state;
     const bool has_failed = events_ && events_->HasFailed();
-    if (has_failed ? state != Paused : IsEmpty(state) && Now() >= first_sound_by_) GiveUp();
+    const bool has_begun = events_ && events_->HasPlayed();
+    const bool is_on_its_way = IsEmpty(state) || (state == Stopped && !has_begun);
+    if (has_failed ? state != Paused : is_on_its_way && Now() >= first_sound_by_) GiveUp();
     if (override_) return *override_;
-    return IsEmpty(state) ? Transitioning : state;
+    return is_on_its_way ? Transitioning : state;
 }
 
 void WindowsMediaPlayer::GiveUp() {
@@ -104,7 +106,7 @@ void WindowsMediaPlayer::SetUrl(const std::string& url) {
 /// If the address is empty or cools down, this only ends what plays.
 void WindowsMediaPlayer::Open() {
     const bool cools_down = Now() < retries_.NotBefore(url_);
-    if (events_) events_->ForgetFailure();
+    if (events_) events_->Forget();
     const bool taken = core_ && SUCCEEDED(core_->put_URL(ComText(cools_down ? L"" : Wide(url_)).Get()));
     first_sound_by_ = Now() + LongestStart;
     override_.reset();

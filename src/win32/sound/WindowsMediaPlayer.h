@@ -2,7 +2,6 @@
 
 #include "player/RetrySchedule.h"
 #include "ports/LiveFeed.h"
-#include "ports/MediaPlayer.h"
 #include "win32/sound/ControlEvents.h"
 
 #include <optional>
@@ -15,7 +14,7 @@ namespace quillon {
 
 /// The Windows Media Player control, without a window. Works on the thread that creates it, which must dispatch
 /// messages. Calls have no effect if the control, or the part of it that they need, is missing.
-class WindowsMediaPlayer : public MediaPlayer, public LiveFeed {
+class WindowsMediaPlayer : public FeedPlayer {
   public:
     WindowsMediaPlayer();
     ~WindowsMediaPlayer() override;

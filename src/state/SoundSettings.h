@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace quillon {
+
+/// A player that plays every address, whichever suits it better.
+enum class ForcedPlayer { None, BuiltIn, Control };
+
+/// What plays, and where.
+struct SoundSettings {
+    ForcedPlayer Player = ForcedPlayer::None;
+
+    bool operator==(const SoundSettings&) const = default;
+};
+
+} // namespace quillon
