@@ -29,11 +29,18 @@ class SoundServer:
     def control(self, *arguments):
         return subprocess.run(["pactl", *arguments], env={**os.environ, **self.env}, capture_output=True)
 
-    def plug_in(self):
-        self.control("load-module", "module-null-sink", "sink_name=q", "rate=44100").check_returncode()
-        with open(self.recording, "ab") as file:
-            self.processes.start("parec", ["parec", "-d", "q.monitor", "--format=s16le", f"--rate={RATE}",
+    def plug_in(self, sink="q", name="Speakers"):
+        self.control("load-module", "module-null-sink", f"sink_name={sink}", "rate=44100",
+                     f"sink_properties=device.description={name}").check_returncode()
+        if sink == "q":
+            self.record(self.recording, RATE)
+
+    def record(self, path, rate=44100, sink="q"):
+        """Records what a sink plays, from now on, behind what is in the file."""
+        with open(path, "ab") as file:
+            self.processes.start("parec", ["parec", "-d", f"{sink}.monitor", "--format=s16le", f"--rate={rate}",
                                            "--channels=1", "--latency-msec=20"], {**os.environ, **self.env}, stdout=file)
+        return path
 
     def unplug(self):
         """Removes the only sound device; nothing is heard until plug_in()."""

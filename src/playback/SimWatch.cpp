@@ -153,7 +153,7 @@ std::uint32_t SimWatch::FollowedOffset() const {
 bool SimWatch::HushOutOfRange() {
     FeedState& feed = state_.feed;
     if (state_.range.InRange || feed.RadioFeedMarker > 0 || feed.WplMarker > 0) return true;
-    player_.Pause();
+    player_.FadeOut();
     feed.RadioFeedMarker = RadioMarker(feed.FeedCity);
     if (feed.RadioFeedMarker > 0) {
         texts_.ShowTitle(state_.cycle.CaptionBase, {Activity::NetRadio});

@@ -56,12 +56,10 @@ void Attempt::ApplyPause() {
     buffering_since_.reset();
     received_in_pause_ = 0;
     read_after_ = {};
-    if (source_->IsLive()) {
-        speaker_.Close();
-        is_playing_ = false;
-    } else {
-        speaker_.SetPaused(paused);
-    }
+    speaker_.SetPaused(paused, controls_.ramp);
+    if (!source_->IsLive() || !paused) return;
+    speaker_.Close();
+    is_playing_ = false;
 }
 
 bool Attempt::IsPausedTooLong() const {
@@ -181,6 +179,7 @@ std::optional<Outcome> Attempt::AfterUnderrun() {
 
 /// Returns false if no device can play.
 bool Attempt::FeedOutput() {
+    speaker_.SetVolume(controls_.volume);
     while (!queue_.Empty() && !controls_.cancelled && !controls_.paused) {
         if (!speaker_.IsOpen() || queue_.NextFormat() != speaker_.Format()) {
             if (!speaker_.IsIdle()) return true; // the previous format's sound plays to its end first
@@ -194,8 +193,7 @@ bool Attempt::FeedOutput() {
 }
 
 bool Attempt::WriteBlock() {
-    Samples block = queue_.Take(SoundOutput::BlockLength);
-    Scale(block, controls_.volume);
+    const Samples block = queue_.Take(SoundOutput::BlockLength);
     if (!speaker_.Write(block)) return false;
     played_ += Duration(speaker_.Format(), block.size());
     is_playing_ = true;

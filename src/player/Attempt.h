@@ -2,6 +2,7 @@
 
 #include "player/Loudspeaker.h"
 #include "player/Outcome.h"
+#include "player/SmoothSound.h"
 #include "player/SoundReader.h"
 #include "ports/MediaPlayer.h"
 
@@ -16,7 +17,8 @@ namespace quillon {
 struct TransportControls {
     std::atomic<bool> cancelled = false;
     std::atomic<bool> paused = false;
-    std::atomic<int> volume = 100; ///< 0 to 100
+    std::atomic<int> volume = 100;                                  ///< 0 to 100
+    std::atomic<std::chrono::milliseconds> ramp{SmoothSound::Ramp}; ///< of pausing and resuming
 };
 
 /// One try to play one source, from connecting to its end.

@@ -25,15 +25,30 @@ bool Loudspeaker::Open(const PcmFormat& format) {
 bool Loudspeaker::Reopen() {
     output_.reset(); // first, because some devices accept only one user
     output_ = system_.OpenOutput(format_);
+    if (output_) Prepare();
     last_write_ = count_start_ = system_.Now();
     written_ = {};
     return output_ != nullptr;
 }
 
-void Loudspeaker::SetPaused(bool paused) {
+void Loudspeaker::Prepare() {
+    output_->SetVolume(volume_);
+    const auto ramp = std::exchange(first_ramp_, 0ms);
+    if (ramp == 0ms) return;
+    output_->SetPaused(true, 0ms);
+    output_->SetPaused(false, ramp);
+}
+
+void Loudspeaker::SetPaused(bool paused, std::chrono::milliseconds ramp) {
+    if (!output_) first_ramp_ = ramp;
     if (!output_) return;
-    output_->SetPaused(paused);
+    output_->SetPaused(paused, ramp);
     last_write_ = system_.Now();
+}
+
+void Loudspeaker::SetVolume(int volume) {
+    volume_ = volume;
+    if (output_) output_->SetVolume(volume);
 }
 
 bool Loudspeaker::Write(const Samples& samples) {

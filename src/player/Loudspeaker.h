@@ -16,11 +16,14 @@ class Loudspeaker {
     /// Opens the default device for the format, closing the one in use. Returns false if no device can play.
     bool Open(const PcmFormat& format);
 
-    /// Silences and closes the device at once.
+    /// Silences the device by the latest pause's ramp and closes it.
     void Close() { output_.reset(); }
 
-    /// Pauses at once, or resumes where it paused.
-    void SetPaused(bool paused);
+    /// Pauses at the end of a ramp, or resumes where it paused; a device that is opened later begins like that.
+    void SetPaused(bool paused, std::chrono::milliseconds ramp);
+
+    /// 0 to 100.
+    void SetVolume(int volume);
 
     bool IsOpen() const { return output_ != nullptr; }
     const PcmFormat& Format() const { return format_; }
@@ -43,12 +46,15 @@ class Loudspeaker {
   private:
     bool SwitchDevice();
     bool Reopen();
+    void Prepare();
     bool PlaysTooFast() const;
     void Count(const Samples& samples);
 
     PlayerSystem& system_;
     std::unique_ptr<SoundOutput> output_;
     PcmFormat format_;
+    int volume_ = 100;
+    std::chrono::milliseconds first_ramp_{0}; // of the next device to be opened; 0: the usual one
     std::chrono::milliseconds last_write_{0};
     std::chrono::milliseconds count_start_{0}; // when counting began
     std::chrono::microseconds written_{0};     // sound since then

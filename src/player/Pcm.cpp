@@ -22,10 +22,6 @@ void AppendAs16Bit(ByteView data, unsigned bits, Samples& samples) {
     }
 }
 
-void Scale(std::span<std::int16_t> samples, int volume) {
-    for (std::int16_t& sample : samples) sample = static_cast<std::int16_t>(sample * volume / 100);
-}
-
 void PcmQueue::Push(const PcmFormat& format, Samples samples) {
     if (samples.empty()) return;
     length_ += Duration(format, samples.size());

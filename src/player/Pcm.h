@@ -26,9 +26,6 @@ std::chrono::microseconds Duration(const PcmFormat& format, std::size_t samples)
 /// Appends little-endian samples of 8 (unsigned), 16, 24 or 32 bits as 16 bits. `data` holds whole samples.
 void AppendAs16Bit(ByteView data, unsigned bits, Samples& samples);
 
-/// Scales the amplitude to `volume` per cent, 0 to 100.
-void Scale(std::span<std::int16_t> samples, int volume);
-
 /// Decoded sound waiting to be played. Its format may change midway.
 class PcmQueue {
   public:

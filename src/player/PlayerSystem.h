@@ -39,7 +39,8 @@ class SoundDecoder {
     virtual PcmFormat Format() const = 0;
 };
 
-/// A sound device playing one format. No call waits for sound to be played. Destroying it silences it at once.
+/// A sound device playing one format, without clicks (see SmoothSound). No call waits for sound to be played,
+/// but destroying it waits until it has been silenced, by a ramp unless it is paused.
 class SoundOutput {
   public:
     virtual ~SoundOutput() = default;
@@ -47,7 +48,7 @@ class SoundOutput {
     /// Longest block for one Write.
     static constexpr std::chrono::milliseconds BlockLength{100};
 
-    /// Whether Write would accept a block now; false while about 200 ms are queued.
+    /// Whether Write would accept a block now; false while about 400 ms are queued.
     virtual bool HasRoom() = 0;
 
     /// Queues a block. Returns false if the device has failed.
@@ -56,8 +57,11 @@ class SoundOutput {
     /// Whether everything queued has been played.
     virtual bool IsIdle() = 0;
 
-    /// Pauses at once, or resumes where it paused.
-    virtual void SetPaused(bool paused) = 0;
+    /// 0 to 100; also of what is queued.
+    virtual void SetVolume(int volume) = 0;
+
+    /// Pauses at the end of a ramp, or resumes where it paused.
+    virtual void SetPaused(bool paused, std::chrono::milliseconds ramp) = 0;
 };
 
 /// What a session needs of the operating system. Used on the session's own thread, except Wake.

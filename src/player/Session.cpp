@@ -166,7 +166,8 @@ void Session::Cancel() {
     system_->Wake();
 }
 
-void Session::Pause() {
+void Session::Pause(milliseconds ramp) {
+    controls_.ramp = ramp;
     controls_.paused = true;
     system_->Wake();
 }

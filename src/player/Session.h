@@ -27,9 +27,9 @@ class Session {
     /// Ends the session; silences it at once.
     void Cancel();
 
-    /// Silences the session at once. A file resumes where it was, a live stream at its present; one that stays
-    /// paused for long is disconnected until then.
-    void Pause();
+    /// Silences the session along a ramp; it resumes along one of the same length. A file resumes where it was,
+    /// a live stream at its present; one that stays paused for long is disconnected until then.
+    void Pause(std::chrono::milliseconds ramp);
     void Resume();
     void SetVolume(int volume);
 

@@ -74,11 +74,11 @@ void SessionPlayer::Play() {
     }
 }
 
-void SessionPlayer::Pause() {
+void SessionPlayer::PauseAlong(std::chrono::milliseconds ramp) {
     wants_pause_ = true;
-    if (!session_ || session_->HasEnded()) return;
+    if (paused_ || !session_ || session_->HasEnded()) return;
     paused_ = true;
-    session_->Pause();
+    session_->Pause(ramp);
 }
 
 void SessionPlayer::Stop() {

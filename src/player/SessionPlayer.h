@@ -1,6 +1,7 @@
 #pragma once
 
 #include "player/PlayerSystem.h"
+#include "player/SmoothSound.h"
 #include "ports/LiveFeed.h"
 
 #include <functional>
@@ -19,6 +20,9 @@ class SessionPlayer : public FeedPlayer {
     using MakeSystem = std::function<std::unique_ptr<PlayerSystem>()>;
     using RunSession = std::function<void(std::shared_ptr<Session>)>;
 
+    /// How long a feed that leaves its range takes to fall silent.
+    static constexpr std::chrono::milliseconds Fade{300};
+
     /// The user agent is "Quillon/" and `program_version` unless SetUserAgent changes it. `run` starts a
     /// session without waiting for it; it throws std::system_error if it cannot.
     SessionPlayer(const std::string& program_version, MakeSystem make_system, RunSession run);
@@ -34,7 +38,8 @@ class SessionPlayer : public FeedPlayer {
 
     PlayState State() override;
     void Play() override;
-    void Pause() override;
+    void Pause() override { PauseAlong(SmoothSound::Ramp); }
+    void FadeOut() override { PauseAlong(Fade); }
     void Stop() override;
     void SetVolume(int volume) override;
 
@@ -47,6 +52,7 @@ class SessionPlayer : public FeedPlayer {
     bool IsUnsupported() const;
 
   private:
+    void PauseAlong(std::chrono::milliseconds ramp);
     void Start();
     void EndSession();
 

@@ -58,6 +58,10 @@ void TwoPlayers::Pause() {
     if (State() != Paused) active_->Pause();
 }
 
+void TwoPlayers::FadeOut() {
+    if (State() != Paused) active_->FadeOut();
+}
+
 void TwoPlayers::Stop() {
     Learn();
     active_->Stop();

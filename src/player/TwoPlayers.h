@@ -27,6 +27,7 @@ class TwoPlayers : public FeedPlayer {
     PlayState State() override;
     void Play() override;
     void Pause() override;
+    void FadeOut() override;
     void Stop() override;
     void SetVolume(int volume) override;
 

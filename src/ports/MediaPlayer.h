@@ -38,6 +38,9 @@ class MediaPlayer {
     /// Silence at once; a file keeps its position, a live stream resumes live.
     virtual void Pause() = 0;
 
+    /// Pauses like a radio that leaves its range, if the player can; Play then comes back likewise.
+    virtual void FadeOut() { Pause(); }
+
     /// Stops at once, keeping the address.
     virtual void Stop() = 0;
 

@@ -1,4 +1,5 @@
 """Which player the real Quillon.exe chooses, and what becomes of the sound when the device disappears."""
+import array
 import subprocess
 import sys
 import unittest
@@ -6,7 +7,8 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
 from world.feeds import FEEDS
-from world.sound import tone_level
+from world.processes import wait_until
+from world.sound import level, tone_level
 from world.wine import Copilot
 from world.world import World
 
@@ -26,7 +28,44 @@ class Players(unittest.TestCase):
         self.assertGreater(tone_level(self.world.sound.last(5), 900), 0.01)
         self.assertEqual(self.world.copilot.ask("control Z:\\none.wav 200"), "partial 9 1")
 
-    def test_2_without_it_the_built_in_player_plays_and_finds_a_device_that_comes_back(self):
+    def test_2_begins_pauses_resumes_ends_and_stops_without_clicks(self):
+        """A tone of 440 Hz at half scale, which itself makes no step larger than 0.032."""
+        folder, copilot = self.world.folder, self.world.copilot
+        subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "sine=frequency=440:duration=4,volume=4",
+                        "-ar", "44100", folder / "tone.wav"], check=True)
+        (folder / "tone.wpl").write_text("<?wpl?><smil><media src='tone.wav'/></smil>")
+        catalogue = self.world.data / "live_atc_feeds.txt"
+        feeds = catalogue.read_bytes()
+        catalogue.write_text(f"AAAA|Tone|Z:{folder}\\tone.wpl|118.00\r\n")
+        quillon = self.world.start_quillon()
+        copilot.ask("click optManual")
+        recording = self.world.sound.record(folder / "tone.raw")
+
+        def samples():
+            return array.array("h", recording.read_bytes()[:recording.stat().st_size // 2 * 2])
+
+        def sounds_on(click):
+            """Milliseconds that are heard after a click, with what sound server and recorder add."""
+            wait_until("the tone", lambda: tone_level(self.world.sound.last(0.3), 440) > 0.3, 5)
+            clicked = recording.stat().st_size // 2
+            copilot.ask(f"click {click}")
+            wait_until("silence", lambda: level(self.world.sound.last(0.2)) == 0, 5)
+            return (max(at for at, sample in enumerate(samples()) if sample) - clicked) / 44.1
+
+        copilot.ask("rowclick 1")
+        for _ in range(3):
+            self.assertLess(sounds_on("StripPause"), 250)
+            copilot.ask("click StripPlay")
+        wait_until("the end", lambda: level(self.world.sound.last(0.5)) == 0, 10)
+        self.assertAlmostEqual(sum(abs(sample) > 300 for sample in samples()) / 44100, 3.95, delta=0.05)
+        copilot.ask("click StripPlay")
+        self.assertLess(sounds_on("StripStop"), 250)
+        self.assertLess(max(abs(a - b) for a, b in zip(samples(), samples()[1:])) / 32768, 0.1)
+        copilot.ask("close QuillonMain")
+        quillon.wait(10)
+        catalogue.write_bytes(feeds)
+
+    def test_3_without_it_the_built_in_player_plays_and_finds_a_device_that_comes_back(self):
         self.world.prefix.env["WINEDLLOVERRIDES"] += ";wmp=d"
         self.assertEqual(Copilot(self.world.processes, self.world.prefix).ask("control"), "missing")
         self.world.start_quillon()

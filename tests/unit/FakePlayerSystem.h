@@ -43,6 +43,7 @@ struct World {
 
     milliseconds now{0};
     std::string states; // the session's, at each change
+    std::string ramps;  // of its pauses and resumptions
     std::string opened; // formats the device was opened with
     milliseconds heard{0};
     std::set<int> levels;                                    // samples heard
@@ -129,10 +130,13 @@ class FakeOutput : public SoundOutput {
         const auto length = std::chrono::duration_cast<milliseconds>(Duration(format_, samples.size()));
         end_ = Now() + Left() + length;
         world_.heard += length;
-        world_.levels.insert(samples.begin(), samples.end());
+        for (const int sample : samples) world_.levels.insert(sample * volume_ / 100);
         return true;
     }
-    void SetPaused(bool paused) override {
+    void SetVolume(int volume) override { volume_ = volume; }
+    void SetPaused(bool paused, milliseconds ramp) override {
+        if (paused == paused_) return;
+        world_.ramps += std::to_string(ramp.count()) + " ";
         const milliseconds left = Left();
         paused_ = paused;
         if (paused) paused_left_ = left;
@@ -154,6 +158,7 @@ class FakeOutput : public SoundOutput {
     milliseconds end_{0};
     milliseconds paused_left_{0};
     bool paused_ = false;
+    int volume_ = 100;
 };
 
 class FakeSystem : public PlayerSystem {

@@ -171,6 +171,10 @@ class FakePlayer : public FeedPlayer {
     void Pause() override {
         if (state == Playing) state = Paused;
     }
+    void FadeOut() override {
+        ++fades;
+        Pause();
+    }
     void Stop() override { state = Stopped; }
     void SetVolume(int new_volume) override { volume = new_volume; }
     std::string Title() const override { return title; }
@@ -181,6 +185,7 @@ class FakePlayer : public FeedPlayer {
     std::vector<std::string> urls; ///< all it was given
     PlayState state = Undefined;
     int volume = -1;
+    int fades = 0;
     std::string title;
     int reloads = 0;
     std::string user_agent;

@@ -153,6 +153,7 @@ TEST_F(Flight, FollowsRangePauseAndTheChosenRadio) {
     EXPECT_EQ(player.state, Paused);
     Tick();
     EXPECT_EQ(state().form.Caption, "Quillon -OR");
+    EXPECT_GT(player.fades, 0);
     simulator.FlyTo(43, -79);
     Tick();
     Tick();

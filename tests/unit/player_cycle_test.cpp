@@ -214,6 +214,18 @@ TEST(Player, KeepsVolumeAndNameFromFeedToFeed) {
     EXPECT_EQ(in.world.agents, (std::set<std::string>{"Quillon/1.0", "me (at home)"}));
 }
 
+TEST(Player, FadesAtTheEdgeOfTheRangeOnly) {
+    PlayerInWorld in;
+    in.world.servers["/a"] = {Ok, IoStatus::Ok};
+    in.player.SetUrl(Url);
+    in.EverySecond(1s, 3s, [&in] { in.player.FadeOut(); });
+    in.At(4s, [&in] { in.player.Play(); });
+    in.At(5s, [&in] { in.player.Pause(); });
+    in.At(6s, [&in] { in.player.Play(); });
+    in.RunTo(7s);
+    EXPECT_EQ(in.world.ramps, "300 0 300 10 0 10 ");
+}
+
 TEST(Player, KeepsItsWaitWhenToldTheSameAgain) {
     PlayerInWorld in;
     in.world.servers["/a"] = NotFound;

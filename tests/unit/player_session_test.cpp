@@ -131,7 +131,7 @@ TEST(Session, ScalesItsSound) {
 
 /// Pauses from 0.5 s to 5 s.
 void AddPause(World& world) {
-    world.events.emplace(500ms, [](Session& session) { session.Pause(); });
+    world.events.emplace(500ms, [](Session& session) { session.Pause(SmoothSound::Ramp); });
     world.events.emplace(510ms, [&world](Session&) { EXPECT_FALSE(world.audible()); });
     world.events.emplace(5s, [](Session& session) { session.Resume(); });
     world.events.emplace(5100ms, [&world](Session&) { EXPECT_TRUE(world.audible()); });
@@ -153,7 +153,7 @@ TEST(Session, ALiveStreamResumesAtThePresent) {
 TEST(Session, APausedFileWithoutALengthIsNotDownloaded) {
     World world;
     world.servers["/a"] = {Ok + Frames(4000)};
-    world.events.emplace(1s, [](Session& session) { session.Pause(); });
+    world.events.emplace(1s, [](Session& session) { session.Pause(SmoothSound::Ramp); });
     world.events.emplace(2s, [&](Session&) { EXPECT_GT(world.sent, 512 * 1024U) << "may still be live"; });
     world.over = After(50s);
     RunSession(world, "http://h/a");
@@ -293,7 +293,7 @@ TEST(Session, DisconnectsALongPausedStreamAndReconnects) {
     for (const IoStatus then : {IoStatus::Ok, IoStatus::Failed, IoStatus::WouldBlock}) {
         World world;
         world.servers["/a"] = {Ok + Frames(200), then};
-        world.events.emplace(1s, [](Session& session) { session.Pause(); });
+        world.events.emplace(1s, [](Session& session) { session.Pause(SmoothSound::Ramp); });
         world.events.emplace(5min, [&](Session& session) {
             EXPECT_EQ(world.asked.size(), 1U);
             EXPECT_TRUE(session.IsWaiting());

@@ -4,6 +4,34 @@
 
 namespace quillon {
 
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto LongestQueue = 400ms; // outlasts a fade, and bridges delays
+constexpr auto BlockLength = 10ms;
+constexpr auto FirstLead = 20ms;
+constexpr auto LongestLead = 160ms;
+
+/// A device that begins with less runs dry at once.
+constexpr auto FirstBlock = 70ms;
+
+/// Silence in front of the sound, of which a device that has been at rest swallows some.
+constexpr auto LeadIn = 10ms;
+
+/// Silence behind the sound. A sound server may keep the last of what it gets to itself.
+constexpr auto Tail = 100ms;
+
+constexpr auto LongestClose = 600ms; // a fade and the tail
+constexpr auto CheckInterval = 1s;
+
+std::chrono::microseconds Now() {
+    using namespace std::chrono;
+    return duration_cast<microseconds>(steady_clock::now().time_since_epoch());
+}
+
+} // namespace
+
 /// The device's own thread clears the flag.
 bool WaveOut::Block::IsQueued() const {
     const volatile DWORD& flags = header.dwFlags;
@@ -18,56 +46,167 @@ std::unique_ptr<WaveOut> WaveOut::Open(const PcmFormat& format, HANDLE wake) {
     wave.wBitsPerSample = 16;
     wave.nBlockAlign = static_cast<WORD>(format.channels * 2);
     wave.nAvgBytesPerSec = format.sample_rate * wave.nBlockAlign;
+    HANDLE due = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     HWAVEOUT device = nullptr;
-    if (waveOutOpen(&device, WAVE_MAPPER, &wave, reinterpret_cast<DWORD_PTR>(wake), 0, CALLBACK_EVENT) !=
+    if (waveOutOpen(&device, WAVE_MAPPER, &wave, reinterpret_cast<DWORD_PTR>(due), 0, CALLBACK_EVENT) ==
         MMSYSERR_NOERROR)
-        return nullptr;
-    return std::make_unique<WaveOut>(device, format);
+        return std::make_unique<WaveOut>(device, due, format, wake);
+    CloseHandle(due);
+    return nullptr;
 }
 
+WaveOut::WaveOut(HWAVEOUT device, HANDLE due, const PcmFormat& format, HANDLE wake)
+    : format_(format),
+      wake_(wake),
+      due_(due),
+      device_(device),
+      sound_(format),
+      lead_(FirstLead),
+      thread_([this] { Feed(); }) {}
+
 WaveOut::~WaveOut() {
+    {
+        const std::lock_guard lock(mutex_);
+        closing_ = true;
+        close_by_ = Now() + LongestClose;
+        if (!sound_.IsPaused()) sound_.SetPaused(true);
+    }
+    SetEvent(due_.Get());
+    thread_.join();
     waveOutReset(device_.Get());
     for (Block& block : blocks_) Release(block);
 }
 
 bool WaveOut::HasRoom() {
-    std::size_t queued = 0;
-    std::size_t free = blocks_.size();
-    for (const Block& block : blocks_) {
-        if (!block.IsQueued()) continue;
-        queued += block.samples.size();
-        --free;
-    }
-    return free > 0 && queued < longest_queue_;
+    const std::lock_guard lock(mutex_);
+    is_full_ = sound_.Length() >= LongestQueue;
+    return !is_full_;
 }
 
 bool WaveOut::IsIdle() {
-    return std::none_of(blocks_.begin(), blocks_.end(), [](const Block& block) { return block.IsQueued(); });
+    const std::lock_guard lock(mutex_);
+    return sound_.Length() == 0us && Now() >= sound_until_;
 }
 
 bool WaveOut::Write(const Samples& samples) {
+    const std::lock_guard lock(mutex_);
+    const bool was_silent = sound_.IsSilent();
+    sound_.Push(samples);
+    if (was_silent) SetEvent(due_.Get());
+    return !has_failed_;
+}
+
+void WaveOut::SetVolume(int volume) {
+    const std::lock_guard lock(mutex_);
+    sound_.SetVolume(volume);
+}
+
+void WaveOut::SetPaused(bool paused, std::chrono::milliseconds ramp) {
+    const std::lock_guard lock(mutex_);
+    sound_.SetPaused(paused, ramp);
+    SetEvent(due_.Get());
+}
+
+void WaveOut::Feed() {
+    SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_TIME_CRITICAL);
+    std::unique_lock lock(mutex_);
+    for (Time now = Now(); !IsOver(now); now = Now()) {
+        GiveWhatIsDue(now);
+        const auto pause = std::chrono::ceil<std::chrono::milliseconds>(NextLook(now));
+        lock.unlock();
+        WaitForSingleObject(due_.Get(), static_cast<DWORD>(pause.count()));
+        lock.lock();
+    }
+}
+
+/// A device that hangs or has failed is not waited for.
+bool WaveOut::IsOver(Time now) const {
+    if (!closing_) return false;
+    return has_failed_ || now >= close_by_ ||
+           (sound_.IsSilent() && now >= std::min(given_until_, sound_until_ + Tail));
+}
+
+/// How long the device can do without more.
+WaveOut::Time WaveOut::NextLook(Time now) const {
+    const bool rests = sound_.IsSilent() && now >= sound_until_ + Tail;
+    if (rests && !closing_) return 1s;
+    return std::clamp<Time>(given_until_ - now - lead_, 1ms, BlockLength);
+}
+
+void WaveOut::GiveWhatIsDue(Time now) {
+    const bool runs_dry = now >= given_until_;
+    if (sound_.IsSilent() && (runs_dry || given_until_ >= sound_until_ + Tail)) return;
+    if (runs_dry) Begin(now);
+    while (!has_failed_ && given_until_ - now < lead_) {
+        if (QueuedBlocks() > lead_ / BlockLength + 1)
+            given_until_ = now + lead_; // its clock is the slower one
+        else
+            Give(BlockLength, 0ms);
+    }
+    CheckPosition(now);
+    if (!is_full_ || sound_.Length() > LongestQueue - SoundOutput::BlockLength) return;
+    is_full_ = false;
+    SetEvent(wake_);
+}
+
+/// If it was in the midst of sound, this thread came late and may do so again.
+void WaveOut::Begin(Time now) {
+    const bool is_late = given_until_ > 0us && given_until_ == sound_until_;
+    if (is_late) lead_ = std::min<Time>(lead_ * 2, LongestLead);
+    given_until_ = now;
+    checked_ = now;
+    checked_bytes_ = PlayedBytes();
+    Give(FirstBlock, LeadIn);
+}
+
+/// Counts a little less than the block lasts, because the device's clock may be the faster one.
+void WaveOut::Give(Time length, Time lead_in) {
     const auto block =
         std::find_if(blocks_.begin(), blocks_.end(), [](const Block& b) { return !b.IsQueued(); });
-    if (block == blocks_.end()) return false;
+    given_until_ += length - length / 10'000;
+    if (block == blocks_.end()) return;
     Release(*block);
-    block->samples = samples;
+    block->samples.assign(SamplesIn(length), 0);
+    if (!sound_.IsSilent()) sound_until_ = given_until_;
+    sound_.Take(std::span(block->samples).subspan(SamplesIn(lead_in)));
     block->header.lpData = reinterpret_cast<LPSTR>(block->samples.data());
     block->header.dwBufferLength = static_cast<DWORD>(block->samples.size() * sizeof(std::int16_t));
-    return waveOutPrepareHeader(device_.Get(), &block->header, sizeof block->header) == MMSYSERR_NOERROR &&
-           waveOutWrite(device_.Get(), &block->header, sizeof block->header) == MMSYSERR_NOERROR;
+    has_failed_ =
+        waveOutPrepareHeader(device_.Get(), &block->header, sizeof block->header) != MMSYSERR_NOERROR ||
+        waveOutWrite(device_.Get(), &block->header, sizeof block->header) != MMSYSERR_NOERROR;
+}
+
+/// A device that is gone may return blocks at once, unplayed.
+void WaveOut::CheckPosition(Time now) {
+    if (now - checked_ < CheckInterval) return;
+    const DWORD bytes = PlayedBytes();
+    const auto played = Duration(format_, (bytes - checked_bytes_) / sizeof(std::int16_t));
+    has_failed_ = has_failed_ || played < (now - checked_) / 4;
+    checked_ = now;
+    checked_bytes_ = bytes;
+}
+
+std::size_t WaveOut::SamplesIn(Time length) const {
+    const auto frames = static_cast<std::uint64_t>(length.count()) * format_.sample_rate / 1'000'000;
+    return static_cast<std::size_t>(frames * format_.channels);
+}
+
+DWORD WaveOut::PlayedBytes() const {
+    MMTIME time{};
+    time.wType = TIME_BYTES;
+    waveOutGetPosition(device_.Get(), &time, sizeof time);
+    return time.u.cb;
+}
+
+long WaveOut::QueuedBlocks() const {
+    return static_cast<long>(
+        std::count_if(blocks_.begin(), blocks_.end(), [](const Block& block) { return block.IsQueued(); }));
 }
 
 void WaveOut::Release(Block& block) {
     if ((block.header.dwFlags & WHDR_PREPARED) != 0)
         waveOutUnprepareHeader(device_.Get(), &block.header, sizeof block.header);
     block.header = {};
-}
-
-void WaveOut::SetPaused(bool paused) {
-    if (paused)
-        waveOutPause(device_.Get());
-    else
-        waveOutRestart(device_.Get());
 }
 
 } // namespace quillon

@@ -1,31 +1,38 @@
 #pragma once
 
 #include "player/PlayerSystem.h"
+#include "player/SmoothSound.h"
 #include "win32/system/Handle.h"
 
 #include <windows.h>
 
 #include <array>
 #include <mmsystem.h>
+#include <mutex>
+#include <thread>
 
 namespace quillon {
 
-/// Plays on the user's default wave device.
+/// Plays on a wave device. What a device has been given cannot be taken back without a click, so a thread of
+/// its own gives it little at a time: when the sound pauses, 20 ms and the ramp are still to be heard.
 class WaveOut : public SoundOutput {
   public:
-    /// Null if there is no device for the format. `wake` is set whenever a block has been played.
+    /// Null if there is no device for the format. `wake` is set whenever there is room again.
     static std::unique_ptr<WaveOut> Open(const PcmFormat& format, HANDLE wake);
 
-    WaveOut(HWAVEOUT device, const PcmFormat& format)
-        : device_(device), longest_queue_(std::size_t{format.sample_rate} * format.channels / 5) {}
+    /// Takes over an open device that sets `due` whenever it has played a block.
+    WaveOut(HWAVEOUT device, HANDLE due, const PcmFormat& format, HANDLE wake);
     ~WaveOut() override;
 
     bool HasRoom() override;
     bool Write(const Samples& samples) override;
     bool IsIdle() override;
-    void SetPaused(bool paused) override;
+    void SetVolume(int volume) override;
+    void SetPaused(bool paused, std::chrono::milliseconds ramp) override;
 
   private:
+    using Time = std::chrono::microseconds; // of the steady clock
+
     struct Block {
         WAVEHDR header{};
         Samples samples;
@@ -33,13 +40,39 @@ class WaveOut : public SoundOutput {
         bool IsQueued() const;
     };
 
+    void Feed();
+    void GiveWhatIsDue(Time now);
+    bool IsOver(Time now) const;
+    Time NextLook(Time now) const;
+    void Begin(Time now);
+    void Give(Time length, Time lead_in);
+    void CheckPosition(Time now);
+    std::size_t SamplesIn(Time length) const;
+    DWORD PlayedBytes() const;
+    long QueuedBlocks() const;
     void Release(Block& block);
 
-    static void Close(HWAVEOUT device) { waveOutClose(device); }
+    static void CloseDevice(HWAVEOUT device) { waveOutClose(device); }
+    static void CloseEvent(HANDLE event) { CloseHandle(event); }
 
-    std::array<Block, 5> blocks_; // declared first: they must outlive the open device
-    Handle<HWAVEOUT, Close> device_;
-    std::size_t longest_queue_; // samples, 200 ms: enough to bridge delays, yet a new volume is heard soon
+    const PcmFormat format_;
+    const HANDLE wake_; // of the session
+    Handle<HANDLE, CloseEvent> due_;
+    std::array<Block, 20> blocks_; // declared before the device: they must outlive it
+    Handle<HWAVEOUT, CloseDevice> device_;
+
+    std::mutex mutex_; // guards the rest
+    SmoothSound sound_;
+    bool is_full_ = false;
+    bool has_failed_ = false;
+    bool closing_ = false;
+    Time close_by_{0};
+    Time given_until_{0}; // when all that the device has been given will have been played,
+    Time sound_until_{0}; // and the last of it that is sound
+    Time lead_;           // how far ahead the device is given sound
+    Time checked_{0};     // when its position was, and what that was
+    DWORD checked_bytes_ = 0;
+    std::thread thread_;
 };
 
 } // namespace quillon
