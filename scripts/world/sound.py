@@ -24,14 +24,16 @@ class SoundServer:
         wait_until("the sound server", lambda: self.control("info").returncode == 0, 10)
         self.processes = processes
         self.recording = folder / "heard.raw"
+        self.modules = {}
         self.plug_in()
 
     def control(self, *arguments):
         return subprocess.run(["pactl", *arguments], env={**os.environ, **self.env}, capture_output=True)
 
     def plug_in(self, sink="q", name="Speakers"):
-        self.control("load-module", "module-null-sink", f"sink_name={sink}", "rate=44100",
-                     f"sink_properties=device.description={name}").check_returncode()
+        module = self.control("load-module", "module-null-sink", f"sink_name={sink}", "rate=44100",
+                              f"sink_properties=device.description={name}")
+        self.modules[sink] = module.stdout.decode().strip()
         if sink == "q":
             self.record(self.recording, RATE)
 
@@ -42,9 +44,9 @@ class SoundServer:
                                            "--channels=1", "--latency-msec=20"], {**os.environ, **self.env}, stdout=file)
         return path
 
-    def unplug(self):
-        """Removes the only sound device; nothing is heard until plug_in()."""
-        self.control("unload-module", "module-null-sink").check_returncode()
+    def unplug(self, sink="q"):
+        """Removes a sound device; nothing is heard of it until plug_in()."""
+        self.control("unload-module", self.modules.pop(sink)).check_returncode()
 
     def last(self, seconds):
         """The most recent sound, as samples."""

@@ -3,6 +3,9 @@
 #include "app/Parts.h"
 #include "playback/CurrentFeed.h"
 
+#include <array>
+#include <utility>
+
 namespace quillon {
 
 namespace {
@@ -79,6 +82,8 @@ constexpr Command PreferencesMenu[] = {
     Separator,
     {Command::mnuSetMute, "Set Default &Mute Key", [](Parts& p) { p.preferences.mnuSetMute_Click(); }},
     Separator,
+    {Command::SoundDevices, "Sound &Device"},
+    Separator,
     {Command::mnuPlaylist, "&Enable Playlists"},
     Separator,
     {Command::SharedFrequenciesMark, "Airports may share fre&quencies",
@@ -88,6 +93,14 @@ constexpr Command PreferencesMenu[] = {
      [](Parts& p) { Turn(p, p.state.marks.StayOpen); }, Idle,
      [](const ProgramState& state) { return state.marks.StayOpen.value_or(false); }},
 };
+
+template <std::size_t... Entry>
+constexpr auto SoundDeviceCommands(std::index_sequence<Entry...>) {
+    return std::array{Command{Command::DefaultSoundDevice + static_cast<int>(Entry), "",
+                              [](Parts& p) { p.sound_menu.Pick(Entry); }}...};
+}
+
+constexpr auto SoundDevicesMenu = SoundDeviceCommands(std::make_index_sequence<Command::MostSoundDevices>());
 
 constexpr Command HelpMenu[] = {
     {Command::HelpPages, "&Help Pages\tF1", [](Parts& p) { p.help.ShowHelp(); }},
@@ -130,8 +143,8 @@ constexpr Command InNoMenu[] = {
     {Command::frmShow_FSUIPC_Command1, "", [](Parts& p) { p.status.Command1_Click(); }, Always},
 };
 
-constexpr std::span<const Command> Tables[] = {FileMenu, SearchMenu, PreferencesMenu,
-                                               HelpMenu, ListMenu,   InNoMenu};
+constexpr std::span<const Command> Tables[] = {FileMenu, SearchMenu, PreferencesMenu, HelpMenu,
+                                               ListMenu, InNoMenu,   SoundDevicesMenu};
 
 } // namespace
 

@@ -52,11 +52,18 @@ struct Command {
         StayOpenMark = 2024,
         SharedFrequenciesMark = 2025,
 
+        SoundDevices = 2040,       ///< a menu
+        SoundDevicesNote = 2041,   ///< its last entry
+        DefaultSoundDevice = 2100, ///< the first of its entries
+
         // These have no control or menu entry of their own.
         lvwDB_ItemClick = 3001,
         Form_Click = 3003,
         frmShow_FSUIPC_Command1 = 3004,
     };
+
+    /// Entries of the menu of sound devices, with the default one.
+    static constexpr std::size_t MostSoundDevices = 32;
 
     int Number = 0;                    ///< an Id; 0 for a menu's separator
     const char* Text = "";             ///< of the menu entry, with its key after a tab: "Ctrl+Shift+F", "F3"

@@ -20,7 +20,8 @@ Ports WithClock(const Ports& ports, Clock& clock) {
             .keyboard = ports.keyboard,
             .printer = ports.printer,
             .probe = ports.probe,
-            .background = ports.background};
+            .background = ports.background,
+            .devices = ports.devices};
 }
 
 } // namespace

@@ -13,11 +13,13 @@
 #include "app/Preferences.h"
 #include "app/PrintCommand.h"
 #include "app/ShutDown.h"
+#include "app/SoundMenu.h"
 #include "app/StartUp.h"
 #include "app/StayOpen.h"
 #include "playback/AutomaticTuning.h"
 #include "playback/ManualMonitoring.h"
 #include "playback/MuteKey.h"
+#include "playback/Notices.h"
 #include "playback/RecordedChatter.h"
 #include "playback/SelectionModes.h"
 #include "simlink/SimConnection.h"
@@ -64,6 +66,7 @@ struct Parts {
                      command_line};
     PlayerDisplay display{state, texts, ports.player, ports.live, ports.shell};
     Notices notices{texts, clock};
+    SoundMenu sound_menu{state.form.SoundDevices, state.sound, ports.devices, notices};
     TuningCheck tuning_check{state.radio, notices, clock};
     SimWatch sim{state, texts, link, readout, gate, stay_open, tuning_check, range, ports.player};
     FeedIndex index{state.form.lvwDB};

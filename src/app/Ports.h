@@ -14,6 +14,7 @@
 #include "ports/Prompts.h"
 #include "ports/RegionalSettings.h"
 #include "ports/Shell.h"
+#include "ports/SoundDevices.h"
 #include "ports/UserFiles.h"
 
 namespace quillon {
@@ -36,6 +37,7 @@ struct Ports {
     Printer& printer;
     FeedProbe& probe;
     Background& background;
+    SoundDevices& devices;
 };
 
 } // namespace quillon

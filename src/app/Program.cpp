@@ -76,7 +76,12 @@ void Program::PollLinkAndMuteKey() {
     const bool asks = parts_->gate.Waiting() || !state_.cycle.optManual(); // or it has been given up
     parts_->texts.ShowWaiting(asks && parts_->link.Unanswered() >= Patience);
     parts_->notices.Expire();
+    parts_->sound_menu.Watch();
     if (!state_.Busy) parts_->mute_key.Timer5_Timer();
+}
+
+void Program::OpenMenu() {
+    Handle([this] { parts_->sound_menu.Refresh(); });
 }
 
 void Program::SelectRow(std::optional<std::size_t> row) {

@@ -37,6 +37,9 @@ class Program {
     /// A tick of the form timer of that number, 1 to 5.
     void TimerTick(int id);
 
+    /// A menu of the menu bar is about to be shown.
+    void OpenMenu();
+
     /// The user selected a row of the list, or none; clicked a header; double-clicked a row; gave a column
     /// another width (twips).
     void SelectRow(std::optional<std::size_t> row);

@@ -97,6 +97,7 @@ void StartUp::RestorePlayer() {
     ports_.player.SetVolume(state_.form.Volume);
     ports_.live.SetUserAgent(state_.UserAgent);
     ports_.live.Force(state_.sound.Player);
+    ports_.devices.Use(state_.sound.Device);
 }
 
 void StartUp::LoadData() {

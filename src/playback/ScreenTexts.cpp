@@ -45,7 +45,8 @@ constexpr const char* DistanceTexts[] = {
 constexpr const char* NoFeed = "*";
 
 std::string NoticeText(const Notice& notice) {
-    return "The radio did not take " + notice.Frequency;
+    const bool refused = notice.What == NoticeKind::RadioRefused;
+    return (refused ? "The radio did not take " : "Sound device gone: ") + notice.About;
 }
 
 const ActivityTexts& TextsOf(Activity what) {

@@ -180,6 +180,7 @@ std::optional<Outcome> Attempt::AfterUnderrun() {
 /// Returns false if no device can play.
 bool Attempt::FeedOutput() {
     speaker_.SetVolume(controls_.volume);
+    if (!speaker_.FollowChoice()) return false;
     while (!queue_.Empty() && !controls_.cancelled && !controls_.paused) {
         if (!speaker_.IsOpen() || queue_.NextFormat() != speaker_.Format()) {
             if (!speaker_.IsIdle()) return true; // the previous format's sound plays to its end first

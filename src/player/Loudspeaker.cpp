@@ -24,11 +24,16 @@ bool Loudspeaker::Open(const PcmFormat& format) {
 
 bool Loudspeaker::Reopen() {
     output_.reset(); // first, because some devices accept only one user
+    choice_ = system_.OutputChoice();
     output_ = system_.OpenOutput(format_);
     if (output_) Prepare();
     last_write_ = count_start_ = system_.Now();
     written_ = {};
     return output_ != nullptr;
+}
+
+bool Loudspeaker::FollowChoice() {
+    return !output_ || choice_ == system_.OutputChoice() || Reopen();
 }
 
 void Loudspeaker::Prepare() {

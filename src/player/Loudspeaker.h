@@ -4,8 +4,9 @@
 
 namespace quillon {
 
-/// Plays on the user's default sound device. When the device in use fails, stalls or takes sound faster than it
-/// could play it, switches to the device that is the default by then and drops what was queued.
+/// Plays on the sound device that the user has chosen, or the default one. When the device in use fails, stalls
+/// or takes sound faster than it could play it, switches to the device that is the default by then and drops
+/// what was queued.
 class Loudspeaker {
   public:
     /// A device that makes no progress for this long counts as gone, whatever it reports.
@@ -24,6 +25,10 @@ class Loudspeaker {
 
     /// 0 to 100.
     void SetVolume(int volume);
+
+    /// Moves to the device that the user has chosen meanwhile, dropping what is queued. Returns false if no
+    /// device can play.
+    bool FollowChoice();
 
     bool IsOpen() const { return output_ != nullptr; }
     const PcmFormat& Format() const { return format_; }
@@ -58,6 +63,7 @@ class Loudspeaker {
     std::chrono::milliseconds last_write_{0};
     std::chrono::milliseconds count_start_{0}; // when counting began
     std::chrono::microseconds written_{0};     // sound since then
+    int choice_ = 0;                           // of the user, when `output_` was opened
     bool has_switched_ = false;                // and the new device is still on trial
 };
 

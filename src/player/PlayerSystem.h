@@ -77,6 +77,9 @@ class PlayerSystem {
     virtual std::unique_ptr<SoundDecoder> OpenFrameDecoder(const FrameFormat& format) = 0;
     virtual std::unique_ptr<SoundDecoder> OpenWaveDecoder(const WaveFormat& format) = 0;
 
+    /// Changes whenever OpenOutput would open another device than before, because the user has chosen it.
+    virtual int OutputChoice() = 0;
+
     /// Null if there is no sound device for the format.
     virtual std::unique_ptr<SoundOutput> OpenOutput(const PcmFormat& format) = 0;
 

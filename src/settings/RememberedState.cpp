@@ -97,6 +97,11 @@ constexpr Key Keys[] = {
      },
      [](const RememberedValues& values) { return AnswerText(values.PreferenceMarks.SharedFrequencies); }},
     {"player", TakePlayer, PlayerText},
+    {"sound-device", [](std::string_view text, RememberedValues& values) { values.Sound.Device = text; },
+     [](const RememberedValues& values) { return values.Sound.Device; }},
+    {"sound-device-name",
+     [](std::string_view text, RememberedValues& values) { values.Sound.DeviceName = text; },
+     [](const RememberedValues& values) { return values.Sound.DeviceName; }},
 };
 
 } // namespace

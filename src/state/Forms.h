@@ -58,6 +58,14 @@ struct WindowSize {
     bool operator==(const WindowSize&) const = default;
 };
 
+/// The menu of sound devices, below its entry for the default device.
+struct SoundDeviceMenu {
+    std::vector<std::string> Names;
+    std::size_t Checked = 0; ///< the device in use, from 1; 0: the default one
+
+    bool operator==(const SoundDeviceMenu&) const = default;
+};
+
 struct frmATC {
     bool Visible = false;
     WindowSize Size;
@@ -85,6 +93,7 @@ struct frmATC {
     ComboBox cboMin{"20", {}};
     ComboBox cboMax{"30", {}};
 
+    SoundDeviceMenu SoundDevices;
     std::string mnuRangeCaption = FirstRangeCaption;
     bool FoldersKnown = false; ///< commands that need the catalogue are enabled
     bool HasBackup = false;    ///< the catalogue can be restored

@@ -52,11 +52,11 @@ struct DistanceValue {
 enum class LinkNews { None, Looking };
 
 /// What the feed's panel says in passing.
-enum class NoticeKind { None, RadioRefused };
+enum class NoticeKind { None, RadioRefused, SoundDeviceGone };
 
 struct Notice {
     NoticeKind What = NoticeKind::None;
-    std::string Frequency; ///< that the radio did not take
+    std::string About; ///< the frequency that the radio did not take, or the device
 };
 
 struct ShownValues {

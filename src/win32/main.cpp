@@ -2,6 +2,7 @@
 #include "win32/print/WinPrinter.h"
 #include "win32/sound/StreamPlayer.h"
 #include "win32/sound/WinFeedProbe.h"
+#include "win32/sound/WinSoundDevices.h"
 #include "win32/sound/WindowsMediaPlayer.h"
 #include "win32/system/Adapters.h"
 #include "win32/system/Handle.h"
@@ -83,7 +84,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     WinCodePage code_page;
     WinKeyboard keyboard;
     WinPrinter printer([&] { return window.BoxOwner(); });
-    StreamPlayer built_in(QUILLON_VERSION);
+    WinSoundDevices devices;
+    StreamPlayer built_in(QUILLON_VERSION, devices.Chosen());
     WinFeedProbe probe(QUILLON_VERSION);
     TwoPlayers player(built_in, AnsweringControl);
     WinBackground background([&] { window.Sync(); });
@@ -102,7 +104,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
                      .keyboard = keyboard,
                      .printer = printer,
                      .probe = probe,
-                     .background = background},
+                     .background = background,
+                     .devices = devices},
                     Arguments());
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();

@@ -65,7 +65,46 @@ class Players(unittest.TestCase):
         quillon.wait(10)
         catalogue.write_bytes(feeds)
 
-    def test_3_without_it_the_built_in_player_plays_and_finds_a_device_that_comes_back(self):
+    def test_3_moves_to_the_chosen_device_and_says_when_that_is_gone(self):
+        sound, copilot, feed = self.world.sound, self.world.copilot, FEEDS[0]
+        sound.plug_in("headset", "A_headset_with_a_name_of_more_than_31_letters")
+        recordings = [sound.record(self.world.folder / f"{sink}.raw", sink=sink) for sink in ("q", "headset")]
+        state = self.world.data / "Quillon.state"
+
+        def heard_on():
+            def loud(recording):
+                return level(array.array("h", recording.read_bytes()[-20000 // 4 * 4:])) > 0.01
+            return [loud(recording) for recording in recordings]
+
+        def start():
+            quillon = self.world.start_quillon()
+            copilot.ask("fly %s %s" % feed.position)
+            copilot.ask(f"tune com2stby {feed.frequency}")
+            return quillon
+
+        def end(quillon):
+            copilot.ask("close QuillonMain")
+            quillon.wait(10)
+
+        quillon = start()
+        wait_until("the default device", lambda: heard_on() == [True, False], 15)
+        copilot.ask("command DefaultSoundDevice+3")  # behind those of the sound server and of its first device
+        wait_until("the headset", lambda: heard_on() == [False, True], 3)
+        copilot.await_text("panel 1", "Playing")
+        end(quillon)
+        self.assertRegex(state.read_text(), r"sound-device=\{.*\nsound-device-name=A_headset.*31_letters")
+        quillon = start()
+        wait_until("the chosen device", lambda: heard_on() == [False, True], 15)
+        end(quillon)
+        sound.unplug("headset")
+        quillon = start()
+        copilot.await_text("panel 3", lambda text: text.startswith("Sound device gone: A_headset"), 15)
+        wait_until("the default device", lambda: heard_on()[0], 5)
+        copilot.await_text("panel 3", lambda text: text.startswith(feed.icao), 15)
+        end(quillon)
+        state.unlink()
+
+    def test_4_without_it_the_built_in_player_plays_and_finds_a_device_that_comes_back(self):
         self.world.prefix.env["WINEDLLOVERRIDES"] += ";wmp=d"
         self.assertEqual(Copilot(self.world.processes, self.world.prefix).ask("control"), "missing")
         self.world.start_quillon()

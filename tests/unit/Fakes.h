@@ -13,6 +13,7 @@
 #include "ports/Prompts.h"
 #include "ports/RegionalSettings.h"
 #include "ports/Shell.h"
+#include "ports/SoundDevices.h"
 #include "ports/UserFiles.h"
 #include "runtime/Files.h"
 #include "simlink/SimInquiry.h"
@@ -278,6 +279,17 @@ class FakePrinter : public Printer {
 };
 
 /// Keeps the addresses that it is to try; answers when told to.
+class FakeSoundDevices : public SoundDevices {
+  public:
+    std::vector<SoundDevice> List() override { return list; }
+    void Use(const std::string& id) override { used = id; }
+    bool IsMissing() override { return missing; }
+
+    std::vector<SoundDevice> list{{"{1}", "Speakers"}, {"{2}", "Headset"}};
+    std::string used = "nothing yet";
+    bool missing = false;
+};
+
 class FakeProbe : public FeedProbe {
   public:
     void Start(const std::string& address, const std::string&) override { tried += address + " "; }

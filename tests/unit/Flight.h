@@ -60,8 +60,8 @@ class Flight : public TempFolder {
 
     void Start(const std::string& command_line = "") {
         ++simulator.process;
-        const Ports ports{simulator, simulator, clock,    player, player,   prompts, dialogs, display,
-                          shell,     files,     regional, page,   keyboard, printer, probe,   background};
+        const Ports ports{simulator, simulator, clock, player,   player,  prompts, dialogs,    display, shell,
+                          files,     regional,  page,  keyboard, printer, probe,   background, devices};
         program = std::make_unique<Program>(ports, command_line);
         program->ConnectToSimulator();
     }
@@ -96,6 +96,7 @@ class Flight : public TempFolder {
     FakeKeyboard keyboard;
     FakePrinter printer;
     FakeProbe probe;
+    FakeSoundDevices devices;
     FakeBackground background;
     std::unique_ptr<Program> program;
 };

@@ -28,8 +28,10 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     program->SetVolume(0);
     program->Run(Command::mnuQuit);
     EXPECT_TRUE(state().Ended);
-    EXPECT_EQ(Read("Quillon\\Quillon.state"), "volume=0\r\nuser-agent=me\r\nwindow=\r\ncolumns=700 3500 800 "
-                                              "2400\r\nstay-open=\r\nshared-frequencies=\r\nplayer=\r\n");
+    EXPECT_EQ(
+        Read("Quillon\\Quillon.state"),
+        "volume=0\r\nuser-agent=me\r\nwindow=\r\ncolumns=700 3500 800 "
+        "2400\r\nstay-open=\r\nshared-frequencies=\r\nplayer=\r\nsound-device=\r\nsound-device-name=\r\n");
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n");
     EXPECT_EQ(regional.decimal + regional.thousand, ",.");
     program->EndSession();
@@ -174,6 +176,35 @@ TEST_F(Flight, FollowsRangePauseAndTheChosenRadio) {
     ASSERT_EQ(prompts.messages.size(), 1U); // the same fault every second is one message
     EXPECT_EQ(prompts.messages[0],
               (FakePrompts::Shown{"Timer1 errors", "Check pause state\rError 6 Overflow", Icon::Information}));
+}
+
+TEST_F(Flight, PlaysOnTheChosenSoundDeviceAndTellsOnceIfItIsGone) {
+    Start();
+    EXPECT_EQ(devices.used, "");
+    program->OpenMenu();
+    EXPECT_EQ(state().form.SoundDevices, (SoundDeviceMenu{{"Speakers", "Headset"}, 0}));
+    program->Run(Command::DefaultSoundDevice + 2);
+    program->Run(Command::DefaultSoundDevice + 3); // there is none
+    EXPECT_EQ(devices.used, "{2}");
+    program->Run(Command::mnuQuit);
+    EXPECT_NE(Read("Quillon\\Quillon.state").find("sound-device={2}\r\nsound-device-name=Headset\r\n"),
+              std::string::npos);
+
+    devices.list.pop_back();
+    devices.missing = true;
+    Start();
+    EXPECT_EQ(devices.used, "{2}");
+    program->TimerTick(5);
+    EXPECT_EQ(panel(3), "Sound device gone: Headset");
+    clock.now += std::chrono::seconds(11);
+    program->TimerTick(5);
+    EXPECT_EQ(panel(3), "");
+    program->OpenMenu();
+    EXPECT_EQ(state().form.SoundDevices, (SoundDeviceMenu{{"Speakers"}, 0}));
+    devices.missing = false;
+    program->TimerTick(5);
+    program->Run(Command::DefaultSoundDevice);
+    EXPECT_EQ(devices.used, "");
 }
 
 TEST_F(Flight, AFeedThatIsNoLongerTunedNeverComesBack) {

@@ -14,7 +14,8 @@ TEST(RememberedState, DefaultsStandInForWhatMakesNoSense) {
         {"volume=5\nvolume=101\nvolume=-1\nvolume=1e1\nvolume=\nvolume=99999999999", {5, "", {}, {}, {}}},
         {"window=800 600\ncolumns=700 3500 800 2400", {100, "", {800, 600}, {700, 3500, 800, 2400}, {}}},
         {"window=800 -600\nwindow=9\ncolumns=700 3500 800\ncolumns=700  800 2400 99999", {100, "", {}, {}, {}}},
-        {"player=control\nplayer=other", {100, "", {}, {}, {}, {ForcedPlayer::Control}}},
+        {"player=control\nplayer=other\nsound-device={2}\nsound-device-name=B = 2",
+         {100, "", {}, {}, {}, {ForcedPlayer::Control, "{2}", "B = 2"}}},
         {"stay-open=no\nstay-open=yes", {100, "", {}, {}, {true, {}}}},
         {"shared-frequencies=no", {100, "", {}, {}, {{}, false}}},
     };

@@ -6,12 +6,13 @@
 
 namespace quillon {
 
-StreamPlayer::StreamPlayer(const std::string& program_version)
-    : StreamPlayer(program_version, std::make_shared<SessionThreads>()) {}
+StreamPlayer::StreamPlayer(const std::string& program_version, std::shared_ptr<ChosenDevice> device)
+    : StreamPlayer(program_version, std::move(device), std::make_shared<SessionThreads>()) {}
 
-StreamPlayer::StreamPlayer(const std::string& program_version, std::shared_ptr<SessionThreads> threads)
+StreamPlayer::StreamPlayer(const std::string& program_version, std::shared_ptr<ChosenDevice> device,
+                           std::shared_ptr<SessionThreads> threads)
     : SessionPlayer(
-          program_version, [] { return std::make_unique<WinPlayerSystem>(); },
+          program_version, [device] { return std::make_unique<WinPlayerSystem>(device); },
           [threads](std::shared_ptr<Session> session) { threads->Run(std::move(session)); }),
       threads_(std::move(threads)) {
     threads_->Open();

@@ -38,7 +38,7 @@ bool WaveOut::Block::IsQueued() const {
     return (flags & WHDR_INQUEUE) != 0;
 }
 
-std::unique_ptr<WaveOut> WaveOut::Open(const PcmFormat& format, HANDLE wake) {
+std::unique_ptr<WaveOut> WaveOut::Open(UINT number, const PcmFormat& format, HANDLE wake) {
     WAVEFORMATEX wave{};
     wave.wFormatTag = WAVE_FORMAT_PCM;
     wave.nChannels = format.channels;
@@ -48,7 +48,7 @@ std::unique_ptr<WaveOut> WaveOut::Open(const PcmFormat& format, HANDLE wake) {
     wave.nAvgBytesPerSec = format.sample_rate * wave.nBlockAlign;
     HANDLE due = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     HWAVEOUT device = nullptr;
-    if (waveOutOpen(&device, WAVE_MAPPER, &wave, reinterpret_cast<DWORD_PTR>(due), 0, CALLBACK_EVENT) ==
+    if (waveOutOpen(&device, number, &wave, reinterpret_cast<DWORD_PTR>(due), 0, CALLBACK_EVENT) ==
         MMSYSERR_NOERROR)
         return std::make_unique<WaveOut>(device, due, format, wake);
     CloseHandle(due);

@@ -17,8 +17,9 @@ namespace quillon {
 /// its own gives it little at a time: when the sound pauses, 20 ms and the ramp are still to be heard.
 class WaveOut : public SoundOutput {
   public:
-    /// Null if there is no device for the format. `wake` is set whenever there is room again.
-    static std::unique_ptr<WaveOut> Open(const PcmFormat& format, HANDLE wake);
+    /// `number` is that of a wave device. Null if it cannot play the format. `wake` is set whenever there is
+    /// room again.
+    static std::unique_ptr<WaveOut> Open(UINT number, const PcmFormat& format, HANDLE wake);
 
     /// Takes over an open device that sets `due` whenever it has played a block.
     WaveOut(HWAVEOUT device, HANDLE due, const PcmFormat& format, HANDLE wake);

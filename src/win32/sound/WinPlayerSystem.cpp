@@ -9,7 +9,8 @@
 
 namespace quillon {
 
-WinPlayerSystem::WinPlayerSystem() : event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {
+WinPlayerSystem::WinPlayerSystem(std::shared_ptr<ChosenDevice> device)
+    : device_(std::move(device)), event_(CreateEventW(nullptr, FALSE, FALSE, nullptr)) {
     if (!event_) Raise(OutOfMemory); // Wait would not wait
 }
 
@@ -29,7 +30,7 @@ std::unique_ptr<SoundDecoder> WinPlayerSystem::OpenWaveDecoder(const WaveFormat&
 }
 
 std::unique_ptr<SoundOutput> WinPlayerSystem::OpenOutput(const PcmFormat& format) {
-    return WaveOut::Open(format, event_.Get());
+    return WaveOut::Open(device_->Number(), format, event_.Get());
 }
 
 std::chrono::milliseconds WinPlayerSystem::Now() {

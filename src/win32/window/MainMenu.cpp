@@ -4,6 +4,7 @@
 #include "win32/system/Handle.h"
 #include "win32/system/Utf16.h"
 
+#include <algorithm>
 #include <string_view>
 #include <vector>
 
@@ -25,6 +26,12 @@ HMENU MakePopup(std::span<const Command> entries) {
         AppendMenuW(popup, entry.Number == 0 ? MF_SEPARATOR : MF_STRING, static_cast<UINT_PTR>(entry.Number),
                     Wide(entry.Text).c_str());
     return popup;
+}
+
+/// A single one would underline the next letter.
+std::wstring DoubledAmpersands(std::wstring text) {
+    for (std::size_t at = 0; (at = text.find(L'&', at)) != text.npos; at += 2) text.insert(at, 1, L'&');
+    return text;
 }
 
 HMENU MakeBar() {
@@ -58,7 +65,28 @@ HACCEL MakeKeys() {
 
 } // namespace
 
-MainMenu::MainMenu() : bar_(MakeBar()), keys_(MakeKeys()) {}
+MainMenu::MainMenu() : bar_(MakeBar()), devices_(CreatePopupMenu()), keys_(MakeKeys()) {
+    MENUITEMINFOW item{};
+    item.cbSize = sizeof item;
+    item.fMask = MIIM_SUBMENU;
+    item.hSubMenu = devices_;
+    SetMenuItemInfoW(bar_, Command::SoundDevices, FALSE, &item);
+}
+
+void MainMenu::SyncSoundDevices(const SoundDeviceMenu& menu) {
+    if (shown_devices_ == menu) return;
+    shown_devices_ = menu;
+    while (DeleteMenu(devices_, 0, MF_BYPOSITION) != FALSE) continue;
+    const std::size_t count = std::min(menu.Names.size(), Command::MostSoundDevices - 1);
+    AppendMenuW(devices_, MF_STRING, Command::DefaultSoundDevice, L"&Default device");
+    for (std::size_t at = 0; at < count; ++at)
+        AppendMenuW(devices_, MF_STRING, Command::DefaultSoundDevice + at + 1,
+                    DoubledAmpersands(Wide(menu.Names[at])).c_str());
+    CheckMenuRadioItem(devices_, 0, static_cast<UINT>(count), static_cast<UINT>(menu.Checked), MF_BYPOSITION);
+    AppendMenuW(devices_, MF_SEPARATOR, 0, nullptr);
+    AppendMenuW(devices_, MF_STRING | MF_GRAYED, Command::SoundDevicesNote,
+                L"The Windows Media Player uses the default device");
+}
 
 void MainMenu::Sync(const ProgramState& state) {
     if (range_caption_ != state.form.mnuRangeCaption) {
@@ -70,6 +98,7 @@ void MainMenu::Sync(const ProgramState& state) {
         item.dwTypeData = text.data();
         SetMenuItemInfoW(bar_, Command::mnuRange, FALSE, &item);
     }
+    SyncSoundDevices(state.form.SoundDevices);
     // Asked several times a second, so the menus are only touched when one of their entries has changed.
     std::vector<UINT> flags;
     for (const Menu& menu : MenuBar())

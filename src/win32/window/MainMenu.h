@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,9 @@ class MainMenu {
     /// For the window that will own it.
     HMENU Bar() const { return bar_; }
 
+    /// Whether the menu is the one in which the sound device is chosen.
+    bool HasSoundDevices(HMENU menu) const { return menu == devices_; }
+
     /// Shows captions, enabled states and check marks as the data say.
     void Sync(const ProgramState& state);
 
@@ -28,9 +32,13 @@ class MainMenu {
     bool Translate(HWND window, MSG& message) const;
 
   private:
+    void SyncSoundDevices(const SoundDeviceMenu& menu);
+
     HMENU bar_;
-    HACCEL keys_; // lives as long as the program
+    HMENU devices_; // part of the bar
+    HACCEL keys_;   // lives as long as the program
     std::string range_caption_;
+    std::optional<SoundDeviceMenu> shown_devices_;
     std::vector<UINT> flags_; // of all entries
 };
 

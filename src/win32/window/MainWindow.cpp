@@ -95,6 +95,10 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_TIMER:
         Event([wparam](Program& program) { program.TimerTick(static_cast<int>(wparam)); });
         return 0;
+    case WM_INITMENUPOPUP:
+        if (menu_.HasSoundDevices(reinterpret_cast<HMENU>(wparam)))
+            Event([](Program& program) { program.OpenMenu(); });
+        return 0;
     case WM_COMMAND:
         ControlEvent(LOWORD(wparam), HIWORD(wparam));
         return 0;
