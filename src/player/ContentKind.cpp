@@ -14,10 +14,11 @@ namespace {
 
 constexpr std::size_t SignatureLength = 4; // shorter ones occur by chance in a stream joined midway
 
-constexpr auto PlaylistSignatures = {"#ext", "[pla", "<asx", "<?wp", "<?xm", "<smi"};
+constexpr auto PlaylistSignatures = {"#ext", "[pla", "<asx", "<?wp", "<?xm", "<smi", "<pla"};
 constexpr auto WebPageSignatures = {"<htm", "<!do"};
-constexpr auto PlaylistNames = {".m3u", ".m3u8", ".pls", ".asx", ".wax", ".wpl"};
-constexpr auto PlaylistTypes = {"mpegurl", "scpls", "pls+xml", "ms-asf", "ms-asx", "ms-wax", "ms-wpl"};
+constexpr auto PlaylistNames = {".m3u", ".m3u8", ".pls", ".asx", ".wax", ".wpl", ".xspf"};
+constexpr auto PlaylistTypes = {"mpegurl", "scpls",  "pls+xml", "ms-asf",
+                                "ms-asx",  "ms-wax", "ms-wpl",  "xspf+xml"};
 constexpr auto GenericTypes = {"", "application/octet-stream", "text/plain", "text/xml", "application/xml"};
 
 bool IsAny(std::string_view text, std::initializer_list<const char*> list) {

@@ -146,6 +146,25 @@ Entries WplEntries(std::string_view text) {
     return AttributesOf(text, {"media"}, "src");
 }
 
+Entries XspfEntries(std::string_view text) {
+    constexpr std::string_view Location = "<location>";
+    Entries entries;
+    std::string lower(text); // LCase may change the length
+    for (char& c : lower)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    std::size_t at = lower.find("<tracklist"); // the list has a location of its own in front of it
+    while (at != lower.npos && (at = lower.find('<', at)) != lower.npos) {
+        const std::string_view rest = std::string_view(lower).substr(at);
+        const bool comment = rest.starts_with("<!--");
+        const std::size_t start = at + (rest.starts_with(Location) ? Location.size() : 1);
+        at = comment ? lower.find("-->", at) : start;
+        if (!rest.starts_with(Location)) continue;
+        at = std::min(lower.find('<', start), lower.size());
+        Add(entries, Unescaped(text.substr(start, at - start)));
+    }
+    return entries;
+}
+
 Entries ReadPlaylist(std::string_view bytes, std::string_view name) {
     const std::string text = PlainText(bytes);
     const std::string front = LCase(std::string_view(text).substr(0, 1024));
@@ -154,10 +173,12 @@ Entries ReadPlaylist(std::string_view bytes, std::string_view name) {
     if (has("#extm3u")) return M3uEntries(text);
     if (has("[playlist]")) return PlsEntries(text);
     if (has("<asx")) return AsxEntries(text);
+    if (has("<playlist") && has("xspf")) return XspfEntries(text);
     if (has("<?wpl") || has("<smil")) return WplEntries(text);
     if (file.ends_with(".pls")) return PlsEntries(text);
     if (file.ends_with(".asx") || file.ends_with(".wax")) return AsxEntries(text);
     if (file.ends_with(".wpl")) return WplEntries(text);
+    if (file.ends_with(".xspf")) return XspfEntries(text);
     return Trimmed(text).starts_with('<') ? Entries() : M3uEntries(text);
 }
 

@@ -28,6 +28,9 @@ Entries AsxEntries(std::string_view text);
 /// <media src="address"/>.
 Entries WplEntries(std::string_view text);
 
+/// <location>address</location> of the tracks.
+Entries XspfEntries(std::string_view text);
+
 /// The entries of a playlist, whose format is detected by its content or else by its name. Bytes that are not
 /// UTF-8 are read as Latin-1.
 Entries ReadPlaylist(std::string_view bytes, std::string_view name);

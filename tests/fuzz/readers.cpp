@@ -202,6 +202,7 @@ const std::pair<Bytes, void (*)(Bytes)> readers[] = {
     {"pls", Playlist<PlsEntries>},
     {"asx", Playlist<AsxEntries>},
     {"wpl", Playlist<WplEntries>},
+    {"xspf", Playlist<XspfEntries>},
     {"mp3", SoundFrames},
     {"aac", SoundFrames},
     {"wav", Wav},

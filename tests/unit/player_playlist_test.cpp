@@ -47,6 +47,13 @@ TEST(Playlists, AreReadByContentOrElseByName) {
          "src=\"b.wav\"/></seq></body></smil>",
          "", "..\\Sounds\\A & B \xE2\x86\x92\xC3\xBC.mp3 | b.wav"},
         {"wpl by name", "<playlist><media src='a'/></playlist>", "C:\\x.WPL", "a"},
+        {"xspf",
+         "<?xml version=\"1.0\"?><playlist xmlns=\"http://xspf.org/ns/0/\"><location>no</location><trackList>"
+         "<track><title>x</title><LOCATION> http://h/a?x=1&amp;y=2 </LOCATION></track><!-- "
+         "<location>no</location> -->"
+         "<track><location>b.mp3</location></track></trackList></playlist>",
+         "", "http://h/a?x=1&y=2 | b.mp3"},
+        {"xspf cut short", "<trackList><location>http://h/a</location><location>b", "x.xspf", "http://h/a | b"},
         {"unknown markup", "<html><a href=\"http://h/a\">x</a></html>", "x.m3u", ""},
         {"cut short", "<asx><ref href=\"http://h/a\"/><ref href=\"http://h/b", "", "http://h/a | http://h/b"},
     };
