@@ -49,9 +49,8 @@ std::string Unplayable(const std::string& problem) {
 std::string Reason(const HttpStream& stream, IoStatus last, bool bytes, const std::string& problem) {
     const bool in_time = last != IoStatus::WouldBlock;
     const bool answered = stream.Reached() == HttpStream::Stage::Answered;
-    if (last == IoStatus::Unsupported) return stream.Problem();
+    if (!stream.Problem().empty()) return stream.Problem();
     if (answered && stream.Status() != 200) return StatusWords(stream.Status());
-    if (last == IoStatus::Refused) return "No valid certificate of the server";
     switch (stream.Reached()) {
     case HttpStream::Stage::NoServer:
         return "No such server, or no way to it";

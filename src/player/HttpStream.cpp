@@ -28,7 +28,10 @@ HttpStream::HttpStream(StreamAddress address, std::string user_agent, PlayerSyst
     : address_(std::move(address)), user_agent_(std::move(user_agent)), system_(system) {}
 
 IoResult HttpStream::Read(std::span<std::uint8_t> room) {
-    return in_body_ ? ReadBody(room) : IoResult{Advance()};
+    if (in_body_) return ReadBody(room);
+    const IoStatus status = Advance();
+    if (status == IoStatus::Refused && reply_.Status() == 0) problem_ = connection_->Problem();
+    return {status};
 }
 
 /// One step towards the body; IoStatus::Ok if another can follow.

@@ -25,6 +25,9 @@ class Connection {
 
     /// Sends as much of the front of `bytes` as fits; the result says how much.
     virtual IoResult Write(std::string_view bytes) = 0;
+
+    /// What the user is told after IoStatus::Refused; empty if there is nothing to say.
+    virtual std::string Problem() const { return {}; }
 };
 
 class SoundDecoder {

@@ -1,6 +1,8 @@
 """A badly behaved server of live audio, on loopback. The requested path names the behaviour."""
 import collections
+import hashlib
 import random
+import re
 import socket
 import socketserver
 import ssl
@@ -12,6 +14,7 @@ import time
 SECONDS = 60  # length of the tones
 BYTES_A_SECOND = 8000
 FRAME = 288  # bytes: 64 kbit/s at 32 kHz never needs padding
+ROOTS = r"HKCU\Software\Microsoft\SystemCertificates\Root\Certificates"
 OK = b"HTTP/1.0 200 OK\r\nContent-Type: audio/mpeg\r\n\r\n"
 GARBAGE = random.Random(1).randbytes(700)
 
@@ -134,17 +137,45 @@ def make_certificate(path, name):
     return path
 
 
+def make_expired_certificate(path, name):
+    """A request is signed for a day of the past, which takes a certificate authority."""
+    key, request, settings, index, serial = (path.with_suffix(ending) for ending in (
+        ".key", ".csr", ".conf", ".index", ".serial"))
+    settings.write_text(f"[ca]\ndefault_ca=one\n[one]\nnew_certs_dir={path.parent}\ndatabase={index}\nserial={serial}\n"
+                        "default_md=sha256\npolicy=any\nx509_extensions=more\n[any]\ncommonName=supplied\n"
+                        f"[more]\nsubjectAltName={name}\n")
+    index.touch()
+    serial.write_text("01\n")
+    for command in (["req", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=Hostile", "-keyout", key, "-out", request],
+                    ["ca", "-batch", "-selfsign", "-notext", "-config", settings, "-keyfile", key, "-in", request, "-out",
+                     path, "-startdate", "20200101000000Z", "-enddate", "20200102000000Z"]):
+        subprocess.run(["openssl", *command], check=True, capture_output=True)
+    path.write_text(key.read_text() + path.read_text())
+    return path
+
+
+def trust(prefix, certificate):
+    """Makes it a root of the prefix's user: its hash and itself, each behind its number, a 1 and its length."""
+    der = ssl.PEM_cert_to_DER_cert(re.search("-----BEGIN CERT.*", certificate.read_text(), re.DOTALL)[0])
+    sha1 = hashlib.sha1(der).digest()
+    blob = struct.pack("<III", 3, 1, len(sha1)) + sha1 + struct.pack("<III", 32, 1, len(der)) + der
+    key = ROOTS + "\\" + sha1.hex().upper()
+    prefix.run("reg", "add", key, "/v", "Blob", "/t", "REG_BINARY", "/d", blob.hex(), "/f")
+
+
 class HostileServer(socketserver.ThreadingTCPServer):
     """`tones` maps the names of behaviours to their sounds."""
     daemon_threads = True
 
-    def __init__(self, tones, folder, certificate=None):
+    def __init__(self, tones, folder, certificate=None, version=None):
         super().__init__(("127.0.0.1", 0), Visit)
         self.tones, self.asked = tones, collections.Counter()
         self.certificate = certificate
         if certificate:
             context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
             context.load_cert_chain(certificate)
+            if version:
+                context.minimum_version = context.maximum_version = version
             self.socket = context.wrap_socket(self.socket, server_side=True)
         else:
             self.untrusted = HostileServer(tones, folder, make_certificate(folder / "untrusted.pem", "IP:127.0.0.1"))

@@ -2,10 +2,7 @@
 
 Runs a few behaviours; --all runs every one, and every format of MP3; Hostile.test_NAME runs one.
 """
-import hashlib
 import re
-import ssl
-import struct
 import sys
 import time
 import unittest
@@ -13,7 +10,7 @@ from collections import namedtuple
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
-from hostile_server import HostileServer, make_tone
+from hostile_server import HostileServer, make_tone, trust
 from world.processes import wait_until
 from world.sound import Ear, level, tone_level
 from world.world import SOUNDS, World
@@ -50,7 +47,6 @@ ROWS = {
     **{f"mp3-{number}": HEARD for number in range(len(FORMATS))},
 }
 IN_EVERY_TEST = ("aac", "trusted", "garbage", "titles", "nested", "404-then-fine", "untrusted", "reset")
-ROOTS = r"HKCU\Software\Microsoft\SystemCertificates\Root\Certificates"
 AAC_DECODER = r"HKCR\CLSID\{32d186a7-218f-4c75-8876-dd77273a8999}"
 TONES = {name: 440 + 50 * number for number, name in enumerate([*sorted(ROWS, reverse=True), "other"])}
 
@@ -63,15 +59,6 @@ ENCODINGS["aac-mono"] = ENCODINGS["aac-without-decoder"] = (16000, 1, "-b:a 24k 
 
 def tone_of(name):
     return make_tone(SOUNDS / f"hostile-{name}-{TONES[name]}.mp3", TONES[name], *ENCODINGS.get(name, ()))
-
-
-def trust(prefix, certificate):
-    """Makes it a root of the prefix's user: its hash and itself, each behind its number, a 1 and its length."""
-    der = ssl.PEM_cert_to_DER_cert(re.search("-----BEGIN CERT.*", certificate.read_text(), re.DOTALL)[0])
-    sha1 = hashlib.sha1(der).digest()
-    blob = struct.pack("<III", 3, 1, len(sha1)) + sha1 + struct.pack("<III", 32, 1, len(der)) + der
-    key = ROOTS + "\\" + sha1.hex().upper()
-    prefix.run("reg", "add", key, "/v", "Blob", "/t", "REG_BINARY", "/d", blob.hex(), "/f")
 
 
 def note(history, what):

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <subauth.h>
+
+#define SCHANNEL_USE_BLACKLISTS // for SCH_CREDENTIALS
 #include <schannel.h>
 
 namespace quillon {
@@ -48,13 +51,21 @@ SchannelLayer::~SchannelLayer() {
     if (SecIsValidHandle(&credentials_)) functions_->FreeCredentialsHandle(&credentials_);
 }
 
+/// Only the newer structure offers TLS 1.3; systems before Windows 10 1809 do not know it.
 bool SchannelLayer::AcquireCredentials() {
-    SCHANNEL_CRED wanted{};
-    wanted.dwVersion = SCHANNEL_CRED_VERSION;
-    wanted.dwFlags = SCH_CRED_MANUAL_CRED_VALIDATION | SCH_CRED_NO_DEFAULT_CREDS | SCH_USE_STRONG_CRYPTO;
+    constexpr DWORD Flags = SCH_CRED_MANUAL_CRED_VALIDATION | SCH_CRED_NO_DEFAULT_CREDS | SCH_USE_STRONG_CRYPTO;
+    SCH_CREDENTIALS wanted{};
+    wanted.dwVersion = SCH_CREDENTIALS_VERSION;
+    wanted.dwFlags = Flags;
+    SCHANNEL_CRED older{};
+    older.dwVersion = SCHANNEL_CRED_VERSION;
+    older.dwFlags = Flags;
+    return functions_ != nullptr && (Acquire(&wanted) || Acquire(&older));
+}
+
+bool SchannelLayer::Acquire(void* wanted) {
     wchar_t package[] = UNISP_NAME_W;
-    return functions_ != nullptr &&
-           functions_->AcquireCredentialsHandleW(nullptr, package, SECPKG_CRED_OUTBOUND, nullptr, &wanted,
+    return functions_->AcquireCredentialsHandleW(nullptr, package, SECPKG_CRED_OUTBOUND, nullptr, wanted,
                                                  nullptr, nullptr, &credentials_, nullptr) == SEC_E_OK;
 }
 
@@ -80,7 +91,8 @@ SecurityLayer::Progress SchannelLayer::ShakeHands(std::vector<std::uint8_t>& rec
 }
 
 SecurityLayer::Progress SchannelLayer::CheckServer() {
-    if (!IsServerTrusted(context_, host_)) return Progress::Untrusted;
+    fault_ = FaultOfServer(context_, host_);
+    if (fault_ != CertificateFault::None) return Progress::Untrusted;
     const bool knows_sizes =
         functions_->QueryContextAttributesW(&context_, SECPKG_ATTR_STREAM_SIZES, &sizes_) == SEC_E_OK;
     return knows_sizes ? Progress::Done : Progress::Failed;

@@ -15,18 +15,21 @@ class SchannelLayer : public SecurityLayer {
     SchannelLayer(const SchannelLayer&) = delete;
     SchannelLayer& operator=(const SchannelLayer&) = delete;
 
+    CertificateFault Fault() const override { return fault_; }
     Progress ShakeHands(std::vector<std::uint8_t>& received, std::string& unsent) override;
     Progress Decrypt(std::vector<std::uint8_t>& received, std::vector<std::uint8_t>& data) override;
     std::size_t Encrypt(std::string_view bytes, std::string& unsent) override;
 
   private:
     bool AcquireCredentials();
+    bool Acquire(void* wanted);
     Progress CheckServer();
 
     const SecurityFunctionTableW* const functions_ = SecurityFunctions();
     std::wstring host_;
     CredHandle credentials_;
     CtxtHandle context_;
+    CertificateFault fault_ = CertificateFault::None;
     SecPkgContext_StreamSizes sizes_{};
 };
 

@@ -41,18 +41,27 @@ CertificateChain ChainOf(const Certificate& certificate) {
     return CertificateChain(chain);
 }
 
+CertificateFault FaultOfChain(DWORD errors) {
+    if (errors == CERT_TRUST_NO_ERROR) return CertificateFault::None;
+    if ((errors & (CERT_TRUST_IS_PARTIAL_CHAIN | CERT_TRUST_IS_UNTRUSTED_ROOT)) != 0)
+        return CertificateFault::UnknownIssuer;
+    return (errors & CERT_TRUST_IS_NOT_TIME_VALID) != 0 ? CertificateFault::Expired : CertificateFault::Invalid;
+}
+
 } // namespace
 
-bool IsServerTrusted(CtxtHandle& connection, const std::wstring& host) {
+CertificateFault FaultOfServer(CtxtHandle& connection, const std::wstring& host) {
     PCCERT_CONTEXT shown = nullptr;
     if (SecurityFunctions()->QueryContextAttributesW(&connection, SECPKG_ATTR_REMOTE_CERT_CONTEXT, &shown) !=
         SEC_E_OK)
-        return false;
+        return CertificateFault::Invalid;
     const Certificate certificate(shown);
-    if (!certificate) return false;
+    if (!certificate) return CertificateFault::Invalid;
     const CertificateChain chain = ChainOf(certificate);
+    if (!chain) return CertificateFault::Invalid;
     // Wine's policy check below accepts a chain without a root.
-    if (!chain || chain.Get()->TrustStatus.dwErrorStatus != CERT_TRUST_NO_ERROR) return false;
+    const CertificateFault fault = FaultOfChain(chain.Get()->TrustStatus.dwErrorStatus);
+    if (fault != CertificateFault::None) return fault;
     std::wstring name = host;
     SSL_EXTRA_CERT_CHAIN_POLICY_PARA server{};
     server.cbSize = sizeof server;
@@ -64,7 +73,9 @@ bool IsServerTrusted(CtxtHandle& connection, const std::wstring& host) {
     CERT_CHAIN_POLICY_STATUS verdict{};
     verdict.cbSize = sizeof verdict;
     const auto verify = Crypt<decltype(CertVerifyCertificateChainPolicy)>("CertVerifyCertificateChainPolicy");
-    return verify(CERT_CHAIN_POLICY_SSL, chain.Get(), &rules, &verdict) != FALSE && verdict.dwError == 0;
+    if (verify(CERT_CHAIN_POLICY_SSL, chain.Get(), &rules, &verdict) == FALSE) return CertificateFault::Invalid;
+    if (verdict.dwError == static_cast<DWORD>(CERT_E_CN_NO_MATCH)) return CertificateFault::OtherName;
+    return verdict.dwError == 0 ? CertificateFault::None : CertificateFault::Invalid;
 }
 
 } // namespace quillon

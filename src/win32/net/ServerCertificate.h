@@ -1,13 +1,14 @@
 #pragma once
 
+#include "player/SecureConnection.h"
 #include "win32/net/SecurityFunctions.h"
 
 #include <string>
 
 namespace quillon {
 
-/// Whether Windows trusts the certificate shown by the other side of a secured connection for that host.
-/// Revocation is not checked: it would need another connection. May take several seconds.
-bool IsServerTrusted(CtxtHandle& connection, const std::wstring& host);
+/// What keeps Windows from trusting the certificate that the other side of a secured connection shows for that
+/// host. Revocation is not checked: it would need another connection. May take several seconds.
+CertificateFault FaultOfServer(CtxtHandle& connection, const std::wstring& host);
 
 } // namespace quillon
