@@ -58,14 +58,14 @@ struct Parts {
     StayOpen stay_open{state, connection, settings, remembered, shut_down, ports.prompts};
     CatalogueReload reload{state.cycle, loader};
     StarterData starter{state.folders, state.form.lvwDB, state.StartupStep, ports.prompts, ports.shell};
+    Notices notices{texts, clock};
     StartUp start_up{state,
                      ports,
                      trap,
                      texts,
-                     {regional, settings, remembered, airports, positions, loader, starter, reload},
+                     {regional, settings, remembered, airports, positions, loader, starter, reload, notices},
                      command_line};
     PlayerDisplay display{state, texts, ports.player, ports.live, ports.shell};
-    Notices notices{texts, clock};
     SoundMenu sound_menu{state.form.SoundDevices, state.sound, ports.devices, notices};
     TuningCheck tuning_check{state.radio, notices, clock};
     SimWatch sim{state, texts, link, readout, gate, stay_open, tuning_check, range, ports.player};

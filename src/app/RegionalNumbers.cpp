@@ -23,17 +23,19 @@ std::string ReadNote(const std::string& path) {
 
 } // namespace
 
-void RegionalNumbers::ReadAndReplace(const std::string& note_path) {
+bool RegionalNumbers::ReadAndReplace(const std::string& note_path) {
     note_path_ = note_path;
     SavedDecimal = settings_.Read(Separator::Decimal);
     SavedThousand = settings_.Read(Separator::Thousand);
     Recover(ReadNote(note_path_));
     // An unreadable separator is left alone: it could not be restored.
-    DecimalChanged = !SavedDecimal.empty() && SavedDecimal != OurDecimal;
-    ThousandChanged = !SavedThousand.empty() && SavedThousand != OurThousand;
-    if (!WriteNote()) DecimalChanged = ThousandChanged = false;
+    DecimalChanged = SavedDecimal && SavedDecimal != OurDecimal;
+    ThousandChanged = SavedThousand && SavedThousand != OurThousand;
+    const bool noted = WriteNote();
+    if (!noted) DecimalChanged = ThousandChanged = false;
     if (DecimalChanged) settings_.Write(Separator::Decimal, OurDecimal);
     if (ThousandChanged) settings_.Write(Separator::Thousand, OurThousand);
+    return noted;
 }
 
 /// A note holds the decimal separator, a line feed and the thousands separator. One that the user has changed
@@ -47,7 +49,8 @@ void RegionalNumbers::Recover(const std::string& note) {
 
 bool RegionalNumbers::WriteNote() const {
     try {
-        if (DecimalChanged || ThousandChanged) ReplaceFile(note_path_, SavedDecimal + "\n" + SavedThousand);
+        if (DecimalChanged || ThousandChanged)
+            ReplaceFile(note_path_, SavedDecimal.value_or("") + "\n" + SavedThousand.value_or(""));
         return true;
     } catch (const RuntimeError&) {
         return false;
@@ -56,8 +59,8 @@ bool RegionalNumbers::WriteNote() const {
 
 void RegionalNumbers::Restore() {
     const bool changed = DecimalChanged || ThousandChanged;
-    if (DecimalChanged) settings_.Write(Separator::Decimal, SavedDecimal);
-    if (ThousandChanged) settings_.Write(Separator::Thousand, SavedThousand);
+    if (DecimalChanged) settings_.Write(Separator::Decimal, *SavedDecimal);
+    if (ThousandChanged) settings_.Write(Separator::Thousand, *SavedThousand);
     DecimalChanged = ThousandChanged = false;
     try {
         if (changed) DeleteFileAt(note_path_);

@@ -2,6 +2,7 @@
 
 #include "ports/RegionalSettings.h"
 
+#include <optional>
 #include <string>
 
 namespace quillon {
@@ -12,8 +13,9 @@ class RegionalNumbers {
   public:
     explicit RegionalNumbers(RegionalSettings& settings) : settings_(settings) {}
 
-    /// `note_path` is the note's file. If it cannot be written, the separators are left alone.
-    void ReadAndReplace(const std::string& note_path);
+    /// `note_path` is the note's file. If it cannot be written, the separators are left alone and false is
+    /// returned.
+    bool ReadAndReplace(const std::string& note_path);
 
     /// Restores the user's own separators; does nothing if they were not changed or are restored already.
     void Restore();
@@ -26,8 +28,8 @@ class RegionalNumbers {
     std::string note_path_;
     bool DecimalChanged = false;
     bool ThousandChanged = false;
-    std::string SavedDecimal;
-    std::string SavedThousand;
+    std::optional<std::string> SavedDecimal; ///< nothing: it could not be read
+    std::optional<std::string> SavedThousand;
 };
 
 } // namespace quillon

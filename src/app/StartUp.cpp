@@ -60,7 +60,8 @@ void StartUp::SetUpForm() {
 }
 
 void StartUp::ReplaceSeparators() {
-    parts_.regional.ReadAndReplace(DataFolder(ports_.shell) + "Quillon.separators");
+    if (!parts_.regional.ReadAndReplace(DataFolder(ports_.shell) + "Quillon.separators"))
+        parts_.notices.Show({NoticeKind::SeparatorsKept, ""});
 }
 
 void StartUp::FillGapCombos() {

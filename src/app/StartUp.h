@@ -7,6 +7,7 @@
 #include "catalogue/FeedLoader.h"
 #include "geo/AirportPositions.h"
 #include "geo/Airports.h"
+#include "playback/Notices.h"
 #include "playback/ScreenTexts.h"
 #include "runtime/ErrorTrap.h"
 #include "settings/RememberedState.h"
@@ -29,6 +30,7 @@ class StartUp {
         FeedLoader& loader;
         StarterData& starter;
         CatalogueReload& reload;
+        Notices& notices;
     };
 
     StartUp(ProgramState& state, const Ports& ports, ErrorTrap& trap, ScreenTexts& texts, const Parts& parts,

@@ -45,8 +45,9 @@ constexpr const char* DistanceTexts[] = {
 constexpr const char* NoFeed = "*";
 
 std::string NoticeText(const Notice& notice) {
-    const bool refused = notice.What == NoticeKind::RadioRefused;
-    return (refused ? "The radio did not take " : "Sound device gone: ") + notice.About;
+    constexpr const char* Words[] = {"", "The radio did not take ", "Sound device gone: ",
+                                     "Number signs left as they are: no note of them can be written"};
+    return Words[static_cast<std::size_t>(notice.What)] + notice.About;
 }
 
 const ActivityTexts& TextsOf(Activity what) {

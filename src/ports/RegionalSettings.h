@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace quillon {
@@ -11,8 +12,8 @@ class RegionalSettings {
 
     virtual ~RegionalSettings() = default;
 
-    /// Empty if it cannot be read.
-    virtual std::string Read(Separator separator) = 0;
+    /// May be empty. Nothing if it cannot be read.
+    virtual std::optional<std::string> Read(Separator separator) = 0;
     virtual void Write(Separator separator, const std::string& text) = 0;
 };
 

@@ -52,7 +52,7 @@ struct DistanceValue {
 enum class LinkNews { None, Looking };
 
 /// What the feed's panel says in passing.
-enum class NoticeKind { None, RadioRefused, SoundDeviceGone };
+enum class NoticeKind { None, RadioRefused, SoundDeviceGone, SeparatorsKept };
 
 struct Notice {
     NoticeKind What = NoticeKind::None;

@@ -214,7 +214,7 @@ class FakeDisplay : public Display {
 
 class FakeRegionalSettings : public RegionalSettings {
   public:
-    std::string Read(Separator separator) override {
+    std::optional<std::string> Read(Separator separator) override {
         return separator == Separator::Decimal ? decimal : thousand;
     }
     void Write(Separator separator, const std::string& text) override {

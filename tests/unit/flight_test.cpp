@@ -55,6 +55,18 @@ TEST_F(Flight, TheNextRunPutsACrashedOnesSeparatorsBack) {
     }
 }
 
+TEST_F(Flight, AnEmptySeparatorIsReplacedTooButNothingWithoutANote) {
+    regional.thousand = "";
+    Start();
+    EXPECT_EQ(regional.decimal + regional.thousand, ".,");
+    program->Run(Command::mnuQuit);
+    EXPECT_EQ(regional.thousand, "");
+    MakeFolder("Quillon\\Quillon.separators"); // stands in the way of writing
+    Start();
+    EXPECT_EQ(regional.thousand, "");
+    EXPECT_EQ(panel(3), "Number signs left as they are: no note of them can be written");
+}
+
 TEST_F(Flight, StartVolumeIsANumberFromOneToAHundred) {
     const std::pair<const char*, int> rows[] = {{"100", 100}, {"1", 1},   {" 30 ", 30}, {"101", 0},  {"0", 0},
                                                 {"-5", 0},    {"abc", 0}, {"", 0},      {"1e999", 0}};

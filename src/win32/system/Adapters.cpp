@@ -164,10 +164,10 @@ LCTYPE TypeOf(RegionalSettings::Separator separator) {
 
 } // namespace
 
-std::string WinRegionalSettings::Read(Separator separator) {
+std::optional<std::string> WinRegionalSettings::Read(Separator separator) {
     std::array<wchar_t, 16> text{};
     const int length = GetLocaleInfoW(GetUserDefaultLCID(), TypeOf(separator), text.data(), text.size());
-    return length > 0 ? Narrow(text.data()) : "";
+    return length > 0 ? std::optional(Narrow(text.data())) : std::nullopt;
 }
 
 void WinRegionalSettings::Write(Separator separator, const std::string& text) {

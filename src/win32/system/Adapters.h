@@ -63,7 +63,7 @@ class WinKeyboard : public Keyboard {
 
 class WinRegionalSettings : public RegionalSettings {
   public:
-    std::string Read(Separator separator) override;
+    std::optional<std::string> Read(Separator separator) override;
     void Write(Separator separator, const std::string& text) override;
 };
 
