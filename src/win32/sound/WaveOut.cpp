@@ -153,9 +153,8 @@ void WaveOut::GiveWhatIsDue(Time now) {
 void WaveOut::Begin(Time now) {
     const bool is_late = given_until_ > 0us && given_until_ == sound_until_;
     if (is_late) lead_ = std::min<Time>(lead_ * 2, LongestLead);
+    if (!is_late) StartCheck(now);
     given_until_ = now;
-    checked_ = now;
-    checked_bytes_ = PlayedBytes();
     Give(FirstBlock, LeadIn);
 }
 
@@ -165,6 +164,7 @@ void WaveOut::Give(Time length, Time lead_in) {
         std::find_if(blocks_.begin(), blocks_.end(), [](const Block& b) { return !b.IsQueued(); });
     given_until_ += length - length / 10'000;
     if (block == blocks_.end()) return;
+    given_ += length;
     Release(*block);
     block->samples.assign(SamplesIn(length), 0);
     if (!sound_.IsSilent()) sound_until_ = given_until_;
@@ -176,14 +176,18 @@ void WaveOut::Give(Time length, Time lead_in) {
         waveOutWrite(device_.Get(), &block->header, sizeof block->header) != MMSYSERR_NOERROR;
 }
 
-/// A device that is gone may return blocks at once, unplayed.
+/// A device that is gone may return blocks at once, unplayed, or keep them.
 void WaveOut::CheckPosition(Time now) {
     if (now - checked_ < CheckInterval) return;
-    const DWORD bytes = PlayedBytes();
-    const auto played = Duration(format_, (bytes - checked_bytes_) / sizeof(std::int16_t));
-    has_failed_ = has_failed_ || played < (now - checked_) / 4;
+    const auto played = Duration(format_, (PlayedBytes() - checked_bytes_) / sizeof(std::int16_t));
+    has_failed_ = has_failed_ || played < given_ / 4;
+    StartCheck(now);
+}
+
+void WaveOut::StartCheck(Time now) {
     checked_ = now;
-    checked_bytes_ = bytes;
+    checked_bytes_ = PlayedBytes();
+    given_ = 0us;
 }
 
 std::size_t WaveOut::SamplesIn(Time length) const {

@@ -48,6 +48,7 @@ class WaveOut : public SoundOutput {
     void Begin(Time now);
     void Give(Time length, Time lead_in);
     void CheckPosition(Time now);
+    void StartCheck(Time now);
     std::size_t SamplesIn(Time length) const;
     DWORD PlayedBytes() const;
     long QueuedBlocks() const;
@@ -73,6 +74,7 @@ class WaveOut : public SoundOutput {
     Time lead_;           // how far ahead the device is given sound
     Time checked_{0};     // when its position was, and what that was
     DWORD checked_bytes_ = 0;
+    Time given_{0}; // to the device since then
     std::thread thread_;
 };
 
