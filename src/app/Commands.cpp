@@ -72,6 +72,10 @@ constexpr Command SearchMenu[] = {
     {Command::SearchAgain, "Search A&gain\tF3", [](Parts& p) { p.list.SearchAgain(); }, WithFolders},
 };
 
+constexpr Command ViewMenu[] = {
+    {Command::OnTheAir, "&On the Air\tCtrl+R", [](Parts& p) { p.on_the_air.Open(); }},
+};
+
 constexpr Command PreferencesMenu[] = {
     {Command::mnuSelComm, "&Select Com Radio", [](Parts& p) { p.preferences.mnuSelComm_Click(); }},
     Separator,
@@ -111,7 +115,9 @@ constexpr Command HelpMenu[] = {
 };
 
 constexpr Menu Menus[] = {
-    {"&File", FileMenu}, {"&Search", SearchMenu}, {"&Preferences", PreferencesMenu}, {"&Help", HelpMenu}};
+    {"&File", FileMenu}, {"&Search", SearchMenu}, {"&Preferences", PreferencesMenu},
+    {"Vie&w", ViewMenu}, {"&Help", HelpMenu},
+};
 
 constexpr Command ListMenu[] = {
     {Command::PlayFeed, "&Play",
@@ -143,8 +149,8 @@ constexpr Command InNoMenu[] = {
     {Command::frmShow_FSUIPC_Command1, "", [](Parts& p) { p.status.Command1_Click(); }, Always},
 };
 
-constexpr std::span<const Command> Tables[] = {FileMenu, SearchMenu, PreferencesMenu, HelpMenu,
-                                               ListMenu, InNoMenu,   SoundDevicesMenu};
+constexpr std::span<const Command> Tables[] = {FileMenu, SearchMenu, PreferencesMenu, ViewMenu,
+                                               HelpMenu, ListMenu,   InNoMenu,        SoundDevicesMenu};
 
 } // namespace
 

@@ -51,6 +51,7 @@ struct Command {
         CheckFeeds = 2023,
         StayOpenMark = 2024,
         SharedFrequenciesMark = 2025,
+        OnTheAir = 2050,
 
         SoundDevices = 2040,       ///< a menu
         SoundDevicesNote = 2041,   ///< its last entry

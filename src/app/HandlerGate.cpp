@@ -14,6 +14,11 @@ void HandlerGate::Enter(Handler handler) {
 
 void HandlerGate::Interrupt(const Handler& handler) {
     if (running_) return;
+    RunOne(handler);
+    if (!waiting_) Run(NextInLine());
+}
+
+void HandlerGate::RunOne(const Handler& handler) {
     running_ = true;
     run_(handler);
     running_ = false;
@@ -22,6 +27,15 @@ void HandlerGate::Interrupt(const Handler& handler) {
 void HandlerGate::Ask(Handler question, Handler then) {
     question_ = std::move(question);
     then_ = std::move(then);
+}
+
+void HandlerGate::AskMeanwhile(Handler question, Handler then) {
+    background_.Start(std::move(question), [this, then = std::move(then)] {
+        if (running_)
+            line_.push_back(then);
+        else
+            Interrupt(then);
+    });
 }
 
 void HandlerGate::Close() {
@@ -40,7 +54,7 @@ bool HandlerGate::ServeEvents(Clock& clock, std::chrono::milliseconds time) {
 
 void HandlerGate::Run(Handler handler) {
     while (handler) {
-        Interrupt(handler);
+        RunOne(handler);
         if (question_) {
             SendQuestion();
             return;

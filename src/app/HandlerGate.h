@@ -27,6 +27,10 @@ class HandlerGate : public SimInquiry {
 
     void Ask(Handler question, Handler then) override;
 
+    /// Asks the simulator without keeping anybody waiting: other handlers run meanwhile, and `then` as one of
+    /// them.
+    void AskMeanwhile(Handler question, Handler then);
+
     bool Running() const { return running_; }
 
     /// Whether a handler waits for the simulator.
@@ -41,6 +45,7 @@ class HandlerGate : public SimInquiry {
 
   private:
     void Run(Handler handler);
+    void RunOne(const Handler& handler);
     void SendQuestion();
     Handler NextInLine();
 

@@ -8,6 +8,7 @@
 #include "app/HandlerGate.h"
 #include "app/HelpCommands.h"
 #include "app/Maintenance.h"
+#include "app/OnTheAir.h"
 #include "app/PlayerStrip.h"
 #include "app/Ports.h"
 #include "app/Preferences.h"
@@ -78,6 +79,8 @@ struct Parts {
     RadioTuning radio_tuning{state.radio, link, gate};
     FeedListCommands list{state,       texts,        ports.player, ports.prompts,
                           ports.shell, radio_tuning, tuning_check, trap};
+    FeedsAround around{state.form.lvwDB, index, positions};
+    OnTheAir on_the_air{state.on_the_air, state, state.form.lvwDB, around, link, readout, gate, list, clock};
     Preferences preferences{state, texts, ports.prompts, ports.dialogs, ports.shell, trap};
     Maintenance maintenance{state, ports.prompts, ports.shell, ports.files, clock, reload, trap};
     AddFeed add_feed{state, ports.prompts, ports.code_page, reload, trap};

@@ -126,6 +126,22 @@ void Program::CheckFeedsEvent(const std::function<void(FeedCheck&)>& event) {
     if (state_.check_feeds.Visible) parts_->gate.Enter([this, event] { event(parts_->feed_check); });
 }
 
+void Program::PollOnTheAir() {
+    parts_->gate.Interrupt([this] { parts_->on_the_air.Poll(); });
+}
+
+void Program::SelectOnTheAir(const std::optional<OnTheAirForm::Feed>& feed) {
+    parts_->gate.Interrupt([&] { parts_->on_the_air.Select(feed); });
+}
+
+void Program::PickOnTheAir(const OnTheAirForm::Feed& feed) {
+    Handle([this, feed] { parts_->on_the_air.Pick(feed); });
+}
+
+void Program::CloseOnTheAir() {
+    parts_->gate.Interrupt([this] { parts_->on_the_air.Close(); });
+}
+
 void Program::EndSession() {
     parts_->gate.Close();
     parts_->shut_down.Run();

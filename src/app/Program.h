@@ -2,6 +2,7 @@
 
 #include "app/AddFeed.h"
 #include "app/FeedCheck.h"
+#include "app/OnTheAir.h"
 #include "app/Ports.h"
 #include "state/ProgramState.h"
 
@@ -60,6 +61,14 @@ class Program {
 
     /// An event of the catalogue check's dialog, while it is shown.
     void CheckFeedsEvent(const std::function<void(FeedCheck&)>& event);
+
+    /// Two seconds have passed while "On the air" is open.
+    void PollOnTheAir();
+
+    /// The user selected a row of "On the air", or none; double-clicked one, or pressed Enter; closed it.
+    void SelectOnTheAir(const std::optional<OnTheAirForm::Feed>& feed);
+    void PickOnTheAir(const OnTheAirForm::Feed& feed);
+    void CloseOnTheAir();
 
     /// The session ends: shuts down at once, whatever is running.
     void EndSession();

@@ -64,8 +64,7 @@ std::optional<std::size_t> FeedChoice::Picked(std::span<const std::uint32_t> row
 
 /// Null for radio stations and playlists, too: they are bound to no place.
 const GeoPoint* FeedChoice::PlaceOf(const FeedRecord& feed) {
-    if (RadioMarker(feed.City) > 0 || PlaylistMarker(feed.URL) > 0) return nullptr;
-    return airports_.Of(feed.ICAO);
+    return IsLocal(feed.City, feed.URL) ? airports_.Of(feed.ICAO) : nullptr;
 }
 
 } // namespace quillon

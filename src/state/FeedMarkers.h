@@ -16,4 +16,9 @@ std::int32_t PlaylistMarker(std::string_view url);
 /// A live stream, by its address.
 std::int32_t StreamMarker(std::string_view url);
 
+/// Whether the feed is heard around an airport; stations and playlists are heard everywhere.
+inline bool IsLocal(std::string_view city, std::string_view url) {
+    return RadioMarker(city) == 0 && PlaylistMarker(url) == 0;
+}
+
 } // namespace quillon

@@ -184,6 +184,48 @@ struct CheckFeedsForm {
     std::uint64_t Revision = 0; ///< changes whenever the rows do
 };
 
+/// The feeds around the aircraft. Modeless.
+struct OnTheAirForm {
+    /// What tells a feed from all others.
+    struct Feed {
+        std::string Icao;
+        std::string City;
+        std::string Frequency;
+        std::string Url;
+
+        bool operator==(const Feed&) const = default;
+    };
+
+    /// A place as seen from the aircraft.
+    struct Place {
+        double NauticalMiles;
+        double Bearing; ///< degrees from true north, [0, 360)
+
+        bool operator==(const Place&) const = default;
+    };
+
+    enum class Mark { None, Tuned, Playing };
+
+    struct Row {
+        Feed What;
+        Place Where;
+        std::int32_t NauticalMiles; ///< whole ones, as the main window counts them
+        Mark Now;
+
+        bool operator==(const Row&) const = default;
+    };
+
+    bool Visible = false;
+    ViewRequest ActivationRequest = 0; ///< to bring the window to the front
+    std::string StateCaption;          ///< how many feeds there are, or why there are none
+    std::string ListCaption;           ///< what Enter does
+    std::vector<Row> Rows;             ///< nearest first
+    std::vector<Place> Track;          ///< where the aircraft has been
+    double Reach = 0;                  ///< nautical miles: the range or, if there is none, the farthest row
+    std::optional<std::size_t> Selected;
+    std::uint64_t Revision = 0; ///< changes whenever rows or track do
+};
+
 struct frmMuteKey {
     OptionGroup Option; ///< 1 "Tab", 2 "Home", 3 "Shift", 4 "End"
 };

@@ -20,6 +20,7 @@ struct ProgramState : PlaybackState {
     frmMuteKey mute_key_dialog;
     frmAddATC add_feed;
     CheckFeedsForm check_feeds;
+    OnTheAirForm on_the_air;
 
     Folders folders;
 
