@@ -76,13 +76,16 @@ std::string Panel(const Words& words) {
     return memory.Text(0);
 }
 
+/// The control with that id in any box.
+HWND BoxControl(const std::string& id) {
+    for (HWND box : Boxes())
+        if (HWND control = GetDlgItem(box, static_cast<int>(NumberArgument(id)))) return control;
+    throw Failure("no control " + id);
+}
+
 /// The main window's list or, if there is an argument at `at`, the list with that id in a box.
 HWND ListArgument(const Words& words, std::size_t at) {
-    if (words.size() <= at) return TheControl(WC_LISTVIEWW);
-    const int id = static_cast<int>(NumberArgument(words[at]));
-    for (HWND box : Boxes())
-        if (HWND list = GetDlgItem(box, id)) return list;
-    throw Failure("no list " + words[at]);
+    return words.size() <= at ? TheControl(WC_LISTVIEWW) : BoxControl(words[at]);
 }
 
 std::string Rows(const Words& words) {
@@ -101,12 +104,13 @@ std::string CellText(HWND list, WPARAM row, int column) {
 }
 
 std::string Row(const Words& words) {
-    constexpr int Columns = 4;
     HWND list = ListArgument(words, 1);
+    HWND header = reinterpret_cast<HWND>(Ask(list, LVM_GETHEADER, 0, 0));
+    const LRESULT columns = Ask(header, HDM_GETITEMCOUNT, 0, 0);
     const unsigned row = NumberArgument(words[0]);
     if (row < 1 || row > Ask(list, LVM_GETITEMCOUNT, 0, 0)) throw Failure("no row " + words[0]);
     std::string texts = CellText(list, row - 1, 0);
-    for (int column = 1; column < Columns; ++column) texts += "|" + CellText(list, row - 1, column);
+    for (int column = 1; column < columns; ++column) texts += "|" + CellText(list, row - 1, column);
     return texts;
 }
 
@@ -132,8 +136,16 @@ LPARAM RowArgument(HWND list, const std::string& row) {
 }
 
 std::string RowClick(const Words& words) {
-    HWND list = TheControl(WC_LISTVIEWW);
+    HWND list = ListArgument(words, 1);
     return Mouse(list, RowArgument(list, words[0]), {WM_LBUTTONDOWN, WM_LBUTTONUP});
+}
+
+std::string Middle(const Words& words) {
+    HWND control = BoxControl(words[0]);
+    RECT area{};
+    if (!GetWindowRect(control, &area)) throw Failure("the window is gone");
+    return Mouse(control, MAKELPARAM((area.right - area.left) / 2, (area.bottom - area.top) / 2),
+                 {WM_LBUTTONDOWN, WM_LBUTTONUP});
 }
 
 std::string RowDouble(const Words& words) {
@@ -158,8 +170,8 @@ std::string ListKey(const Words& words) {
 
 const std::vector<Command> ContentCommands = {
     {"panel", 1, 1, Panel},       {"rows", 0, 1, Rows},           {"row", 1, 2, Row},
-    {"rowclick", 1, 1, RowClick}, {"rowdouble", 1, 2, RowDouble}, {"header", 1, 1, HeaderClick},
-    {"listkey", 1, 1, ListKey},
+    {"rowclick", 1, 2, RowClick}, {"rowdouble", 1, 2, RowDouble}, {"header", 1, 1, HeaderClick},
+    {"listkey", 1, 1, ListKey},   {"middle", 1, 1, Middle},
 };
 
 } // namespace practice

@@ -1,4 +1,5 @@
 """The list, manual mode and the preferences of the real Quillon.exe, driven by mouse and keyboard messages."""
+import re
 import sys
 import unittest
 from pathlib import Path
@@ -8,7 +9,7 @@ from world.feeds import FEEDS
 from world.world import World
 
 TORONTO, LONDON, NEW_YORK = FEEDS
-CONTROL, ENTER, TAB, F3 = 17, 13, 9, 0x72
+CONTROL, ENTER, ESCAPE, TAB, F3 = 17, 13, 27, 9, 0x72
 
 
 class ByHand(unittest.TestCase):
@@ -85,6 +86,32 @@ class ByHand(unittest.TestCase):
         self.ear.await_(NEW_YORK.icao)
         self.copilot.ask("click optAuto")
         self.copilot.await_text("checked optAuto", "1")
+        self.ear.await_(LONDON.icao)
+
+    def test_5b_on_the_air_lists_tunes_and_plays(self):
+        def await_first(feed, radio):
+            self.copilot.await_text("row 1 IDC_AIR_LIST", lambda row: re.fullmatch(
+                rf"0 NM\|\d{{3}}\|{feed.icao}\|{feed.city}\|{feed.frequency}\|{radio}", row))
+
+        self.copilot.ask("command OnTheAir")
+        await_first(LONDON, "Playing")
+        self.copilot.ask("fly %s %s" % NEW_YORK.position)
+        await_first(NEW_YORK, "")
+        self.copilot.ask("rowdouble 1 IDC_AIR_LIST")
+        self.copilot.await_text("read 311C 4", "00001910")
+        self.ear.await_(NEW_YORK.icao)
+        await_first(NEW_YORK, "Playing")
+        self.copilot.ask("click optManual")
+        self.copilot.ask("fly %s %s" % TORONTO.position)
+        await_first(TORONTO, "")
+        self.copilot.ask("middle IDC_AIR_PICTURE")  # the airport's dot is under the aircraft
+        self.copilot.ask(f"key {ENTER}")
+        self.ear.await_(TORONTO.icao)
+        self.copilot.ask(f"key {ESCAPE}")
+        self.copilot.await_text("boxes", "")
+        self.copilot.ask("click optAuto")
+        self.copilot.ask("fly %s %s" % LONDON.position)
+        self.copilot.ask(f"tune com2stby {LONDON.frequency}")
         self.ear.await_(LONDON.icao)
 
     def test_6_the_range_reaches_label_and_sound(self):

@@ -5,6 +5,7 @@ namespace quillon {
 // What a test or a screen reader finds the main window and its parts by. Controls that stand for a command bear
 // its number (app/Commands.h).
 inline constexpr wchar_t MainWindowClass[] = L"QuillonMain";
+inline constexpr wchar_t AirPictureClass[] = L"QuillonAirPicture";
 
 enum ControlId : int {
     IdFeedList = 1001,

@@ -23,7 +23,8 @@ constexpr int LeastListHeight = 80; // at 96 dpi
 MainWindow::MainWindow()
     : fsuipc_status_([this] { RunCommand(Command::frmShow_FSUIPC_Command1); }),
       add_feed_([this] { Sync(); }),
-      check_feeds_([this] { Sync(); }) {}
+      check_feeds_([this] { Sync(); }),
+      on_the_air_([this] { Sync(); }) {}
 MainWindow::~MainWindow() = default;
 
 bool MainWindow::Create(Program& program) {
@@ -294,6 +295,7 @@ void MainWindow::SyncOnce() {
     fsuipc_status_.Sync(window_, state.fsuipc_status);
     add_feed_.Sync(window_, *program_);
     check_feeds_.Sync(window_, *program_);
+    on_the_air_.Sync(window_, *program_);
     status_->Sync(state.form, theme_);
     list_->Sync();
     SyncTimers();
@@ -354,7 +356,9 @@ bool MainWindow::Dispatch(ULONGLONG until) {
 }
 
 bool MainWindow::Keystroke(MSG& message) {
-    for (HWND modeless : {fsuipc_status_.Window(), check_feeds_.Window()})
+    HWND air = on_the_air_.Window(); // open for a whole flight, so the main window's keys work there, too
+    if (air != nullptr && IsChild(air, message.hwnd) && menu_.Translate(window_, message)) return true;
+    for (HWND modeless : {fsuipc_status_.Window(), check_feeds_.Window(), air})
         if (modeless != nullptr && IsDialogMessageW(modeless, &message)) return true;
     if (add_feed_.Window() != nullptr) return IsDialogMessageW(add_feed_.Window(), &message) != 0;
     if (menu_.Translate(window_, message)) return true;

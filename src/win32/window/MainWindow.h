@@ -10,6 +10,7 @@
 #include "win32/window/MainControls.h"
 #include "win32/window/MainMenu.h"
 #include "win32/window/MainWindowSize.h"
+#include "win32/window/OnTheAirWindow.h"
 #include "win32/window/PreferenceFrames.h"
 #include "win32/window/SplashWindow.h"
 #include "win32/window/StatusBar.h"
@@ -86,6 +87,7 @@ class MainWindow : public Display {
     FsuipcStatusWindow fsuipc_status_;
     AddFeedWindow add_feed_;
     CheckFeedsWindow check_feeds_;
+    OnTheAirWindow on_the_air_;
     std::string caption_;
     bool shown_ = false;
     ViewRequest list_focus_served_ = 0;
