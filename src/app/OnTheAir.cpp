@@ -78,7 +78,7 @@ void OnTheAir::ShowFrom(const std::string& latitude, const std::string& longitud
     std::vector<OnTheAirForm::Row> rows;
     for (const FeedAround& feed : around_.Find(*aircraft, range)) rows.push_back(RowOf(feed));
     form_.StateCaption = Heading(rows.size());
-    form_.Reach = range != 0 ? range : rows.empty() ? 0 : rows.back().Where.NauticalMiles;
+    form_.Reach = range != 0 ? range : rows.empty() ? 0 : std::max(1, rows.back().NauticalMiles);
     Show(std::move(rows), TrackTo(*aircraft));
 }
 

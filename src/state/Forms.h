@@ -221,7 +221,7 @@ struct OnTheAirForm {
     std::string ListCaption;           ///< what Enter does
     std::vector<Row> Rows;             ///< nearest first
     std::vector<Place> Track;          ///< where the aircraft has been
-    double Reach = 0;                  ///< nautical miles: the range or, if there is none, the farthest row
+    std::int32_t Reach = 0; ///< nautical miles: the range or, if there is none, the farthest row; 0: none
     std::optional<std::size_t> Selected;
     std::uint64_t Revision = 0; ///< changes whenever rows or track do
 };

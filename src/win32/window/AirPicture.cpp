@@ -152,7 +152,8 @@ void AirPicture::DrawRings(HDC paper) {
         SelectObject(paper, pen.Get());
         const RECT ring = Around(centre_, radius_ / part);
         Ellipse(paper, ring.left, ring.top, ring.right, ring.bottom);
-        const std::wstring miles = std::to_wstring(std::lround(form_->Reach / part)) + L" NM";
+        const std::wstring miles =
+            std::to_wstring(form_->Reach / part) + (form_->Reach % part != 0 ? L".5 NM" : L" NM");
         const SIZE size = SizeOf(paper, miles);
         const POINT below{centre_.x - size.cx / 2, ring.bottom + Px(1)};
         taken_.push_back({below.x, below.y, below.x + size.cx, below.y + size.cy});
@@ -168,16 +169,16 @@ void AirPicture::DrawRings(HDC paper) {
 void AirPicture::DrawTrack(HDC paper) {
     for (const OnTheAirForm::Place& place : form_->Track) {
         const RECT spot = Around(At(place), Px(1));
-        FillRect(paper, &spot, GetSysColorBrush(COLOR_HOTLIGHT));
+        FillRect(paper, &spot, GetSysColorBrush(COLOR_HIGHLIGHT));
     }
 }
 
 void AirPicture::DrawAircraft(HDC paper) {
-    const RECT place = Around(centre_, Px(5));
+    const RECT place = Around(centre_, Px(7));
     const int half = Px(2) / 2;
     const RECT across{place.left, centre_.y - half, place.right, centre_.y + half + 1};
     const RECT down{centre_.x - half, place.top, centre_.x + half + 1, place.bottom};
-    for (const RECT& bar : {across, down}) FillRect(paper, &bar, GetSysColorBrush(COLOR_HOTLIGHT));
+    for (const RECT& bar : {across, down}) FillRect(paper, &bar, GetSysColorBrush(COLOR_HIGHLIGHT));
     taken_.push_back(place);
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 constexpr UINT RenewMs = 2000;
 constexpr std::size_t LongestCell = 1024; // characters of a catalogue's line that anyone reads in a column
-constexpr int LeastForPicture = 640;      // width of the window at 96 dpi
+constexpr int LeastForPicture = 760;      // width of the window at 96 dpi
 
 struct ShownColumn {
     const wchar_t* title;
@@ -220,8 +220,8 @@ void OnTheAirWindow::Layout() {
     GetClientRect(Window(), &client);
     const bool wide = client.right >= theme.Px(LeastForPicture);
     ShowWindow(Item(IDC_AIR_PICTURE), wide ? SW_SHOWNA : SW_HIDE);
-    const int most =
-        MulDiv(std::min(client.bottom - theme.Px(Head), client.right / 2), 96, static_cast<int>(theme.Dpi()));
+    const int most = MulDiv(std::min(client.bottom - theme.Px(Head), client.right * 2 / 5), 96,
+                            static_cast<int>(theme.Dpi()));
     const auto across = [&](int id) { return std::vector<Cell>{Edge, {Item(id), Grows}, Edge}; };
     std::vector<Cell> both{Edge, {Item(IDC_AIR_LIST), Grows}, Edge};
     if (wide) both.insert(both.end(), {{Item(IDC_AIR_PICTURE), most}, Edge});
