@@ -41,6 +41,9 @@ def portable_rows(results):
     yield "memory of a feed", f"{size:.0f} bytes", "-", size, 400
     yield row("sorting 100,000 rows", "sort/Quillon", "sort/stable_sort", 1.3)
     yield row("searching 100,000 rows, in vain", "search/Quillon", "search/find_if", 1.3)
+    air, inverses = results["on the air/Quillon"]["cpu_time"], results["on the air/GeographicLib"]["cpu_time"]
+    yield "renewing \"On the air\", 100,000 feeds, 6,000 airports", f"{air:.3g} ms", \
+        f"GeographicLib, inverses to all {inverses:.3g} ms", air, 5
     yield row("a quiet tick, simulator in a process of its own", "tick/Quillon", "tick/link calls", 1.2)
     yield row("a quiet tick, link that costs nothing", "free tick/Quillon", "free tick/link calls", 1.2)
     for end in ("found", "not found"):

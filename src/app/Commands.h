@@ -51,10 +51,10 @@ struct Command {
         CheckFeeds = 2023,
         StayOpenMark = 2024,
         SharedFrequenciesMark = 2025,
-        OnTheAir = 2050,
 
-        SoundDevices = 2040,       ///< a menu
-        SoundDevicesNote = 2041,   ///< its last entry
+        SoundDevices = 2040,     ///< a menu
+        SoundDevicesNote = 2041, ///< its last entry
+        OnTheAir = 2050,
         DefaultSoundDevice = 2100, ///< the first of its entries
 
         // These have no control or menu entry of their own.

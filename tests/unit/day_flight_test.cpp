@@ -101,6 +101,13 @@ class Day : public Flight {
              program->Run(Command::mnuAddATC);
              program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdCancel_Click(); });
          }},
+        {"On the air",
+         [this] {
+             program->Run(Command::OnTheAir);
+             program->PollOnTheAir();
+             const auto rows = state().on_the_air.Rows;
+             if (!rows.empty() && Below(2) == 0) program->PickOnTheAir(rows[random() % rows.size()].What);
+         }},
         {"play", Click(Command::StripPlay)},
         {"pause", Click(Command::StripPause)},
         {"stop", Click(Command::StripStop)},
