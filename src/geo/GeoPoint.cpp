@@ -40,7 +40,8 @@ std::optional<Sight> Look(const GeoPoint& aircraft, const GeoPoint& airport) {
 /// Accurate for short arcs, too, of which the cosine tells little.
 double ArcBetween(const GeoPoint& a, const GeoPoint& b) {
     double chord2 = 0;
-    for (std::size_t axis = 0; axis < a.normal.size(); ++axis) chord2 += Square(a.normal[axis] - b.normal[axis]);
+    for (std::size_t axis = 0; axis < a.normal.size(); ++axis)
+        chord2 += Square(a.normal[axis] - b.normal[axis]);
     return 2 * std::asin(std::min(1.0, std::sqrt(chord2) / 2));
 }
 

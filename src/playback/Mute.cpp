@@ -6,7 +6,8 @@ namespace quillon {
 
 void Mute::MuteSound() {
     MuteState& mute = state_.mute;
-    if (mute.Muted && !CycleRuns(state_.cycle)) return; // a pick or another mode may have started one while muted
+    if (mute.Muted && !CycleRuns(state_.cycle))
+        return; // a pick or another mode may have started one while muted
     mute.Muted = true;
     const bool net_radio = state_.feed.FeedUrlMarker != "0" && state_.feed.RadioFeedMarker > 0;
     if (net_radio)
