@@ -52,8 +52,8 @@ void SmoothSound::Take(std::span<std::int16_t> room) {
 /// What is left decides the gain near the end, so that sound that runs out ends in silence.
 double SmoothSound::NextGain() {
     const double step = StepOf(Ramp);
-    const auto left = static_cast<double>((samples_.size() - taken_) / format_.channels - 1);
-    Approach(edge_gain_, std::min(left * step, 1.0), step);
+    const std::size_t frames_left = (samples_.size() - taken_) / format_.channels - 1;
+    Approach(edge_gain_, std::min(static_cast<double>(frames_left) * step, 1.0), step);
     Approach(volume_, wanted_volume_, step);
     Approach(pause_gain_, paused_ ? 0 : 1, pause_step_);
     return edge_gain_ * volume_ * pause_gain_;

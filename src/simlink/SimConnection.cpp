@@ -59,9 +59,8 @@ bool SimConnection::Open(const std::function<bool()>& wanted) {
         std::uint32_t result = 0;
     };
     const auto attempt = std::make_shared<Attempt>();
-    background_.Start(
-        [this, attempt] { attempt->open = link_.FsuipcReopen(attempt->result); },
-        [attempt] { attempt->done = true; });
+    background_.Start([this, attempt] { attempt->open = link_.FsuipcReopen(attempt->result); },
+                      [attempt] { attempt->done = true; });
     while (!attempt->done && wanted() && clock_.ServeEvents(Slice)) {
     }
     if (!attempt->done) return false;

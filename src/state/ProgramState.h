@@ -33,7 +33,7 @@ struct ProgramState : PlaybackState {
     std::string MessageText;
     std::string UserAgent; ///< what feed servers are told; empty: the program's own name
     SoundSettings sound;
-    bool Busy = false;     ///< a dialog or another program has the user: no timer ticks, no other command runs
+    bool Busy = false; ///< a dialog or another program has the user: no timer ticks, no other command runs
     bool QuitRequested = false; ///< it follows the running handler, which need not ask or tell anything more
     bool Ended = false;         ///< the shut-down has run; the window closes
 };

@@ -9,8 +9,9 @@ using namespace quillon;
 namespace {
 
 TEST(AirportPositions, KnowsOnlyAirportsWhoseLinesMakeSense) {
-    const AirportList list({"KJFK,N40*38.23,W073*46.72", "CYYZ,N43*40.00,W079*37.00", "EGLL,N51*28.00,W000*27.00",
-                            "FAUL,Sx*28.00,W000*27.00", "NONE", "CYYZ,N10*00.00,E010*00.00"});
+    const AirportList list({"KJFK,N40*38.23,W073*46.72", "CYYZ,N43*40.00,W079*37.00",
+                            "EGLL,N51*28.00,W000*27.00", "FAUL,Sx*28.00,W000*27.00", "NONE",
+                            "CYYZ,N10*00.00,E010*00.00"});
     AirportPositions positions(list);
     ASSERT_NE(positions.Of("CYYZ"), nullptr);
     EXPECT_NEAR(positions.Of("CYYZ")->latitude, 43.6667, 1e-4);

@@ -6,10 +6,10 @@
 
 namespace quillon {
 
-StreamPlayer::StreamPlayer(const std::string& program_version, std::shared_ptr<ChosenDevice> device)
-    : StreamPlayer(program_version, std::move(device), std::make_shared<SessionThreads>()) {}
+StreamPlayer::StreamPlayer(const std::string& program_version, const std::shared_ptr<ChosenDevice>& device)
+    : StreamPlayer(program_version, device, std::make_shared<SessionThreads>()) {}
 
-StreamPlayer::StreamPlayer(const std::string& program_version, std::shared_ptr<ChosenDevice> device,
+StreamPlayer::StreamPlayer(const std::string& program_version, const std::shared_ptr<ChosenDevice>& device,
                            std::shared_ptr<SessionThreads> threads)
     : SessionPlayer(
           program_version, [device] { return std::make_unique<WinPlayerSystem>(device); },

@@ -11,13 +11,13 @@ class SessionThreads;
 class StreamPlayer : public SessionPlayer {
   public:
     /// The user agent is "Quillon/" and `program_version` unless SetUserAgent changes it.
-    StreamPlayer(const std::string& program_version, std::shared_ptr<ChosenDevice> device);
+    StreamPlayer(const std::string& program_version, const std::shared_ptr<ChosenDevice>& device);
 
     /// Stops playing and waits for the sessions' threads, for ShutdownTimeout at most.
     ~StreamPlayer() override;
 
   private:
-    StreamPlayer(const std::string& program_version, std::shared_ptr<ChosenDevice> device,
+    StreamPlayer(const std::string& program_version, const std::shared_ptr<ChosenDevice>& device,
                  std::shared_ptr<SessionThreads> threads);
 
     std::shared_ptr<SessionThreads> threads_;

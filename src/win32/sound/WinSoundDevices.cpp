@@ -51,7 +51,7 @@ std::wstring FullName(IMMDeviceEnumerator* endpoints, const std::wstring& id) {
         return {};
     PROPVARIANT value{};
     if (FAILED(properties->GetValue(FriendlyName, &value))) return {};
-    const std::wstring name = value.vt == VT_LPWSTR ? value.pwszVal : L"";
+    std::wstring name = value.vt == VT_LPWSTR ? value.pwszVal : L"";
     PropVariantClear(&value);
     return name;
 }
