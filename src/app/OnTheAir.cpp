@@ -78,18 +78,19 @@ void OnTheAir::ShowFrom(const std::string& latitude, const std::string& longitud
     std::vector<OnTheAirForm::Row> rows;
     for (const FeedAround& feed : around_.Find(*aircraft, range)) rows.push_back(RowOf(feed));
     form_.StateCaption = Heading(rows.size());
-    form_.Reach = range != 0 ? range : rows.empty() ? 0 : std::max(1, rows.back().NauticalMiles);
-    Show(std::move(rows), TrackTo(*aircraft));
+    const std::int32_t farthest = rows.empty() ? 0 : std::max(1, rows.back().NauticalMiles);
+    Show(std::move(rows), TrackTo(*aircraft), range != 0 ? range : farthest);
 }
 
 void OnTheAir::ShowNothing(const std::string& why) {
     form_.StateCaption = why;
-    form_.Reach = 0;
-    Show({}, {});
+    Show({}, {}, 0);
 }
 
-void OnTheAir::Show(std::vector<OnTheAirForm::Row> rows, std::vector<OnTheAirForm::Place> track) {
-    if (rows == form_.Rows && track == form_.Track) return;
+void OnTheAir::Show(std::vector<OnTheAirForm::Row> rows, std::vector<OnTheAirForm::Place> track,
+                    std::int32_t reach) {
+    if (rows == form_.Rows && track == form_.Track && reach == form_.Reach) return;
+    form_.Reach = reach;
     form_.Rows = std::move(rows);
     form_.Track = std::move(track);
     ++form_.Revision;

@@ -62,7 +62,7 @@ class OnTheAir {
     void ShowAnswer(const Answer& answer);
     void ShowFrom(const std::string& latitude, const std::string& longitude);
     void ShowNothing(const std::string& why);
-    void Show(std::vector<OnTheAirForm::Row> rows, std::vector<OnTheAirForm::Place> track);
+    void Show(std::vector<OnTheAirForm::Row> rows, std::vector<OnTheAirForm::Place> track, std::int32_t reach);
     void SelectPicked();
     OnTheAirForm::Row RowOf(const FeedAround& feed) const;
     OnTheAirForm::Mark MarkOf(const FeedRecord& record) const;

@@ -223,7 +223,7 @@ struct OnTheAirForm {
     std::vector<Place> Track;          ///< where the aircraft has been
     std::int32_t Reach = 0; ///< nautical miles: the range or, if there is none, the farthest row; 0: none
     std::optional<std::size_t> Selected;
-    std::uint64_t Revision = 0; ///< changes whenever rows or track do
+    std::uint64_t Revision = 0; ///< changes whenever rows, track or reach do
 };
 
 struct frmMuteKey {
