@@ -69,8 +69,9 @@ struct Cockpit {
     FakePrinter printer;
     FakeProbe probe;
     FakeBackground background;
+    FakeSoundDevices devices;
     Program program{{simulator, simulator, clock, player, player, prompts, dialogs, display, shell, files,
-                     regional, page, keyboard, printer, probe, background},
+                     regional, page, keyboard, printer, probe, background, devices},
                     ""};
 };
 
