@@ -57,7 +57,7 @@ class Reviewer {
         const std::string frequency(feed.Freq);
         if (!feed.StatesFrequency())
             return Add(Quoted(frequency) +
-                       " is none: a frequency has six characters, or seven that name a channel");
+                       " does not count: a frequency has six characters, or seven that name a channel");
         if (!CanBeTuned(frequency)) Add("No radio can be tuned to " + Quoted(frequency));
         const std::string key(FrequencyKey(frequency));
         Statements& statements = stated_.try_emplace(key, Statements{number_, {}}).first->second;

@@ -20,7 +20,7 @@ enum class ContentKind {
 /// decides unless the bytes start like audio.
 ContentKind KindOf(ByteView first, bool announced);
 
-/// The name of an unsupported form, by the first bytes; empty if it is none of those.
+/// The name of an unsupported form, by the first bytes; empty for any other content.
 std::string UnsupportedForm(ByteView first);
 
 /// Whether a content type (lower case, may be empty) and a name (path or address) announce a playlist. The name
