@@ -82,6 +82,7 @@ Section "Quillon"
   WriteUninstaller "$INSTDIR\uninstall.exe"
   CreateShortcut "$SMPROGRAMS\Quillon.lnk" "$INSTDIR\Quillon.exe" "" "" "" SW_SHOWNORMAL "" \
     "Air traffic control feeds for your simulator's radio"
+  CreateShortcut "$SMPROGRAMS\Quillon Help.lnk" "$INSTDIR\help\index.html"
 
   WriteRegStr HKCU "Software\Quillon" "InstallDir" "$INSTDIR"
   WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "Quillon"
@@ -105,6 +106,7 @@ Section "un.Quillon" un_program
   SetOutPath "$TEMP" ; the folder to be removed must not be the current one
   RMDir "$INSTDIR"
   Delete "$SMPROGRAMS\Quillon.lnk"
+  Delete "$SMPROGRAMS\Quillon Help.lnk"
   DeleteRegKey HKCU "${UNINSTALL_KEY}"
   DeleteRegKey HKCU "Software\Quillon"
 SectionEnd

@@ -29,7 +29,8 @@ class Package(unittest.TestCase):
         cls.data = cls.world.data
         shutil.rmtree(cls.data)
         cls.programs = cls.data.parents[1] / "Local/Programs/Quillon"
-        cls.link = cls.data.parent / "Microsoft/Windows/Start Menu/Programs/Quillon.lnk"
+        menu = cls.data.parent / "Microsoft/Windows/Start Menu/Programs"
+        cls.link, cls.help_link = menu / "Quillon.lnk", menu / "Quillon Help.lnk"
 
     def walk(self, program, *pages):
         """Walks through the program's boxes, each recognised by a text and left by a button."""
@@ -54,6 +55,7 @@ class Package(unittest.TestCase):
 
     def test_1_started_from_the_menu_it_plays_chatter_without_a_simulator_and_cannot_be_replaced_meanwhile(self):
         self.assertEqual(self.world.start(str(self.setup), "/S").wait(60), 0)
+        self.assertTrue(self.help_link.exists())
         subprocess.run(["wine", "start", "/unix", self.link], env=self.world.prefix.env, check=True, timeout=60)
         self.hear_recording()
         before = (self.programs / "Quillon.exe").stat()
@@ -76,7 +78,8 @@ class Package(unittest.TestCase):
 
     def test_3_uninstalled_by_its_pages_it_leaves_the_users_files_only(self):
         self.walk(self.programs / "uninstall.exe", ("Components", 1), ("Complete", 1))
-        wait_until("the end of the program", lambda: not self.programs.exists() and not self.link.exists(), 20)
+        gone = (self.programs, self.link, self.help_link)
+        wait_until("the end of the program", lambda: not any(path.exists() for path in gone), 20)
         self.assertIn(b"Mine", (self.data / "live_atc_feeds.txt").read_bytes())
         self.assertTrue((self.data / "Quillon.ini").exists())
 
