@@ -28,7 +28,7 @@ VIAddVersionKey "LegalCopyright" "MIT License"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Quillon.exe"
 !define MUI_FINISHPAGE_RUN_TEXT "Start Quillon now"
 !define MUI_WELCOMEFINISHPAGE_BITMAP "${WORK}/side.bmp"
-!define MUI_UNTEXT_COMPONENTS_SUBTITLE "What you have made stays, unless you say otherwise."
+!define MUI_UNTEXT_COMPONENTS_SUBTITLE "Your own files are kept unless you choose otherwise."
 !define MUI_COMPONENTSPAGE_SMALLDESC
 !insertmacro MUI_PAGE_LICENSE "${STAGE}/LICENSE.txt"
 !insertmacro MUI_PAGE_DIRECTORY
@@ -55,7 +55,7 @@ FunctionEnd
   FileOpen $0 "$INSTDIR\Quillon.exe" a
   IfErrors 0 closeIt
   MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION \
-    "Quillon is running, so that its files cannot be replaced or removed.$\n$\nClose it, then choose Retry." \
+    "Quillon is running, so its files cannot be replaced or removed.$\n$\nClose it, then choose Retry." \
     /SD IDCANCEL IDRETRY tryAgain
   SetErrorLevel 2
   Abort "Quillon is running."
@@ -117,5 +117,5 @@ SectionEnd
 
 !insertmacro MUI_UNFUNCTION_DESCRIPTION_BEGIN
   !insertmacro MUI_DESCRIPTION_TEXT ${un_program} "The program and its help pages."
-  !insertmacro MUI_DESCRIPTION_TEXT ${un_data} "Everything in ${USER_DATA}. It cannot be brought back."
+  !insertmacro MUI_DESCRIPTION_TEXT ${un_data} "Everything in ${USER_DATA}. This cannot be undone."
 !insertmacro MUI_UNFUNCTION_DESCRIPTION_END
