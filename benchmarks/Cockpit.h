@@ -70,8 +70,9 @@ struct Cockpit {
     FakeProbe probe;
     FakeBackground background;
     FakeSoundDevices devices;
+    FakeFolderLister lister;
     Program program{{simulator, simulator, clock, player, player, prompts, dialogs, display, shell, files,
-                     regional, page, keyboard, printer, probe, background, devices},
+                     regional, page, keyboard, printer, probe, background, devices, lister},
                     ""};
 };
 

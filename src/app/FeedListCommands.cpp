@@ -1,7 +1,6 @@
 #include "app/FeedListCommands.h"
 
 #include "playback/CurrentFeed.h"
-#include "playback/ShuffleBag.h"
 #include "radio/Channel.h"
 #include "runtime/Text.h"
 
@@ -106,7 +105,7 @@ void FeedListCommands::PickSelectedFeed(const FeedRecord& picked) {
         return;
     }
     state_.StartupStep = "Adding Wave Files";
-    FillShuffleBag(state_.chatter, state_.feed.FeedUrl, state_.StartupStep);
+    bag_.Fill(state_.feed.FeedUrl);
     PutInCharge(state_.cycle, ManualChatterCycle);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "playback/ScreenTexts.h"
+#include "playback/ShuffleBag.h"
 #include "playback/TuningCheck.h"
 #include "ports/MediaPlayer.h"
 #include "ports/Prompts.h"
@@ -17,11 +18,13 @@ namespace quillon {
 /// What the user does with the list of feeds: sorting, searching, picking, and tuning the simulator from it.
 class FeedListCommands {
   public:
-    FeedListCommands(ProgramState& state, ScreenTexts& texts, MediaPlayer& player, Prompts& prompts,
-                     Shell& shell, RadioTuning& tuning, TuningCheck& tuning_check, ErrorTrap& trap)
+    FeedListCommands(ProgramState& state, ScreenTexts& texts, MediaPlayer& player, ShuffleBag& bag,
+                     Prompts& prompts, Shell& shell, RadioTuning& tuning, TuningCheck& tuning_check,
+                     ErrorTrap& trap)
         : state_(state),
           texts_(texts),
           player_(player),
+          bag_(bag),
           prompts_(prompts),
           shell_(shell),
           tuning_(tuning),
@@ -62,6 +65,7 @@ class FeedListCommands {
     ProgramState& state_;
     ScreenTexts& texts_;
     MediaPlayer& player_;
+    ShuffleBag& bag_;
     Prompts& prompts_;
     Shell& shell_;
     RadioTuning& tuning_;

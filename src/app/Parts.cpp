@@ -21,7 +21,8 @@ Ports WithClock(const Ports& ports, Clock& clock) {
             .printer = ports.printer,
             .probe = ports.probe,
             .background = ports.background,
-            .devices = ports.devices};
+            .devices = ports.devices,
+            .folders = ports.folders};
 }
 
 } // namespace

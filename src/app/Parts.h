@@ -72,12 +72,13 @@ struct Parts {
     SimWatch sim{state, texts, link, readout, gate, stay_open, tuning_check, range, ports.player};
     FeedIndex index{state.form.lvwDB};
     FeedChoice choice{state, state.form.lvwDB, index, positions};
-    AutomaticTuning tuning{state, state.form.lvwDB, texts, sim, choice, display, ports.player, trap};
-    RecordedChatter chatter{state, state.LastSearchText, texts, sim, choice, ports.player, clock, trap};
+    ShuffleBag bag{state.chatter, ports.folders, state.StartupStep};
+    AutomaticTuning tuning{state, state.form.lvwDB, texts, sim, choice, display, ports.player, bag, trap};
+    RecordedChatter chatter{state, state.LastSearchText, texts, sim, choice, ports.player, bag, clock, trap};
     SelectionModes modes{state, state.form.lvwDB, texts, ports.player};
-    ManualMonitoring manual{state, texts, display, ports.player, trap};
+    ManualMonitoring manual{state, texts, display, ports.player, bag, trap};
     RadioTuning radio_tuning{state.radio, link, gate};
-    FeedListCommands list{state,       texts,        ports.player, ports.prompts,
+    FeedListCommands list{state,       texts,        ports.player, bag, ports.prompts,
                           ports.shell, radio_tuning, tuning_check, trap};
     FeedsAround around{state.form.lvwDB, index, positions};
     OnTheAir on_the_air{state.on_the_air, state, state.form.lvwDB, around, link, readout, gate, list, clock};

@@ -6,6 +6,7 @@
 #include "ports/Dialogs.h"
 #include "ports/Display.h"
 #include "ports/FeedProbe.h"
+#include "ports/FolderLister.h"
 #include "ports/Keyboard.h"
 #include "ports/LiveFeed.h"
 #include "ports/MediaPlayer.h"
@@ -38,6 +39,7 @@ struct Ports {
     FeedProbe& probe;
     Background& background;
     SoundDevices& devices;
+    FolderLister& folders;
 };
 
 } // namespace quillon

@@ -14,8 +14,10 @@ namespace quillon {
 
 namespace {
 
+/// A folder on a server is taken on trust: it may take half a minute to say that it is not there.
 bool CanBeHeard(const FeedRecord& feed) {
-    return StreamMarker(feed.URL) > 0 || PlaylistMarker(feed.URL) > 0 || FolderExists(feed.URL);
+    return StreamMarker(feed.URL) > 0 || PlaylistMarker(feed.URL) > 0 || IsOnServer(feed.URL) ||
+           FolderExists(feed.URL);
 }
 
 /// Adds the paths, relative to `root`, of all files in its folder `below`, recursively.

@@ -1,7 +1,6 @@
 #include "playback/AutomaticTuning.h"
 
 #include "playback/CurrentFeed.h"
-#include "playback/ShuffleBag.h"
 
 namespace quillon {
 
@@ -79,7 +78,7 @@ void AutomaticTuning::StartStream(std::size_t row) {
 }
 
 void AutomaticTuning::StartFolder() {
-    FillShuffleBag(state_.chatter, state_.feed.FeedUrl, trap_.StartupStep());
+    bag_.Fill(state_.feed.FeedUrl);
     PutInCharge(state_.cycle, AutomaticChatterCycle);
 }
 

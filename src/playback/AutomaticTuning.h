@@ -2,6 +2,7 @@
 
 #include "playback/FeedChoice.h"
 #include "playback/PlayerDisplay.h"
+#include "playback/ShuffleBag.h"
 #include "playback/SimWatch.h"
 #include "runtime/ErrorTrap.h"
 #include "state/ListView.h"
@@ -13,7 +14,7 @@ namespace quillon {
 class AutomaticTuning {
   public:
     AutomaticTuning(PlaybackState& state, ListView& list, ScreenTexts& texts, SimWatch& sim, FeedChoice& choice,
-                    PlayerDisplay& display, MediaPlayer& player, ErrorTrap& trap)
+                    PlayerDisplay& display, MediaPlayer& player, ShuffleBag& bag, ErrorTrap& trap)
         : state_(state),
           list_(list),
           texts_(texts),
@@ -21,6 +22,7 @@ class AutomaticTuning {
           choice_(choice),
           display_(display),
           player_(player),
+          bag_(bag),
           trap_(trap) {}
 
     void Timer1_Timer();
@@ -42,6 +44,7 @@ class AutomaticTuning {
     FeedChoice& choice_;
     PlayerDisplay& display_;
     MediaPlayer& player_;
+    ShuffleBag& bag_;
     ErrorTrap& trap_;
 };
 

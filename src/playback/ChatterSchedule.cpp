@@ -1,6 +1,5 @@
 #include "playback/ChatterSchedule.h"
 
-#include "playback/ShuffleBag.h"
 #include "runtime/Number.h"
 
 namespace quillon {
@@ -16,14 +15,22 @@ std::int16_t GapSeconds(std::int16_t min_seconds, std::int16_t max_seconds, doub
     return CInt(Int(width * r) + min_seconds);
 }
 
-ChatterSchedule::ChatterSchedule(ChatterState& chatter, ScreenTexts& texts, Clock& clock,
+ChatterSchedule::ChatterSchedule(ChatterState& chatter, ShuffleBag& bag, ScreenTexts& texts, Clock& clock,
                                  std::string& startup_step)
-    : chatter_(chatter), texts_(texts), clock_(clock), startup_step_(startup_step), random_(clock) {
+    : chatter_(chatter), bag_(bag), texts_(texts), clock_(clock), startup_step_(startup_step), random_(clock) {
     BeginGap();
 }
 
 void ChatterSchedule::BeginGap() {
     chatter_.ChatterStartTime = clock_.Now();
+}
+
+bool ChatterSchedule::FolderIsKnown() {
+    const bool was_being_listed = chatter_.Folder == ChatterFolder::BeingListed;
+    const ChatterFolder folder = bag_.Look();
+    if (folder == ChatterFolder::BeingListed) ShowSilence();
+    if (was_being_listed && chatter_.IsRefill && chatter_.List3.empty()) BeginGap();
+    return folder != ChatterFolder::BeingListed;
 }
 
 void ChatterSchedule::MeasureElapsed() {
@@ -40,6 +47,10 @@ void ChatterSchedule::MeasureElapsed() {
 
 bool ChatterSchedule::CountDown() {
     if (chatter_.ChatterElapsed >= chatter_.NextChatterDelay) return false;
+    if (chatter_.Folder != ChatterFolder::HasRecordings) {
+        ShowSilence();
+        return true;
+    }
     const PlayerStatus gap{Activity::Gap, chatter_.NextChatterDelay - chatter_.ChatterElapsed};
     texts_.ShowStatus(gap);
     texts_.ShowTitle("Quillon", gap);
@@ -47,16 +58,23 @@ bool ChatterSchedule::CountDown() {
     return true;
 }
 
+/// No countdown to what will not come.
+void ChatterSchedule::ShowSilence() {
+    texts_.ShowStatus({Activity::Stopped});
+    texts_.ShowTitle("Quillon", {Activity::Stopped});
+    texts_.ShowFeed();
+}
+
 std::optional<std::string> ChatterSchedule::Draw(const std::string& step) {
     chatter_.NextChatterDelay =
         GapSeconds(chatter_.ChatterMinSeconds, chatter_.ChatterMaxSeconds, random_.Next());
     texts_.ShowGap(chatter_.NextChatterDelay);
     startup_step_ = step;
-    auto path = DrawRecording(chatter_, random_.Next());
+    auto path = bag_.Draw(random_.Next());
     if (path)
         startup_step_ = "Wave name: " + *path;
     else
-        RefillShuffleBag(chatter_, startup_step_);
+        bag_.Refill();
     return path;
 }
 

@@ -1,7 +1,6 @@
 #include "playback/ManualMonitoring.h"
 
 #include "playback/CurrentFeed.h"
-#include "playback/ShuffleBag.h"
 #include "runtime/Text.h"
 #include "state/FeedMarkers.h"
 
@@ -38,7 +37,7 @@ void ManualMonitoring::StartPickedFeed() {
         StartStream();
         return;
     }
-    FillShuffleBag(state_.chatter, feed.FeedUrl, trap_.StartupStep());
+    bag_.Fill(feed.FeedUrl);
     PutInCharge(state_.cycle, ManualChatterCycle);
 }
 

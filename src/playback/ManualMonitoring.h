@@ -1,6 +1,7 @@
 #pragma once
 
 #include "playback/PlayerDisplay.h"
+#include "playback/ShuffleBag.h"
 #include "runtime/ErrorTrap.h"
 
 namespace quillon {
@@ -9,8 +10,8 @@ namespace quillon {
 class ManualMonitoring {
   public:
     ManualMonitoring(PlaybackState& state, ScreenTexts& texts, PlayerDisplay& display, MediaPlayer& player,
-                     ErrorTrap& trap)
-        : state_(state), texts_(texts), display_(display), player_(player), trap_(trap) {}
+                     ShuffleBag& bag, ErrorTrap& trap)
+        : state_(state), texts_(texts), display_(display), player_(player), bag_(bag), trap_(trap) {}
 
     void Timer2_Timer();
 
@@ -23,6 +24,7 @@ class ManualMonitoring {
     ScreenTexts& texts_;
     PlayerDisplay& display_;
     MediaPlayer& player_;
+    ShuffleBag& bag_;
     ErrorTrap& trap_;
 };
 

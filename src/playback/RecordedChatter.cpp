@@ -14,7 +14,7 @@ void RecordedChatter::Timer4_Timer() {
 }
 
 void RecordedChatter::AutomaticTick() {
-    if (!FollowSimulator() || RecordingPlays()) return;
+    if (!FollowSimulator() || RecordingPlays() || !schedule_.FolderIsKnown()) return;
     schedule_.MeasureElapsed();
     if (!schedule_.CountDown()) PlayNextInRange();
 }
@@ -81,7 +81,7 @@ void RecordedChatter::ManualTick() {
     }
     texts_.ShowFeed();
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
-    if (RecordingPlays()) return;
+    if (RecordingPlays() || !schedule_.FolderIsKnown()) return;
     schedule_.MeasureElapsed();
     HurryFirstPick();
     if (schedule_.CountDown())

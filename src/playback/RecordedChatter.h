@@ -12,14 +12,14 @@ class RecordedChatter {
   public:
     /// `last_search_text` is forgotten when a recording starts.
     RecordedChatter(PlaybackState& state, std::string& last_search_text, ScreenTexts& texts, SimWatch& sim,
-                    FeedChoice& choice, MediaPlayer& player, Clock& clock, ErrorTrap& trap)
+                    FeedChoice& choice, MediaPlayer& player, ShuffleBag& bag, Clock& clock, ErrorTrap& trap)
         : state_(state),
           last_search_text_(last_search_text),
           texts_(texts),
           sim_(sim),
           choice_(choice),
           player_(player),
-          schedule_(state.chatter, texts, clock, trap.StartupStep()),
+          schedule_(state.chatter, bag, texts, clock, trap.StartupStep()),
           trap_(trap) {}
 
     /// For a tuned feed: follows the simulator, plays only in range, and hands back to `Timer1` when the radio

@@ -1,34 +1,48 @@
 #include "playback/ShuffleBag.h"
 
-#include "runtime/Files.h"
-
 #include <utility>
 
 namespace quillon {
 
-void FillShuffleBag(ChatterState& chatter, const std::string& folder, std::string& startup_step) {
-    std::string& path = chatter.File1Path = folder;
+void ShuffleBag::Fill(const std::string& folder) {
+    std::string& path = chatter_.File1Path = folder;
     while (!path.empty() && path.back() == '\\') path.pop_back();
-    RefillShuffleBag(chatter, startup_step);
+    List();
+    chatter_.IsRefill = false;
 }
 
-void RefillShuffleBag(ChatterState& chatter, std::string& startup_step) {
-    chatter.List3.clear();
-    chatter.List4.clear();
-    startup_step = "Adding Wave Files";
-    for (std::string& path : WaveFilesIn(chatter.File1Path)) {
-        startup_step = "Adding " + path;
-        chatter.List3.push_back(std::move(path));
+void ShuffleBag::Refill() {
+    List();
+    chatter_.IsRefill = true;
+}
+
+void ShuffleBag::List() {
+    chatter_.List3.clear();
+    chatter_.List4.clear();
+    chatter_.Folder = ChatterFolder::BeingListed;
+    startup_step_ = "Adding Wave Files";
+    lister_.Begin(chatter_.File1Path);
+}
+
+ChatterFolder ShuffleBag::Look() {
+    if (chatter_.Folder != ChatterFolder::BeingListed) return chatter_.Folder;
+    auto content = lister_.Result();
+    if (!content) return chatter_.Folder;
+    for (std::string& path : content->Waves) {
+        startup_step_ = "Adding " + path;
+        chatter_.List3.push_back(std::move(path));
     }
+    if (!chatter_.List3.empty()) return chatter_.Folder = ChatterFolder::HasRecordings;
+    return chatter_.Folder = content->Reached ? ChatterFolder::Empty : ChatterFolder::OutOfReach;
 }
 
-std::optional<std::string> DrawRecording(ChatterState& chatter, double r) {
-    auto& bag = chatter.List3;
+std::optional<std::string> ShuffleBag::Draw(double r) {
+    auto& bag = chatter_.List3;
     if (bag.empty()) return std::nullopt;
     const auto drawn = bag.begin() + static_cast<std::ptrdiff_t>(r * static_cast<double>(bag.size()));
-    chatter.List4.push_back(std::move(*drawn));
+    chatter_.List4.push_back(std::move(*drawn));
     bag.erase(drawn);
-    return chatter.List4.back();
+    return chatter_.List4.back();
 }
 
 } // namespace quillon

@@ -55,6 +55,10 @@ inline std::vector<std::string> FileNamesIn(std::string_view folder) {
 /// Whether a path does not depend on the current folder or drive.
 bool IsAbsolutePath(std::string_view path);
 
+/// Whether a path leads to another machine: a UNC path, or one on a drive that is mapped to a server. Does not
+/// touch the path.
+bool IsOnServer(std::string_view path);
+
 /// Without a trailing backslash, except for the root of a drive.
 std::string CurrentFolder();
 

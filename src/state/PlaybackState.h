@@ -67,12 +67,22 @@ struct RangeState {
     std::int32_t AirportSearchStart = 0;
 };
 
+/// What is known of a folder of recordings.
+enum class ChatterFolder {
+    BeingListed,
+    HasRecordings, ///< or had some when it was last listed
+    Empty,
+    OutOfReach, ///< there is no such folder, or no way to it
+};
+
 /// Recorded chatter: the folder being played and the files of it not yet played in this round.
 struct ChatterState {
     std::int16_t ChatterMinSeconds = 15;
     std::int16_t ChatterMaxSeconds = 25;
     bool FirstPick = false; ///< a folder has just been picked by hand: its first recording starts at once
     std::string File1Path;
+    ChatterFolder Folder = ChatterFolder::Empty;
+    bool IsRefill = false; ///< the folder is or was listed because all of its recordings had been played
     std::vector<std::string> List3; ///< not yet played
     std::vector<std::string> List4; ///< played
 

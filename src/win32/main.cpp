@@ -8,6 +8,7 @@
 #include "win32/system/Handle.h"
 #include "win32/system/Utf16.h"
 #include "win32/system/WinBackground.h"
+#include "win32/system/WinFolderLister.h"
 #include "win32/system/WinMessageLink.h"
 #include "win32/window/ControlIds.h"
 #include "win32/window/MainWindow.h"
@@ -88,6 +89,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     StreamPlayer built_in(QUILLON_VERSION, devices.Chosen());
     WinFeedProbe probe(QUILLON_VERSION);
     TwoPlayers player(built_in, AnsweringControl);
+    WinFolderLister folders;
     WinBackground background([&] { window.Sync(); });
     Program program({.link = link,
                      .memory = memory,
@@ -105,7 +107,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
                      .printer = printer,
                      .probe = probe,
                      .background = background,
-                     .devices = devices},
+                     .devices = devices,
+                     .folders = folders},
                     Arguments());
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();

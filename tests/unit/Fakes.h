@@ -7,6 +7,7 @@
 #include "ports/Dialogs.h"
 #include "ports/Display.h"
 #include "ports/FeedProbe.h"
+#include "ports/FolderLister.h"
 #include "ports/Keyboard.h"
 #include "ports/LiveFeed.h"
 #include "ports/Printer.h"
@@ -139,6 +140,24 @@ class FakeBackground : public Background {
 
   private:
     std::deque<std::pair<std::function<void()>, std::function<void()>>> jobs_;
+};
+
+/// Lists when it is asked for the result, unless it is held.
+class FakeFolderLister : public FolderLister {
+  public:
+    void Begin(const std::string& folder) override {
+        asked = folder;
+        ++listings;
+    }
+    std::optional<FolderContent> Result() override {
+        if (held || asked.empty()) return std::nullopt;
+        const std::string folder = std::exchange(asked, "");
+        return FolderContent{FolderExists(folder), WaveFilesIn(folder)};
+    }
+
+    bool held = false;
+    int listings = 0;
+    std::string asked;
 };
 
 /// Asks and goes on at once.

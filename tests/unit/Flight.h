@@ -61,7 +61,7 @@ class Flight : public TempFolder {
     void Start(const std::string& command_line = "") {
         ++simulator.process;
         const Ports ports{simulator, simulator, clock, player,   player,  prompts, dialogs,    display, shell,
-                          files,     regional,  page,  keyboard, printer, probe,   background, devices};
+                          files,     regional,  page,  keyboard, printer, probe,   background, devices, lister};
         program = std::make_unique<Program>(ports, command_line);
         program->ConnectToSimulator();
     }
@@ -98,6 +98,7 @@ class Flight : public TempFolder {
     FakeProbe probe;
     FakeSoundDevices devices;
     FakeBackground background;
+    FakeFolderLister lister;
     std::unique_ptr<Program> program;
 };
 

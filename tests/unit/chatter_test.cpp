@@ -30,17 +30,20 @@ TEST(GapSeconds, LiesWithinItsBounds) {
     }
 }
 
-using ShuffleBag = TempFolder;
+using Bag = TempFolder;
 
-TEST_F(ShuffleBag, HoldsTheWavesOfTheFolderSorted) {
+TEST_F(Bag, HoldsTheWavesOfTheFolderSorted) {
     MakeFolder("a b \xC3\xA9\\folder.wav");
     for (const char* name : {"b.WAV", "a.wav", "C.Wav", "\xC3\x89.wav", "d.wave", "e.wav.txt"})
         Write("a b \xC3\xA9\\" + std::string(name), "");
     const std::string waves = At("a b \xC3\xA9");
     ChatterState chatter;
+    FakeFolderLister lister;
     std::string step;
+    ShuffleBag bag(chatter, lister, step);
     for (const std::string& path : {waves, waves + "\\"}) {
-        FillShuffleBag(chatter, path, step);
+        bag.Fill(path);
+        EXPECT_EQ(bag.Look(), ChatterFolder::HasRecordings);
         std::string all;
         for (const std::string& wave : chatter.List3) all += wave.substr(waves.size());
         EXPECT_EQ(all, "\\a.wav\\b.WAV\\C.Wav\\\xC3\x89.wav");
@@ -48,8 +51,8 @@ TEST_F(ShuffleBag, HoldsTheWavesOfTheFolderSorted) {
     std::filesystem::current_path(PathOf(folder)); // where relative paths find nothing
     for (const std::string& nowhere :
          {At("missing"), waves + "\\a.wav", waves.substr(folder.size() + 1), std::string("."), std::string()}) {
-        FillShuffleBag(chatter, nowhere, step);
-        EXPECT_TRUE(chatter.List3.empty()) << nowhere;
+        bag.Fill(nowhere);
+        EXPECT_NE(bag.Look(), ChatterFolder::HasRecordings) << nowhere;
     }
     std::filesystem::current_path("..");
 }
@@ -214,21 +217,48 @@ TEST_F(Chatter, APickByHandIsHeardAtOnceWhereverAndAlsoWhileMuted) {
     EXPECT_EQ(Wait(), wait);
 }
 
+TEST_F(Chatter, ListsAFolderWithoutRecordingsOnceAGapAndFindsThoseThatCome) {
+    for (const bool by_hand : {false, true}) {
+        StartWithGaps(5, 5);
+        const std::string waves = state().folders.WavePath + "CYYZ_T";
+        std::filesystem::remove_all(PathOf(waves));
+        by_hand ? PickFolderByHand() : TuneTo("118.00");
+        lister.listings = 0;
+        Seconds(600);
+        EXPECT_EQ(lister.listings, 100) << "a gap, and the second in which it is listed";
+        EXPECT_EQ(panel(1) + state().form.Caption, "StoppedQuillon -S");
+        MakeFolder("Quillon\\ATC\\CYYZ_T");
+        Write("Quillon\\ATC\\CYYZ_T\\late.wav", "");
+        EXPECT_LE(Wait(), 12);
+        EXPECT_EQ(panel(1) + state().form.Caption, "ATC PlayingQuillon -OK");
+    }
+}
+
+TEST_F(Chatter, DrawsNothingBeforeTheFolderIsListed) {
+    for (const bool by_hand : {false, true}) {
+        StartWithGaps(20, 30);
+        lister.held = true;
+        player.urls.clear();
+        by_hand ? PickFolderByHand() : TuneTo("118.00");
+        Seconds(40);
+        EXPECT_TRUE(player.urls.empty());
+        EXPECT_EQ(state().chatter.FirstPick, by_hand);
+        EXPECT_EQ(panel(1) + panel(3), "StoppedCYYZ - Wav - Toronto ON - Tower Pearson Intl");
+        lister.held = false;
+        EXPECT_EQ(Wait(), 1);
+    }
+}
+
 TEST_F(Chatter, CopesWithAnEmptyFolderAndReportsImpossibleGaps) {
     StartWithGaps(0, 32767);
-    std::filesystem::remove_all(PathOf(state().folders.WavePath));
     TuneTo("118.00");
+    HearRecording();
     Seconds(3);
     PickFolderByHand();
     Seconds(3);
     const std::string text = "Check elapsed time\rError 6 Overflow";
     EXPECT_EQ(prompts.messages, (std::vector<FakePrompts::Shown>{{"Timer3 Errors", text, Icon::Information},
                                                                  {"Timer4 Errors", text, Icon::Information}}));
-    prompts.messages.clear();
-    program->cboMax_Click(0);
-    Seconds(20);
-    EXPECT_TRUE(prompts.messages.empty());
-    EXPECT_TRUE(player.urls.empty());
 }
 
 /// The pieces alone, where every state can be set.
@@ -247,7 +277,9 @@ struct Bench : TickBench {
     FeedIndex index{state.form.lvwDB};
     AirportPositions positions{state.Airports};
     FeedChoice choice{state, state.form.lvwDB, index, positions};
-    RecordedChatter chatter{state, state.LastSearchText, texts, sim, choice, player, clock, trap};
+    FakeFolderLister lister;
+    ShuffleBag bag{state.chatter, lister, state.StartupStep};
+    RecordedChatter chatter{state, state.LastSearchText, texts, sim, choice, player, bag, clock, trap};
     Mute mute{state, texts, player};
     MuteKey mute_key{state, mute, keyboard, screen, clock};
 };

@@ -125,7 +125,6 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
     }
     Pick(5);
     EXPECT_EQ(state().cycle.ActiveTimerId, 4);
-    EXPECT_EQ(state().chatter.List3.size(), 2U);
     EXPECT_TRUE(state().chatter.FirstPick);
     EXPECT_EQ(player.state, Stopped);
     program->Run(Command::optAuto);

@@ -42,6 +42,10 @@ TEST_F(StarterTest, TheOfferIsMadeOnlyIfThereIsNothingToPlayAndSomethingToCreate
     Start();
     EXPECT_EQ(prompts.questions.size(), 1U);
     EXPECT_FALSE(FolderExists(At("Quillon\\ATC"))) << "No is No";
+    Write("Quillon\\live_atc_feeds.txt", "ZZZZ|A server's|\\\\nas\\chatter|118.00\r\n");
+    Start();
+    EXPECT_EQ(prompts.questions.size(), 1U) << "a folder on a server is not looked into";
+    Write("Quillon\\live_atc_feeds.txt", "// no feeds\r\n");
     Remove("program\\starter");
     Start();
     EXPECT_EQ(prompts.questions.size(), 1U);

@@ -118,6 +118,10 @@ bool IsAbsolutePath(std::string_view path) {
     return path.starts_with('\\') || path.starts_with('/');
 }
 
+bool IsOnServer(std::string_view path) {
+    return path.starts_with("\\\\") || path.starts_with("//");
+}
+
 std::string CurrentFolder() {
     const std::unique_ptr<char, void (*)(void*)> path(getcwd(nullptr, 0), std::free);
     return path ? path.get() : "";

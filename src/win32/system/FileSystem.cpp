@@ -169,6 +169,13 @@ bool IsAbsolutePath(std::string_view path) {
            (path.size() >= 3 && path[1] == ':' && (path[2] == '\\' || path[2] == '/'));
 }
 
+bool IsOnServer(std::string_view path) {
+    const std::wstring local = Local(path);
+    if (local.starts_with(L"\\\\")) return true;
+    return local.size() >= 2 && local[1] == L':' &&
+           GetDriveTypeW((local.substr(0, 2) + L"\\").c_str()) == DRIVE_REMOTE;
+}
+
 std::string CurrentFolder() {
     std::wstring path(GetCurrentDirectoryW(0, nullptr), L'\0');
     path.resize(GetCurrentDirectoryW(static_cast<DWORD>(path.size()), path.data()));
