@@ -71,8 +71,9 @@ struct Cockpit {
     FakeBackground background;
     FakeSoundDevices devices;
     FakeFolderLister lister;
+    FakeBackground disk;
     Program program{{simulator, simulator, clock, player, player, prompts, dialogs, display, shell, files,
-                     regional, page, keyboard, printer, probe, background, devices, lister},
+                     regional, page, keyboard, printer, probe, background, devices, lister, disk},
                     ""};
 };
 

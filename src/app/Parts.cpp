@@ -22,7 +22,8 @@ Ports WithClock(const Ports& ports, Clock& clock) {
             .probe = ports.probe,
             .background = ports.background,
             .devices = ports.devices,
-            .folders = ports.folders};
+            .folders = ports.folders,
+            .disk = ports.disk};
 }
 
 } // namespace

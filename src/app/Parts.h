@@ -2,6 +2,7 @@
 
 #include "app/AddFeed.h"
 #include "app/CatalogueReload.h"
+#include "app/CatalogueWatch.h"
 #include "app/FeedCheck.h"
 #include "app/FeedListCommands.h"
 #include "app/FsuipcStatus.h"
@@ -80,6 +81,8 @@ struct Parts {
     RadioTuning radio_tuning{state.radio, link, gate};
     FeedListCommands list{state,       texts,        ports.player, bag, ports.prompts,
                           ports.shell, radio_tuning, tuning_check, trap};
+    QuietReload quiet_reload{state, state.form.lvwDB, loader, reload, choice, texts, ports.player};
+    CatalogueWatch watch{state, gate, ports.disk, ports.code_page, clock, quiet_reload, airports, positions};
     FeedsAround around{state.form.lvwDB, index, positions};
     OnTheAir on_the_air{state.on_the_air, state, state.form.lvwDB, around, link, readout, gate, list, clock};
     Preferences preferences{state, texts, ports.prompts, ports.dialogs, ports.shell, trap};

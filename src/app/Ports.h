@@ -37,9 +37,10 @@ struct Ports {
     Keyboard& keyboard;
     Printer& printer;
     FeedProbe& probe;
-    Background& background;
+    Background& background; ///< for questions to the simulator
     SoundDevices& devices;
     FolderLister& folders;
+    Background& disk; ///< for looks at files
 };
 
 } // namespace quillon

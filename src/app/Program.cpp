@@ -77,6 +77,7 @@ void Program::PollLinkAndMuteKey() {
     parts_->texts.ShowWaiting(asks && parts_->link.Unanswered() >= Patience);
     parts_->notices.Expire();
     parts_->sound_menu.Watch();
+    parts_->watch.Poll();
     if (!state_.Busy) parts_->mute_key.Timer5_Timer();
 }
 

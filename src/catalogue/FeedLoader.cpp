@@ -28,12 +28,16 @@ std::string ListOf(const Duplicates& duplicates) {
 } // namespace
 
 void FeedLoader::LoadList() {
+    LoadList(TextVersion());
+}
+
+void FeedLoader::LoadList(const TextVersion& version) {
+    loaded_ = version;
     ListView& list = state_.form.lvwDB;
     // Sorted once at the end: inserting a row into a sorted list moves all rows after it.
     const bool sorted = list.Sorted();
     list.SetSorted(false);
     trap_.Run("LoadList Error", Icon::Critical, [this] { RebuildList(); });
-    text_.reset();
     if (sorted) list.SetSorted(true);
     state_.feed.FeedIcao.clear();
     state_.feed.FeedCity.clear();
@@ -49,7 +53,8 @@ void FeedLoader::RebuildList() {
     ListView& list = state_.form.lvwDB;
     list.Clear();
     Open();
-    list.Reserve(static_cast<std::size_t>(std::count(text_->begin(), text_->end(), '\n')) + 1, text_);
+    const std::string& text = *loaded_.Text;
+    list.Reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1, loaded_.Text);
     ForEachFeed("Getting Data: ", [this](const FeedLine& feed) { AddFeed(feed); });
     if (FirstListLoad) ShowFirst();
     state_.MessageText.clear();
@@ -146,7 +151,7 @@ void FeedLoader::AskToShare(const std::vector<Duplicate>& duplicates) {
 
 void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {
     Open();
-    std::string_view rest = *text_;
+    std::string_view rest = *loaded_.Text;
     while (const auto line = TakeLine(rest)) {
         if (!IsFeedLine(*line)) continue;
         try {
@@ -161,7 +166,7 @@ void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {
 void FeedLoader::Open() {
     const std::string path = state_.folders.DataPath + CatalogueName;
     state_.StartupStep = "Opening " + path;
-    if (!text_) text_ = std::make_shared<const std::string>(ReadText(path, page_));
+    if (!loaded_.Text) loaded_ = ReadVersion(path, page_);
 }
 
 } // namespace quillon

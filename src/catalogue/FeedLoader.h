@@ -1,12 +1,11 @@
 #pragma once
 
 #include "catalogue/FeedFile.h"
-#include "ports/AnsiCodePage.h"
 #include "ports/Prompts.h"
+#include "ports/TextFile.h"
 #include "state/ProgramState.h"
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +23,15 @@ class FeedLoader {
     /// Rebuilds the list: feeds without a frequency get the lowest free channels, in the file's order. A
     /// failure is reported, and the list keeps the feeds before it. In any case no feed is current afterwards.
     void LoadList();
+
+    /// The same with that version of the file instead of the present one.
+    void LoadList(const TextVersion& version);
+
+    /// The version that was last loaded; without a text if it could not be read.
+    const TextVersion& Loaded() const { return loaded_; }
+
+    /// The file has been written again with the loaded version's text.
+    void Confirm(const TextVersion& version) { loaded_.Stamp = version.Stamp; }
 
     /// Makes the next load sort the list by frequency and select "CYEE". Nothing sets it, so the list keeps the
     /// file's order until the user sorts it.
@@ -57,7 +65,7 @@ class FeedLoader {
     AnsiCodePage& page_;
     ErrorTrap& trap_;
     std::function<void()> remember_;
-    std::shared_ptr<const std::string> text_; // of the catalogue, while a load reads it twice
+    TextVersion loaded_;
 };
 
 } // namespace quillon

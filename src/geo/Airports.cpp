@@ -1,6 +1,5 @@
 #include "geo/Airports.h"
 
-#include "ports/TextFile.h"
 #include "runtime/Number.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
@@ -28,13 +27,17 @@ void Airports::LoadAirports(const std::string& folder) {
         const std::string path = folder + AirportsName;
         trap_.StartupStep() = "Opening " + path;
         list_ = {};
-        const std::string text = ReadText(path, page_);
-        std::string_view rest = text;
-        std::vector<std::string> lines;
-        while (const auto line = TakeLine(rest)) lines.emplace_back(*line);
-        list_ = std::move(lines);
+        TakeUp(ReadVersion(path, page_));
         trap_.StartupStep().clear();
     });
+}
+
+void Airports::TakeUp(const TextVersion& version) {
+    std::string_view rest = *version.Text;
+    std::vector<std::string> lines;
+    while (const auto line = TakeLine(rest)) lines.emplace_back(*line);
+    list_ = std::move(lines);
+    loaded_ = version.Stamp;
 }
 
 AirportPosition ParseAirport(std::string_view line) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "geo/Utilities.h"
-#include "ports/AnsiCodePage.h"
+#include "ports/TextFile.h"
 #include "runtime/ErrorTrap.h"
 #include "state/AirportList.h"
 
@@ -22,10 +22,17 @@ class Airports {
     /// the list empty.
     void LoadAirports(const std::string& folder);
 
+    /// Fills the list with the lines of that version of the file.
+    void TakeUp(const TextVersion& version);
+
+    /// Of the file that is in the list.
+    const std::optional<FileStamp>& Loaded() const { return loaded_; }
+
   private:
     AirportList& list_;
     AnsiCodePage& page_;
     ErrorTrap& trap_;
+    std::optional<FileStamp> loaded_;
 };
 
 struct AirportPosition {

@@ -30,6 +30,15 @@ std::optional<std::size_t> FeedChoice::Relief() {
     return row && !IsCurrent(feed, list_.Items()[*row]) ? row : std::nullopt;
 }
 
+bool FeedChoice::IsCandidate(const FeedState& feed) {
+    auto rows = TunedRows();
+    if (!state_.marks.SharedFrequencies.value_or(false) && !rows.empty()) rows = rows.first(1);
+    return std::any_of(rows.begin(), rows.end(), [&](std::uint32_t row) {
+        const FeedRecord& item = list_.Items()[row];
+        return item.ICAO == feed.FeedIcao && item.City == feed.FeedCity && item.URL == feed.FeedUrl;
+    });
+}
+
 /// The followed radio's channel or, if no feed has it, the other one on its carrier. What an older module says
 /// of the radio is too little to tell the carrier.
 std::span<const std::uint32_t> FeedChoice::TunedRows() {

@@ -24,6 +24,10 @@ class FeedChoice {
     /// channel. Nothing while the current feed is in range or has none.
     std::optional<std::size_t> Relief();
 
+    /// Whether the followed radio's channel may lead to that feed: it is the first of the channel or, where
+    /// airports share frequencies, one of them.
+    bool IsCandidate(const FeedState& feed);
+
   private:
     std::span<const std::uint32_t> TunedRows();
     std::optional<std::size_t> Nearest(std::span<const std::uint32_t> rows);

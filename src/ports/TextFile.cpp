@@ -60,6 +60,11 @@ std::string ReadText(std::string_view path, AnsiCodePage& page) {
     return bytes;
 }
 
+TextVersion ReadVersion(std::string_view path, AnsiCodePage& page) {
+    const auto stamp = StampOf(path); // before the text: a change in between is then noticed
+    return {stamp, std::make_shared<const std::string>(ReadText(path, page))};
+}
+
 std::optional<std::string_view> TakeLine(std::string_view& text) {
     if (text.empty()) return std::nullopt;
     const std::size_t end = text.find('\n');

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "ports/AnsiCodePage.h"
+#include "runtime/FileSystem.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +19,13 @@ std::string_view SkipByteOrderMark(std::string_view bytes);
 
 /// The file's whole text.
 std::string ReadText(std::string_view path, AnsiCodePage& page);
+
+/// A file's whole text, and the file as it was when that was read.
+struct TextVersion {
+    std::optional<FileStamp> Stamp;
+    std::shared_ptr<const std::string> Text;
+};
+TextVersion ReadVersion(std::string_view path, AnsiCodePage& page);
 
 /// Takes the next line off the front of `text` and returns it without its end, which is CR LF, LF or the end of
 /// the text. Empty if `text` is.

@@ -18,8 +18,16 @@ enum class PathKind { Nothing, File, Folder };
 
 PathKind KindOf(std::string_view path);
 
-/// Length of a file in bytes; empty if there is no such file.
-std::optional<std::uint64_t> FileLength(std::string_view path);
+/// By which a file that has been changed is told from what it was.
+struct FileStamp {
+    std::uint64_t Length = 0; ///< bytes
+    std::int64_t Changed = 0; ///< when, in units of the system's
+
+    bool operator==(const FileStamp&) const = default;
+};
+
+/// Empty if there is no such file.
+std::optional<FileStamp> StampOf(std::string_view path);
 
 /// An open file, read from its start. Other programs may change, move and delete it meanwhile.
 class FileReader {

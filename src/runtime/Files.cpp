@@ -35,7 +35,7 @@ std::vector<std::string> WaveFilesIn(std::string_view folder) {
 std::string ReadFile(std::string_view path) {
     FileReader file(path);
     std::string content;
-    content.reserve(static_cast<std::size_t>(FileLength(path).value_or(0)));
+    content.reserve(static_cast<std::size_t>(StampOf(path).value_or(FileStamp()).Length));
     std::array<char, 65536> part;
     while (const std::size_t count = file.Read(part)) content.append(part.data(), count);
     return content;

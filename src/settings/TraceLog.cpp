@@ -12,7 +12,7 @@ void TraceLog::Clear() {
     constexpr std::uintmax_t KeptLength = 10;
     const std::string path = Path();
     AppendFile(path, "");
-    if (FileLength(path).value_or(0) > KeptLength) DeleteFileAt(path);
+    if (StampOf(path).value_or(FileStamp()).Length > KeptLength) DeleteFileAt(path);
 }
 
 } // namespace quillon

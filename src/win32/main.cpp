@@ -91,6 +91,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     TwoPlayers player(built_in, AnsweringControl);
     WinFolderLister folders;
     WinBackground background([&] { window.Sync(); });
+    WinBackground disk([&] { window.Sync(); });
     Program program({.link = link,
                      .memory = memory,
                      .clock = clock,
@@ -108,12 +109,14 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
                      .probe = probe,
                      .background = background,
                      .devices = devices,
-                     .folders = folders},
+                     .folders = folders,
+                     .disk = disk},
                     Arguments());
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();
     window.Run();
-    // A simulator that hangs may hold the thread for seconds yet, and what it uses must not be taken from it.
-    if (!background.Finish(std::chrono::milliseconds(500))) ExitProcess(0);
+    // A simulator or disk that hangs may hold its thread for seconds yet, and what it uses must not be taken from it.
+    constexpr std::chrono::milliseconds Patience{500};
+    if (!background.Finish(Patience) || !disk.Finish(Patience)) ExitProcess(0);
     return 0;
 }

@@ -60,8 +60,9 @@ class Flight : public TempFolder {
 
     void Start(const std::string& command_line = "") {
         ++simulator.process;
-        const Ports ports{simulator, simulator, clock, player,   player,  prompts, dialogs,    display, shell,
-                          files,     regional,  page,  keyboard, printer, probe,   background, devices, lister};
+        const Ports ports{simulator, simulator,  clock,   player,   player, prompts,  dialogs,
+                          display,   shell,      files,   regional, page,   keyboard, printer,
+                          probe,     background, devices, lister,   disk};
         program = std::make_unique<Program>(ports, command_line);
         program->ConnectToSimulator();
     }
@@ -99,6 +100,7 @@ class Flight : public TempFolder {
     FakeSoundDevices devices;
     FakeBackground background;
     FakeFolderLister lister;
+    FakeBackground disk;
     std::unique_ptr<Program> program;
 };
 

@@ -130,7 +130,7 @@ TEST_F(Files, FailuresSayWhatIsWrong) {
     ReplaceFile(file, "two");
     AppendFile(file, "three");
     EXPECT_EQ(ReadFile(file), "twothree");
-    EXPECT_EQ(FileLength(file), 8U);
+    EXPECT_EQ(StampOf(file)->Length, 8U);
     EXPECT_TRUE(FileExists(file));
     EXPECT_FALSE(FileExists(folder));
     EXPECT_FALSE(FileExists(file + ".new"));

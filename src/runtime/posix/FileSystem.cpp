@@ -63,10 +63,12 @@ PathKind KindOf(std::string_view path) {
     return S_ISDIR(entry.st_mode) ? PathKind::Folder : PathKind::File;
 }
 
-std::optional<std::uint64_t> FileLength(std::string_view path) {
+std::optional<FileStamp> StampOf(std::string_view path) {
     struct stat entry {};
     if (stat(Local(path).c_str(), &entry) != 0 || S_ISDIR(entry.st_mode)) return std::nullopt;
-    return static_cast<std::uint64_t>(entry.st_size);
+    constexpr std::int64_t Second = 1'000'000'000;
+    return FileStamp{static_cast<std::uint64_t>(entry.st_size),
+                     entry.st_mtim.tv_sec * Second + entry.st_mtim.tv_nsec};
 }
 
 FileReader::FileReader(std::string_view path) : file_(Open(Local(path), "rb"), Close) {}

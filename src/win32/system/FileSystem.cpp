@@ -94,12 +94,15 @@ PathKind KindOf(std::string_view path) {
     return attributes == INVALID_FILE_ATTRIBUTES ? PathKind::Nothing : KindOf(attributes);
 }
 
-std::optional<std::uint64_t> FileLength(std::string_view path) {
+std::optional<FileStamp> StampOf(std::string_view path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!GetFileAttributesExW(Local(path).c_str(), GetFileExInfoStandard, &data) ||
         (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
         return std::nullopt;
-    return std::uint64_t{data.nFileSizeHigh} << 32U | data.nFileSizeLow;
+    const auto joined = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32U | low; };
+    return FileStamp{joined(data.nFileSizeHigh, data.nFileSizeLow),
+                     static_cast<std::int64_t>(
+                         joined(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime))};
 }
 
 FileReader::FileReader(std::string_view path)

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace quillon {
 
