@@ -2,6 +2,7 @@
 
 #include "catalogue/FeedFile.h"
 #include "ports/TextFile.h"
+#include "state/FeedCondition.h"
 
 #include <algorithm>
 
@@ -54,7 +55,7 @@ void FeedCheck::Poll() {
         Record(*answer);
     } else if (clock_.Now() - try_began_ > LongestTry) {
         probe_.Cancel();
-        Record({Finding::Fails, "No answer"});
+        Record({Finding::Fails, WordsOf(SilenceReason{SilenceCause::NoAnswer, ""})});
     }
 }
 

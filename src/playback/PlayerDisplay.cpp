@@ -40,7 +40,7 @@ void PlayerDisplay::GetWMPState() {
     if (activity == Activity::Playing) activity = ShowPlaying();
     texts_.ShowStatus({activity});
     texts_.ShowTitle(state_.cycle.CaptionBase, {activity});
-    texts_.ShowStation(activity == Activity::NoConnection ? live_.Problem() : live_.Title());
+    texts_.ShowStation(activity == Activity::NoConnection ? WordsOf(live_.Condition().Silence) : live_.Title());
     texts_.ShowServiceLogo(IsLiveAtc(state_.feed.FeedUrl));
 }
 

@@ -23,9 +23,6 @@ bool IsStreamAddress(std::string_view text);
 /// Whether the address is of a protocol for sound that Quillon does not speak, but other players do.
 bool IsMediaProtocol(std::string_view text);
 
-/// What the user is told of such an address.
-inline constexpr const char* UnsupportedProtocol = "Quillon cannot play that";
-
 /// An address or a file's path in lower case, without query and fragment: its ending tells the format.
 std::string LowerCasePath(std::string_view name);
 

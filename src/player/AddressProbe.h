@@ -23,7 +23,7 @@ class AddressProbe {
   private:
     /// What an address turned out to be.
     struct Visit {
-        std::string problem;                 ///< why it cannot be played; empty if it can
+        SilenceReason problem;               ///< why it cannot be played
         std::string redirected_to;           ///< empty if it is not redirected
         std::optional<std::string> playlist; ///< its bytes
         std::string from;                    ///< the address or path that they came from
@@ -31,10 +31,8 @@ class AddressProbe {
 
     /// What came of listening to a source.
     struct Heard {
-        IoStatus last = IoStatus::WouldBlock; ///< why listening ended
         bool sound = false;
-        bool bytes = false;
-        std::string problem; ///< as SoundReader says
+        SilenceReason problem;
         std::optional<std::string> playlist;
     };
 

@@ -99,7 +99,7 @@ void Attempt::TakeData(ByteView bytes) {
     received_ += bytes.size();
     const auto length_before = queue_.Length();
     if (!reader_.Feed(bytes, queue_))
-        Finish(reader_.Problem().empty() ? Outcome::NotAudio : Outcome::Unsupported);
+        Finish(reader_.Problem().Cause == SilenceCause::NoDecoder ? Outcome::Unsupported : Outcome::NotAudio);
     if (IsPausedLive()) DropOldSound(bytes.size(), queue_.Length() - length_before);
 }
 
@@ -129,10 +129,11 @@ void Attempt::TakeStatus(IoStatus status) {
     default:
         break;
     }
-    if (HasLasted(stalled_since_, StallTimeout)) GiveUp();
+    if (HasLasted(stalled_since_, StallTimeout)) GiveUp(SilenceCause::Stalled);
 }
 
-void Attempt::GiveUp() {
+void Attempt::GiveUp(SilenceCause cause) {
+    given_up_ = cause;
     queue_ = {}; // too little to start with, and stale by now
     Finish(Outcome::Dropped);
 }
@@ -141,6 +142,13 @@ void Attempt::GiveUp() {
 void Attempt::Finish(Outcome outcome) {
     const bool is_playlist = reader_.IsPlaylist() && outcome != Outcome::Refused;
     outcome_ = is_playlist && reader_.Playlist().size() <= LongestPlaylist ? Outcome::Playlist : outcome;
+}
+
+SilenceReason Attempt::Problem() const {
+    if (const SilenceReason problem = source_->Problem()) return problem;
+    if (const SilenceReason problem = reader_.Problem()) return problem;
+    if (given_up_ != SilenceCause::None) return {given_up_, ""};
+    return {outcome_ == Outcome::NotAudio ? SilenceCause::NotPlayable : SilenceCause::Dropped, ""};
 }
 
 /// Whether a condition that began at `since` has lasted for `length`; sets `since` if it begins now.
@@ -153,7 +161,7 @@ bool Attempt::HasLasted(std::optional<std::chrono::milliseconds>& since, std::ch
 std::optional<Outcome> Attempt::Play() {
     if (IsPrebuffering()) {
         if (state_ != Transitioning) state_ = Buffering;
-        if (HasLasted(buffering_since_, BufferingTimeout)) GiveUp();
+        if (HasLasted(buffering_since_, BufferingTimeout)) GiveUp(SilenceCause::TooSlow);
         return {};
     }
     buffering_since_.reset();

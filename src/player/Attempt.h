@@ -46,8 +46,8 @@ class Attempt {
 
     const ByteSource& Source() const { return *source_; }
 
-    /// Why it ended, for the user; empty if that is not known.
-    std::string Problem() const { return reader_.Problem().empty() ? source_->Problem() : reader_.Problem(); }
+    /// Why there is no sound, or no more.
+    SilenceReason Problem() const;
 
     /// The bytes of the playlist, after Outcome::Playlist.
     const std::string& Playlist() const { return reader_.Playlist(); }
@@ -62,7 +62,7 @@ class Attempt {
     void DropOldSound(std::size_t bytes, std::chrono::microseconds sound);
     void TakeStatus(IoStatus status);
     bool HasLasted(std::optional<std::chrono::milliseconds>& since, std::chrono::milliseconds length);
-    void GiveUp();
+    void GiveUp(SilenceCause cause);
     bool IsPrebuffering() const;
     void Finish(Outcome outcome);
     std::optional<Outcome> Play();
@@ -82,6 +82,7 @@ class Attempt {
     std::optional<std::chrono::milliseconds> stalled_since_;   // when data stopped coming
     std::optional<std::chrono::milliseconds> buffering_since_; // when the sound ran out
     std::optional<std::chrono::milliseconds> paused_since_;    // when the pause took effect
+    SilenceCause given_up_ = SilenceCause::None;
     std::optional<Outcome> outcome_; // of the source; the attempt's once the queue is empty
     std::size_t received_ = 0;       // bytes
     std::size_t received_in_pause_ = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "state/FeedCondition.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -45,8 +47,8 @@ class ByteSource {
     /// The current stream title; empty if there is none.
     virtual std::string Title() const { return {}; }
 
-    /// What the user is told of an answer that was refused or not supported; empty if there is nothing to say.
-    virtual std::string Problem() const { return {}; }
+    /// Why there are no bytes, as far as the source itself knows. Valid after the first Read.
+    virtual SilenceReason Problem() const { return {}; }
 };
 
 } // namespace quillon

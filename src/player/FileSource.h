@@ -18,6 +18,9 @@ class FileSource : public ByteSource {
     bool IsLive() const override { return false; }
     std::string Address() const override { return path_; }
     bool AnnouncesPlaylist() const override;
+    SilenceReason Problem() const override {
+        return {file_ ? SilenceCause::None : SilenceCause::NoSuchFile, ""};
+    }
 
   private:
     std::string path_;

@@ -20,7 +20,18 @@ std::optional<std::uint64_t> ParseLength(const std::string& text) {
 }
 
 constexpr int Unauthorised = 401;
+constexpr int Forbidden = 403;
+constexpr int NotFound = 404;
 constexpr int Gone = 410;
+
+SilenceCause CauseOfStatus(int status) {
+    if (status / 100 == 3) return SilenceCause::RedirectsInCircles;
+    if (status == Unauthorised) return SilenceCause::WantsPassword;
+    if (status == Forbidden) return SilenceCause::Refused;
+    if (status == NotFound) return SilenceCause::NoSuchFeed;
+    if (status == Gone) return SilenceCause::GoneForGood;
+    return status >= 500 ? SilenceCause::ServerTrouble : SilenceCause::OtherStatus;
+}
 
 } // namespace
 
@@ -29,9 +40,9 @@ HttpStream::HttpStream(StreamAddress address, std::string user_agent, PlayerSyst
 
 IoResult HttpStream::Read(std::span<std::uint8_t> room) {
     if (in_body_) return ReadBody(room);
-    const IoStatus status = Advance();
-    if (status == IoStatus::Refused && reply_.Status() == 0) problem_ = connection_->Problem();
-    return {status};
+    latest_ = Advance();
+    if (latest_ == IoStatus::Refused && reply_.Status() == 0) problem_ = connection_->Problem();
+    return {latest_};
 }
 
 /// One step towards the body; IoStatus::Ok if another can follow.
@@ -93,17 +104,26 @@ bool HttpStream::AnnouncesPlaylist() const {
     return quillon::AnnouncesPlaylist(reply_.ContentType(), address_.target);
 }
 
-HttpStream::Stage HttpStream::Reached() const {
-    if (!connection_) return Stage::NoServer;
-    if (!unsent_.empty()) return Stage::NoConnection;
-    return reply_.Status() == 0 ? Stage::NoAnswer : Stage::Answered;
+SilenceReason HttpStream::Problem() const {
+    if (problem_) return problem_;
+    if (reply_.Status() == 0) return ProblemWithoutAnswer();
+    if (reply_.Status() != 200) return {CauseOfStatus(reply_.Status()), std::to_string(reply_.Status())};
+    return {latest_ == IoStatus::NotAudio ? SilenceCause::WebPage : SilenceCause::None, ""};
+}
+
+SilenceReason HttpStream::ProblemWithoutAnswer() const {
+    using enum SilenceCause;
+    if (!connection_) return {ServerNotFound, ""};
+    const bool in_time = latest_ != IoStatus::Connecting;
+    if (!unsent_.empty()) return {in_time ? ConnectionRefused : NoConnectionInTime, ""};
+    return {in_time ? UselessAnswer : NoAnswerInTime, ""};
 }
 
 IoStatus HttpStream::Redirect() {
     const std::string location = reply_.Header("location");
     const auto target = ResolveLocation(address_, location);
     if (!target && IsMediaProtocol(location)) {
-        problem_ = UnsupportedProtocol;
+        problem_ = {SilenceCause::UnplayableProtocol, ""};
         return IoStatus::Unsupported;
     }
     if (location.empty() || !target || ++redirects_ > MaximumRedirects) return IoStatus::Failed;

@@ -28,18 +28,12 @@ class HttpStream : public ByteSource {
     std::string Address() const override { return AddressText(address_); }
     bool AnnouncesPlaylist() const override;
 
-    /// How far the request has got.
-    enum class Stage { NoServer, NoConnection, NoAnswer, Answered };
-    Stage Reached() const;
-
-    /// The reply's status code; 0 before there is one.
-    int Status() const { return reply_.Status(); }
-
-    std::string Problem() const override { return problem_; }
+    SilenceReason Problem() const override;
 
     std::string Title() const override { return icy_ ? icy_->Title() : std::string(); }
 
   private:
+    SilenceReason ProblemWithoutAnswer() const;
     IoStatus Advance();
     IoStatus SendRequest();
     IoStatus ReadHead();
@@ -61,7 +55,8 @@ class HttpStream : public ByteSource {
     std::optional<ChunkedBody> chunks_;
     std::optional<IcyDemuxer> icy_;
     int redirects_ = 0;
-    std::string problem_;
+    IoStatus latest_ = IoStatus::Connecting; // of the reads before the body
+    SilenceReason problem_;
 };
 
 } // namespace quillon

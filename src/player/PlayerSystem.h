@@ -26,8 +26,8 @@ class Connection {
     /// Sends as much of the front of `bytes` as fits; the result says how much.
     virtual IoResult Write(std::string_view bytes) = 0;
 
-    /// What the user is told after IoStatus::Refused; empty if there is nothing to say.
-    virtual std::string Problem() const { return {}; }
+    /// The reason after IoStatus::Refused.
+    virtual SilenceReason Problem() const { return {}; }
 };
 
 class SoundDecoder {
@@ -67,7 +67,7 @@ class SoundOutput {
     virtual void SetPaused(bool paused, std::chrono::milliseconds ramp) = 0;
 };
 
-/// What a session needs of the operating system. Used on the session's own thread, except Wake.
+/// What a session needs of the operating system. Used on the session's own thread, except Now and Wake.
 class PlayerSystem {
   public:
     virtual ~PlayerSystem() = default;
@@ -86,7 +86,7 @@ class PlayerSystem {
     /// Null if there is no sound device for the format.
     virtual std::unique_ptr<SoundOutput> OpenOutput(const PcmFormat& format) = 0;
 
-    /// Time since some fixed point; never goes back.
+    /// Time since some fixed point; never goes back. May be called on any thread.
     virtual std::chrono::milliseconds Now() = 0;
 
     /// Returns when a connection or the output becomes ready, when woken, or after `at_most`.

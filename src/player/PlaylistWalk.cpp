@@ -15,14 +15,14 @@ std::optional<PlaylistWalk::Stop> PlaylistWalk::Next() {
     return stop;
 }
 
-PlaylistWalk::Found PlaylistWalk::Enter(std::string_view bytes, const std::string& from) {
+SilenceReason PlaylistWalk::Enter(std::string_view bytes, const std::string& from) {
     Entries entries = ReadPlaylist(bytes, from);
-    if (entries.empty()) return Found::Nothing;
-    if (depth_ >= DeepestPlaylist) return Found::TooDeep;
+    if (entries.empty()) return {SilenceCause::EmptyPlaylist, ""};
+    if (depth_ >= DeepestPlaylist) return {SilenceCause::PlaylistsTooDeep, ""};
     entries.resize(std::min(entries.size(), most_entries_));
     for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
         pending_.push_back({*entry, ResolveEntry(from, *entry), depth_ + 1});
-    return Found::Stops;
+    return {};
 }
 
 } // namespace quillon

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "player/Playlists.h"
+#include "state/FeedCondition.h"
 
 #include <cstddef>
 #include <optional>
@@ -24,8 +25,6 @@ class PlaylistWalk {
         std::size_t depth; ///< number of playlists around it
     };
 
-    enum class Found { Stops, Nothing, TooDeep };
-
     /// Only the first `most_entries` of each playlist are visited.
     explicit PlaylistWalk(const std::string& address, std::size_t most_entries = static_cast<std::size_t>(-1));
 
@@ -33,8 +32,8 @@ class PlaylistWalk {
     std::optional<Stop> Next();
 
     /// The stop visited last is a playlist of those bytes, which came from the address or path `from`. Its
-    /// entries are next, if it has any and is not nested too deep.
-    Found Enter(std::string_view bytes, const std::string& from);
+    /// entries are next; returns why there are none.
+    SilenceReason Enter(std::string_view bytes, const std::string& from);
 
   private:
     std::size_t most_entries_;

@@ -66,18 +66,18 @@ void RetrySchedule::Forgive(const std::string& address) {
     const auto found = entries_.find(address);
     if (found == entries_.end()) return;
     found->second.not_before = Time(0);
-    found->second.problem.clear();
+    found->second.problem = {};
 }
 
-std::string RetrySchedule::Problem(const std::string& address) const {
+SilenceReason RetrySchedule::Problem(const std::string& address) const {
     const std::lock_guard lock(mutex_);
     const auto found = entries_.find(address);
-    return found == entries_.end() ? std::string() : found->second.problem;
+    return found == entries_.end() ? SilenceReason() : found->second.problem;
 }
 
-void RetrySchedule::SetProblem(const std::string& address, const std::string& words) {
+void RetrySchedule::SetProblem(const std::string& address, const SilenceReason& problem) {
     const std::lock_guard lock(mutex_);
-    entries_[address].problem = words;
+    entries_[address].problem = problem;
 }
 
 } // namespace quillon

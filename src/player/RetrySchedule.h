@@ -1,6 +1,7 @@
 #pragma once
 
 #include "player/Outcome.h"
+#include "state/FeedCondition.h"
 
 #include <chrono>
 #include <cstdint>
@@ -44,11 +45,11 @@ class RetrySchedule {
     /// Gives the address up: its cool-down starts now.
     void GiveUp(const std::string& address, Time now);
 
-    /// Why the address was given up, for the user; empty if it was not, or nobody knows.
-    std::string Problem(const std::string& address) const;
-    void SetProblem(const std::string& address, const std::string& words);
+    /// Why the address was not heard when it was tried last.
+    SilenceReason Problem(const std::string& address) const;
+    void SetProblem(const std::string& address, const SilenceReason& problem);
 
-    /// Ends the address's cool-down.
+    /// Ends the address's cool-down and forgets its problem.
     void Forgive(const std::string& address);
 
   private:
@@ -56,7 +57,7 @@ class RetrySchedule {
         Time not_before{0};
         std::size_t failures = 0; // waits since there was steady sound
         int wrong_answers = 0;    // in a row
-        std::string problem;
+        SilenceReason problem;
     };
 
     std::optional<Time> WaitAfter(Entry& entry, Outcome outcome, Time played);

@@ -10,14 +10,6 @@ namespace {
 /// More than any message of the protocol, in bytes.
 constexpr std::size_t LargestBacklog = 262144;
 
-constexpr const char* FaultWords[] = {
-    "",
-    "The server's certificate is from an unknown issuer",
-    "The server's certificate is not valid today",
-    "The server's certificate is for another name",
-    "The server's certificate is not valid",
-};
-
 } // namespace
 
 SecureConnection::SecureConnection(std::unique_ptr<Connection> carrier, std::unique_ptr<SecurityLayer> layer)
@@ -44,8 +36,8 @@ IoResult SecureConnection::Write(std::string_view bytes) {
     return {IoStatus::Ok, count};
 }
 
-std::string SecureConnection::Problem() const {
-    return FaultWords[static_cast<std::size_t>(layer_->Fault())];
+SilenceReason SecureConnection::Problem() const {
+    return {layer_->Fault(), ""};
 }
 
 /// Takes one step; IoStatus::Ok if more can be done at once.

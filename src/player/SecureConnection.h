@@ -7,9 +7,6 @@
 
 namespace quillon {
 
-/// What is wrong with a server's certificate.
-enum class CertificateFault { None, UnknownIssuer, Expired, OtherName, Invalid };
-
 /// The cryptography of a secure connection, without its traffic. `received` holds what the server sent; a call
 /// removes what it used from the front.
 class SecurityLayer {
@@ -27,7 +24,7 @@ class SecurityLayer {
     virtual ~SecurityLayer() = default;
 
     /// Why the server is untrusted, after Progress::Untrusted.
-    virtual CertificateFault Fault() const = 0;
+    virtual SilenceCause Fault() const = 0;
 
     /// Takes one step of the handshake, the first one without input, and appends what is to be sent.
     virtual Progress ShakeHands(std::vector<std::uint8_t>& received, std::string& unsent) = 0;
@@ -53,7 +50,7 @@ class SecureConnection : public Connection {
 
     IoResult Read(std::span<std::uint8_t> room) override;
     IoResult Write(std::string_view bytes) override;
-    std::string Problem() const override;
+    SilenceReason Problem() const override;
 
   private:
     IoStatus ShakeHands();

@@ -19,6 +19,12 @@ constexpr auto EndedShownFor = 100ms;
 /// The rest of a playlist is skipped after this many entries that cannot be played.
 constexpr int MostFailures = 30;
 
+SilenceReason ProblemAfter(Outcome outcome, const Attempt& attempt) {
+    if (outcome == Outcome::NoDevice) return {SilenceCause::NoSoundDevice, ""};
+    if (outcome == Outcome::Ended || outcome > Outcome::NoDevice) return {};
+    return attempt.Problem();
+}
+
 } // namespace
 
 Session::Session(std::string url, std::string user_agent, int volume, std::unique_ptr<PlayerSystem> system,
@@ -55,6 +61,7 @@ PlayState Session::PlayUntilDone() {
         state_ = Transitioning;
         const Outcome outcome = PlayOnce();
         if (outcome == Outcome::Cancelled) break;
+        UpdateRetries([this](RetrySchedule& retries) { retries.SetProblem(url_, problem_); });
         outcome_ = outcome;
         if (outcome == Outcome::Ended) return MediaEnded;
         if (!is_online_ || !AwaitNextTry(outcome)) return Ready;
@@ -72,16 +79,15 @@ bool Session::AwaitCoolDown() {
 }
 
 /// Goes on with the next entry of a playlist when one has ended or cannot be played, but not when one drops
-/// that was heard.
+/// that was heard. The outcome's problem is left in `problem_`.
 Outcome Session::PlayOnce() {
     PlaylistWalk walk(url_);
     Outcome result = Outcome::Refused;
-    std::string problem; // of `result`
+    SilenceReason problem; // of `result`
     int failures = 0;
     played_ = 0ms;
     while (const auto stop = walk.Next()) {
         const auto played_before = played_;
-        problem_.clear();
         const Outcome outcome = stop->address ? Play(*stop->address, walk) : Unplayable(stop->entry);
         if (outcome == Outcome::Playlist) continue;
         if (outcome <= result) problem = problem_;
@@ -90,7 +96,7 @@ Outcome Session::PlayOnce() {
         result = std::min(result, outcome);
         if (outcome != Outcome::Ended && ++failures == MostFailures) break;
     }
-    UpdateRetries([&](RetrySchedule& retries) { retries.SetProblem(url_, problem); });
+    problem_ = problem;
     return result;
 }
 
@@ -100,11 +106,11 @@ Outcome Session::Play(const std::string& address, PlaylistWalk& walk) {
     if (!source) return Unplayable(address);
     Attempt attempt(std::move(source), controls_, *system_);
     const Outcome outcome = Drive(attempt);
-    problem_ = attempt.Problem();
     played_ += attempt.Played();
+    problem_ = ProblemAfter(outcome, attempt);
     if (outcome != Outcome::Playlist) return outcome;
-    const auto found = walk.Enter(attempt.Playlist(), attempt.Source().Address());
-    return found == PlaylistWalk::Found::Stops ? Outcome::Playlist : Outcome::NotAudio;
+    problem_ = walk.Enter(attempt.Playlist(), attempt.Source().Address());
+    return problem_ ? Outcome::NotAudio : Outcome::Playlist;
 }
 
 Outcome Session::Drive(Attempt& attempt) {
@@ -120,9 +126,9 @@ Outcome Session::Drive(Attempt& attempt) {
 }
 
 Outcome Session::Unplayable(const std::string& address) {
-    if (!IsMediaProtocol(address)) return Outcome::Refused;
-    problem_ = UnsupportedProtocol;
-    return Outcome::Unsupported;
+    const bool is_media = IsMediaProtocol(address);
+    problem_ = {is_media ? SilenceCause::UnplayableProtocol : SilenceCause::BadAddress, ""};
+    return is_media ? Outcome::Unsupported : Outcome::Refused;
 }
 
 std::unique_ptr<ByteSource> Session::Open(const std::string& address) {
@@ -153,9 +159,15 @@ void Session::UpdateRetries(Call call) {
 void Session::WaitUntil(milliseconds time, PlayState shown) {
     ShowTitle({});
     state_ = shown;
+    waits_until_ = time;
     is_waiting_ = true;
     while (!controls_.cancelled && (controls_.paused || system_->Now() < time)) system_->Wait(PollInterval);
     is_waiting_ = false;
+}
+
+std::optional<milliseconds> Session::TimeToNextTry() const {
+    if (!is_waiting_ || controls_.paused) return {};
+    return std::max(waits_until_.load() - system_->Now(), 0ms);
 }
 
 void Session::Cancel() {

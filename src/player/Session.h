@@ -49,6 +49,9 @@ class Session {
     /// Whether it is waiting for the next try.
     bool IsWaiting() const { return is_waiting_; }
 
+    /// How long it will still wait; nothing if it does not, or waits on because it is paused.
+    std::optional<std::chrono::milliseconds> TimeToNextTry() const;
+
   private:
     PlayState PlayUntilDone();
     bool AwaitCoolDown();
@@ -71,6 +74,7 @@ class Session {
     std::atomic<Outcome> outcome_ = Outcome::Cancelled;
     std::atomic<bool> has_ended_ = false;
     std::atomic<bool> is_waiting_ = false;
+    std::atomic<std::chrono::milliseconds> waits_until_{};
     const std::shared_ptr<RetrySchedule> retries_;
     mutable std::mutex mutex_; // guards title_ and cancelling
     std::string title_;
@@ -78,7 +82,7 @@ class Session {
     // Used on Run's thread only.
     std::chrono::milliseconds played_{0}; // since `url_` itself was requested last
     bool is_online_ = false;              // something on the network was requested
-    std::string problem_;                 // of the latest address, for the user
+    SilenceReason problem_;               // of the latest address, then of the try
 };
 
 } // namespace quillon

@@ -95,8 +95,12 @@ bool SessionPlayer::IsUnsupported() const {
     return session_ && session_->LatestOutcome() == Outcome::Unsupported;
 }
 
-std::string SessionPlayer::Problem() const {
-    return retries_->Problem(url_);
+FeedCondition SessionPlayer::Condition() const {
+    if (!session_) return {{idle_state_ == Ready ? SilenceCause::NoRoom : SilenceCause::None, ""}, {}};
+    FeedCondition condition{retries_->Problem(url_), {}};
+    if (const auto time = session_->TimeToNextTry())
+        condition.NextTry = std::max(std::chrono::ceil<std::chrono::seconds>(*time), std::chrono::seconds(1));
+    return condition;
 }
 
 std::string SessionPlayer::Title() const {

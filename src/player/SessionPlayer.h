@@ -44,7 +44,7 @@ class SessionPlayer : public FeedPlayer {
     void SetVolume(int volume) override;
 
     std::string Title() const override;
-    std::string Problem() const override;
+    FeedCondition Condition() const override;
     void Reload() override;
     void SetUserAgent(const std::string& user_agent) override;
 

@@ -66,11 +66,15 @@ bool SoundReader::DecodeFrame(const AudioFrame& frame, Samples& samples) {
     return decoder_ && decoder_->Decode(frame.bytes, samples);
 }
 
-std::string SoundReader::Problem() const {
+SilenceReason SoundReader::Problem() const {
     std::string form = unsupported_;
     if (wav_.LacksDecoder()) form = "this coding of waves";
     if (decoded_ && !decoder_) form = decoded_->coding == FrameCoding::Aac ? "AAC" : "MP3";
-    return form.empty() ? form : "No decoder for " + form;
+    if (!form.empty()) return {SilenceCause::NoDecoder, form};
+    if (has_found_sound_) return {};
+    if (kind_ == ContentKind::WebPage) return {SilenceCause::WebPage, ""};
+    const bool got_none = kind_ == ContentKind::Unknown && preamble_.empty();
+    return {got_none ? SilenceCause::SendsNothing : SilenceCause::NotPlayable, ""};
 }
 
 } // namespace quillon

@@ -29,9 +29,9 @@ class SoundReader {
     /// All bytes so far, if they are a playlist.
     const std::string& Playlist() const { return playlist_; }
 
-    /// What the user is told of sound that was recognised, but that nothing here decodes; empty if there is
-    /// none.
-    std::string Problem() const;
+    /// Why the bytes give no sound: there were none, nothing here decodes them, or they are something else.
+    /// None once sound was found, unless nothing decodes it.
+    SilenceReason Problem() const;
 
     /// Whether any sound was found.
     bool HasFoundSound() const { return has_found_sound_; }

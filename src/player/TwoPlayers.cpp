@@ -23,7 +23,7 @@ FeedPlayer& TwoPlayers::PlayerFor(const std::string& url) {
 }
 
 void TwoPlayers::Learn() {
-    if (active_ == &built_in_ && built_in_.IsUnsupported()) unsupported_[url_] = built_in_.Problem();
+    if (active_ == &built_in_ && built_in_.IsUnsupported()) unsupported_[url_] = built_in_.Condition().Silence;
 }
 
 /// Starts the current address on its own player, if that is not the active one.
@@ -73,9 +73,12 @@ void TwoPlayers::SetVolume(int volume) {
     if (control_) control_->SetVolume(volume);
 }
 
-std::string TwoPlayers::Problem() const {
+/// The control does not say why it plays nothing.
+FeedCondition TwoPlayers::Condition() const {
+    if (active_ == &built_in_) return built_in_.Condition();
+    if (url_.empty() || active_->State() != Ready) return {};
     const auto found = unsupported_.find(url_);
-    return found == unsupported_.end() ? built_in_.Problem() : found->second;
+    return {found == unsupported_.end() ? SilenceReason{SilenceCause::NotPlayable, ""} : found->second, {}};
 }
 
 void TwoPlayers::Reload() {

@@ -32,7 +32,7 @@ class TwoPlayers : public FeedPlayer {
     void SetVolume(int volume) override;
 
     std::string Title() const override { return active_->Title(); }
-    std::string Problem() const override;
+    FeedCondition Condition() const override;
     void Reload() override;
     void SetUserAgent(const std::string& user_agent) override { built_in_.SetUserAgent(user_agent); }
     void Force(ForcedPlayer player) override { forced_ = player; }
@@ -50,8 +50,7 @@ class TwoPlayers : public FeedPlayer {
     ForcedPlayer forced_ = ForcedPlayer::None;
     std::string url_;
     int volume_ = 100;
-    std::map<std::string, std::string>
-        unsupported_; // what the built-in player says of addresses that it cannot play
+    std::map<std::string, SilenceReason> unsupported_; // why the built-in player cannot play an address
 };
 
 } // namespace quillon

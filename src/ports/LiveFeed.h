@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ports/MediaPlayer.h"
+#include "state/FeedCondition.h"
 #include "state/SoundSettings.h"
 
 #include <string>
@@ -16,8 +17,8 @@ class LiveFeed {
     /// Empty if no feed plays or the station says nothing.
     virtual std::string Title() const = 0;
 
-    /// Why the address has been given up, for the user; empty if it has not, or nobody knows.
-    virtual std::string Problem() const { return {}; }
+    /// Why the address is not heard, and when it is tried again.
+    virtual FeedCondition Condition() const { return {}; }
 
     /// Reconnects at once, even to an address that was given up or is waiting to be retried. A paused or
     /// stopped feed stays silent. Does nothing without an address.

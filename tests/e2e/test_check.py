@@ -11,7 +11,7 @@ from world.feeds import FEEDS
 from world.world import SOUNDS, World
 
 ROWS = ('5|CYYZ|broken||1 "|" instead of 3', "2|EGLL refuse|*The server takes no connections", "3|EGLL 404|*(404)",
-        "4|EGLL untrusted|*certificate is from an unknown issuer*redirected to https", "6|EGLL mute|*within ten seconds", "7|EGLL gone|*There is no such folder",
+        "4|EGLL untrusted|*certificate is from an unknown issuer*redirected to https", "6|EGLL mute|*within ten seconds", "7|EGLL gone|*Cannot reach C:\\none",
         "1|EGLL relative-redirect|*|Redirected to *.end?a=b", *(f"{8 + n}|{feed.icao} *|Plays" for n, feed in enumerate(FEEDS)))
 
 

@@ -61,13 +61,13 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
     const std::tuple<std::string, Finding, const char*> rows[] = {
         {"http://h/moved", Finding::Redirects, "Redirected to http://h/good"},
         {"http://h/loop", Finding::Fails, "Redirects in circles"},
-        {"http://h/page", Finding::Fails, "A web page"},
+        {"http://h/page", Finding::Fails, "A web page, not sound"},
         {"http://h/noise", Finding::Fails, "Nothing that Quillon can play"},
         {"http://h/aac", Finding::Answers, "Plays"},
         {"http://h/ogg", Finding::Fails, "No decoder for Ogg"},
         {"http://h/mms", Finding::Fails, "Quillon cannot play that"},
-        {"http://h/quiet", Finding::Fails, "It answers, but"},
-        {"http://nobody/", Finding::Fails, "No such server"},
+        {"http://h/quiet", Finding::Fails, "The server answers, but"},
+        {"http://nobody/", Finding::Fails, "Server not found"},
         {"http://h:x/", Finding::Fails, "This is no address"},
         {"mms://h/", Finding::Fails, "Must begin"},
         {"http://h/list.m3u", Finding::Answers, "Playlist of http://h/moved: Plays"},
@@ -75,7 +75,7 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
         {At("list.wpl"), Finding::Answers, "Playlist of http://h/good: Plays"},
         {At("none.wpl"), Finding::Fails, "There is no such file"},
         {folder + "\\", Finding::Answers, "Recordings: 1"},
-        {At("empty"), Finding::Fails, "No recordings"}};
+        {At("empty"), Finding::Fails, "No recordings in "}};
     FakeSystem system(world);
     for (const auto& [url, kind, words] : rows) {
         const auto deadline = world.now + 11s;

@@ -132,6 +132,48 @@ TEST(Player, RequestsAGivenUpAddressOnceAMinuteAtMost) {
     }
 }
 
+TEST(Player, TellsWhyItIsSilentAndWhenItTriesAgain) {
+    const std::tuple<const char*, Script, const char*> rows[] = {
+        {"http://unknown/", {}, "Server not found, next try in 1 s"},
+        {Url, NotFound, "The server says: no such feed (404), next try in 1 s"},
+        {Url, Unauthorised, "The server wants a password (401)"},
+        {Url, {Ok + "<html>" + std::string(9000, ' ')}, "A web page, not sound, next try in 1 s"},
+        {Url, {Ok, IoStatus::EndOfStream}, "The server answers, but sends nothing, next try in 1 s"},
+        {Url, {"SSH-2.0\r\n\r\n"}, "The server answers nothing of use, next try in 1 s"},
+        {Url, {Ok + Frames(40), IoStatus::EndOfStream}, "The connection was lost, next try in 1 s"},
+        {"http://h:x/", {}, "This is no address of a server"},
+        {"Z:\\none.wav", {}, "There is no such file"},
+        {Url, {Ok, IoStatus::Ok}, ""},
+    };
+    for (const auto& [url, script, words] : rows) {
+        PlayerInWorld in;
+        in.world.servers["/a"] = script;
+        EXPECT_EQ(WordsOf(in.player.Condition()), "");
+        in.player.SetUrl(url);
+        std::string told;
+        for (const milliseconds when : {500ms, 1500ms})
+            in.At(when, [&] {
+                if (told.empty()) told = WordsOf(in.player.Condition());
+            });
+        in.RunTo(2s);
+        EXPECT_EQ(told, words) << url << script.bytes.substr(0, 20);
+        EXPECT_EQ(WordsOf(in.player.Condition()), "") << "after stopping";
+    }
+}
+
+TEST(Player, ForgetsItsReasonOnceTheFeedIsHeardAndKeepsItInACoolDown) {
+    PlayerInWorld in;
+    in.world.servers["/a"] = Unauthorised;
+    in.player.SetUrl(Url);
+    in.EverySecond(1s, 59s, Cycle(in));
+    in.At(30500ms, [&in] {
+        EXPECT_EQ(WordsOf(in.player.Condition()), "The server wants a password (401), next try in 30 s");
+        in.world.servers["/a"] = {Ok, IoStatus::Ok};
+    });
+    in.At(65s, [&in] { EXPECT_EQ(WordsOf(in.player.Condition()), ""); });
+    in.RunTo(66s);
+}
+
 TEST(Player, LimitsRequestsToAGivenUpAddressUntilItPlays) {
     PlayerInWorld in;
     in.world.servers["/a"] = Unauthorised;
@@ -287,9 +329,10 @@ TEST(TwoPlayers, HandOverWhatTheBuiltInOneCannotPlay) {
             EXPECT_EQ(in.control->url, "");
             in.both.SetUrl(url); // remembered
             EXPECT_EQ(in.control->urls.size(), 2U);
+            EXPECT_FALSE(in.both.Condition().Silence) << url;
             in.control->state = Ready; // gives it up, too
             EXPECT_EQ(in.both.State(), Ready);
-            EXPECT_NE(in.both.Problem(), "") << url;
+            EXPECT_TRUE(in.both.Condition().Silence) << url;
         });
         in.RunTo(5s);
         EXPECT_FALSE(in.world.audible());
@@ -328,7 +371,7 @@ TEST(TwoPlayers, DoWithoutAControlThatDoesNotAnswer) {
         in.both.SetUrl("http://h/aac");
         in.EverySecond(1s, 50s, [&] {
             EXPECT_EQ(in.both.State(), Ready);
-            EXPECT_EQ(in.both.Problem(), "No decoder for AAC");
+            EXPECT_EQ(WordsOf(in.both.Condition().Silence), "No decoder for AAC");
             in.both.SetUrl("http://h/aac");
         });
         in.RunTo(51s);

@@ -31,7 +31,7 @@ class Carrier : public Connection {
 /// Every byte is a record.
 class Layer : public SecurityLayer {
   public:
-    CertificateFault Fault() const override { return CertificateFault::Expired; }
+    SilenceCause Fault() const override { return SilenceCause::CertificateExpired; }
     Progress ShakeHands(std::vector<std::uint8_t>& received, std::string& unsent) override {
         unsent = "hello";
         return received.empty() ? Progress::Step : Take(received);

@@ -92,7 +92,7 @@ SecurityLayer::Progress SchannelLayer::ShakeHands(std::vector<std::uint8_t>& rec
 
 SecurityLayer::Progress SchannelLayer::CheckServer() {
     fault_ = FaultOfServer(context_, host_);
-    if (fault_ != CertificateFault::None) return Progress::Untrusted;
+    if (fault_ != SilenceCause::None) return Progress::Untrusted;
     const bool knows_sizes =
         functions_->QueryContextAttributesW(&context_, SECPKG_ATTR_STREAM_SIZES, &sizes_) == SEC_E_OK;
     return knows_sizes ? Progress::Done : Progress::Failed;

@@ -15,7 +15,7 @@ class SchannelLayer : public SecurityLayer {
     SchannelLayer(const SchannelLayer&) = delete;
     SchannelLayer& operator=(const SchannelLayer&) = delete;
 
-    CertificateFault Fault() const override { return fault_; }
+    SilenceCause Fault() const override { return fault_; }
     Progress ShakeHands(std::vector<std::uint8_t>& received, std::string& unsent) override;
     Progress Decrypt(std::vector<std::uint8_t>& received, std::vector<std::uint8_t>& data) override;
     std::size_t Encrypt(std::string_view bytes, std::string& unsent) override;
@@ -29,7 +29,7 @@ class SchannelLayer : public SecurityLayer {
     std::wstring host_;
     CredHandle credentials_;
     CtxtHandle context_;
-    CertificateFault fault_ = CertificateFault::None;
+    SilenceCause fault_ = SilenceCause::None;
     SecPkgContext_StreamSizes sizes_{};
 };
 

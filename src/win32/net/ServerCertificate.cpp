@@ -41,27 +41,28 @@ CertificateChain ChainOf(const Certificate& certificate) {
     return CertificateChain(chain);
 }
 
-CertificateFault FaultOfChain(DWORD errors) {
-    if (errors == CERT_TRUST_NO_ERROR) return CertificateFault::None;
+SilenceCause FaultOfChain(DWORD errors) {
+    if (errors == CERT_TRUST_NO_ERROR) return SilenceCause::None;
     if ((errors & (CERT_TRUST_IS_PARTIAL_CHAIN | CERT_TRUST_IS_UNTRUSTED_ROOT)) != 0)
-        return CertificateFault::UnknownIssuer;
-    return (errors & CERT_TRUST_IS_NOT_TIME_VALID) != 0 ? CertificateFault::Expired : CertificateFault::Invalid;
+        return SilenceCause::UnknownIssuer;
+    return (errors & CERT_TRUST_IS_NOT_TIME_VALID) != 0 ? SilenceCause::CertificateExpired
+                                                        : SilenceCause::CertificateInvalid;
 }
 
 } // namespace
 
-CertificateFault FaultOfServer(CtxtHandle& connection, const std::wstring& host) {
+SilenceCause FaultOfServer(CtxtHandle& connection, const std::wstring& host) {
     PCCERT_CONTEXT shown = nullptr;
     if (SecurityFunctions()->QueryContextAttributesW(&connection, SECPKG_ATTR_REMOTE_CERT_CONTEXT, &shown) !=
         SEC_E_OK)
-        return CertificateFault::Invalid;
+        return SilenceCause::CertificateInvalid;
     const Certificate certificate(shown);
-    if (!certificate) return CertificateFault::Invalid;
+    if (!certificate) return SilenceCause::CertificateInvalid;
     const CertificateChain chain = ChainOf(certificate);
-    if (!chain) return CertificateFault::Invalid;
+    if (!chain) return SilenceCause::CertificateInvalid;
     // Wine's policy check below accepts a chain without a root.
-    const CertificateFault fault = FaultOfChain(chain.Get()->TrustStatus.dwErrorStatus);
-    if (fault != CertificateFault::None) return fault;
+    const SilenceCause fault = FaultOfChain(chain.Get()->TrustStatus.dwErrorStatus);
+    if (fault != SilenceCause::None) return fault;
     std::wstring name = host;
     SSL_EXTRA_CERT_CHAIN_POLICY_PARA server{};
     server.cbSize = sizeof server;
@@ -73,9 +74,10 @@ CertificateFault FaultOfServer(CtxtHandle& connection, const std::wstring& host)
     CERT_CHAIN_POLICY_STATUS verdict{};
     verdict.cbSize = sizeof verdict;
     const auto verify = Crypt<decltype(CertVerifyCertificateChainPolicy)>("CertVerifyCertificateChainPolicy");
-    if (verify(CERT_CHAIN_POLICY_SSL, chain.Get(), &rules, &verdict) == FALSE) return CertificateFault::Invalid;
-    if (verdict.dwError == static_cast<DWORD>(CERT_E_CN_NO_MATCH)) return CertificateFault::OtherName;
-    return verdict.dwError == 0 ? CertificateFault::None : CertificateFault::Invalid;
+    if (verify(CERT_CHAIN_POLICY_SSL, chain.Get(), &rules, &verdict) == FALSE)
+        return SilenceCause::CertificateInvalid;
+    if (verdict.dwError == static_cast<DWORD>(CERT_E_CN_NO_MATCH)) return SilenceCause::CertificateOfAnother;
+    return verdict.dwError == 0 ? SilenceCause::None : SilenceCause::CertificateInvalid;
 }
 
 } // namespace quillon

@@ -9,6 +9,6 @@ namespace quillon {
 
 /// What keeps Windows from trusting the certificate that the other side of a secured connection shows for that
 /// host. Revocation is not checked: it would need another connection. May take several seconds.
-CertificateFault FaultOfServer(CtxtHandle& connection, const std::wstring& host);
+SilenceCause FaultOfServer(CtxtHandle& connection, const std::wstring& host);
 
 } // namespace quillon

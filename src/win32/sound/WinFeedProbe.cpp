@@ -15,7 +15,7 @@ namespace quillon {
 
 namespace {
 
-const FeedAnswer NoRoom{Finding::Fails, "The system has no room to try it"};
+const FeedAnswer NoRoom{Finding::Fails, WordsOf(SilenceReason{SilenceCause::NoRoom, ""})};
 
 } // namespace
 
