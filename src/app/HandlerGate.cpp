@@ -1,5 +1,7 @@
 #include "app/HandlerGate.h"
 
+#include "runtime/WhileSet.h"
+
 #include <utility>
 
 namespace quillon {
@@ -19,9 +21,8 @@ void HandlerGate::Interrupt(const Handler& handler) {
 }
 
 void HandlerGate::RunOne(const Handler& handler) {
-    running_ = true;
+    const WhileSet running(running_);
     run_(handler);
-    running_ = false;
 }
 
 void HandlerGate::Ask(Handler question, Handler then) {
@@ -55,20 +56,26 @@ bool HandlerGate::ServeEvents(Clock& clock, std::chrono::milliseconds time) {
 void HandlerGate::Run(Handler handler) {
     while (handler) {
         RunOne(handler);
-        if (question_) {
-            SendQuestion();
-            return;
-        }
+        if (question_ && SendQuestion()) return;
         handler = NextInLine();
     }
 }
 
-void HandlerGate::SendQuestion() {
+/// If the question cannot be asked, that is reported as an error of the handler, whose rest never runs.
+bool HandlerGate::SendQuestion() {
     waiting_ = true;
-    background_.Start(std::exchange(question_, {}), [this] {
+    try {
+        background_.Start(std::exchange(question_, {}), [this] {
+            waiting_ = false;
+            Run(std::exchange(then_, {}));
+        });
+        return true;
+    } catch (...) {
         waiting_ = false;
-        Run(std::exchange(then_, {}));
-    });
+        then_ = {};
+        RunOne([] { throw; });
+        return false;
+    }
 }
 
 HandlerGate::Handler HandlerGate::NextInLine() {

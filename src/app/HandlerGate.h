@@ -14,7 +14,8 @@ class HandlerGate : public SimInquiry {
   public:
     using Handler = std::function<void()>;
 
-    /// `run` runs a handler, or a part of one, and lets nothing be thrown.
+    /// `run` runs a handler, or a part of one, and reports what is thrown. If it throws itself, the gate opens
+    /// again all the same.
     HandlerGate(Background& background, std::function<void(const Handler&)> run)
         : background_(background), run_(std::move(run)) {}
 
@@ -46,7 +47,7 @@ class HandlerGate : public SimInquiry {
   private:
     void Run(Handler handler);
     void RunOne(const Handler& handler);
-    void SendQuestion();
+    bool SendQuestion();
     Handler NextInLine();
 
     Background& background_;

@@ -42,7 +42,7 @@ void OnTheAir::Poll() {
                                                  : "&Feeds (Enter or a double click tunes the radio):";
     const RadioState& radio = state_.radio;
     const bool followed = !state_.cycle.optManual() && CycleRuns(state_.cycle);
-    if (radio.Connecting || asking_ || state_.shown.Waiting || (followed && radio.NoConnection))
+    if (radio.Connecting || !asked_.expired() || state_.shown.Waiting || (followed && radio.NoConnection))
         ShowNothing(NoSimulator);
     else if (followed)
         ShowFrom(radio.AircraftLatitudeText, radio.AircraftLongitudeText);
@@ -51,8 +51,8 @@ void OnTheAir::Poll() {
 }
 
 void OnTheAir::Ask() {
-    asking_ = true;
-    const auto answer = std::make_shared<Answer>();
+    const auto answer = std::make_shared<Answer>(); // lives until it has been shown
+    asked_ = answer;
     gate_.AskMeanwhile(
         [this, answer] { // beside the window's thread
             std::uint32_t result = 0;
@@ -60,7 +60,6 @@ void OnTheAir::Ask() {
             if (answer->open) answer->reading = readout_.Read(0, result);
         },
         [this, answer] {
-            asking_ = false;
             if (form_.Visible) ShowAnswer(*answer);
         });
 }

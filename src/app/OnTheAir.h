@@ -78,7 +78,7 @@ class OnTheAir {
     HandlerGate& gate_;
     FeedListCommands& commands_;
     Clock& clock_;
-    bool asking_ = false;
+    std::weak_ptr<Answer> asked_; // there while an answer is awaited
     std::optional<OnTheAirForm::Feed> selected_;
     std::deque<TrackPoint> track_;
 };

@@ -37,7 +37,6 @@ Parts::Parts(ProgramState& program_state, const Ports& outside, std::string argu
 
 void Parts::RunTrapped(const HandlerGate::Handler& handler) {
     if (state.Ended) return;
-    // Called by Windows, through which nothing may be thrown.
     trap.RunCommand("Unexpected error", Icon::Exclamation, handler);
     if (state.QuitRequested) shut_down.Run();
     if (state.Ended) gate.Close();

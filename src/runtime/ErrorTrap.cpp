@@ -16,6 +16,8 @@ bool ErrorTrap::Run(const std::string& title, Icon icon, const std::function<voi
         Caught(title, icon, DescribedError(OutOfMemory));
     } catch (const std::length_error&) { // asked for more than there can be
         Caught(title, icon, DescribedError(OutOfMemory));
+    } catch (...) {
+        Caught(title, icon, DescribedError(InternalError));
     }
     return false;
 }

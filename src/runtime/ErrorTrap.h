@@ -10,7 +10,8 @@ namespace quillon {
 
 enum class Icon { Information, Exclamation, Critical };
 
-/// The program's one error trap: runs a procedure and shows the user a report of an error that escapes from it.
+/// The program's one error trap: runs a procedure and shows the user a report of any exception that
+/// escapes from it.
 /// The procedure's last report is not repeated until the procedure has succeeded, so that an error that recurs
 /// every second means one message.
 class ErrorTrap {

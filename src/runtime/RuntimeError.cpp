@@ -18,6 +18,8 @@ const char* Describe(ErrorNumber number) {
         return "Division by zero";
     case TypeMismatch:
         return "Type mismatch";
+    case InternalError:
+        return "Internal error";
     case FileNotFound:
         return "File not found";
     case DeviceIoError:

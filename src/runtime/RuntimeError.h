@@ -13,6 +13,7 @@ enum ErrorNumber : std::int32_t {
     SubscriptOutOfRange = 9,
     DivisionByZero = 11,
     TypeMismatch = 13,
+    InternalError = 51, ///< whatever has no number of its own
     FileNotFound = 53,
     DeviceIoError = 57,
     DiskFull = 61,

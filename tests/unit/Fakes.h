@@ -123,6 +123,7 @@ class FakeClock : public Clock {
 class FakeBackground : public Background {
   public:
     void Start(std::function<void()> work, std::function<void()> done) override {
+        if (fails) throw std::bad_alloc();
         jobs_.push_back({std::move(work), std::move(done)});
         if (!held) Finish();
     }
@@ -137,6 +138,7 @@ class FakeBackground : public Background {
     }
 
     bool held = false;
+    bool fails = false;
 
   private:
     std::deque<std::pair<std::function<void()>, std::function<void()>>> jobs_;
@@ -252,6 +254,7 @@ class FakeShell : public Shell {
     std::string ProgramFolder() override { return program_folder; }
     bool OpenAddress(const std::string& address) override {
         opened.push_back(address);
+        if (meanwhile) meanwhile();
         return opens;
     }
     std::unique_ptr<StartedProgram> Start(const std::string& program, const std::string& file) override {
@@ -261,6 +264,7 @@ class FakeShell : public Shell {
             const bool& has_ended_;
         };
         opened.push_back(program + " " + file);
+        if (meanwhile) meanwhile();
         return std::make_unique<Ended>(ended);
     }
     void CopyText(const std::string& text) override { opened.push_back(text); }
@@ -270,7 +274,8 @@ class FakeShell : public Shell {
     std::string program_folder = "C:\\Quillon\\";
     std::vector<std::string> opened;
     bool opens = true;
-    bool ended = true; ///< the started program
+    bool ended = true;               ///< the started program
+    std::function<void()> meanwhile; ///< what happens while one is opened or started
 };
 
 /// Keeps the pages it is given.

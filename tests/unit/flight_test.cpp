@@ -577,4 +577,14 @@ TEST_F(Flight, NothingNestsInsideAMessageBox) {
     EXPECT_TRUE(state().Ended); // closing follows the handler that was running
 }
 
+TEST_F(Flight, AQuestionThatCannotBeAskedIsAnErrorAndTheNextOneIsAsked) {
+    Start();
+    background.fails = true;
+    Tick();
+    EXPECT_EQ(prompts.messages.back().title, "Unexpected error");
+    background.fails = false;
+    TuneTo("118.70");
+    EXPECT_EQ(player.url, "http://feeds.example/a");
+}
+
 } // namespace

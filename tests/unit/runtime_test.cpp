@@ -116,6 +116,22 @@ TEST(ErrorTrap, ReportsTheStepOnceUntilTheProcedureHasSucceeded) {
     EXPECT_EQ(reports, 2);
 }
 
+TEST(ErrorTrap, CatchesWhateverIsThrown) {
+    std::string step = "s";
+    std::string message;
+    ErrorTrap trap(step, message, [](const auto&...) {});
+    const std::pair<void (*)(), const char*> rows[] = {
+        {[] { throw std::bad_alloc(); }, "s\rError 7 Out of memory"},
+        {[] { std::vector<int>().reserve(SIZE_MAX); }, "s\rError 7 Out of memory"},
+        {[] { throw std::runtime_error("x"); }, "s\rError 51 Internal error"},
+        {[] { throw 1; }, "s\rError 51 Internal error"},
+    };
+    for (const auto& [procedure, text] : rows) {
+        EXPECT_FALSE(trap.Run("t", Icon::Critical, procedure));
+        EXPECT_EQ(message, text);
+    }
+}
+
 using Files = TempFolder;
 
 TEST_F(Files, FailuresSayWhatIsWrong) {

@@ -1,6 +1,7 @@
 #include "win32/window/MainWindow.h"
 
 #include "app/Commands.h"
+#include "runtime/WhileSet.h"
 #include "win32/system/Utf16.h"
 #include "win32/window/ControlIds.h"
 #include "win32/window/Controls.h"
@@ -66,8 +67,12 @@ LRESULT CALLBACK MainWindow::Procedure(HWND window, UINT message, WPARAM wparam,
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
     }
     auto* self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    return self != nullptr ? self->Handle(message, wparam, lparam)
-                           : DefWindowProcW(window, message, wparam, lparam);
+    if (self == nullptr) return DefWindowProcW(window, message, wparam, lparam);
+    try {
+        return self->Handle(message, wparam, lparam);
+    } catch (...) { // nothing may be thrown through Windows
+        return 0;
+    }
 }
 
 LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -84,7 +89,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
                                   SizeOf(theme_, controls_->Rows()).cx);
         return 0;
     case WM_DPICHANGED:
-        MoveToDpi(HIWORD(wparam), *reinterpret_cast<RECT*>(lparam));
+        MoveToDpi(HIWORD(wparam), lparam);
         return 0;
     case WM_SYSCOLORCHANGE:
         ForwardSystemColors(window_);
@@ -155,7 +160,15 @@ void MainWindow::Resized(bool restored) {
     if (restored && IsWindowVisible(window_)) program_->ResizeWindow(size_.Read(window_, theme_));
 }
 
-void MainWindow::MoveToDpi(UINT dpi, const RECT& area) {
+/// Any program can send this message, with an address that holds nothing here.
+void MainWindow::MoveToDpi(UINT dpi, LPARAM address) {
+    constexpr UINT LeastDpi = 48;
+    constexpr UINT MostDpi = 960;
+    RECT area{};
+    if (dpi < LeastDpi || dpi > MostDpi ||
+        !ReadProcessMemory(GetCurrentProcess(), reinterpret_cast<const void*>(address), &area, sizeof area,
+                           nullptr))
+        return;
     SetDpi(dpi);
     SetWindowPos(window_, nullptr, area.left, area.top, area.right - area.left, area.bottom - area.top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
@@ -270,10 +283,13 @@ void MainWindow::Repaint() {
 void MainWindow::Sync() {
     sync_again_ = syncing_;
     if (syncing_) return;
-    syncing_ = true;
-    SyncOnce();
-    if (sync_again_) SyncOnce();
-    syncing_ = false;
+    const WhileSet syncing(syncing_);
+    try {
+        SyncOnce();
+        if (sync_again_) SyncOnce();
+    } catch (...) {
+        // The next update shows what this one could not, which comes ten times a second.
+    }
 }
 
 void MainWindow::SyncOnce() {

@@ -58,7 +58,7 @@ class MainWindow : public Display {
     void Event(const std::function<void(Program&)>& event);
     void CreateControls();
     void Resized(bool restored);
-    void MoveToDpi(UINT dpi, const RECT& area);
+    void MoveToDpi(UINT dpi, LPARAM address);
     void Restyle();
     void SetDpi(UINT dpi);
     void ControlEvent(int id, int code);

@@ -20,9 +20,15 @@ INT_PTR CALLBACK ModelessDialog::Procedure(HWND dialog, UINT message, WPARAM wpa
     }
     auto* self = reinterpret_cast<ModelessDialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
     if (self == nullptr || self->window_ == nullptr) return FALSE;
-    if (message != WM_DESTROY) return self->Handle(message, wparam, lparam);
-    self->window_ = nullptr;
-    return FALSE;
+    if (message == WM_DESTROY) {
+        self->window_ = nullptr;
+        return FALSE;
+    }
+    try {
+        return self->Handle(message, wparam, lparam);
+    } catch (...) { // nothing may be thrown through Windows
+        return FALSE;
+    }
 }
 
 } // namespace quillon
