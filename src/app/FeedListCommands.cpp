@@ -84,7 +84,7 @@ void FeedListCommands::ShowHit(std::size_t row, const std::string& text) {
 }
 
 void FeedListCommands::ClickListView() {
-    trap_.Run("Set Feed Errors", Icon::Exclamation, [this] {
+    trap_.RunCommand("Set Feed Errors", Icon::Exclamation, [this] {
         state_.StartupStep = "Set Feed Details";
         const auto selected = state_.form.lvwDB.Selected();
         if (state_.cycle.optManual() && selected) PickSelectedFeed(state_.form.lvwDB.Items()[*selected]);
@@ -120,7 +120,7 @@ void FeedListCommands::CopyAddress() {
 
 void FeedListCommands::TuneFeed() {
     if (state_.cycle.optManual()) return;
-    trap_.Run("Set Feed Errors", Icon::Exclamation, [this] {
+    trap_.RunCommand("Set Feed Errors", Icon::Exclamation, [this] {
         state_.StartupStep = "Set Feed Details";
         TuneToSelectedFeed();
         state_.StartupStep.clear();

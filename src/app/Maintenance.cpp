@@ -12,13 +12,22 @@ namespace {
 constexpr const char* ShownCatalogueName = "Live_ATC_Feeds.txt";
 constexpr const char* ShownBackupName = "Live_ATC_Feeds.bak";
 
-/// The step names the file that is written, so an error while reading the other one must name that one.
-std::string ReadOther(const std::string& path) {
+/// The step names the file that is written, so an error of another one must name that one.
+template <typename Action>
+auto Naming(const std::string& path, Action action) {
     try {
-        return ReadFile(path);
+        return action();
     } catch (const RuntimeError& error) {
         throw RuntimeError{error.Number, error.Description + ": " + path};
     }
+}
+
+std::string ReadOther(const std::string& path) {
+    return Naming(path, [&] { return ReadFile(path); });
+}
+
+void WriteOther(const std::string& path, const std::string& content) {
+    Naming(path, [&] { ReplaceFile(path, content); });
 }
 
 } // namespace
@@ -51,16 +60,19 @@ void Maintenance::mnuRestore_Click() {
     trap_.RunCommand("Restore Error", Icon::Exclamation, [this] { Restore(); });
 }
 
+/// Nothing is lost where there is no recycle bin: a copy of the old catalogue stays beside the new one.
 void Maintenance::Restore() {
     const std::string catalogue = state_.folders.DataPath + CatalogueName;
-    const std::string backup = state_.folders.DataPath + BackupName;
+    const std::string replaced = state_.folders.DataPath + ReplacedName;
     state_.StartupStep = "Restore " + catalogue;
+    const std::string backup = ReadOther(state_.folders.DataPath + BackupName);
+    if (FileExists(catalogue)) WriteOther(replaced, ReadFile(catalogue));
     files_.Delete2Recycle(catalogue);
     try {
-        ReplaceFile(catalogue, ReadOther(backup));
+        ReplaceFile(catalogue, backup);
     } catch (const RuntimeError& error) {
         if (FileExists(catalogue)) throw; // the user kept it when the shell asked
-        throw RuntimeError{error.Number, error.Description + "\r\rThe old catalogue lies in the Recycle Bin."};
+        throw RuntimeError{error.Number, error.Description + "\r\rThe old catalogue is kept in " + replaced};
     }
     reload_.Run(StopCycle(state_.cycle));
     state_.StartupStep.clear();

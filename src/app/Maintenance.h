@@ -26,7 +26,7 @@ class Maintenance {
     /// Copies the catalogue over its backup, whose date becomes the present time.
     void mnuBackup_Click();
 
-    /// Moves the catalogue to the Recycle Bin and replaces it with the backup.
+    /// Copies the catalogue to `ReplacedName`, moves it to the Recycle Bin and replaces it with the backup.
     void mnuRestore_Click();
 
     /// Opens the catalogue in Notepad and waits until Notepad is closed, serving window events meanwhile;

@@ -58,7 +58,7 @@ void Preferences::mnuRange_Click() {
                           "Present Reception Range is: " +
                               range + " Nautical Miles\rEnter 0 to disable the Range function",
                           range);
-    trap_.Run("Set Range Error", Icon::Exclamation, [&] { SetRange(answer); });
+    trap_.RunCommand("Set Range Error", Icon::Exclamation, [&] { SetRange(answer); });
 }
 
 void Preferences::SetRange(const std::string& answer) {

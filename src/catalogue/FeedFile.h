@@ -6,6 +6,7 @@ namespace quillon {
 
 inline constexpr const char* CatalogueName = "live_atc_feeds.txt";
 inline constexpr const char* BackupName = "live_atc_feeds.bak";
+inline constexpr const char* ReplacedName = "live_atc_feeds.old"; ///< what the backup has replaced
 
 /// Whether a line of the catalogue holds a feed: it does not start with "//" and contains a "|".
 bool IsFeedLine(std::string_view line);

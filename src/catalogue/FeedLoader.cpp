@@ -37,7 +37,7 @@ void FeedLoader::LoadList(const TextVersion& version) {
     // Sorted once at the end: inserting a row into a sorted list moves all rows after it.
     const bool sorted = list.Sorted();
     list.SetSorted(false);
-    trap_.Run("LoadList Error", Icon::Critical, [this] { RebuildList(); });
+    trap_.RunCommand("LoadList Error", Icon::Critical, [this] { RebuildList(); });
     if (sorted) list.SetSorted(true);
     state_.feed.FeedIcao.clear();
     state_.feed.FeedCity.clear();
@@ -81,7 +81,7 @@ void FeedLoader::ShowFirst() {
 }
 
 void FeedLoader::LoadUserFreq() {
-    trap_.Run("Load User Frequency Error", Icon::Critical, [this] {
+    trap_.RunCommand("Load User Frequency Error", Icon::Critical, [this] {
         CollectUserFreq();
         ReportDuplicates();
     });

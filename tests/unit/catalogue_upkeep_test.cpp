@@ -211,13 +211,43 @@ TEST_F(Upkeep, BackupAndRestoreKeepBothFiles) {
     EXPECT_EQ(file(), mine);
     ASSERT_EQ(files.bin.size(), 1U);
     EXPECT_EQ(state().form.lvwDB.Items().size(), 8U);
+}
 
+TEST_F(Upkeep, ARestoreThatFailsLosesNothing) {
+    const std::string mine = file();
+    program->Run(Command::mnuBackup);
     DeleteFileAt(At("Quillon\\live_atc_feeds.bak"));
     program->Run(Command::mnuRestore);
-    EXPECT_EQ(files.bin.back(), mine);
-    EXPECT_NE(
-        prompts.messages.back().text.find("live_atc_feeds.bak\r\rThe old catalogue lies in the Recycle Bin."),
-        std::string::npos);
+    EXPECT_NE(prompts.messages.back().text.find("File not found: "), std::string::npos);
+    EXPECT_EQ(file(), mine) << "the backup is read first";
+
+    Write("Quillon\\live_atc_feeds.bak", "EGLL|x|http://x.example/|121.50\r\n");
+    MakeFolder("Quillon\\live_atc_feeds.txt.new"); // stands in the way of writing
+    program->Run(Command::mnuRestore);
+    EXPECT_NE(prompts.messages.back().text.find("The old catalogue is kept in "), std::string::npos);
+    EXPECT_EQ(Read("Quillon\\live_atc_feeds.old"), mine);
+}
+
+TEST_F(Upkeep, ACommandsErrorIsToldEachTimeAndTheNextCommandRuns) {
+    const std::pair<Command::Id, const char*> rows[] = {
+        {Command::mnuRange, "Set Range Error"},
+        {Command::mnuEditData, "LoadList Error"},
+        {Command::mnuPrint, "Print Data Errors"},
+        {Command::HelpPages, "Unexpected error"},
+    };
+    prompts.answer = "99999"; // too large a range
+    printer.fails_at = 1;
+    shell.meanwhile = [&] { Write("Quillon\\live_atc_feeds.txt", "EGLL|x|y\r\n"); };
+    for (const auto& [command, title] : rows) {
+        if (command == Command::HelpPages) shell.meanwhile = [] { throw std::logic_error("x"); };
+        for (int time = 0; time < 2; ++time) {
+            prompts.messages.clear();
+            program->Run(command);
+            EXPECT_TRUE(std::any_of(prompts.messages.begin(), prompts.messages.end(),
+                                    [&](const auto& shown) { return shown.title == title; }))
+                << title << " " << time;
+        }
+    }
 }
 
 TEST_F(Upkeep, EditingStopsEverythingButTheWayOut) {
