@@ -145,7 +145,7 @@ void FeedListCommands::TuneToSelectedFeed() {
     if (!IsCurrent(state_.feed, picked))
         MakeCurrent(state_, texts_, picked); // need not stop if it already plays
     const std::string frequency = state_.feed.FeedFrequency;
-    texts_.ShowTunedFrequency(ShownFrequency(frequency, state_.radio));
+    texts_.ShowFrequency(ShownFrequency(frequency, state_.radio));
     tuning_.Write_FSUIPC(frequency, [this, frequency] { tuning_check_.Begin(frequency); });
 }
 

@@ -1,5 +1,6 @@
 #include "app/FsuipcStatus.h"
 
+#include "runtime/Trim.h"
 #include "simlink/LinkTexts.h"
 #include "simlink/SimConnection.h"
 
@@ -54,6 +55,8 @@ void FsuipcStatus::Show(const Answer& answer) {
     std::string& text = form_.LabelCaption = "FSUIPC Ver:    " + radio_.FsuipcVersionText + "\r\r";
     for (std::size_t i = 0; i < answer.radios.size(); ++i) text += RadioTitles[i] + answer.radios[i] + "\r";
     text += "FlightSim:  " + ShownSimName(answer.simulator, answer.version);
+    if (const CommRadio* radio = FindCommRadio(radio_.SelectedComm))
+        text += "\rFollowed:   " + std::string(Trimmed(radio->Caption));
     form_.LabelRed = answer.simulator == 0;
     if (form_.LabelRed) text += "\r\rUnable to connect with the FSUIPC Module" + TroubleText(answer.trouble);
     form_.Visible = true;

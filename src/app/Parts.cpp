@@ -38,6 +38,7 @@ Parts::Parts(ProgramState& program_state, const Ports& outside, std::string argu
 void Parts::RunTrapped(const HandlerGate::Handler& handler) {
     if (state.Ended) return;
     trap.RunCommand("Unexpected error", Icon::Exclamation, handler);
+    playing_row.Follow();
     if (state.QuitRequested) shut_down.Run();
     if (state.Ended) gate.Close();
 }

@@ -22,6 +22,7 @@
 #include "playback/ManualMonitoring.h"
 #include "playback/MuteKey.h"
 #include "playback/Notices.h"
+#include "playback/PlayingRow.h"
 #include "playback/RecordedChatter.h"
 #include "playback/SelectionModes.h"
 #include "simlink/SimConnection.h"
@@ -76,6 +77,7 @@ struct Parts {
     ShuffleBag bag{state.chatter, ports.folders, state.StartupStep};
     AutomaticTuning tuning{state, state.form.lvwDB, texts, sim, choice, display, ports.player, bag, trap};
     RecordedChatter chatter{state, state.LastSearchText, texts, sim, choice, ports.player, bag, clock, trap};
+    PlayingRow playing_row{state.feed, state.form.lvwDB};
     SelectionModes modes{state, state.form.lvwDB, texts, ports.player};
     ManualMonitoring manual{state, texts, display, ports.player, bag, trap};
     RadioTuning radio_tuning{state.radio, link, gate};

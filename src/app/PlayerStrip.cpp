@@ -4,14 +4,24 @@
 
 namespace quillon {
 
+bool PlayerStrip::PlaysRecordingsByHand() const {
+    return state_.cycle.ActiveTimerId == ManualChatterCycle;
+}
+
 void PlayerStrip::Play() {
+    ChatterState& chatter = state_.chatter;
+    const bool stopped = PlaysRecordingsByHand() && chatter.Held && player_.State() != Paused;
+    if (stopped)
+        chatter.FirstPick = true; // the stopped one need not be heard again: the next one follows at once
+    chatter.Held = false;
     if (state_.mute.Muted)
         mute_.UnMuteSound();
-    else if (state_.cycle.optManual())
+    else if (state_.cycle.optManual() && !stopped)
         player_.Play();
 }
 
 void PlayerStrip::Pause() {
+    state_.chatter.Held = PlaysRecordingsByHand();
     if (state_.cycle.optManual())
         player_.Pause();
     else
@@ -19,6 +29,7 @@ void PlayerStrip::Pause() {
 }
 
 void PlayerStrip::Stop() {
+    state_.chatter.Held = PlaysRecordingsByHand();
     if (state_.cycle.optManual())
         player_.Stop();
     else

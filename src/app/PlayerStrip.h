@@ -10,7 +10,7 @@ namespace quillon {
 class PlayerStrip {
   public:
     /// `volume` is the one shown, 0 to 100.
-    PlayerStrip(const PlaybackState& state, int& volume, MediaPlayer& player, LiveFeed& live, Mute& mute)
+    PlayerStrip(PlaybackState& state, int& volume, MediaPlayer& player, LiveFeed& live, Mute& mute)
         : state_(state), volume_(volume), player_(player), live_(live), mute_(mute) {}
 
     // In Automatic mode, where the cycle would undo a pause or stop within a second, they mute and un-mute.
@@ -23,7 +23,9 @@ class PlayerStrip {
     void ReloadFeed();
 
   private:
-    const PlaybackState& state_;
+    bool PlaysRecordingsByHand() const;
+
+    PlaybackState& state_;
     int& volume_;
     MediaPlayer& player_;
     LiveFeed& live_;

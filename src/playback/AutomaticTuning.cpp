@@ -53,11 +53,11 @@ void AutomaticTuning::Retune() {
 void AutomaticTuning::PlayRow(std::size_t row) {
     EmptyPlayer(player_);
     MakeCurrent(state_, texts_, list_.Items()[row]);
-    texts_.ShowFrequency(state_.radio.MasterFrequency, state_.radio.MasterFrequency);
+    texts_.ShowFrequency(state_.radio.MasterFrequency);
     texts_.ShowFeed();
     texts_.DisplayURL(state_.feed.FeedUrl);
     if (state_.feed.FeedUrlMarker != "0")
-        StartStream(row);
+        player_.SetUrl(state_.feed.FeedUrl);
     else
         StartFolder();
     sim_.UpdateRange();
@@ -66,15 +66,8 @@ void AutomaticTuning::PlayRow(std::size_t row) {
 
 void AutomaticTuning::ShowNoFeed() {
     ClearCurrentFeed(state_, texts_);
-    texts_.ShowFrequency(state_.radio.MasterFrequency, state_.radio.MasterFrequency);
+    texts_.ShowFrequency(state_.radio.MasterFrequency);
     texts_.ShowNoFeed();
-}
-
-void AutomaticTuning::StartStream(std::size_t row) {
-    player_.SetUrl(state_.feed.FeedUrl);
-    if (list_.Selected() == row) return; // a dead feed is tried every second, and must not hold the list there
-    list_.Select(row);
-    list_.EnsureSelectedVisible();
 }
 
 void AutomaticTuning::StartFolder() {

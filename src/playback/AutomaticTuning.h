@@ -13,8 +13,9 @@ namespace quillon {
 /// feed.
 class AutomaticTuning {
   public:
-    AutomaticTuning(PlaybackState& state, ListView& list, ScreenTexts& texts, SimWatch& sim, FeedChoice& choice,
-                    PlayerDisplay& display, MediaPlayer& player, ShuffleBag& bag, ErrorTrap& trap)
+    AutomaticTuning(PlaybackState& state, const ListView& list, ScreenTexts& texts, SimWatch& sim,
+                    FeedChoice& choice, PlayerDisplay& display, MediaPlayer& player, ShuffleBag& bag,
+                    ErrorTrap& trap)
         : state_(state),
           list_(list),
           texts_(texts),
@@ -34,11 +35,10 @@ class AutomaticTuning {
     void Retune();
     void PlayRow(std::size_t row);
     void ShowNoFeed();
-    void StartStream(std::size_t row);
     void StartFolder();
 
     PlaybackState& state_;
-    ListView& list_;
+    const ListView& list_;
     ScreenTexts& texts_;
     SimWatch& sim_;
     FeedChoice& choice_;

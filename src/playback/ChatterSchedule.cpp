@@ -46,11 +46,10 @@ void ChatterSchedule::MeasureElapsed() {
 }
 
 bool ChatterSchedule::CountDown() {
+    if (chatter_.Folder != ChatterFolder::HasRecordings) ShowSilence();
     if (chatter_.ChatterElapsed >= chatter_.NextChatterDelay) return false;
-    if (chatter_.Folder != ChatterFolder::HasRecordings) {
-        ShowSilence();
-        return true;
-    }
+    if (chatter_.Folder != ChatterFolder::HasRecordings) return true;
+    texts_.ShowCondition({});
     const PlayerStatus gap{Activity::Gap, chatter_.NextChatterDelay - chatter_.ChatterElapsed};
     texts_.ShowStatus(gap);
     texts_.ShowTitle("Quillon", gap);
@@ -58,8 +57,12 @@ bool ChatterSchedule::CountDown() {
     return true;
 }
 
-/// No countdown to what will not come.
+/// No countdown to what will not come. While a folder is listed again, what was known of it stays on screen.
 void ChatterSchedule::ShowSilence() {
+    if (chatter_.Folder == ChatterFolder::Empty)
+        texts_.ShowCondition({{SilenceCause::NoRecordings, chatter_.File1Path}, {}});
+    if (chatter_.Folder == ChatterFolder::OutOfReach)
+        texts_.ShowCondition({{SilenceCause::NoSuchFolder, chatter_.File1Path}, {}});
     texts_.ShowStatus({Activity::Stopped});
     texts_.ShowTitle("Quillon", {Activity::Stopped});
     texts_.ShowFeed();

@@ -9,6 +9,7 @@ namespace quillon {
 
 void MakeCurrent(PlaybackState& state, ScreenTexts& texts, const FeedRecord& record) {
     FeedState& feed = state.feed;
+    if (!IsCurrent(feed, record)) texts.ShowCondition({}); // a dead feed is started again every second
     feed.FeedIcao = record.ICAO;
     feed.FeedCity = record.City;
     feed.FeedFrequency = record.Freq;

@@ -19,13 +19,14 @@ void Mute::MuteSound() {
     texts_.ShowStatus({Activity::Muted});
     texts_.ShowTitle(state_.cycle.CaptionBase, {Activity::Muted});
     texts_.ShowStation(""); // no longer updated while muted
+    texts_.ShowCondition({});
 }
 
 void Mute::UnMuteSound() {
     MuteState& mute = state_.mute;
     if (!mute.Muted) return;
     mute.Muted = false;
-    player_.Play();
+    if (!state_.chatter.Held) player_.Play();
     SetActiveTimer(true);
     texts_.ShowStatus(mute.SavedStatus);
     texts_.ShowTitle(state_.cycle.CaptionBase);

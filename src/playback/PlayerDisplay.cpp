@@ -40,7 +40,10 @@ void PlayerDisplay::GetWMPState() {
     if (activity == Activity::Playing) activity = ShowPlaying();
     texts_.ShowStatus({activity});
     texts_.ShowTitle(state_.cycle.CaptionBase, {activity});
-    texts_.ShowStation(activity == Activity::NoConnection ? WordsOf(live_.Condition().Silence) : live_.Title());
+    texts_.ShowStation(live_.Title());
+    const bool tries = activity == Activity::Connecting || activity == Activity::Buffering ||
+                       activity == Activity::NoConnection;
+    texts_.ShowCondition(tries ? live_.Condition() : FeedCondition());
     texts_.ShowServiceLogo(IsLiveAtc(state_.feed.FeedUrl));
 }
 

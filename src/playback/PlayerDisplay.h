@@ -15,8 +15,8 @@ class PlayerDisplay {
                   Shell& shell)
         : state_(state), texts_(texts), player_(player), live_(live), shell_(shell) {}
 
-    /// Turns the player's state into the first panel's text, the caption and, while it plays, `Label2`; what
-    /// the station says of itself, or why it has been given up, becomes the third panel's tool tip.
+    /// Turns the player's state into the first panel's text, the caption and, while it plays, `Label2`; shows
+    /// what the station says of itself, and why a feed is silent.
     void GetWMPState();
 
     /// Opens the live ATC service's home page.

@@ -61,6 +61,7 @@ void RecordedChatter::HandBack(Cycle cycle) {
 bool RecordedChatter::RecordingPlays() {
     if (player_.State() != Playing) return false;
     schedule_.BeginGap();
+    texts_.ShowCondition({});
     return true;
 }
 
@@ -81,13 +82,23 @@ void RecordedChatter::ManualTick() {
     }
     texts_.ShowFeed();
     state_.radio.PreviousFrequency = state_.radio.MasterFrequency;
+    if (state_.chatter.Held) {
+        ShowHeld();
+        return;
+    }
     if (RecordingPlays() || !schedule_.FolderIsKnown()) return;
     schedule_.MeasureElapsed();
     HurryFirstPick();
     if (schedule_.CountDown())
-        texts_.ShowFrequency(feed.FeedFrequency, "");
+        texts_.ShowFrequency(feed.FeedFrequency);
     else
         PlayNextAnywhere();
+}
+
+void RecordedChatter::ShowHeld() {
+    const Activity activity = player_.State() == Paused ? Activity::Paused : Activity::Stopped;
+    texts_.ShowStatus({activity});
+    texts_.ShowTitle("Quillon", {activity});
 }
 
 /// A folder just picked is heard at once, whatever is left of the gap.

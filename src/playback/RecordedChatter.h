@@ -37,6 +37,7 @@ class RecordedChatter {
     void HandBack(Cycle cycle);
     bool RecordingPlays();
     void PlayNextInRange();
+    void ShowHeld();
     void HurryFirstPick();
     void PlayNextAnywhere();
     void ShowPlaying(const std::string& path);

@@ -2,6 +2,7 @@
 
 #include "runtime/Number.h"
 #include "runtime/Text.h"
+#include "simlink/RadioReadout.h"
 
 #include <array>
 
@@ -73,24 +74,28 @@ void ScreenTexts::ShowTitle(const std::string& base, PlayerStatus status) {
     if (status.What == Activity::Gap) form_.Caption += std::to_string(status.SecondsLeft);
 }
 
-void ScreenTexts::ShowFrequency(const std::string& frequency, const std::string& tip) {
+void ScreenTexts::ShowFrequency(const std::string& frequency) {
+    const CommRadio* radio = state_.cycle.optManual() ? nullptr : FindCommRadio(state_.radio.SelectedComm);
     Panel& panel = form_[StatusPanel::Frequency];
     panel.Text = IsSentinel(frequency) ? "" : frequency;
-    panel.ToolTipText = panel.Text.empty() ? "" : tip;
+    panel.ToolTipText = panel.Text.empty() || radio == nullptr ? "" : radio->Caption;
 }
 
 void ScreenTexts::ShowManualPick() {
-    ShowFrequency("Manual", "Manual");
-}
-
-void ScreenTexts::ShowTunedFrequency(const std::string& frequency) {
-    form_[StatusPanel::Frequency].Text = frequency;
+    Panel& panel = form_[StatusPanel::Frequency];
+    panel.Text = panel.ToolTipText = "Manual";
 }
 
 void ScreenTexts::ShowFeed() {
     const FeedState& feed = state_.feed;
     if (feed.FeedIcao.empty() && feed.FeedCity.empty() && feed.FeedUrl.empty()) return; // reloaded under it
     feed_text_ = feed.FeedIcao + " - " + feed.FeedCity;
+    RefreshFeedPanel();
+}
+
+void ScreenTexts::ShowCondition(const FeedCondition& condition) {
+    shown_.Condition = condition;
+    form_[StatusPanel::Player].ToolTipText = WordsOf(condition);
     RefreshFeedPanel();
 }
 
@@ -111,7 +116,8 @@ void ScreenTexts::ShowNotice(const Notice& notice) {
 }
 
 void ScreenTexts::ShowStation(const std::string& title) {
-    form_[StatusPanel::Feed].ToolTipText = title;
+    station_ = title;
+    RefreshFeedPanel();
 }
 
 void ScreenTexts::DisplayURL(const std::string& address) {
@@ -162,8 +168,11 @@ void ScreenTexts::GreyStatusBar() {
 }
 
 void ScreenTexts::RefreshFeedPanel() {
-    std::string& text = form_[StatusPanel::Feed].Text = feed_text_;
+    Panel& panel = form_[StatusPanel::Feed];
+    panel.ToolTipText = station_.empty() ? feed_text_ : feed_text_ + "\r\n" + station_;
+    std::string& text = panel.Text = feed_text_;
     if (shown_.Passing.What != NoticeKind::None) text = NoticeText(shown_.Passing);
+    if (shown_.Condition.Silence) text = WordsOf(shown_.Condition);
     if (shown_.Link == LinkNews::Looking) text = "Looking for the simulator ...";
     if (shown_.Waiting) text = "Waiting for the simulator ...";
 }

@@ -19,19 +19,21 @@ class ScreenTexts {
     /// The title: the base and a suffix for what the player does.
     void ShowTitle(const std::string& base, PlayerStatus status = {});
 
-    /// Second panel. A sentinel frequency leaves it and its tip empty.
-    void ShowFrequency(const std::string& frequency, const std::string& tip);
+    /// Second panel; in Automatic mode its tip names the followed radio. A sentinel frequency leaves both
+    /// empty.
+    void ShowFrequency(const std::string& frequency);
 
     /// Second panel: no radio is followed.
     void ShowManualPick();
 
-    /// Second panel right after tuning from the list; the next tick updates the tip.
-    void ShowTunedFrequency(const std::string& frequency);
-
     /// Third panel: the current feed's airport and place. No effect without a feed.
     void ShowFeed();
 
-    /// Third panel: the link's state, which hides notice and feed.
+    /// Third panel: why the current feed is silent, which hides notice and feed. With the next try it is the
+    /// first panel's tip, too.
+    void ShowCondition(const FeedCondition& condition);
+
+    /// Third panel: the link's state, which hides all of these.
     void ShowLink(LinkNews news);
 
     /// Third panel: the simulator owes an answer, which hides everything else.
@@ -40,7 +42,7 @@ class ScreenTexts {
     /// Third panel: a notice, which hides the feed.
     void ShowNotice(const Notice& notice);
 
-    /// Third panel's tip: the stream's title.
+    /// Third panel's tip: the feed, and what the station says it plays.
     void ShowStation(const std::string& title);
 
     /// Fourth panel: an address, or the last 28 characters of a longer one.
@@ -75,7 +77,8 @@ class ScreenTexts {
     PlaybackState& state_;
     ShownValues& shown_;
     frmATC& form_;
-    std::string feed_text_; ///< third panel without news of the link and notice
+    std::string feed_text_; ///< third panel without news of the link, reason and notice
+    std::string station_;
 };
 
 } // namespace quillon

@@ -8,7 +8,7 @@ void ShuffleBag::Fill(const std::string& folder) {
     std::string& path = chatter_.File1Path = folder;
     while (!path.empty() && path.back() == '\\') path.pop_back();
     List();
-    chatter_.IsRefill = false;
+    chatter_.IsRefill = chatter_.Held = false;
 }
 
 void ShuffleBag::Refill() {

@@ -58,7 +58,7 @@ void SimWatch::LoseRadio() {
     state_.radio.MasterFrequency = UnreadFrequency;
     EmptyPlayer(player_);
     ClearCurrentFeed(state_, texts_);
-    texts_.ShowFrequency("", "");
+    texts_.ShowFrequency("");
     texts_.ShowNoFeed();
     texts_.ShowStatus({Activity::Stopped});
     state_.cycle.CaptionBase = "Quillon";
@@ -126,11 +126,7 @@ void SimWatch::ShowRange(const RangeReading& reading) {
 
 void SimWatch::FollowRadio(bool always_show) {
     const auto read = ReadMasterFrequency();
-    const CommRadio* radio = FindCommRadio(state_.radio.SelectedComm);
-    if (always_show)
-        texts_.ShowFrequency(state_.radio.MasterFrequency, radio ? radio->Caption : "");
-    else if (read && read->zero_inserted)
-        texts_.ShowFrequency(state_.radio.MasterFrequency, state_.radio.MasterFrequency);
+    if (always_show || (read && read->zero_inserted)) texts_.ShowFrequency(state_.radio.MasterFrequency);
 }
 
 std::optional<RadioReading> SimWatch::ReadMasterFrequency() {

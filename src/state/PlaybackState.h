@@ -80,6 +80,7 @@ struct ChatterState {
     std::int16_t ChatterMinSeconds = 15;
     std::int16_t ChatterMaxSeconds = 25;
     bool FirstPick = false; ///< a folder has just been picked by hand: its first recording starts at once
+    bool Held = false;      ///< stopped or paused by hand: no next one until play or another pick
     std::string File1Path;
     ChatterFolder Folder = ChatterFolder::Empty;
     bool IsRefill = false; ///< the folder is or was listed because all of its recordings had been played

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "state/FeedCondition.h"
+
 #include <cstdint>
 #include <string>
 
@@ -63,7 +65,8 @@ struct ShownValues {
     PlayerStatus Status; ///< the first panel
     DistanceValue Distance;
     LinkNews Link = LinkNews::None;
-    bool Waiting = false; ///< for an answer of the simulator's
+    FeedCondition Condition; ///< why the current feed is silent
+    bool Waiting = false;    ///< for an answer of the simulator's
     Notice Passing;
 };
 

@@ -200,6 +200,7 @@ class FakePlayer : public FeedPlayer {
     void Stop() override { state = Stopped; }
     void SetVolume(int new_volume) override { volume = new_volume; }
     std::string Title() const override { return title; }
+    FeedCondition Condition() const override { return condition; }
     void Reload() override { ++reloads; }
     void SetUserAgent(const std::string& text) override { user_agent = text; }
 
@@ -209,6 +210,7 @@ class FakePlayer : public FeedPlayer {
     int volume = -1;
     int fades = 0;
     std::string title;
+    FeedCondition condition;
     int reloads = 0;
     std::string user_agent;
 };

@@ -227,6 +227,8 @@ TEST_F(Chatter, ListsAFolderWithoutRecordingsOnceAGapAndFindsThoseThatCome) {
         Seconds(600);
         EXPECT_EQ(lister.listings, 100) << "a gap, and the second in which it is listed";
         EXPECT_EQ(panel(1) + state().form.Caption, "StoppedQuillon -S");
+        EXPECT_EQ(panel(3), "Cannot reach " + waves);
+        EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, "CYYZ - Wav - Toronto ON - Tower Pearson Intl");
         MakeFolder("Quillon\\ATC\\CYYZ_T");
         Write("Quillon\\ATC\\CYYZ_T\\late.wav", "");
         EXPECT_LE(Wait(), 12);
@@ -246,6 +248,34 @@ TEST_F(Chatter, DrawsNothingBeforeTheFolderIsListed) {
         EXPECT_EQ(panel(1) + panel(3), "StoppedCYYZ - Wav - Toronto ON - Tower Pearson Intl");
         lister.held = false;
         EXPECT_EQ(Wait(), 1);
+    }
+}
+
+TEST_F(Chatter, StopAndPauseByHandLastUntilPlayOrAnotherPick) {
+    for (const int command : {Command::StripStop, Command::StripPause}) {
+        StartWithGaps(5, 5);
+        PickFolderByHand();
+        Wait();
+        program->Run(command);
+        player.urls.clear();
+        const std::string shown = command == Command::StripStop ? "Stopped" : "Paused";
+        Seconds(60);
+        EXPECT_EQ(panel(1), shown);
+        keyboard.down = 9; // mutes and un-mutes
+        for (int second = 0; second < 2; ++second, clock.Sleep(std::chrono::seconds(1))) program->TimerTick(5);
+        keyboard.down = 0;
+        Seconds(60);
+        EXPECT_TRUE(player.urls.empty());
+        EXPECT_NE(player.state, Playing);
+        EXPECT_EQ(panel(1), shown);
+        program->Run(Command::StripPlay);
+        Seconds(1);
+        EXPECT_EQ(player.state, Playing);
+        EXPECT_EQ(player.urls.size(), command == Command::StripStop ? 1U : 0U) << "the next one, or the same";
+        program->Run(command);
+        PickFolderByHand();
+        Seconds(1);
+        EXPECT_EQ(player.state, Playing);
     }
 }
 

@@ -78,12 +78,57 @@ TEST_F(Flight, ShowsTheTitleOfAStreamAndReloadsIt) {
     player.title = "KJFK Tower";
     for (const char* frequency : {"118.70", "118.00"}) { // a stream; a folder of recordings
         TuneTo(frequency);
-        EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, "") << frequency;
+        EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, panel(3)) << frequency;
         Tick();
         const bool streams = player.url == "http://feeds.example/a";
-        EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, streams ? "KJFK Tower" : "");
+        EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, panel(3) + (streams ? "\r\nKJFK Tower" : ""));
         program->Run(Command::ReloadFeed);
         EXPECT_EQ(player.reloads, 1);
+    }
+}
+
+TEST_F(Flight, SaysWhyAFeedIsSilentAndWhenItIsTriedAgain) {
+    Start();
+    const auto& feed = state().form.StatusBar1[2];
+    const auto& status = state().form.StatusBar1[0];
+    TuneTo("118.70");
+    player.condition = {{SilenceCause::ServerNotFound, ""}, std::chrono::seconds(15)};
+    for (const PlayState silent : {Transitioning, Ready, Ready, Buffering}) {
+        player.state = silent;
+        Tick();
+        EXPECT_EQ(feed.Text, "Server not found, next try in 15 s") << silent;
+        EXPECT_EQ(feed.ToolTipText, "CYYZ - Toronto Tower");
+        EXPECT_EQ(status.ToolTipText, feed.Text);
+    }
+    program->Run(Command::StripPause);
+    EXPECT_EQ(feed.Text, "CYYZ - Toronto Tower") << "muted";
+    program->Run(Command::StripPlay);
+    player.state = Playing;
+    Tick();
+    EXPECT_EQ(feed.Text + status.ToolTipText, "CYYZ - Toronto Tower");
+    player.state = Transitioning;
+    Tick();
+    simulator.running = false;
+    program->Run(Command::StayOpenMark);
+    Tick();
+    EXPECT_EQ(feed.Text, "Looking for the simulator ...");
+}
+
+TEST_F(Flight, HighlightsWhatPlaysUntilTheUserSelectsAnother) {
+    Start();
+    struct Row {
+        const char* frequency;
+        std::optional<std::size_t> row;
+    };
+    const Row rows[] = {{"118.70", 0}, {"118.00", 5} /* recordings */, {"121.50", std::nullopt}, {"119.72", 1}};
+    for (const Row& row : rows) {
+        TuneTo(row.frequency);
+        Tick();
+        EXPECT_EQ(state().form.lvwDB.Selected(), row.row) << row.frequency;
+        program->SelectRow(3);
+        player.state = row.row ? Ready : Stopped; // a dead feed is tried every second
+        for (int tick = 0; tick < 3; ++tick) Tick();
+        EXPECT_EQ(state().form.lvwDB.Selected(), 3U) << row.frequency;
     }
 }
 
@@ -490,7 +535,7 @@ TEST_F(Flight, TheStripMutesTheCycleInAutomaticMode) {
     EXPECT_FALSE(state().cycle.Timer(1).Enabled);
     EXPECT_EQ(state().form.Caption, "Quillon -Mute");
     EXPECT_EQ(panel(1), "Muted");
-    EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, "");
+    EXPECT_EQ(state().form.StatusBar1[2].ToolTipText, panel(3));
     program->Run(Command::StripStop); // muted is muted
     program->Run(Command::StripPlay);
     EXPECT_EQ(player.state, Playing);

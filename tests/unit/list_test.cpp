@@ -287,7 +287,7 @@ TEST_F(Hand, TheStatusDialogShowsTheLink) {
     EXPECT_EQ(
         state().fsuipc_status.LabelCaption,
         "FSUIPC Ver:    5.200\r\rCom1 Freq:      118.055\rCom1 Stby:      136.980\rCom2 Freq:      121.505\r"
-        "Com2 Stby:      118.70\rFlightSim:  X-Plane");
+        "Com2 Stby:      118.70\rFlightSim:  X-Plane\rFollowed:   Comm 2 Standby");
     EXPECT_FALSE(state().fsuipc_status.LabelRed);
     EXPECT_EQ(state().radio.MasterFrequency, "118.70");
     program->Run(Command::frmShow_FSUIPC_Command1);
