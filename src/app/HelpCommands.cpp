@@ -1,5 +1,7 @@
 #include "app/HelpCommands.h"
 
+#include "runtime/RuntimeError.h"
+
 namespace quillon {
 
 void HelpCommands::ShowHelp() {
@@ -12,12 +14,21 @@ void HelpCommands::ShowFolders() {
 }
 
 void HelpCommands::ShowAbout() {
-    if (dialogs_.About()) Open("msinfo32.exe", "The system information");
+    constexpr const char* Program = "msinfo32.exe";
+    if (!dialogs_.About()) return;
+    try {
+        shell_.Start(Program, "");
+    } catch (const RuntimeError&) {
+        TellFailure(Program, "The system information");
+    }
 }
 
 void HelpCommands::Open(const std::string& address, const std::string& what) {
-    if (!shell_.OpenAddress(address))
-        prompts_.Message("Quillon", what + " could not be opened:\r" + address, Icon::Exclamation);
+    if (!shell_.OpenAddress(address)) TellFailure(address, what);
+}
+
+void HelpCommands::TellFailure(const std::string& address, const std::string& what) {
+    prompts_.Message("Quillon", what + " could not be opened:\r" + address, Icon::Exclamation);
 }
 
 } // namespace quillon

@@ -21,6 +21,7 @@ class HelpCommands {
 
   private:
     void Open(const std::string& address, const std::string& what);
+    void TellFailure(const std::string& address, const std::string& what);
 
     const Folders& folders_;
     Prompts& prompts_;

@@ -24,11 +24,12 @@ class Shell {
     /// The folder that this program was started from, with a trailing backslash.
     virtual std::string ProgramFolder() = 0;
 
-    /// Opens an address, a file or a folder with the user's default program, or runs a program; does not wait.
-    /// Returns whether that worked.
+    /// Opens an address, a file or a folder with the user's default program; does not wait. Returns whether
+    /// that worked.
     virtual bool OpenAddress(const std::string& address) = 0;
 
-    /// Starts a program on a file in a normal window. Raises error 53 if there is no such program.
+    /// Starts a program of Windows' own, such as "notepad.exe", in a normal window: on a file or, if that is
+    /// empty, without one. Raises error 53 if there is no such program.
     virtual std::unique_ptr<StartedProgram> Start(const std::string& program, const std::string& file) = 0;
 
     /// Puts a text on the clipboard.

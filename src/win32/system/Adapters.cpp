@@ -2,6 +2,7 @@
 
 #include "runtime/RuntimeError.h"
 #include "win32/system/Handle.h"
+#include "win32/system/KeptFolder.h"
 #include "win32/system/LateFunction.h"
 #include "win32/system/Utf16.h"
 
@@ -90,21 +91,23 @@ class WinStartedProgram : public StartedProgram {
   public:
     explicit WinStartedProgram(HANDLE process) : process_(process) {}
 
-    bool HasEnded() override { return WaitForSingleObject(process_.Get(), 0) == WAIT_OBJECT_0; }
+    /// Also if the shell has handed the file to a program that runs already, and gives no process.
+    bool HasEnded() override { return WaitForSingleObject(process_.Get(), 0) != WAIT_TIMEOUT; }
 
   private:
     Handle<HANDLE, CloseHandle> process_;
 };
 
-} // namespace
-
-/// Starts a program from Windows' own folder: with a bare name, our folder and the current one would be
-/// searched first.
-std::unique_ptr<StartedProgram> WinShell::Start(const std::string& program, const std::string& file) {
+std::wstring SystemFolder() {
     std::array<wchar_t, MAX_PATH> folder{};
     GetSystemDirectoryW(folder.data(), folder.size());
-    const std::wstring path = folder.data() + (L"\\" + Wide(program));
-    std::wstring command = Wide(program + " \"" + file + "\"");
+    return folder.data();
+}
+
+/// Null if there is no such program.
+HANDLE StartFromSystem(const std::string& program, const std::wstring& quoted_file) {
+    const std::wstring path = SystemFolder() + L"\\" + Wide(program);
+    std::wstring command = Wide(program) + L" " + quoted_file;
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESHOWWINDOW;
@@ -112,9 +115,35 @@ std::unique_ptr<StartedProgram> WinShell::Start(const std::string& program, cons
     PROCESS_INFORMATION started{};
     if (!CreateProcessW(path.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
                         &started))
-        Raise(FileNotFound);
-    const Handle<HANDLE, CloseHandle> thread(started.hThread);
-    return std::make_unique<WinStartedProgram>(started.hProcess);
+        return nullptr;
+    CloseHandle(started.hThread);
+    return started.hProcess;
+}
+
+/// Null if there is no process to wait for. Raises error 53 if there is no such program.
+HANDLE StartFromShell(const std::string& program, const std::wstring& quoted_file) {
+    const KeptFolder kept;
+    SetCurrentDirectoryW(SystemFolder().c_str()); // it looks there first
+    const std::wstring name = Wide(program);
+    SHELLEXECUTEINFOW order{};
+    order.cbSize = sizeof order;
+    order.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOCLOSEPROCESS;
+    order.lpFile = name.c_str();
+    order.lpParameters = quoted_file.c_str();
+    order.nShow = SW_SHOWNORMAL;
+    if (!ShellExecuteExW(&order)) Raise(FileNotFound);
+    return order.hProcess;
+}
+
+} // namespace
+
+/// From Windows' own folder: with a bare name, our folder and the current one would be searched first. A
+/// Windows whose Notepad comes from its store has none there, but the shell knows it.
+std::unique_ptr<StartedProgram> WinShell::Start(const std::string& program, const std::string& file) {
+    const std::wstring quoted_file = file.empty() ? L"" : L"\"" + Wide(file) + L"\"";
+    HANDLE process = StartFromSystem(program, quoted_file);
+    if (process == nullptr) process = StartFromShell(program, quoted_file);
+    return std::make_unique<WinStartedProgram>(process);
 }
 
 namespace {
@@ -145,7 +174,8 @@ void WinShell::CopyText(const std::string& text) {
 }
 
 void WinShell::PlaySoundFile(const std::string& path) {
-    sndPlaySoundW(Wide(path).c_str(), SND_ASYNC);
+    static constinit const LateCall<decltype(sndPlaySoundW)> Play(L"winmm.dll", "sndPlaySoundW", FALSE);
+    Play(Wide(path).c_str(), SND_ASYNC);
 }
 
 bool WinKeyboard::IsDown(int virtual_key) {

@@ -1,6 +1,7 @@
 #include "win32/window/WinPrompts.h"
 
 #include "runtime/Text.h"
+#include "win32/system/KeptFolder.h"
 #include "win32/system/LateFunction.h"
 #include "win32/system/Utf16.h"
 #include "win32/window/Dialogs.h"
@@ -60,6 +61,7 @@ std::string WinPrompts::BrowseFile(const std::string& description, const std::st
     dialog.lpstrFile = path.data();
     dialog.nMaxFile = path.size();
     dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER;
+    const KeptFolder kept; // the flag alone does not do it everywhere
     const auto open = LateFunction<decltype(GetOpenFileNameW)>(L"comdlg32.dll", "GetOpenFileNameW");
     return open != nullptr && open(&dialog) ? Narrow(path.data()) : "";
 }
