@@ -55,7 +55,7 @@ std::unique_ptr<AcmDecoder> AcmDecoder::Open(const WaveFormat& format) {
 std::unique_ptr<AcmDecoder> AcmDecoder::Open(WAVEFORMATEX& source) {
     WAVEFORMATEX target = TargetFormat(source);
     HACMSTREAM stream = nullptr;
-    if (acmStreamOpen(&stream, nullptr, &source, &target, nullptr, 0, 0, 0) != MMSYSERR_NOERROR) return nullptr;
+    if (codec::Open(&stream, nullptr, &source, &target, nullptr, 0, 0, 0) != MMSYSERR_NOERROR) return nullptr;
     auto decoder = std::make_unique<AcmDecoder>(stream, PcmFormat{target.nSamplesPerSec, target.nChannels});
     return decoder->Prepare(std::max<std::size_t>(LeastInput, source.nBlockAlign)) ? std::move(decoder)
                                                                                    : nullptr;
@@ -63,7 +63,7 @@ std::unique_ptr<AcmDecoder> AcmDecoder::Open(WAVEFORMATEX& source) {
 
 bool AcmDecoder::Prepare(std::size_t input_bytes) {
     DWORD output_bytes = 0;
-    acmStreamSize(stream_.Get(), static_cast<DWORD>(input_bytes), &output_bytes, ACM_STREAMSIZEF_SOURCE);
+    codec::Size(stream_.Get(), static_cast<DWORD>(input_bytes), &output_bytes, ACM_STREAMSIZEF_SOURCE);
     input_.resize(input_bytes);
     output_.resize(std::clamp(output_bytes, LeastOutput, MostOutput) / sizeof(std::int16_t));
     header_.cbStruct = sizeof header_;
@@ -71,13 +71,13 @@ bool AcmDecoder::Prepare(std::size_t input_bytes) {
     header_.cbSrcLength = static_cast<DWORD>(input_.size());
     header_.pbDst = reinterpret_cast<BYTE*>(output_.data());
     header_.cbDstLength = static_cast<DWORD>(output_.size() * sizeof(std::int16_t));
-    return acmStreamPrepareHeader(stream_.Get(), &header_, 0) == MMSYSERR_NOERROR;
+    return codec::PrepareHeader(stream_.Get(), &header_, 0) == MMSYSERR_NOERROR;
 }
 
 AcmDecoder::~AcmDecoder() {
     if ((header_.fdwStatus & ACMSTREAMHEADER_STATUSF_PREPARED) == 0) return;
     header_.cbSrcLength = static_cast<DWORD>(input_.size());
-    acmStreamUnprepareHeader(stream_.Get(), &header_, 0);
+    codec::UnprepareHeader(stream_.Get(), &header_, 0);
 }
 
 bool AcmDecoder::Decode(ByteView bytes, Samples& samples) {
@@ -94,7 +94,7 @@ bool AcmDecoder::Decode(ByteView bytes, Samples& samples) {
 
 bool AcmDecoder::Convert(Samples& samples) {
     header_.cbSrcLength = static_cast<DWORD>(pending_);
-    if (acmStreamConvert(stream_.Get(), &header_, ACM_STREAMCONVERTF_BLOCKALIGN) != MMSYSERR_NOERROR) {
+    if (codec::Convert(stream_.Get(), &header_, ACM_STREAMCONVERTF_BLOCKALIGN) != MMSYSERR_NOERROR) {
         pending_ = 0;
         return ++failures_ < MostDecodingFailures;
     }

@@ -1,13 +1,9 @@
 #pragma once
 
 #include "player/PlayerSystem.h"
+#include "win32/sound/SoundFunctions.h"
 #include "win32/system/Handle.h"
 
-#include <windows.h>
-
-#include <mmreg.h>
-#include <mmsystem.h>
-#include <msacm.h>
 #include <vector>
 
 namespace quillon {
@@ -31,7 +27,7 @@ class AcmDecoder : public SoundDecoder {
     bool Prepare(std::size_t input_bytes);
     bool Convert(Samples& samples);
 
-    static void Close(HACMSTREAM stream) { acmStreamClose(stream, 0); }
+    static void Close(HACMSTREAM stream) { codec::Close(stream, 0); }
 
     Handle<HACMSTREAM, Close> stream_;
     PcmFormat format_;

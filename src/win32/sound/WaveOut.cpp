@@ -48,7 +48,7 @@ std::unique_ptr<WaveOut> WaveOut::Open(UINT number, const PcmFormat& format, HAN
     wave.nAvgBytesPerSec = format.sample_rate * wave.nBlockAlign;
     HANDLE due = CreateEventW(nullptr, FALSE, FALSE, nullptr);
     HWAVEOUT device = nullptr;
-    if (waveOutOpen(&device, number, &wave, reinterpret_cast<DWORD_PTR>(due), 0, CALLBACK_EVENT) ==
+    if (wave::Open(&device, number, &wave, reinterpret_cast<DWORD_PTR>(due), 0, CALLBACK_EVENT) ==
         MMSYSERR_NOERROR)
         return std::make_unique<WaveOut>(device, due, format, wake);
     CloseHandle(due);
@@ -73,8 +73,16 @@ WaveOut::~WaveOut() {
     }
     SetEvent(due_.Get());
     thread_.join();
-    waveOutReset(device_.Get());
-    for (Block& block : blocks_) Release(block);
+    wave::Reset(device_.Get());
+    for (Block& block : *blocks_) Release(block);
+    if (QueuedBlocks() > 0) LeaveToDevice();
+}
+
+/// A device that does not give its blocks back may yet write into them: they are its own from now on.
+void WaveOut::LeaveToDevice() {
+    static_cast<void>(blocks_.release());
+    device_.Release();
+    due_.Release();
 }
 
 bool WaveOut::HasRoom() {
@@ -161,9 +169,9 @@ void WaveOut::Begin(Time now) {
 /// Counts a little less than the block lasts, because the device's clock may be the faster one.
 void WaveOut::Give(Time length, Time lead_in) {
     const auto block =
-        std::find_if(blocks_.begin(), blocks_.end(), [](const Block& b) { return !b.IsQueued(); });
+        std::find_if(blocks_->begin(), blocks_->end(), [](const Block& b) { return !b.IsQueued(); });
     given_until_ += length - length / 10'000;
-    if (block == blocks_.end()) return;
+    if (block == blocks_->end()) return;
     given_ += length;
     Release(*block);
     block->samples.assign(SamplesIn(length), 0);
@@ -172,8 +180,8 @@ void WaveOut::Give(Time length, Time lead_in) {
     block->header.lpData = reinterpret_cast<LPSTR>(block->samples.data());
     block->header.dwBufferLength = static_cast<DWORD>(block->samples.size() * sizeof(std::int16_t));
     has_failed_ =
-        waveOutPrepareHeader(device_.Get(), &block->header, sizeof block->header) != MMSYSERR_NOERROR ||
-        waveOutWrite(device_.Get(), &block->header, sizeof block->header) != MMSYSERR_NOERROR;
+        wave::PrepareHeader(device_.Get(), &block->header, sizeof block->header) != MMSYSERR_NOERROR ||
+        wave::Write(device_.Get(), &block->header, sizeof block->header) != MMSYSERR_NOERROR;
 }
 
 /// A device that is gone may return blocks at once, unplayed, or keep them.
@@ -198,18 +206,19 @@ std::size_t WaveOut::SamplesIn(Time length) const {
 DWORD WaveOut::PlayedBytes() const {
     MMTIME time{};
     time.wType = TIME_BYTES;
-    waveOutGetPosition(device_.Get(), &time, sizeof time);
+    wave::GetPosition(device_.Get(), &time, sizeof time);
     return time.u.cb;
 }
 
 long WaveOut::QueuedBlocks() const {
     return static_cast<long>(
-        std::count_if(blocks_.begin(), blocks_.end(), [](const Block& block) { return block.IsQueued(); }));
+        std::count_if(blocks_->begin(), blocks_->end(), [](const Block& block) { return block.IsQueued(); }));
 }
 
 void WaveOut::Release(Block& block) {
+    if (block.IsQueued()) return;
     if ((block.header.dwFlags & WHDR_PREPARED) != 0)
-        waveOutUnprepareHeader(device_.Get(), &block.header, sizeof block.header);
+        wave::UnprepareHeader(device_.Get(), &block.header, sizeof block.header);
     block.header = {};
 }
 

@@ -2,12 +2,12 @@
 
 #include "player/PlayerSystem.h"
 #include "player/SmoothSound.h"
+#include "win32/sound/SoundFunctions.h"
 #include "win32/system/Handle.h"
 
 #include <windows.h>
 
 #include <array>
-#include <mmsystem.h>
 #include <mutex>
 #include <thread>
 
@@ -53,14 +53,16 @@ class WaveOut : public SoundOutput {
     DWORD PlayedBytes() const;
     long QueuedBlocks() const;
     void Release(Block& block);
+    void LeaveToDevice();
 
-    static void CloseDevice(HWAVEOUT device) { waveOutClose(device); }
+    static void CloseDevice(HWAVEOUT device) { wave::Close(device); }
     static void CloseEvent(HANDLE event) { CloseHandle(event); }
 
     const PcmFormat format_;
     const HANDLE wake_; // of the session
     Handle<HANDLE, CloseEvent> due_;
-    std::array<Block, 20> blocks_; // declared before the device: they must outlive it
+    using Blocks = std::array<Block, 20>;
+    std::unique_ptr<Blocks> blocks_ = std::make_unique<Blocks>(); // before the device: they must outlive it
     Handle<HWAVEOUT, CloseDevice> device_;
 
     std::mutex mutex_; // guards the rest

@@ -1,5 +1,6 @@
 #include "win32/sound/WinSoundDevices.h"
 
+#include "win32/sound/SoundFunctions.h"
 #include "win32/system/ComPtr.h"
 #include "win32/system/Utf16.h"
 
@@ -25,12 +26,12 @@ HWAVEOUT AsDevice(UINT number) {
 /// The id of the endpoint behind a wave device; empty if it has none.
 std::wstring EndpointOf(UINT number) {
     ULONG bytes = 0;
-    if (waveOutMessage(AsDevice(number), QueryEndpointIdSize, reinterpret_cast<DWORD_PTR>(&bytes), 0) !=
+    if (wave::Message(AsDevice(number), QueryEndpointIdSize, reinterpret_cast<DWORD_PTR>(&bytes), 0) !=
             MMSYSERR_NOERROR ||
         bytes < sizeof(wchar_t))
         return {};
     std::wstring id(bytes / sizeof(wchar_t), L'\0');
-    if (waveOutMessage(AsDevice(number), QueryEndpointId, reinterpret_cast<DWORD_PTR>(id.data()), bytes) !=
+    if (wave::Message(AsDevice(number), QueryEndpointId, reinterpret_cast<DWORD_PTR>(id.data()), bytes) !=
         MMSYSERR_NOERROR)
         return {};
     id.resize(wcslen(id.c_str()));
@@ -40,7 +41,7 @@ std::wstring EndpointOf(UINT number) {
 /// A wave device itself knows only the first 31 characters of its name.
 std::wstring ShortName(UINT number) {
     WAVEOUTCAPSW device{};
-    return waveOutGetDevCapsW(number, &device, sizeof device) == MMSYSERR_NOERROR ? device.szPname : L"";
+    return wave::GetDevCapsW(number, &device, sizeof device) == MMSYSERR_NOERROR ? device.szPname : L"";
 }
 
 std::wstring FullName(IMMDeviceEnumerator* endpoints, const std::wstring& id) {
@@ -71,7 +72,7 @@ UINT ChosenDevice::Number() {
         const std::lock_guard lock(mutex_);
         id = id_;
     }
-    for (UINT number = 0; !id.empty() && number < waveOutGetNumDevs(); ++number) {
+    for (UINT number = 0; !id.empty() && number < wave::GetNumDevs(); ++number) {
         if (Narrow(EndpointOf(number)) != id) continue;
         is_missing_ = false;
         return number;
@@ -85,7 +86,7 @@ std::vector<SoundDevice> WinSoundDevices::List() {
     CoCreateInstance(__uuidof(MMDeviceEnumerator), nullptr, CLSCTX_INPROC_SERVER, __uuidof(IMMDeviceEnumerator),
                      reinterpret_cast<void**>(endpoints.Out()));
     std::vector<SoundDevice> devices;
-    for (UINT number = 0; number < waveOutGetNumDevs(); ++number) {
+    for (UINT number = 0; number < wave::GetNumDevs(); ++number) {
         const std::wstring id = EndpointOf(number);
         if (id.empty()) continue;
         const std::wstring name = FullName(endpoints.Get(), id);

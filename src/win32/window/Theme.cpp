@@ -1,5 +1,7 @@
 #include "win32/window/Theme.h"
 
+#include "win32/system/LateFunction.h"
+
 #include <cmath>
 #include <dwmapi.h>
 #include <vector>
@@ -88,7 +90,9 @@ void MatchTitleToApps(HWND window) {
                  L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &light, &size);
     constexpr DWORD UseImmersiveDarkMode = 20; // Windows 10 2004 and later
     const BOOL dark = light == 0 ? TRUE : FALSE;
-    DwmSetWindowAttribute(window, UseImmersiveDarkMode, &dark, sizeof dark);
+    static constinit const LateCall<decltype(DwmSetWindowAttribute)> SetAttribute(
+        L"dwmapi.dll", "DwmSetWindowAttribute", E_NOTIMPL);
+    SetAttribute(window, UseImmersiveDarkMode, &dark, sizeof dark);
 }
 
 IconHandle DrawGlyph(Glyph glyph, int size_px, COLORREF ink) {
