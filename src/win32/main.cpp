@@ -27,35 +27,47 @@ std::string Arguments() {
     return quillon::Narrow(text);
 }
 
-/// Brings the window of a running Quillon forward. Returns whether there is one to be seen.
+/// Brings the window of a running Quillon forward; one that is hidden shows itself, unless it is just starting.
+/// Returns whether there is one to be seen.
 bool BringForward() {
     HWND other = FindWindowW(quillon::MainWindowClass, nullptr);
-    if (other == nullptr || !IsWindowVisible(other)) return false;
-    if (IsIconic(other)) ShowWindowAsync(other, SW_RESTORE);
+    if (other == nullptr) return false;
+    PostMessageW(other, RegisterWindowMessageW(quillon::ShowMessage), 0, 0);
+    if (!IsWindowVisible(other)) return false;
     SetForegroundWindow(GetLastActivePopup(other));
     return true;
 }
 
 using Mark = quillon::Handle<HANDLE, CloseHandle>;
 
+/// Waits until another Quillon ends, for at most that time. Returns whether it has.
+bool WaitForEnd(const Mark& mark, DWORD ms) {
+    if (!mark) { // it runs as administrator
+        Sleep(ms);
+        return false;
+    }
+    const DWORD outcome = WaitForSingleObject(mark.Get(), ms);
+    return outcome == WAIT_OBJECT_0 || outcome == WAIT_ABANDONED;
+}
+
 /// Whether no other Quillon runs, as the mark tells that each holds while it runs. The window of one that does
-/// is brought forward; one that is just ending is waited for.
+/// is brought forward; one that is just ending or starting is waited for.
 bool IsTheOnlyOne(Mark& mark) {
     constexpr const wchar_t* Name = L"Local\\Quillon.Running";
     constexpr DWORD WaitMs = 6000; // longer than a start takes to show its window
     constexpr DWORD SliceMs = 100;
     mark.Reset(CreateMutexW(nullptr, FALSE, Name));
     if (!mark) mark.Reset(OpenMutexW(SYNCHRONIZE, FALSE, Name)); // one run as administrator allows no more
-    if (!mark) {
-        const bool other_runs = GetLastError() == ERROR_ACCESS_DENIED;
-        if (other_runs) BringForward();
-        return !other_runs;
-    }
+    if (!mark && GetLastError() != ERROR_ACCESS_DENIED) return true;
     for (DWORD waited = 0; waited < WaitMs; waited += SliceMs) {
-        const DWORD outcome = WaitForSingleObject(mark.Get(), SliceMs);
-        if (outcome == WAIT_OBJECT_0 || outcome == WAIT_ABANDONED) return true;
-        if (BringForward()) break;
+        if (WaitForEnd(mark, SliceMs)) return true;
+        if (BringForward()) return false;
     }
+    MessageBoxW(
+        nullptr,
+        L"Quillon is already running but has not shown its window yet. It may be waiting for your answer "
+        L"in another box.",
+        L"Quillon", MB_OK | MB_ICONINFORMATION | MB_SETFOREGROUND);
     return false;
 }
 
@@ -70,6 +82,7 @@ std::unique_ptr<quillon::FeedPlayer> AnsweringControl() {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     using namespace quillon;
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32); // never from the program's own folder
     Mark mark;
     if (!IsTheOnlyOne(mark)) return 0;
     const ComApartment apartment;

@@ -1,11 +1,12 @@
 """Starting and ending the real Quillon.exe, with and without what it needs."""
+import shutil
 import sys
 import unittest
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
 from world.feeds import FEEDS
-from world.wine import Copilot
+from world.wine import BUILD, Copilot
 from world.world import World
 
 TORONTO = FEEDS[0]
@@ -47,6 +48,25 @@ class Starts(unittest.TestCase):
         self.assertIsNone(quillon.poll())
         self.close(quillon)
 
+    def test_programs_are_never_started_from_the_current_folder(self):
+        planted = self.world.folder / "planted"
+        planted.mkdir()
+        for name in ("msinfo32.exe", "notepad.exe"):
+            shutil.copy(BUILD / "PracticeSim.exe", planted / name)
+        quillon = self.world.processes.start("planted", self.world.prefix.command("Quillon.exe"),
+                                             self.world.prefix.env, cwd=planted)
+        self.copilot.ask("wait QuillonMain 20000")
+        self.copilot.ask("command AboutBox")
+        self.copilot.await_text("boxes", lambda text: "About Quillon" in text)
+        self.copilot.ask("press IDC_SYSTEM_INFO")
+        self.copilot.ask("command mnuEditData")
+        self.copilot.ask("wait Notepad 20000")
+        with self.assertRaises(RuntimeError):
+            self.copilot.ask("wait UIPCMAIN 1000")
+        self.copilot.ask("close Notepad")
+        self.copilot.await_text("enabled IdFeedList", "1")
+        self.close(quillon)
+
     def start_simulator(self, kind):
         return self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency, "--lat", str(TORONTO.position[0]),
                                 "--lon", str(TORONTO.position[1]), "--sim", kind)
@@ -77,6 +97,10 @@ class Starts(unittest.TestCase):
         self.assertIn("Opening ", report)
         self.assertIn("live_atc_feeds.txt", report)
         self.assertIn("Error 53 File not found", report)
+        second = self.world.start("Quillon.exe")
+        self.copilot.await_text("boxes", lambda text: "already running" in text, 20)
+        self.copilot.ask("press IDOK")  # of the box that came last
+        self.assertEqual(second.wait(20), 0)
         self.copilot.ask("press IDOK")
         self.copilot.ask("wait QuillonMain 5000")
         self.close(quillon)

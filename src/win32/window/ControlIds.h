@@ -5,6 +5,10 @@ namespace quillon {
 // What a test or a screen reader finds the main window and its parts by. Controls that stand for a command bear
 // its number (app/Commands.h).
 inline constexpr wchar_t MainWindowClass[] = L"QuillonMain";
+
+/// The name of the message with which a second start asks the first one to show its window.
+inline constexpr wchar_t ShowMessage[] = L"Quillon.Show";
+
 inline constexpr wchar_t AirPictureClass[] = L"QuillonAirPicture";
 
 enum ControlId : int {

@@ -47,6 +47,7 @@ bool MainWindow::Create(Program& program) {
                     CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, menu_.Bar(), window_class.hInstance,
                     this);
     if (window_ == nullptr) return false;
+    ChangeWindowMessageFilterEx(window_, show_message_, MSGFLT_ALLOW, nullptr); // from one run as another user
     MatchTitleToApps(window_);
     MainWindowSize::SetFirst(window_, theme_, SizeOf(theme_, controls_->Rows()).cx);
     Sync();
@@ -139,6 +140,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         PostQuitMessage(0);
         return 0;
     default:
+        if (message == show_message_ && shown_ && IsIconic(window_)) ShowWindow(window_, SW_RESTORE);
         return DefWindowProcW(window_, message, wparam, lparam);
     }
 }

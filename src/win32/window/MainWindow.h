@@ -4,6 +4,7 @@
 #include "ports/Display.h"
 #include "win32/window/AddFeedWindow.h"
 #include "win32/window/CheckFeedsWindow.h"
+#include "win32/window/ControlIds.h"
 #include "win32/window/Dialogs.h"
 #include "win32/window/FeedList.h"
 #include "win32/window/KeyboardFocus.h"
@@ -75,6 +76,7 @@ class MainWindow : public Display {
     bool Dispatch(ULONGLONG until);
 
     Program* program_ = nullptr;
+    const UINT show_message_ = RegisterWindowMessageW(ShowMessage);
     HWND window_ = nullptr;
     Theme theme_;
     std::unique_ptr<MainControls> controls_;
