@@ -46,7 +46,7 @@ void FeedCheck::TryNext() {
     form_.LabelCaption =
         "Trying " + std::to_string(form_.Done + 1) + " of " + std::to_string(form_.Total) + ": " + NameOf(feed);
     try_began_ = clock_.Now();
-    probe_.Start(feed.URL, user_agent_);
+    probe_.Start(feed.URL, user_agent_, FileServersOf(list_));
 }
 
 void FeedCheck::Poll() {

@@ -54,7 +54,7 @@ struct Parts {
     RememberedState remembered{state.form, state.marks, state.sound, state.UserAgent, state.folders};
     AirportPositions positions{state.Airports};
     Airports airports{state.Airports, ports.code_page, trap};
-    FeedLoader loader{state, ports.prompts, ports.code_page, trap, [this] { remembered.Write(); }};
+    FeedLoader loader{state, ports.prompts, ports.code_page, ports.live, trap, [this] { remembered.Write(); }};
     ReceptionRange range{state.Airports, trap};
     ShutDown shut_down{state.Ended, state.form, settings,         remembered,
                        regional,    link,       ports.background, ports.player};

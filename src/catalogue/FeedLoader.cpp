@@ -39,6 +39,7 @@ void FeedLoader::LoadList(const TextVersion& version) {
     list.SetSorted(false);
     trap_.RunCommand("LoadList Error", Icon::Critical, [this] { RebuildList(); });
     if (sorted) list.SetSorted(true);
+    live_.SetFileServers(FileServersOf(list));
     state_.feed.FeedIcao.clear();
     state_.feed.FeedCity.clear();
     state_.feed.FeedFrequency.clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/FeedFile.h"
+#include "ports/LiveFeed.h"
 #include "ports/Prompts.h"
 #include "ports/TextFile.h"
 #include "state/ProgramState.h"
@@ -16,9 +17,14 @@ namespace quillon {
 class FeedLoader {
   public:
     /// `remember` keeps the marks.
-    FeedLoader(ProgramState& state, Prompts& prompts, AnsiCodePage& page, ErrorTrap& trap,
+    FeedLoader(ProgramState& state, Prompts& prompts, AnsiCodePage& page, LiveFeed& live, ErrorTrap& trap,
                std::function<void()> remember)
-        : state_(state), prompts_(prompts), page_(page), trap_(trap), remember_(std::move(remember)) {}
+        : state_(state),
+          prompts_(prompts),
+          page_(page),
+          live_(live),
+          trap_(trap),
+          remember_(std::move(remember)) {}
 
     /// Rebuilds the list: feeds without a frequency get the lowest free channels, in the file's order. A
     /// failure is reported, and the list keeps the feeds before it. In any case no feed is current afterwards.
@@ -63,6 +69,7 @@ class FeedLoader {
     ProgramState& state_;
     Prompts& prompts_;
     AnsiCodePage& page_;
+    LiveFeed& live_;
     ErrorTrap& trap_;
     std::function<void()> remember_;
     TextVersion loaded_;

@@ -20,9 +20,10 @@ FeedAnswer Failure(SilenceCause cause, const std::string& about = "") {
 }
 
 /// `entry` is the playlist's entry that led to the sound; empty if the address itself did.
-FeedAnswer Success(const std::string& entry, const std::string& redirected_to) {
+FeedAnswer Success(const std::string& entry, const std::string& redirected_to, bool not_encrypted) {
     if (!redirected_to.empty()) return {Finding::Redirects, "Redirected to " + redirected_to};
-    return {Finding::Answers, entry.empty() ? "Plays" : "Playlist of " + entry + ": Plays"};
+    const std::string way = entry.empty() ? "" : "Playlist of " + entry + ": ";
+    return {Finding::Answers, way + "Plays" + (not_encrypted ? std::string(", ") + NotEncryptedWords : "")};
 }
 
 FeedAnswer TryFolder(const std::string& folder) {
@@ -43,15 +44,15 @@ FeedAnswer AddressProbe::Try(const std::string& url) {
 /// The first stop that plays decides. If none does, the answer names the first one that is not a playlist, what
 /// is wrong with it, and the playlists on the way to it.
 FeedAnswer AddressProbe::TryPlayable(const std::string& url) {
-    PlaylistWalk walk(url, MostEntries);
+    PlaylistWalk walk(url, servers_, MostEntries);
     std::string way, way_back, first_entry, redirected_to;
     SilenceReason problem;
     while (const auto stop = cancelled_ ? std::nullopt : walk.Next()) {
         Visit visit = VisitStop(*stop);
-        if (visit.playlist) visit.problem = walk.Enter(*visit.playlist, visit.from);
+        if (visit.playlist) visit.problem = walk.Enter(*visit.playlist, visit.from, visit.onward);
         if (stop->depth == 0) redirected_to = visit.redirected_to;
         if (stop->depth == 1) first_entry = stop->address.value_or(stop->entry);
-        if (!visit.problem && !visit.playlist) return Success(first_entry, redirected_to);
+        if (!visit.problem && !visit.playlist) return Success(first_entry, redirected_to, visit.not_encrypted);
         if (problem) continue;
         if (stop->depth > 0) way += "Playlist of " + stop->address.value_or(stop->entry) + ": ";
         if (!visit.redirected_to.empty()) way_back.insert(0, ", redirected to " + visit.redirected_to);
@@ -61,27 +62,30 @@ FeedAnswer AddressProbe::TryPlayable(const std::string& url) {
 }
 
 AddressProbe::Visit AddressProbe::VisitStop(const PlaylistWalk::Stop& stop) {
-    if (!stop.address) return {{SilenceCause::UnplayableProtocol, ""}, "", {}, ""};
-    return IsStreamAddress(*stop.address) ? VisitStream(*stop.address) : VisitFile(*stop.address);
+    if (stop.problem) return {.problem = stop.problem};
+    if (!stop.address) return {.problem = {SilenceCause::UnplayableProtocol, ""}};
+    return IsStreamAddress(*stop.address) ? VisitStream(stop) : VisitFile(*stop.address);
 }
 
 AddressProbe::Visit AddressProbe::VisitFile(const std::string& path) {
     FileSource file(path);
     const Heard heard = Listen(file);
-    return {heard.problem, "", heard.playlist, path};
+    return {.problem = heard.problem, .playlist = heard.playlist, .from = path};
 }
 
-AddressProbe::Visit AddressProbe::VisitStream(const std::string& url) {
-    const auto parsed = ParseAddress(url);
-    if (!parsed) return {{SilenceCause::BadAddress, ""}, "", {}, ""};
-    HttpStream stream(*parsed, user_agent_, system_);
+AddressProbe::Visit AddressProbe::VisitStream(const PlaylistWalk::Stop& stop) {
+    const auto parsed = ParseAddress(*stop.address);
+    if (!parsed) return {.problem = {SilenceCause::BadAddress, ""}};
+    HttpStream stream(*parsed, user_agent_, system_, stop.origin);
     const Heard heard = Listen(stream);
     const bool is_redirected = stream.Address() != AddressText(*parsed);
-    return {heard.problem, is_redirected ? stream.Address() : "", heard.playlist, stream.Address()};
+    return {heard.problem,   is_redirected ? stream.Address() : "",
+            heard.playlist,  stream.Address(),
+            stream.Onward(), stop.origin.encrypted && stream.Address().starts_with("http://")};
 }
 
 AddressProbe::Heard AddressProbe::Listen(ByteSource& source) {
-    SoundReader reader(system_);
+    SoundReader reader(system_, IsStreamAddress(source.Address()));
     std::array<std::uint8_t, ReadSize> room{};
     Heard heard;
     bool has_bytes = false;

@@ -31,7 +31,7 @@ Attempt::Attempt(std::unique_ptr<ByteSource> source, const TransportControls& co
     : source_(std::move(source)),
       controls_(controls),
       system_(system),
-      reader_(system),
+      reader_(system, IsStreamAddress(source_->Address())),
       speaker_(system),
       prebuffer_(FirstPrebuffer) {}
 

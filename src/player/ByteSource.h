@@ -1,5 +1,6 @@
 #pragma once
 
+#include "player/Reach.h"
 #include "state/FeedCondition.h"
 
 #include <cstddef>
@@ -43,6 +44,9 @@ class ByteSource {
 
     /// Whether the bytes were announced as a playlist. Valid after the first successful Read.
     virtual bool AnnouncesPlaylist() const = 0;
+
+    /// What its servers mean for the addresses that its bytes lead to.
+    virtual Origin Onward() const { return {}; }
 
     /// The current stream title; empty if there is none.
     virtual std::string Title() const { return {}; }

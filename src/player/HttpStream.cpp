@@ -35,8 +35,8 @@ SilenceCause CauseOfStatus(int status) {
 
 } // namespace
 
-HttpStream::HttpStream(StreamAddress address, std::string user_agent, PlayerSystem& system)
-    : address_(std::move(address)), user_agent_(std::move(user_agent)), system_(system) {}
+HttpStream::HttpStream(StreamAddress address, std::string user_agent, PlayerSystem& system, Origin origin)
+    : address_(std::move(address)), user_agent_(std::move(user_agent)), system_(system), origin_(origin) {}
 
 IoResult HttpStream::Read(std::span<std::uint8_t> room) {
     if (in_body_) return ReadBody(room);
@@ -48,7 +48,7 @@ IoResult HttpStream::Read(std::span<std::uint8_t> room) {
 /// One step towards the body; IoStatus::Ok if another can follow.
 IoStatus HttpStream::Advance() {
     if (!connection_) {
-        connection_ = system_.Connect(address_);
+        connection_ = system_.Connect(address_, origin_.reach);
         if (!connection_) return IoStatus::Failed;
         unsent_ = RequestText(address_, user_agent_);
         reply_ = {};
@@ -104,6 +104,11 @@ bool HttpStream::AnnouncesPlaylist() const {
     return quillon::AnnouncesPlaylist(reply_.ContentType(), address_.target);
 }
 
+Origin HttpStream::Onward() const {
+    const bool is_private = origin_.reach == Reach::Everywhere && connection_ && connection_->IsPrivate();
+    return {is_private ? Reach::Everywhere : Reach::Public, origin_.encrypted || address_.secure};
+}
+
 SilenceReason HttpStream::Problem() const {
     if (problem_) return problem_;
     if (reply_.Status() == 0) return ProblemWithoutAnswer();
@@ -127,6 +132,11 @@ IoStatus HttpStream::Redirect() {
         return IoStatus::Unsupported;
     }
     if (location.empty() || !target || ++redirects_ > MaximumRedirects) return IoStatus::Failed;
+    if (address_.secure && !target->secure) {
+        problem_ = {SilenceCause::LeavesEncryption, ""};
+        return IoStatus::Refused;
+    }
+    origin_ = Onward();
     address_ = *target;
     connection_.reset();
     return IoStatus::Ok;

@@ -12,13 +12,13 @@
 namespace quillon {
 
 /// The audio that a web server sends for an address, live or a file: its reply's body without chunking and ICY
-/// metadata. Follows redirects. Any other status but 200, a web page, and a connection that closes early are
-/// failures.
+/// metadata. Follows redirects, except from https to http. Any other status but 200, a web page, and a
+/// connection that closes early are failures.
 class HttpStream : public ByteSource {
   public:
     static constexpr int MaximumRedirects = 8;
 
-    HttpStream(StreamAddress address, std::string user_agent, PlayerSystem& system);
+    HttpStream(StreamAddress address, std::string user_agent, PlayerSystem& system, Origin origin = {});
 
     IoResult Read(std::span<std::uint8_t> room) override;
 
@@ -29,6 +29,7 @@ class HttpStream : public ByteSource {
     bool AnnouncesPlaylist() const override;
 
     SilenceReason Problem() const override;
+    Origin Onward() const override;
 
     std::string Title() const override { return icy_ ? icy_->Title() : std::string(); }
 
@@ -46,6 +47,7 @@ class HttpStream : public ByteSource {
     StreamAddress address_;
     std::string user_agent_;
     PlayerSystem& system_;
+    Origin origin_;
     std::unique_ptr<Connection> connection_;
     std::string unsent_;
     HttpReply reply_;

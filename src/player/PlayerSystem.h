@@ -26,6 +26,9 @@ class Connection {
     /// Sends as much of the front of `bytes` as fits; the result says how much.
     virtual IoResult Write(std::string_view bytes) = 0;
 
+    /// Whether the other side is on this machine or in a private network. Valid once it has accepted.
+    virtual bool IsPrivate() const = 0;
+
     /// The reason after IoStatus::Refused.
     virtual SilenceReason Problem() const { return {}; }
 };
@@ -73,8 +76,9 @@ class PlayerSystem {
     virtual ~PlayerSystem() = default;
 
     /// Looks the host up, which may take several seconds, and starts connecting. Null if the host is unknown. A
-    /// connection to a secure address returns IoStatus::Refused if the server's certificate is not trusted.
-    virtual std::unique_ptr<Connection> Connect(const StreamAddress& address) = 0;
+    /// connection returns IoStatus::Refused if the host has no address within `reach`, or if it is a secure one
+    /// and the server's certificate is not trusted.
+    virtual std::unique_ptr<Connection> Connect(const StreamAddress& address, Reach reach) = 0;
 
     /// Null if the system has no decoder for the format.
     virtual std::unique_ptr<SoundDecoder> OpenFrameDecoder(const FrameFormat& format) = 0;

@@ -1,11 +1,14 @@
 #include "player/PlaylistWalk.h"
 
+#include "player/Address.h"
+#include "player/LocalEntry.h"
+
 #include <algorithm>
 
 namespace quillon {
 
-PlaylistWalk::PlaylistWalk(const std::string& address, std::size_t most_entries)
-    : most_entries_(most_entries), pending_{{address, address, 0}} {}
+PlaylistWalk::PlaylistWalk(const std::string& address, FileServers servers, std::size_t most_entries)
+    : servers_(std::move(servers)), most_entries_(most_entries), pending_{{address, address, 0, {}, {}}} {}
 
 std::optional<PlaylistWalk::Stop> PlaylistWalk::Next() {
     if (pending_.empty()) return {};
@@ -15,13 +18,17 @@ std::optional<PlaylistWalk::Stop> PlaylistWalk::Next() {
     return stop;
 }
 
-SilenceReason PlaylistWalk::Enter(std::string_view bytes, const std::string& from) {
+SilenceReason PlaylistWalk::Enter(std::string_view bytes, const std::string& from, Origin origin) {
     Entries entries = ReadPlaylist(bytes, from);
     if (entries.empty()) return {SilenceCause::EmptyPlaylist, ""};
     if (depth_ >= DeepestPlaylist) return {SilenceCause::PlaylistsTooDeep, ""};
     entries.resize(std::min(entries.size(), most_entries_));
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
-        pending_.push_back({*entry, ResolveEntry(from, *entry), depth_ + 1});
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+        const auto address = ResolveEntry(from, *entry);
+        const bool is_file = address && !IsStreamAddress(*address);
+        pending_.push_back({*entry, address, depth_ + 1,
+                            is_file ? RefusalOf(*address, from, servers_) : SilenceReason(), origin});
+    }
     return {};
 }
 

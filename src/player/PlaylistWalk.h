@@ -1,7 +1,9 @@
 #pragma once
 
 #include "player/Playlists.h"
+#include "player/Reach.h"
 #include "state/FeedCondition.h"
+#include "state/FileServers.h"
 
 #include <cstddef>
 #include <optional>
@@ -21,21 +23,26 @@ class PlaylistWalk {
     struct Stop {
         std::string entry; ///< as the playlist has it
         std::optional<std::string>
-            address;       ///< where it leads: an address or a path; nothing if it cannot be played
-        std::size_t depth; ///< number of playlists around it
+            address;           ///< where it leads: an address or a path; nothing if it cannot be played
+        std::size_t depth;     ///< number of playlists around it
+        SilenceReason problem; ///< why it must not be tried
+        Origin origin;
     };
 
-    /// Only the first `most_entries` of each playlist are visited.
-    explicit PlaylistWalk(const std::string& address, std::size_t most_entries = static_cast<std::size_t>(-1));
+    /// Local playlists may lead to files on `servers`, too. Only the first `most_entries` of each playlist are
+    /// visited.
+    PlaylistWalk(const std::string& address, FileServers servers,
+                 std::size_t most_entries = static_cast<std::size_t>(-1));
 
     /// What to try next. Nothing at the end.
     std::optional<Stop> Next();
 
-    /// The stop visited last is a playlist of those bytes, which came from the address or path `from`. Its
-    /// entries are next; returns why there are none.
-    SilenceReason Enter(std::string_view bytes, const std::string& from);
+    /// The stop visited last is a playlist of those bytes, which came from the address or path `from`;
+    /// `origin` is that of its entries. These are next; returns why there are none.
+    SilenceReason Enter(std::string_view bytes, const std::string& from, Origin origin);
 
   private:
+    FileServers servers_;
     std::size_t most_entries_;
     std::size_t depth_ = 0;     // of the stop visited last
     std::vector<Stop> pending_; // the next one is the last

@@ -91,20 +91,30 @@ Entries AttributesOf(std::string_view text, std::initializer_list<std::string_vi
     return entries;
 }
 
-/// The path of a "file:" address.
-std::string PathOfFileAddress(std::string_view address) {
-    address.remove_prefix(std::string_view("file://").size());
-    if (address.starts_with('/') && address.find(':') == 2) address.remove_prefix(1); // file:///C:/
-    std::string path;
-    while (!address.empty()) {
+std::string Decoded(std::string_view text) {
+    std::string decoded;
+    while (!text.empty()) {
         unsigned byte = 0;
-        const char* const digits = address.data() + 1;
-        const bool escaped = address.front() == '%' && address.size() > 2 &&
+        const char* const digits = text.data() + 1;
+        const bool escaped = text.front() == '%' && text.size() > 2 &&
                              std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2;
-        path += escaped ? static_cast<char>(static_cast<unsigned char>(byte)) : address.front();
-        address.remove_prefix(escaped ? 3 : 1);
+        decoded += escaped ? static_cast<char>(static_cast<unsigned char>(byte)) : text.front();
+        text.remove_prefix(escaped ? 3 : 1);
     }
-    return path;
+    return decoded;
+}
+
+/// The path of a "file:" address: "C:/x" of "file:///C:/x", "\\host\share" of "file://host/share".
+std::string PathOfFileAddress(std::string_view address) {
+    constexpr std::string_view ThisMachine = "localhost/";
+    address.remove_prefix(std::string_view("file://").size());
+    if (LCase(address.substr(0, ThisMachine.size())) == ThisMachine)
+        address.remove_prefix(ThisMachine.size() - 1);
+    const std::string path = Decoded(address);
+    const bool begins_with_slash = path.starts_with('/') || path.starts_with('\\');
+    if (begins_with_slash && path.find(':') == 2) return path.substr(1);
+    const bool has_host = !path.empty() && !begins_with_slash && path.find(':') != 1;
+    return has_host ? "\\\\" + path : path;
 }
 
 bool IsRooted(std::string_view path) {

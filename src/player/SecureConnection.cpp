@@ -37,7 +37,8 @@ IoResult SecureConnection::Write(std::string_view bytes) {
 }
 
 SilenceReason SecureConnection::Problem() const {
-    return {layer_->Fault(), ""};
+    const SilenceCause fault = layer_->Fault();
+    return fault == SilenceCause::None ? carrier_->Problem() : SilenceReason{fault, ""};
 }
 
 /// Takes one step; IoStatus::Ok if more can be done at once.

@@ -50,6 +50,7 @@ class SecureConnection : public Connection {
 
     IoResult Read(std::span<std::uint8_t> room) override;
     IoResult Write(std::string_view bytes) override;
+    bool IsPrivate() const override { return carrier_->IsPrivate(); }
     SilenceReason Problem() const override;
 
   private:

@@ -3,7 +3,6 @@
 #include "player/FileSource.h"
 #include "player/HttpStream.h"
 #include "player/Limits.h"
-#include "player/PlaylistWalk.h"
 
 #include <algorithm>
 
@@ -27,10 +26,11 @@ SilenceReason ProblemAfter(Outcome outcome, const Attempt& attempt) {
 
 } // namespace
 
-Session::Session(std::string url, std::string user_agent, int volume, std::unique_ptr<PlayerSystem> system,
-                 std::shared_ptr<RetrySchedule> retries)
+Session::Session(std::string url, std::string user_agent, FileServers servers, int volume,
+                 std::unique_ptr<PlayerSystem> system, std::shared_ptr<RetrySchedule> retries)
     : url_(std::move(url)),
       user_agent_(std::move(user_agent)),
+      servers_(std::move(servers)),
       system_(std::move(system)),
       retries_(std::move(retries)) {
     controls_.volume = volume;
@@ -81,14 +81,14 @@ bool Session::AwaitCoolDown() {
 /// Goes on with the next entry of a playlist when one has ended or cannot be played, but not when one drops
 /// that was heard. The outcome's problem is left in `problem_`.
 Outcome Session::PlayOnce() {
-    PlaylistWalk walk(url_);
+    PlaylistWalk walk(url_, servers_);
     Outcome result = Outcome::Refused;
     SilenceReason problem; // of `result`
     int failures = 0;
     played_ = 0ms;
     while (const auto stop = walk.Next()) {
         const auto played_before = played_;
-        const Outcome outcome = stop->address ? Play(*stop->address, walk) : Unplayable(stop->entry);
+        const Outcome outcome = Play(*stop, walk);
         if (outcome == Outcome::Playlist) continue;
         if (outcome <= result) problem = problem_;
         if (outcome > Outcome::Refused || (outcome != Outcome::Ended && played_ > played_before))
@@ -101,21 +101,24 @@ Outcome Session::PlayOnce() {
 }
 
 /// Outcome::Playlist if the address is a playlist that the walk goes on with.
-Outcome Session::Play(const std::string& address, PlaylistWalk& walk) {
-    auto source = Open(address);
-    if (!source) return Unplayable(address);
+Outcome Session::Play(const PlaylistWalk::Stop& stop, PlaylistWalk& walk) {
+    auto source = Open(stop);
+    if (!source) return Unplayable(stop);
     Attempt attempt(std::move(source), controls_, *system_);
-    const Outcome outcome = Drive(attempt);
+    const Outcome outcome = Drive(attempt, stop.origin.encrypted);
     played_ += attempt.Played();
     problem_ = ProblemAfter(outcome, attempt);
     if (outcome != Outcome::Playlist) return outcome;
-    problem_ = walk.Enter(attempt.Playlist(), attempt.Source().Address());
+    problem_ = walk.Enter(attempt.Playlist(), attempt.Source().Address(), attempt.Source().Onward());
     return problem_ ? Outcome::NotAudio : Outcome::Playlist;
 }
 
-Outcome Session::Drive(Attempt& attempt) {
+Outcome Session::Drive(Attempt& attempt, bool expects_encryption) {
     while (!controls_.cancelled) {
-        if (const auto outcome = attempt.Step()) return *outcome;
+        const auto outcome = attempt.Step();
+        is_not_encrypted_ = expects_encryption && !outcome && attempt.State() == Playing &&
+                            attempt.Source().Address().starts_with("http://");
+        if (outcome) return *outcome;
         const bool starts = state_ != Playing && attempt.State() == Playing;
         state_ = attempt.State();
         if (starts) UpdateRetries([this](RetrySchedule& retries) { retries.Forgive(url_); });
@@ -125,18 +128,21 @@ Outcome Session::Drive(Attempt& attempt) {
     return Outcome::Cancelled;
 }
 
-Outcome Session::Unplayable(const std::string& address) {
-    const bool is_media = IsMediaProtocol(address);
+Outcome Session::Unplayable(const PlaylistWalk::Stop& stop) {
+    problem_ = stop.problem;
+    if (problem_) return Outcome::Refused;
+    const bool is_media = IsMediaProtocol(stop.entry);
     problem_ = {is_media ? SilenceCause::UnplayableProtocol : SilenceCause::BadAddress, ""};
     return is_media ? Outcome::Unsupported : Outcome::Refused;
 }
 
-std::unique_ptr<ByteSource> Session::Open(const std::string& address) {
-    if (!IsStreamAddress(address)) return std::make_unique<FileSource>(address);
+std::unique_ptr<ByteSource> Session::Open(const PlaylistWalk::Stop& stop) {
+    if (!stop.address || stop.problem) return nullptr;
+    if (!IsStreamAddress(*stop.address)) return std::make_unique<FileSource>(*stop.address);
     is_online_ = true;
-    const auto parsed = ParseAddress(address);
+    const auto parsed = ParseAddress(*stop.address);
     if (!parsed) return nullptr;
-    return std::make_unique<HttpStream>(*parsed, user_agent_, *system_);
+    return std::make_unique<HttpStream>(*parsed, user_agent_, *system_, stop.origin);
 }
 
 /// False if there is to be no next try.

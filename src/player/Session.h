@@ -1,6 +1,7 @@
 #pragma once
 
 #include "player/Attempt.h"
+#include "player/PlaylistWalk.h"
 #include "player/RetrySchedule.h"
 
 #include <memory>
@@ -9,17 +10,16 @@
 
 namespace quillon {
 
-class PlaylistWalk;
-
 /// Plays one address until it ends or is given up. A stream that drops or stalls is requested again; the
 /// entries of a playlist are tried in order. Run does all the work, on a thread of its own; the other public
 /// members may be called on any thread and return at once.
 class Session {
   public:
-    /// `url` is the address of a stream or the path of a file; `volume` 0 to 100. `retries` is kept on the
-    /// system's clock and says when the address may be requested; it learns nothing more after Cancel.
-    Session(std::string url, std::string user_agent, int volume, std::unique_ptr<PlayerSystem> system,
-            std::shared_ptr<RetrySchedule> retries);
+    /// `url` is the address of a stream or the path of a file; local playlists may lead to `servers`; `volume`
+    /// 0 to 100. `retries` is kept on the system's clock and says when the address may be requested; it learns
+    /// nothing more after Cancel.
+    Session(std::string url, std::string user_agent, FileServers servers, int volume,
+            std::unique_ptr<PlayerSystem> system, std::shared_ptr<RetrySchedule> retries);
 
     /// Plays. Returns at the end, when the address is given up, or soon after Cancel.
     void Run();
@@ -46,6 +46,9 @@ class Session {
     /// How the latest try ended; Outcome::Cancelled before that.
     Outcome LatestOutcome() const { return outcome_; }
 
+    /// Whether it plays an unencrypted source that an encrypted playlist has led to.
+    bool IsNotEncrypted() const { return is_not_encrypted_; }
+
     /// Whether it is waiting for the next try.
     bool IsWaiting() const { return is_waiting_; }
 
@@ -56,10 +59,10 @@ class Session {
     PlayState PlayUntilDone();
     bool AwaitCoolDown();
     Outcome PlayOnce();
-    Outcome Play(const std::string& address, PlaylistWalk& walk);
-    Outcome Unplayable(const std::string& address);
-    Outcome Drive(Attempt& attempt);
-    std::unique_ptr<ByteSource> Open(const std::string& address);
+    Outcome Play(const PlaylistWalk::Stop& stop, PlaylistWalk& walk);
+    Outcome Unplayable(const PlaylistWalk::Stop& stop);
+    Outcome Drive(Attempt& attempt, bool expects_encryption);
+    std::unique_ptr<ByteSource> Open(const PlaylistWalk::Stop& stop);
     bool AwaitNextTry(Outcome outcome);
     template <typename Call>
     void UpdateRetries(Call call);
@@ -68,11 +71,13 @@ class Session {
 
     const std::string url_;
     const std::string user_agent_;
+    const FileServers servers_;
     const std::unique_ptr<PlayerSystem> system_;
     TransportControls controls_;
     std::atomic<PlayState> state_ = Transitioning;
     std::atomic<Outcome> outcome_ = Outcome::Cancelled;
     std::atomic<bool> has_ended_ = false;
+    std::atomic<bool> is_not_encrypted_ = false;
     std::atomic<bool> is_waiting_ = false;
     std::atomic<std::chrono::milliseconds> waits_until_{};
     const std::shared_ptr<RetrySchedule> retries_;

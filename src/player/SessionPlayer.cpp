@@ -42,7 +42,7 @@ void SessionPlayer::SetUserAgent(const std::string& user_agent) {
 
 void SessionPlayer::Start() {
     EndSession();
-    auto session = std::make_shared<Session>(url_, user_agent_, volume_, make_system_(), retries_);
+    auto session = std::make_shared<Session>(url_, user_agent_, servers_, volume_, make_system_(), retries_);
     try {
         run_(session);
         session_ = std::move(session);
@@ -96,8 +96,8 @@ bool SessionPlayer::IsUnsupported() const {
 }
 
 FeedCondition SessionPlayer::Condition() const {
-    if (!session_) return {{idle_state_ == Ready ? SilenceCause::NoRoom : SilenceCause::None, ""}, {}};
-    FeedCondition condition{retries_->Problem(url_), {}};
+    if (!session_) return {{idle_state_ == Ready ? SilenceCause::NoRoom : SilenceCause::None, ""}, {}, false};
+    FeedCondition condition{retries_->Problem(url_), {}, session_->IsNotEncrypted()};
     if (const auto time = session_->TimeToNextTry())
         condition.NextTry = std::max(std::chrono::ceil<std::chrono::seconds>(*time), std::chrono::seconds(1));
     return condition;

@@ -47,6 +47,7 @@ class SessionPlayer : public FeedPlayer {
     FeedCondition Condition() const override;
     void Reload() override;
     void SetUserAgent(const std::string& user_agent) override;
+    void SetFileServers(FileServers servers) override { servers_ = std::move(servers); }
 
     /// Whether it has given the current address up because only another player could play what is there.
     bool IsUnsupported() const;
@@ -57,6 +58,7 @@ class SessionPlayer : public FeedPlayer {
     void EndSession();
 
     std::string user_agent_;
+    FileServers servers_;
     MakeSystem make_system_;
     RunSession run_;
     std::string url_;

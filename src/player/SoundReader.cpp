@@ -33,6 +33,11 @@ bool SoundReader::Feed(ByteView bytes, PcmQueue& queue) {
     }
 }
 
+std::unique_ptr<SoundDecoder> SoundReader::OpenWaveDecoder(const WaveFormat& format) {
+    refuses_coding_ = from_network_ && !format.is_checked;
+    return refuses_coding_ ? nullptr : system_.OpenWaveDecoder(format);
+}
+
 bool SoundReader::FeedPlaylist(ByteView bytes) {
     playlist_.append(bytes.begin(), bytes.end());
     return playlist_.size() <= LongestPlaylist;
@@ -68,6 +73,7 @@ bool SoundReader::DecodeFrame(const AudioFrame& frame, Samples& samples) {
 
 SilenceReason SoundReader::Problem() const {
     std::string form = unsupported_;
+    if (refuses_coding_) return {SilenceCause::CodingRefused, ""};
     if (wav_.LacksDecoder()) form = "this coding of waves";
     if (decoded_ && !decoder_) form = decoded_->coding == FrameCoding::Aac ? "AAC" : "MP3";
     if (!form.empty()) return {SilenceCause::NoDecoder, form};

@@ -13,9 +13,12 @@ namespace quillon {
 /// Detects what kind of data a source sends and decodes it, or collects it if it is a playlist.
 class SoundReader {
   public:
-    explicit SoundReader(PlayerSystem& system)
+    /// A server must not choose any codec that is installed: waves from the network may only be of the codings
+    /// whose headers are checked.
+    SoundReader(PlayerSystem& system, bool from_network)
         : system_(system),
-          wav_([&system](const WaveFormat& format) { return system.OpenWaveDecoder(format); }) {}
+          from_network_(from_network),
+          wav_([this](const WaveFormat& format) { return OpenWaveDecoder(format); }) {}
 
     /// The bytes were announced as a playlist. To be called before Feed.
     void ExpectPlaylist() { expects_playlist_ = true; }
@@ -37,12 +40,15 @@ class SoundReader {
     bool HasFoundSound() const { return has_found_sound_; }
 
   private:
+    std::unique_ptr<SoundDecoder> OpenWaveDecoder(const WaveFormat& format);
     bool FeedPlaylist(ByteView bytes);
     bool FeedWav(ByteView bytes, PcmQueue& queue);
     bool FeedFrames(ByteView bytes, PcmQueue& queue);
     bool DecodeFrame(const AudioFrame& frame, Samples& samples);
 
     PlayerSystem& system_;
+    const bool from_network_;
+    bool refuses_coding_ = false;
     std::vector<std::uint8_t> preamble_; // until the kind is known
     std::string unsupported_;            // the form's name
     ContentKind kind_ = ContentKind::Unknown;

@@ -78,7 +78,8 @@ FeedCondition TwoPlayers::Condition() const {
     if (active_ == &built_in_) return built_in_.Condition();
     if (url_.empty() || active_->State() != Ready) return {};
     const auto found = unsupported_.find(url_);
-    return {found == unsupported_.end() ? SilenceReason{SilenceCause::NotPlayable, ""} : found->second, {}};
+    return {
+        found == unsupported_.end() ? SilenceReason{SilenceCause::NotPlayable, ""} : found->second, {}, false};
 }
 
 void TwoPlayers::Reload() {

@@ -55,6 +55,12 @@ bool HasCoefficients(const WaveFormat& format) {
     return pairs >= 7 && format.header.size() >= HeaderBytes + 4 + pairs * 4;
 }
 
+bool IsKnown(unsigned coding) {
+    for (const unsigned known : {WaveFormat::LinearSamples, MicrosoftAdpcm, ALaw, MuLaw, ImaAdpcm, Gsm610, Mp3})
+        if (coding == known) return true;
+    return false;
+}
+
 bool IsConsistent(const WaveFormat& format) {
     const std::size_t block = format.block_bytes;
     const unsigned channels = format.sound.channels;
@@ -94,6 +100,7 @@ std::optional<WaveFormat> ReadWaveFormat(ByteView chunk) {
                       format.sound.sample_rate >= 1000 && format.sound.sample_rate <= 192000 &&
                       format.block_bytes > 0 && IsConsistent(format);
     if (!fits) return {};
+    format.is_checked = IsKnown(format.coding);
     if (format.coding == Mp3) format.block_bytes = 1; // the size in the file is not a unit of decoding
     return format;
 }

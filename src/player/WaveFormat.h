@@ -14,6 +14,7 @@ struct WaveFormat {
     unsigned coding = 0; ///< registered format tag
     PcmFormat sound;
     std::size_t block_bytes = 0;      ///< sound is decoded in multiples of this; at least 1
+    bool is_checked = false;          ///< the header's sizes fit the coding
     unsigned bits = 0;                ///< per sample; 8, 16, 24 or 32 if linear
     std::vector<std::uint8_t> header; ///< a WAVEFORMATEX with its extra bytes
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "state/FileServers.h"
 #include "state/Forms.h"
 
 #include <optional>
@@ -19,8 +20,9 @@ class FeedProbe {
     virtual ~FeedProbe() = default;
 
     /// Starts trying a feed's address as the catalogue has it, and cancels the previous try. An invalid
-    /// `user_agent` is replaced by the program's own.
-    virtual void Start(const std::string& address, const std::string& user_agent) = 0;
+    /// `user_agent` is replaced by the program's own. Local playlists may lead to `servers`.
+    virtual void Start(const std::string& address, const std::string& user_agent,
+                       const FileServers& servers) = 0;
 
     /// Empty until the answer is there; returns it once.
     virtual std::optional<FeedAnswer> Result() = 0;

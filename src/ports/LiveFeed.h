@@ -2,6 +2,7 @@
 
 #include "ports/MediaPlayer.h"
 #include "state/FeedCondition.h"
+#include "state/FileServers.h"
 #include "state/SoundSettings.h"
 
 #include <string>
@@ -27,6 +28,9 @@ class LiveFeed {
     /// Sets the user agent for the connections to come. A text that is empty, longer than 200 characters, or
     /// contains anything but printable ASCII is ignored.
     virtual void SetUserAgent(const std::string& user_agent) = 0;
+
+    /// Servers on which the entries of local playlists may open files, besides the playlist's own.
+    virtual void SetFileServers(FileServers) {}
 
     /// For the addresses to come, if there is a choice of players.
     virtual void Force(ForcedPlayer) {}

@@ -17,6 +17,9 @@ constexpr Row Table[] = {
     {SilenceCause::UnknownProtocol, "Must begin with http:// or https://"},
     {SilenceCause::BadAddress, "This is no address of a server"},
     {SilenceCause::UnplayableProtocol, "Quillon cannot play that"},
+    {SilenceCause::ControlCharacters, "The playlist's entry has control characters"},
+    {SilenceCause::Device, "The playlist leads to a device, not to a file"},
+    {SilenceCause::ForeignServer, "The playlist leads to %, which no feed names"},
     {SilenceCause::NoSuchFile, "There is no such file"},
     {SilenceCause::NoSuchFolder, "Cannot reach %"},
     {SilenceCause::NoRecordings, "No recordings in %"},
@@ -30,6 +33,8 @@ constexpr Row Table[] = {
     {SilenceCause::CertificateExpired, "The server's certificate is not valid today"},
     {SilenceCause::CertificateOfAnother, "The server's certificate is for another name"},
     {SilenceCause::CertificateInvalid, "The server's certificate is not valid"},
+    {SilenceCause::LeavesEncryption, "Refused: a redirect from https to http"},
+    {SilenceCause::PrivateAddress, "Refused: it leads into a private network"},
     {SilenceCause::RedirectsInCircles, "Redirects in circles or to nowhere (%)"},
     {SilenceCause::WantsPassword, "The server wants a password (%)"},
     {SilenceCause::Refused, "The server refuses it (%)"},
@@ -41,6 +46,7 @@ constexpr Row Table[] = {
     {SilenceCause::SendsNothing, "The server answers, but sends nothing"},
     {SilenceCause::NotPlayable, "Nothing that Quillon can play"},
     {SilenceCause::NoDecoder, "No decoder for %"},
+    {SilenceCause::CodingRefused, "This coding of waves is not taken from servers"},
     {SilenceCause::EmptyPlaylist, "The playlist is empty"},
     {SilenceCause::PlaylistsTooDeep, "Playlists within playlists, too deep"},
     {SilenceCause::Dropped, "The connection was lost"},
@@ -67,9 +73,10 @@ std::string WordsOf(const SilenceReason& reason) {
 
 std::string WordsOf(const FeedCondition& condition) {
     std::string words = WordsOf(condition.Silence);
-    if (!condition.NextTry) return words;
-    if (!words.empty()) words += ", ";
-    return words + "next try in " + std::to_string(condition.NextTry->count()) + " s";
+    const auto add = [&words](const std::string& more) { words += (words.empty() ? "" : ", ") + more; };
+    if (condition.NextTry) add("next try in " + std::to_string(condition.NextTry->count()) + " s");
+    if (condition.NotEncrypted) add(NotEncryptedWords);
+    return words;
 }
 
 } // namespace quillon

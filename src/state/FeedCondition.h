@@ -14,6 +14,9 @@ enum class SilenceCause {
     UnknownProtocol,
     BadAddress,
     UnplayableProtocol,
+    ControlCharacters, ///< in an entry of a local playlist
+    Device,            ///< the same
+    ForeignServer,     ///< an entry leads to one that the user has not named
     NoSuchFile,
     NoSuchFolder, ///< or one that cannot be reached
     NoRecordings,
@@ -29,6 +32,8 @@ enum class SilenceCause {
     CertificateOfAnother,
     CertificateInvalid,
     // what the server answers, with its status
+    LeavesEncryption, ///< a redirect from https to http
+    PrivateAddress,   ///< a public server leads to this machine or a private network
     RedirectsInCircles,
     WantsPassword,
     Refused,
@@ -41,6 +46,7 @@ enum class SilenceCause {
     SendsNothing,
     NotPlayable,
     NoDecoder,
+    CodingRefused, ///< of waves from a server
     EmptyPlaylist,
     PlaylistsTooDeep,
     // on the way to the ear
@@ -53,7 +59,7 @@ enum class SilenceCause {
 
 struct SilenceReason {
     SilenceCause Cause = SilenceCause::None;
-    std::string About; ///< a folder, the server's status, or a form of sound; empty for the other causes
+    std::string About; ///< a folder, a server, its status, or a form of sound; empty for the other causes
 
     explicit operator bool() const { return Cause != SilenceCause::None; }
     bool operator==(const SilenceReason&) const = default;
@@ -63,14 +69,17 @@ struct SilenceReason {
 struct FeedCondition {
     SilenceReason Silence; ///< none while it is heard, or when it is tried for the first time
     std::optional<std::chrono::seconds> NextTry; ///< from now; at least 1; nothing if no try is planned
+    bool NotEncrypted = false; ///< it is heard without encryption, though a playlist came with https
 
     bool operator==(const FeedCondition&) const = default;
 };
 
+inline constexpr const char* NotEncryptedWords = "not encrypted";
+
 /// For the user, without a full stop; empty for no reason.
 std::string WordsOf(const SilenceReason& reason);
 
-/// The reason's words and those of the next try, as far as there are any.
+/// The reason's words, those of the next try and `NotEncryptedWords`, as far as they apply.
 std::string WordsOf(const FeedCondition& condition);
 
 } // namespace quillon

@@ -60,9 +60,11 @@ struct World {
 
 class FakeConnection : public Connection {
   public:
-    explicit FakeConnection(World& world) : world_(world) {}
+    FakeConnection(World& world, bool is_private, Reach reach)
+        : world_(world), is_private_(is_private), refuses_(is_private && reach == Reach::Public) {}
 
     IoResult Write(std::string_view bytes) override {
+        if (refuses_) return {IoStatus::Refused};
         if (!std::exchange(accepted_, true)) return {IoStatus::Connecting};
         const std::string path(bytes.substr(4, bytes.find(" HTTP") - 4));
         left_ = world_.servers[path];
@@ -90,8 +92,15 @@ class FakeConnection : public Connection {
         return {IoStatus::Ok, count};
     }
 
+    bool IsPrivate() const override { return is_private_; }
+    SilenceReason Problem() const override {
+        return {refuses_ ? SilenceCause::PrivateAddress : SilenceCause::None, ""};
+    }
+
   private:
     World& world_;
+    const bool is_private_;
+    const bool refuses_;
     Script left_;
     milliseconds next_byte_{0};
     bool accepted_ = false;
@@ -166,8 +175,10 @@ class FakeSystem : public PlayerSystem {
   public:
     explicit FakeSystem(World& world) : world_(world) {}
 
-    std::unique_ptr<Connection> Connect(const StreamAddress& address) override {
-        return address.host == "h" ? std::make_unique<FakeConnection>(world_) : nullptr;
+    /// "h" is a public server, "lan" a private one.
+    std::unique_ptr<Connection> Connect(const StreamAddress& address, Reach reach) override {
+        if (address.host != "h" && address.host != "lan") return nullptr;
+        return std::make_unique<FakeConnection>(world_, address.host == "lan", reach);
     }
     std::unique_ptr<SoundDecoder> OpenFrameDecoder(const FrameFormat& format) override {
         return world_.has_codec ? std::make_unique<FakeDecoder>(format) : nullptr;

@@ -212,6 +212,9 @@ class FakePlayer : public FeedPlayer {
     std::string title;
     FeedCondition condition;
     int reloads = 0;
+    void SetFileServers(FileServers servers) override { file_servers = std::move(servers); }
+
+    FileServers file_servers;
     std::string user_agent;
 };
 
@@ -318,7 +321,9 @@ class FakeSoundDevices : public SoundDevices {
 
 class FakeProbe : public FeedProbe {
   public:
-    void Start(const std::string& address, const std::string&) override { tried += address + " "; }
+    void Start(const std::string& address, const std::string&, const FileServers&) override {
+        tried += address + " ";
+    }
     std::optional<FeedAnswer> Result() override { return std::exchange(answer, std::nullopt); }
     void Cancel() override { tried += "cancelled "; }
 

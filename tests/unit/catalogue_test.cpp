@@ -46,8 +46,9 @@ class Catalogue : public TempFolder {
     FakePrompts prompts;
     FakeShell shell;
     FakeCodePage page;
+    FakePlayer player;
     ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
-    FeedLoader loader{state, prompts, page, trap, [this] { ++kept; }};
+    FeedLoader loader{state, prompts, page, player, trap, [this] { ++kept; }};
     int kept = 0; ///< times that the marks were
     ListView& list = state.form.lvwDB;
 };
@@ -172,6 +173,11 @@ TEST_F(Catalogue, KeepsTheUsersSortingOverAReload) {
     list.SortBy(Column::City, SortOrder::Ascending);
     EXPECT_EQ(Load("A|z|u|118.00\r\nB|y|u|118.02\r\n"), "B/y/118.02/u;A/z/118.00/u;");
     EXPECT_TRUE(list.Sorted());
+}
+
+TEST_F(Catalogue, NamesTheServersWhoseFilesPlaylistsMayOpen) {
+    Load("A|a|\\\\NAS\\music\\|\r\nA|b|http://h/|\r\nA|c|C:\\music\\|\r\nA|d|//other/x.wpl|\r\n");
+    EXPECT_EQ(player.file_servers, (FileServers{"nas", "other"}));
 }
 
 TEST_F(Catalogue, FirstLoadCanSortByFrequencyAndPickEdmonton) {

@@ -46,8 +46,10 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
     MakeFolder("empty");
     Write("a.WAV", "");
     Write("list.wpl", "<smil><media src=\"http://nobody/\"/><media src=\"http://h/good\"/></smil>");
+    Write("out.wpl", "<smil><media src=\"\\\\stranger\\a.mp3\"/></smil>");
     World world;
-    world.servers = {{"/good", {Ok, IoStatus::Ok}},
+    world.servers = {{"/plain.m3u", {Ok + "http://h/good", IoStatus::EndOfStream}},
+                     {"/good", {Ok, IoStatus::Ok}},
                      {"/moved", {"HTTP/1.0 302 x\r\nLocation: good\r\n\r\n"}},
                      {"/loop", {"HTTP/1.0 302 x\r\nLocation: loop\r\n\r\n"}},
                      {"/page", {"HTTP/1.0 200 OK\r\nContent-Type: text/html\r\n\r\n"}},
@@ -73,19 +75,23 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
         {"http://h/list.m3u", Finding::Answers, "Playlist of http://h/moved: Plays"},
         {"http://h/self.m3u", Finding::Fails, "Playlist of http://h/self.m3u: Playlist of"},
         {At("list.wpl"), Finding::Answers, "Playlist of http://h/good: Plays"},
+        {At("out.wpl"), Finding::Fails,
+         "Playlist of \\\\stranger\\a.mp3: The playlist leads to stranger, which no feed names"},
+        {"https://h/list.m3u", Finding::Answers, "Playlist of https://h/moved: Plays"},
+        {"https://h/plain.m3u", Finding::Answers, "Playlist of http://h/good: Plays, not encrypted"},
         {At("none.wpl"), Finding::Fails, "There is no such file"},
         {folder + "\\", Finding::Answers, "Recordings: 1"},
         {At("empty"), Finding::Fails, "No recordings in "}};
     FakeSystem system(world);
     for (const auto& [url, kind, words] : rows) {
         const auto deadline = world.now + 11s;
-        const FeedAnswer answer = AddressProbe("1", system, false).Try(url);
+        const FeedAnswer answer = AddressProbe("1", {}, system, false).Try(url);
         EXPECT_TRUE(answer.Words.starts_with(words) && answer.Kind == kind) << url << ": " << answer.Words;
         EXPECT_LE(world.now, deadline) << url;
     }
     world.has_codec = false;
-    EXPECT_EQ(AddressProbe("1", system, false).Try("http://h/aac").Words, "No decoder for AAC");
-    EXPECT_EQ(AddressProbe("1", system, false).Try("http://h/good").Words, "No decoder for MP3");
+    EXPECT_EQ(AddressProbe("1", {}, system, false).Try("http://h/aac").Words, "No decoder for AAC");
+    EXPECT_EQ(AddressProbe("1", {}, system, false).Try("http://h/good").Words, "No decoder for MP3");
 }
 
 class Check : public Flight {

@@ -46,7 +46,7 @@ class PlayerInWorld {
   private:
     std::deque<std::shared_ptr<Session>> sessions_;
     std::shared_ptr<Session> idle_ =
-        std::make_shared<Session>("", "", 0, std::make_unique<FakeSystem>(world), world.retries);
+        std::make_shared<Session>("", "", FileServers(), 0, std::make_unique<FakeSystem>(world), world.retries);
 };
 
 constexpr const char* Url = "http://h/a";
@@ -133,6 +133,9 @@ TEST(Player, RequestsAGivenUpAddressOnceAMinuteAtMost) {
 }
 
 TEST(Player, TellsWhyItIsSilentAndWhenItTriesAgain) {
+    const auto wave = [](unsigned coding) {
+        return Riff(FormatChunk(coding, 1, 8000, 8) + Chunk("data", "x"));
+    };
     const std::tuple<const char*, Script, const char*> rows[] = {
         {"http://unknown/", {}, "Server not found, next try in 1 s"},
         {Url, NotFound, "The server says: no such feed (404), next try in 1 s"},
@@ -143,6 +146,8 @@ TEST(Player, TellsWhyItIsSilentAndWhenItTriesAgain) {
         {Url, {Ok + Frames(40), IoStatus::EndOfStream}, "The connection was lost, next try in 1 s"},
         {"http://h:x/", {}, "This is no address of a server"},
         {"Z:\\none.wav", {}, "There is no such file"},
+        {Url, {Ok + wave(0x22)}, "This coding of waves is not taken from servers, next try in 1 s"},
+        {Url, {Ok + wave(6)}, "No decoder for this coding of waves"},
         {Url, {Ok, IoStatus::Ok}, ""},
     };
     for (const auto& [url, script, words] : rows) {
@@ -158,6 +163,42 @@ TEST(Player, TellsWhyItIsSilentAndWhenItTriesAgain) {
         in.RunTo(2s);
         EXPECT_EQ(told, words) << url << script.bytes.substr(0, 20);
         EXPECT_EQ(WordsOf(in.player.Condition()), "") << "after stopping";
+    }
+}
+
+TEST(Player, GoesNoFurtherThanTheCataloguesOwnAddressAllows) {
+    const char* const refused = "Refused: it leads into a private network";
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        // address, what is asked, what is told
+        {"https://h/down", "/down ", "Refused: a redirect from https to http"},
+        {"https://h/up", "/up /a ", ""},
+        {"https://h/list", "/list /a ", "not encrypted"},
+        {"https://h/nested", "/nested /list /a ", "not encrypted"},
+        {"http://h/list", "/list /a ", ""},
+        {"http://h/in", "/in ", refused},
+        {"http://h/list-in", "/list-in ", refused},
+        {"http://lan/in", "/in /a ", ""},
+        {"http://lan/list-in", "/list-in /a ", ""},
+        {"http://lan/out", "/out /in ", refused},
+    };
+    const auto to = [](const char* url) {
+        return Script{std::string("HTTP/1.0 302 x\r\nLocation: ") + url + "\r\n\r\n"};
+    };
+    const auto list = [](const char* url) { return Script{Ok + "#EXTM3U\n" + url, IoStatus::EndOfStream}; };
+    for (const auto& [url, asked, told] : rows) {
+        PlayerInWorld in;
+        in.world.servers = {{"/a", {Ok, IoStatus::Ok}},         {"/down", to("http://h/a")},
+                            {"/up", to("https://h/a")},         {"/in", to("http://lan/a")},
+                            {"/out", to("http://h/in")},        {"/list", list("http://h/a")},
+                            {"/nested", list("http://h/list")}, {"/list-in", list("http://lan/a")}};
+        in.player.SetUrl(url);
+        FeedCondition condition;
+        in.At(900ms, [&] { condition = in.player.Condition(); });
+        in.RunTo(1s);
+        EXPECT_EQ(WordsOf(condition), told) << url;
+        std::string paths;
+        for (const auto& [when, path] : in.world.asked) paths += path + " ";
+        EXPECT_EQ(paths, asked) << url;
     }
 }
 

@@ -1,6 +1,8 @@
 // Playlists: what is one, what it lists, and where its entries lead.
 #include "player/ContentKind.h"
+#include "player/LocalEntry.h"
 #include "player/Playlists.h"
+#include "player/Reach.h"
 
 #include <gtest/gtest.h>
 
@@ -80,10 +82,79 @@ TEST(Playlists, EntriesAreResolved) {
         {"C:\\Lists\\x.m3u", "D:\\b.mp3", "D:\\b.mp3"},
         {"C:\\Lists\\x.m3u", "\\\\server\\b.mp3", "\\\\server\\b.mp3"},
         {"C:\\Lists\\x.m3u", "http://h/b", "http://h/b"},
+        {"C:\\Lists\\x.m3u", "file://nas/My%20Sounds/b.mp3", "\\\\nas/My Sounds/b.mp3"},
+        {"C:\\Lists\\x.m3u", "file://localhost/C:/b.mp3", "C:/b.mp3"},
+        {"C:\\Lists\\x.m3u", "file://C:/b.mp3", "C:/b.mp3"},
         {"C:\\Lists\\x.m3u", "file:///C:/My%20Sounds/b%.mp3", "C:/My Sounds/b%.mp3"},
     };
     for (const Row& row : rows)
         EXPECT_EQ(ResolveEntry(row.from, row.entry).value_or("none"), row.address) << row.entry;
+}
+
+TEST(LocalEntry, OpensFilesOnlyWhereTheUserHasSomethingToDoWith) {
+    using enum SilenceCause;
+    const std::tuple<std::string_view, SilenceCause, const char*> rows[] = {
+        {"C:\\Lists\\b.mp3", None, ""},
+        {"/lists/b.mp3", None, ""},
+        {"\\\\NAS\\music\\b.mp3", None, ""},
+        {"//own/music/b.mp3", None, ""},
+        {"\\\\stranger\\music\\b.mp3", ForeignServer, "stranger"},
+        {"/\\stranger/b.mp3", ForeignServer, "stranger"},
+        {"\\/\\stranger@SSL@443\\b.mp3", ForeignServer, "stranger@ssl@443"},
+        {"\\\\nas\\pipe\\x", Device, ""},
+        {"\\\\.\\PhysicalDrive0", Device, ""},
+        {"//?/C:/b.mp3", Device, ""},
+        {"C:\\Lists\\nul.mp3", Device, ""},
+        {"C:con", Device, ""},
+        {"Com1 .wav", Device, ""},
+        {"C:\\Lists\\b.mp3:hidden", Device, ""},
+        {"C:\\Lists\\COMPASS.mp3", None, ""},
+        {"C:\\pipe\\com.mp3", None, ""},
+        {std::string_view("C:\\a.mp3\0.txt", 13), ControlCharacters, ""},
+    };
+    for (const auto& [path, cause, about] : rows)
+        EXPECT_EQ(RefusalOf(path, "\\\\OWN\\lists\\x.m3u", {"nas"}), (SilenceReason{cause, about})) << path;
+}
+
+TEST(PrivateAddress, IsOneThatTheInternetDoesNotReach) {
+    const std::tuple<const char*, std::vector<std::uint8_t>, std::vector<std::uint8_t>> rows[] = {
+        // the first and last of a range, beyond which addresses are public
+        {"this network", {0, 0, 0, 0}, {0, 255, 255, 255}},  {"10", {10, 0, 0, 0}, {10, 255, 255, 255}},
+        {"carriers", {100, 64, 0, 0}, {100, 127, 255, 255}}, {"loopback", {127, 0, 0, 0}, {127, 255, 255, 255}},
+        {"link", {169, 254, 0, 0}, {169, 254, 255, 255}},    {"172", {172, 16, 0, 0}, {172, 31, 255, 255}},
+        {"192", {192, 168, 0, 0}, {192, 168, 255, 255}},
+    };
+    const auto step = [](std::vector<std::uint8_t> bytes, int by) {
+        for (std::size_t at = bytes.size(); at-- > 0;) {
+            bytes[at] = static_cast<std::uint8_t>(bytes[at] + by);
+            if (bytes[at] != (by > 0 ? 0 : 255)) break;
+        }
+        return bytes;
+    };
+    const auto mapped = [](const std::vector<std::uint8_t>& four) {
+        std::vector<std::uint8_t> bytes(10, 0);
+        bytes.insert(bytes.end(), {255, 255});
+        bytes.insert(bytes.end(), four.begin(), four.end());
+        return bytes;
+    };
+    for (const auto& [name, first, last] : rows) {
+        EXPECT_TRUE(IsPrivateAddress(first) && IsPrivateAddress(last)) << name;
+        EXPECT_TRUE(IsPrivateAddress(mapped(first)) && IsPrivateAddress(mapped(last))) << name;
+        EXPECT_FALSE(IsPrivateAddress(step(last, 1)) || IsPrivateAddress(mapped(step(last, 1)))) << name;
+        EXPECT_TRUE(first[0] == 0 || !IsPrivateAddress(step(first, -1))) << name;
+    }
+    const auto six = [](std::uint8_t front, std::uint8_t second, std::uint8_t last) {
+        std::vector<std::uint8_t> bytes(16, 0);
+        bytes[0] = front;
+        bytes[1] = second;
+        bytes[15] = last;
+        return bytes;
+    };
+    for (const auto& own : {six(0, 0, 0), six(0, 0, 1), six(0xFC, 0, 1), six(0xFD, 255, 1), six(0xFE, 0x80, 1),
+                            six(0xFE, 0xBF, 1)})
+        EXPECT_TRUE(IsPrivateAddress(own)) << int{own[0]} << ":" << int{own[1]};
+    for (const auto& far : {six(0x20, 1, 1), six(0xFB, 255, 1), six(0xFE, 0, 1), six(0xFE, 0xC0, 1)})
+        EXPECT_FALSE(IsPrivateAddress(far)) << int{far[0]} << ":" << int{far[1]};
 }
 
 TEST(ContentKind, IsDetectedByFirstBytesAndAnnouncement) {

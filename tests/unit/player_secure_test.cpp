@@ -20,6 +20,7 @@ class Carrier : public Connection {
         return {IoStatus::Ok, 1};
     }
     IoResult Write(std::string_view bytes) override { return {IoStatus::Ok, bytes.size()}; }
+    bool IsPrivate() const override { return false; }
 
   private:
     std::string text_;

@@ -12,8 +12,8 @@ namespace {
 void RunSession(World& world, const std::string& url) {
     if (!world.over) world.over = [](const World& w) { return w.session->IsWaiting(); };
     world.events.emplace(20min, [](Session& session) { session.Cancel(); });
-    world.session =
-        std::make_shared<Session>(url, "1.0", 100, std::make_unique<FakeSystem>(world), world.retries);
+    world.session = std::make_shared<Session>(url, "1.0", FileServers{"nas"}, 100,
+                                              std::make_unique<FakeSystem>(world), world.retries);
     world.session->Run();
     world.states += std::to_string(world.session->State());
 }

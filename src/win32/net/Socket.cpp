@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <span>
 
 namespace quillon {
 
@@ -22,23 +23,35 @@ bool StartWinsock() {
     return Started;
 }
 
+/// Of no family that Quillon knows: private, too.
+bool IsPrivateAddressOf(const ADDRINFOW& found) {
+    const auto bytes = [](const auto& address) {
+        return std::span(reinterpret_cast<const std::uint8_t*>(&address), sizeof address);
+    };
+    if (found.ai_family == AF_INET)
+        return IsPrivateAddress(bytes(reinterpret_cast<const sockaddr_in*>(found.ai_addr)->sin_addr));
+    return found.ai_family != AF_INET6 ||
+           IsPrivateAddress(bytes(reinterpret_cast<const sockaddr_in6*>(found.ai_addr)->sin6_addr));
+}
+
 int ClampToInt(std::size_t size) {
     return static_cast<int>(std::min<std::size_t>(size, INT_MAX));
 }
 
 } // namespace
 
-std::unique_ptr<Socket> Socket::Open(const std::string& host, std::uint16_t port, HANDLE wake) {
+std::unique_ptr<Socket> Socket::Open(const std::string& host, std::uint16_t port, Reach reach, HANDLE wake) {
     if (!StartWinsock()) return nullptr;
     ADDRINFOW hints{};
     hints.ai_socktype = SOCK_STREAM;
     ADDRINFOW* addresses = nullptr;
     if (GetAddrInfoW(Wide(host).c_str(), std::to_wstring(port).c_str(), &hints, &addresses) != 0)
         return nullptr;
-    return std::make_unique<Socket>(addresses, wake);
+    return std::make_unique<Socket>(addresses, reach, wake);
 }
 
-Socket::Socket(ADDRINFOW* addresses, HANDLE wake) : addresses_(addresses), next_(addresses), wake_(wake) {}
+Socket::Socket(ADDRINFOW* addresses, Reach reach, HANDLE wake)
+    : addresses_(addresses), next_(addresses), reach_(reach), wake_(wake) {}
 
 IoStatus Socket::Connected() {
     if (connected_) return IoStatus::Ok;
@@ -51,13 +64,17 @@ IoStatus Socket::Connected() {
         const bool waits_on = !next_ || std::chrono::steady_clock::now() - started_ < AddressTimeout;
         if (!answered && waits_on) return IoStatus::Connecting;
     }
-    return TryNextAddress() ? IoStatus::Connecting : IoStatus::Failed;
+    if (TryNextAddress()) return IoStatus::Connecting;
+    return has_tried_ ? IoStatus::Failed : IoStatus::Refused;
 }
 
 bool Socket::TryNextAddress() {
     while (next_) {
         const ADDRINFOW& address = *next_;
         next_ = next_->ai_next;
+        is_private_ = IsPrivateAddressOf(address);
+        if (is_private_ && reach_ == Reach::Public) continue;
+        has_tried_ = true;
         if (StartConnecting(address)) return true;
     }
     return false;

@@ -14,14 +14,17 @@ namespace quillon {
 /// A TCP connection. The addresses of a name are tried in turn.
 class Socket : public Connection {
   public:
-    /// Looks the name up, which may take several seconds. Null if it has no address. `wake` is set whenever the
+    /// Looks the name up, which may take several seconds. Null if it has no address; addresses beyond
+    /// `reach` are left out. `wake` is set whenever the
     /// connection becomes ready.
-    static std::unique_ptr<Socket> Open(const std::string& host, std::uint16_t port, HANDLE wake);
+    static std::unique_ptr<Socket> Open(const std::string& host, std::uint16_t port, Reach reach, HANDLE wake);
 
-    Socket(ADDRINFOW* addresses, HANDLE wake);
+    Socket(ADDRINFOW* addresses, Reach reach, HANDLE wake);
 
     IoResult Read(std::span<std::uint8_t> room) override;
     IoResult Write(std::string_view bytes) override;
+    bool IsPrivate() const override { return is_private_; }
+    SilenceReason Problem() const override { return {SilenceCause::PrivateAddress, ""}; }
 
   private:
     IoStatus Connected();
@@ -32,10 +35,13 @@ class Socket : public Connection {
 
     Handle<ADDRINFOW*, FreeAddrInfoW> addresses_;
     const ADDRINFOW* next_;
+    const Reach reach_;
     HANDLE wake_;
     Handle<SOCKET, CloseSocket, INVALID_SOCKET> socket_;
     std::chrono::steady_clock::time_point started_;
     bool connected_ = false;
+    bool has_tried_ = false;  // an address
+    bool is_private_ = false; // the one tried last
 };
 
 } // namespace quillon

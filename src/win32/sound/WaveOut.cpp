@@ -24,6 +24,7 @@ constexpr auto Tail = 100ms;
 
 constexpr auto LongestClose = 600ms; // a fade and the tail
 constexpr auto CheckInterval = 1s;
+constexpr auto LongestReturn = 200ms; // of blocks, by a device that was reset
 
 std::chrono::microseconds Now() {
     using namespace std::chrono;
@@ -74,15 +75,21 @@ WaveOut::~WaveOut() {
     SetEvent(due_.Get());
     thread_.join();
     wave::Reset(device_.Get());
-    for (Block& block : *blocks_) Release(block);
-    if (QueuedBlocks() > 0) LeaveToDevice();
-}
-
-/// A device that does not give its blocks back may yet write into them: they are its own from now on.
-void WaveOut::LeaveToDevice() {
+    if (GetsBlocksBack()) {
+        for (Block& block : *blocks_) Release(block);
+        return;
+    }
+    // It may still play them, so they stay, with the event that it sets.
     static_cast<void>(blocks_.release());
     device_.Release();
     due_.Release();
+}
+
+/// Resetting a device gives them back, but a faulty one may take its time, or for ever.
+bool WaveOut::GetsBlocksBack() const {
+    const auto deadline = Now() + LongestReturn;
+    while (QueuedBlocks() > 0 && Now() < deadline) Sleep(1);
+    return QueuedBlocks() == 0;
 }
 
 bool WaveOut::HasRoom() {

@@ -53,7 +53,7 @@ class WaveOut : public SoundOutput {
     DWORD PlayedBytes() const;
     long QueuedBlocks() const;
     void Release(Block& block);
-    void LeaveToDevice();
+    bool GetsBlocksBack() const;
 
     static void CloseDevice(HWAVEOUT device) { wave::Close(device); }
     static void CloseEvent(HANDLE event) { CloseHandle(event); }

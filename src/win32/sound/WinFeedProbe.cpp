@@ -21,7 +21,7 @@ const FeedAnswer NoRoom{Finding::Fails, WordsOf(SilenceReason{SilenceCause::NoRo
 
 /// Shared by a thread and whoever waits for its result.
 struct WinFeedProbe::Job {
-    void Run(const std::string& address, const std::string& user_agent);
+    void Run(const std::string& address, const std::string& user_agent, const FileServers& servers);
 
     WinPlayerSystem system;
     std::atomic<bool> cancelled = false;
@@ -30,10 +30,11 @@ struct WinFeedProbe::Job {
     std::optional<FeedAnswer> answer;
 };
 
-void WinFeedProbe::Job::Run(const std::string& address, const std::string& user_agent) {
+void WinFeedProbe::Job::Run(const std::string& address, const std::string& user_agent,
+                            const FileServers& servers) {
     FeedAnswer found = NoRoom;
     try {
-        found = AddressProbe(user_agent, system, cancelled).Try(address);
+        found = AddressProbe(user_agent, servers, system, cancelled).Try(address);
     } catch (const std::exception&) {
         // Out of memory.
     } catch (const RuntimeError& error) {
@@ -51,12 +52,14 @@ WinFeedProbe::~WinFeedProbe() {
     latest_->changed.wait_for(lock, ShutdownTimeout, [this] { return latest_->answer.has_value(); });
 }
 
-void WinFeedProbe::Start(const std::string& address, const std::string& user_agent) {
+void WinFeedProbe::Start(const std::string& address, const std::string& user_agent,
+                         const FileServers& servers) {
     Cancel();
     latest_ = current_ = std::make_shared<Job>();
     try {
-        std::thread([its = current_, address, name = IsUserAgent(user_agent) ? user_agent : own_name_] {
-            its->Run(address, name);
+        std::thread([its = current_, address, servers,
+                     name = IsUserAgent(user_agent) ? user_agent : own_name_] {
+            its->Run(address, name, servers);
         }).detach();
     } catch (const std::system_error&) {
         current_->answer = NoRoom;

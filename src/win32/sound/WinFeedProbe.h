@@ -15,7 +15,7 @@ class WinFeedProbe : public FeedProbe {
     /// Cancels and waits for the latest thread, for ShutdownTimeout at most.
     ~WinFeedProbe() override;
 
-    void Start(const std::string& address, const std::string& user_agent) override;
+    void Start(const std::string& address, const std::string& user_agent, const FileServers& servers) override;
     std::optional<FeedAnswer> Result() override;
     void Cancel() override;
 

@@ -14,8 +14,8 @@ WinPlayerSystem::WinPlayerSystem(std::shared_ptr<ChosenDevice> device)
     if (!event_) Raise(OutOfMemory); // Wait would not wait
 }
 
-std::unique_ptr<Connection> WinPlayerSystem::Connect(const StreamAddress& address) {
-    std::unique_ptr<Connection> socket = Socket::Open(address.host, address.port, event_.Get());
+std::unique_ptr<Connection> WinPlayerSystem::Connect(const StreamAddress& address, Reach reach) {
+    std::unique_ptr<Connection> socket = Socket::Open(address.host, address.port, reach, event_.Get());
     if (!socket || !address.secure) return socket;
     return std::make_unique<SecureConnection>(std::move(socket), std::make_unique<SchannelLayer>(address.host));
 }

@@ -14,7 +14,7 @@ class WinPlayerSystem : public PlayerSystem {
     /// Sound is played on the chosen device.
     explicit WinPlayerSystem(std::shared_ptr<ChosenDevice> device = std::make_shared<ChosenDevice>());
 
-    std::unique_ptr<Connection> Connect(const StreamAddress& address) override;
+    std::unique_ptr<Connection> Connect(const StreamAddress& address, Reach reach) override;
     std::unique_ptr<SoundDecoder> OpenFrameDecoder(const FrameFormat& format) override;
     std::unique_ptr<SoundDecoder> OpenWaveDecoder(const WaveFormat& format) override;
     int OutputChoice() override { return device_->Revision(); }
