@@ -3,11 +3,15 @@
 #include "Fakes.h"
 #include "app/StartVolume.h"
 #include "catalogue/FeedFile.h"
+#include "geo/AirportPositions.h"
 #include "geo/ReceptionRange.h"
+#include "player/AddressProbe.h"
 #include "player/AudioFrames.h"
 #include "player/HttpStream.h"
+#include "player/LocalEntry.h"
 #include "player/PlainText.h"
 #include "player/Playlists.h"
+#include "player/SecureConnection.h"
 #include "ports/TextFile.h"
 #include "runtime/Files.h"
 #include "runtime/Number.h"
@@ -91,6 +95,20 @@ void AirportFile(Bytes bytes) {
     Require(read.in_range == (miles <= 50) || !read.in_range, "what is in range is near");
 }
 
+void Positions(Bytes bytes) {
+    const AirportList airports({"heading", std::string(bytes)});
+    AirportPositions positions(airports);
+    const GeoPoint* const airport = positions.Of(bytes.substr(0, bytes.find(',')));
+    const GeoPoint aircraft = GeoPoint::At(43.01, -79.01);
+    const std::array<const GeoPoint*, 2> all{nullptr, airport};
+    Require(NearestInRange(aircraft, all, 0).value_or(1) == 1, "no airport is nearest that is not known");
+    const auto sight = airport ? Look(aircraft, *airport) : std::nullopt;
+    if (!sight) return;
+    Require(sight->metres >= 0 && sight->metres < 20'100'000,
+            "no airport is farther than half around the Earth");
+    Require(sight->bearing >= 0 && sight->bearing < 360, "a bearing is on the rose");
+}
+
 /// The bytes are the reply to a round of requests.
 void Replies(Bytes bytes) {
     std::string shared(RequestArea::Length, '\0'), reply(bytes);
@@ -129,6 +147,94 @@ void HttpAnswer(Bytes bytes) {
     Require(body.size() <= bytes.size(), "a body is no longer than the reply");
 }
 
+/// Sends bytes in pieces, then closes.
+class Carrier : public Connection {
+  public:
+    Carrier(Bytes bytes, std::size_t piece) : bytes_(bytes), piece_(piece) {}
+
+    IoResult Read(std::span<std::uint8_t> room) override {
+        const std::size_t count = std::min({bytes_.size(), piece_, room.size()});
+        std::copy_n(bytes_.begin(), count, room.begin());
+        bytes_.remove_prefix(count);
+        return {count > 0 ? IoStatus::Ok : IoStatus::EndOfStream, count};
+    }
+    IoResult Write(Bytes bytes) override { return {IoStatus::Ok, bytes.size()}; }
+    bool IsPrivate() const override { return false; }
+
+  private:
+    Bytes bytes_;
+    std::size_t piece_;
+};
+
+/// A record is what it is, its length, and as many bytes.
+class Layer : public SecurityLayer {
+  public:
+    SilenceCause Fault() const override { return SilenceCause::CertificateInvalid; }
+    Progress ShakeHands(std::vector<std::uint8_t>& received, std::string& unsent) override {
+        unsent = "hello";
+        std::vector<std::uint8_t> ignored;
+        return received.empty() ? Progress::Step : Decrypt(received, ignored);
+    }
+    Progress Decrypt(std::vector<std::uint8_t>& received, std::vector<std::uint8_t>& data) override {
+        if (received.size() < 2 || received.size() < received[1] + 2U) return Progress::Incomplete;
+        constexpr Progress Kinds[] = {Progress::Done,      Progress::Done,     Progress::Done,
+                                      Progress::Step,      Progress::Closed,   Progress::Failed,
+                                      Progress::Untrusted, Progress::Handshake};
+        const Progress kind = Kinds[received[0] % 8];
+        const auto end = received.begin() + 2 + received[1];
+        data.insert(data.end(), received.begin() + 2, end);
+        received.erase(received.begin(), end);
+        return kind;
+    }
+    std::size_t Encrypt(Bytes bytes, std::string&) override { return bytes.size(); }
+};
+
+void TlsRecords(Bytes bytes) {
+    HoweverCut([&](std::size_t length) {
+        SecureConnection connection(std::make_unique<Carrier>(bytes, length), std::make_unique<Layer>());
+        std::string all, room(100, '\0');
+        IoResult got{IoStatus::Ok};
+        for (std::size_t calls = 0; got.status == IoStatus::Ok; ++calls) {
+            Require(calls < 4 * bytes.size() + 100, "a connection comes to its end");
+            got = connection.Read(Raw(room));
+            all.append(room, 0, got.count);
+        }
+        Require(connection.Read(Raw(room)).status == got.status, "and stays there");
+        return std::pair(all, got.status);
+    });
+}
+
+/// Requires of every connection that a public server stays the only one to lead anywhere.
+class PublicSystem : public FakeSystem {
+  public:
+    using FakeSystem::FakeSystem;
+
+    std::unique_ptr<Connection> Connect(const StreamAddress& address, Reach reach) override {
+        Require(!connected_ || reach == Reach::Public, "a public server leads to no private one");
+        Require(++tries_ < 10'000, "a walk comes to its end");
+        connected_ = true;
+        return FakeSystem::Connect(address, reach);
+    }
+
+  private:
+    bool connected_ = false;
+    int tries_ = 0;
+};
+
+/// What servers send for "/0", "/1" ... stands between bytes 1.
+void Walk(Bytes bytes) {
+    World world;
+    for (int path = 0; path < 8; ++path) {
+        const std::size_t end = std::min(bytes.find('\1'), bytes.size());
+        world.servers["/" + std::to_string(path)] = {std::string(bytes.substr(0, end)), IoStatus::EndOfStream};
+        bytes.remove_prefix(std::min(end + 1, bytes.size()));
+    }
+    PublicSystem system(world);
+    const FeedAnswer answer = AddressProbe("1", {}, system, false).Try("https://h/0");
+    Require(IsText(answer.Words), "an answer is text");
+    Require(answer.Words.find("no such file") == answer.Words.npos, "a server leads to no file");
+}
+
 /// The first byte is the interval of the metadata.
 void IcyStream(Bytes bytes) {
     if (bytes.empty()) return;
@@ -156,7 +262,9 @@ void Playlist(Bytes bytes) {
     for (std::string& entry : ReadPlaylist(bytes, "C:\\list")) entries.push_back(std::move(entry));
     for (const std::string& entry : entries) {
         Require(!entry.empty() && IsText(entry), "an entry is text");
-        ResolveEntry("C:\\lists\\list", entry);
+        const auto file = ResolveEntry("C:\\lists\\list", entry);
+        const bool opens = file && !RefusalOf(*file, "C:\\lists\\list", {});
+        Require(!opens || ServerOfPath(*file).empty(), "a list leads to no server");
         const auto address = ResolveEntry("http://h/lists/list", entry);
         Require(!address || ParseAddress(*address), "a list from the network leads nowhere else");
     }
@@ -195,8 +303,11 @@ const std::pair<Bytes, void (*)(Bytes)> readers[] = {
     {"catalogue", Catalogue},
     {"settings", SettingsFile},
     {"airports", AirportFile},
+    {"positions", Positions},
     {"fsuipc", Replies},
     {"http", HttpAnswer},
+    {"tls", TlsRecords},
+    {"walk", Walk},
     {"icy", IcyStream},
     {"m3u", Playlist<M3uEntries>},
     {"pls", Playlist<PlsEntries>},
