@@ -50,6 +50,32 @@ std::string Visible(const Words& words) {
     return IsWindowVisible(ControlArgument(words[0])) ? "1" : "0";
 }
 
+/// The numbers of the main window's controls that Tab comes to, in that order.
+std::string TabOrder(const Words&) {
+    std::string numbers;
+    for (HWND child : Descendants(TheMainWindow()))
+        if (IsWindowVisible(child) && (GetWindowLongW(child, GWL_STYLE) & WS_TABSTOP) != 0)
+            numbers += (numbers.empty() ? "" : " ") + std::to_string(GetDlgCtrlID(child));
+    return numbers;
+}
+
+/// The main window's left, top, width and height in pixels, or that it is minimised or hidden.
+std::string Area(const Words&) {
+    HWND window = TheMainWindow();
+    if (!IsWindowVisible(window)) return "hidden";
+    if (IsIconic(window)) return "minimised";
+    RECT area{};
+    GetWindowRect(window, &area);
+    std::string numbers = std::to_string(area.left);
+    for (const LONG number : {area.top, area.right - area.left, area.bottom - area.top})
+        numbers += " " + std::to_string(number);
+    return numbers;
+}
+
+std::string Minimise(const Words&) {
+    return Post(TheMainWindow(), WM_SYSCOMMAND, SC_MINIMIZE);
+}
+
 std::string Click(const Words& words) {
     return Post(ControlArgument(words[0]), BM_CLICK);
 }
@@ -210,14 +236,15 @@ std::string Kill(const Words& words) {
 } // namespace
 
 const std::vector<Command> WindowCommands = {
-    {"ping", 0, 0, Ping},       {"title", 0, 1, Title},         {"text", 1, 1, Text},
-    {"checked", 1, 1, Checked}, {"enabled", 1, 1, Enabled},     {"visible", 1, 1, Visible},
-    {"click", 1, 1, Click},     {"command", 1, 1, SendCommand}, {"key", 1, 2, Key},
-    {"boxes", 0, 0, ShowBoxes}, {"press", 1, 1, Press},         {"wait", 2, 2, Wait},
-    {"pid", 1, 1, Pid},         {"close", 1, 1, Close},         {"move", 3, 5, Move},
-    {"answer", 0, 99, Answer},  {"pick", 2, 2, PickEntry},      {"hold", 1, 1, Hold},
-    {"release", 1, 1, Release}, {"field", 1, 99, Field},        {"kill", 1, 1, Kill},
-    {"silence", 1, 1, Silence},
+    {"ping", 0, 0, Ping},         {"title", 0, 1, Title},         {"text", 1, 1, Text},
+    {"checked", 1, 1, Checked},   {"enabled", 1, 1, Enabled},     {"visible", 1, 1, Visible},
+    {"click", 1, 1, Click},       {"command", 1, 1, SendCommand}, {"key", 1, 2, Key},
+    {"boxes", 0, 0, ShowBoxes},   {"press", 1, 1, Press},         {"wait", 2, 2, Wait},
+    {"pid", 1, 1, Pid},           {"close", 1, 1, Close},         {"move", 3, 5, Move},
+    {"answer", 0, 99, Answer},    {"pick", 2, 2, PickEntry},      {"hold", 1, 1, Hold},
+    {"release", 1, 1, Release},   {"field", 1, 99, Field},        {"kill", 1, 1, Kill},
+    {"silence", 1, 1, Silence},   {"tabs", 0, 0, TabOrder},       {"area", 0, 0, Area},
+    {"minimise", 0, 0, Minimise},
 };
 
 } // namespace practice

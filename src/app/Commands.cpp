@@ -40,14 +40,26 @@ bool InAutomaticMode(const ProgramState& state) {
 }
 
 /// Turns a check mark over and keeps it.
+void Turn(Parts& parts, bool& mark) {
+    mark = !mark;
+    parts.remembered.Write();
+}
+
 void Turn(Parts& parts, std::optional<bool>& mark) {
     mark = !mark.value_or(false);
     parts.remembered.Write();
 }
 
+constexpr int VolumeStep = 5;
 constexpr Command Separator{};
 constexpr Command EditData{Command::mnuEditData, "&Edit Feeds in Notepad",
                            [](Parts& p) { p.maintenance.mnuEditData_Click(); }};
+
+constexpr Command MuteSound{Command::StripMute, "&Mute", [](Parts& p) { p.strip.TurnMute(); }, Idle,
+                            [](const ProgramState& state) { return state.mute.Muted; }};
+constexpr Command Compact{Command::CompactView, "&Compact View\tCtrl+M", [](Parts& p) { p.view.TurnCompact(); },
+                          Idle, [](const ProgramState& state) { return state.form.Compact; }};
+constexpr Command Quit{Command::mnuQuit, "&Quit\tAlt+F4", [](Parts& p) { p.shut_down.Run(); }, Always};
 
 constexpr Command FileMenu[] = {
     {Command::ReloadFeed, "Re&load Feed\tF5", [](Parts& p) { p.strip.ReloadFeed(); }, WhileStreaming},
@@ -61,28 +73,35 @@ constexpr Command FileMenu[] = {
     Separator,
     {Command::mnuPrint, "&Print Master List\tCtrl+P", [](Parts& p) { p.print.mnuPrint_Click(); }, WithFolders},
     Separator,
-    {Command::mnuQuit, "&Quit\tAlt+F4", [](Parts& p) { p.shut_down.Run(); }, Always},
+    Quit,
 };
 
 constexpr Command SearchMenu[] = {
-    {Command::mnuSearch, "By &ICAO ...\tCtrl+F", [](Parts& p) { p.list.mnuSearch_Click(); }, WithFolders},
-    {Command::mnuCitySearch, "By &City ...\tCtrl+Shift+F", [](Parts& p) { p.list.mnuCitySearch_Click(); },
+    {Command::mnuSearch, "By &ICAO ...\tCtrl+F", [](Parts& p) { p.view.ShowList(), p.list.mnuSearch_Click(); },
      WithFolders},
+    {Command::mnuCitySearch, "By &City ...\tCtrl+Shift+F",
+     [](Parts& p) { p.view.ShowList(), p.list.mnuCitySearch_Click(); }, WithFolders},
     Separator,
-    {Command::SearchAgain, "Search A&gain\tF3", [](Parts& p) { p.list.SearchAgain(); }, WithFolders},
+    {Command::SearchAgain, "Search A&gain\tF3", [](Parts& p) { p.view.ShowList(), p.list.SearchAgain(); },
+     WithFolders},
 };
 
 constexpr Command ViewMenu[] = {
     {Command::OnTheAir, "&On the Air\tCtrl+R", [](Parts& p) { p.on_the_air.Open(); }},
+    Separator,
+    Compact,
+    {Command::OnTopMark, "Always on &Top", [](Parts& p) { Turn(p, p.state.marks.OnTop); }, Idle,
+     [](const ProgramState& state) { return state.marks.OnTop; }},
 };
 
 constexpr Command PreferencesMenu[] = {
-    {Command::mnuSelComm, "&Select Com Radio", [](Parts& p) { p.preferences.mnuSelComm_Click(); }},
+    {Command::mnuSelComm, "&Select Com Radio",
+     [](Parts& p) { p.view.ShowList(), p.preferences.mnuSelComm_Click(); }},
     Separator,
     {Command::mnuRange, FirstRangeCaption, [](Parts& p) { p.preferences.mnuRange_Click(); }},
     Separator,
     {Command::mnuRecordedChatter, "&Recorded Chatter Options",
-     [](Parts& p) { p.preferences.mnuRecordedChatter_Click(); }},
+     [](Parts& p) { p.view.ShowList(), p.preferences.mnuRecordedChatter_Click(); }},
     Separator,
     {Command::mnuSetMute, "Set Default &Mute Key", [](Parts& p) { p.preferences.mnuSetMute_Click(); }},
     Separator,
@@ -96,6 +115,11 @@ constexpr Command PreferencesMenu[] = {
     {Command::StayOpenMark, "Stay &open when the simulator ends",
      [](Parts& p) { Turn(p, p.state.marks.StayOpen); }, Idle,
      [](const ProgramState& state) { return state.marks.StayOpen.value_or(false); }},
+    {Command::HideWhenMinimisedMark, "&Hide when minimised",
+     [](Parts& p) { Turn(p, p.state.marks.HideWhenMinimised); }, Idle,
+     [](const ProgramState& state) { return state.marks.HideWhenMinimised; }},
+    {Command::StartMinimisedMark, "Start m&inimised", [](Parts& p) { Turn(p, p.state.marks.StartMinimised); },
+     Idle, [](const ProgramState& state) { return state.marks.StartMinimised; }},
 };
 
 template <std::size_t... Entry>
@@ -131,6 +155,18 @@ constexpr Command ListMenu[] = {
     EditData,
 };
 
+constexpr Command IconEntries[] = {
+    {Command::ShowWindow, "&Show Quillon", [](Parts& p) { p.view.Show(); }, Always},
+    Separator,
+    MuteSound,
+    {Command::PlayOrStop, "&Play or Stop", [](Parts& p) { p.strip.PlayOrStop(); }},
+    {Command::VolumeUp, "&Louder", [](Parts& p) { p.strip.ChangeVolume(VolumeStep); }},
+    {Command::VolumeDown, "Qu&ieter", [](Parts& p) { p.strip.ChangeVolume(-VolumeStep); }},
+    Compact,
+    Separator,
+    Quit,
+};
+
 constexpr Command InNoMenu[] = {
     {Command::optAuto, "", [](Parts& p) { p.modes.optAuto_Click(); }, InManualMode},
     {Command::optManual, "", [](Parts& p) { p.modes.optManual_Click(); }, InAutomaticMode},
@@ -149,8 +185,8 @@ constexpr Command InNoMenu[] = {
     {Command::frmShow_FSUIPC_Command1, "", [](Parts& p) { p.status.Command1_Click(); }, Always},
 };
 
-constexpr std::span<const Command> Tables[] = {FileMenu, SearchMenu, PreferencesMenu, ViewMenu,
-                                               HelpMenu, ListMenu,   InNoMenu,        SoundDevicesMenu};
+constexpr std::span<const Command> Tables[] = {FileMenu, SearchMenu, PreferencesMenu,  ViewMenu,   HelpMenu,
+                                               ListMenu, InNoMenu,   SoundDevicesMenu, IconEntries};
 
 } // namespace
 
@@ -160,6 +196,10 @@ std::span<const Menu> MenuBar() {
 
 std::span<const Command> RowMenu() {
     return ListMenu;
+}
+
+std::span<const Command> IconMenu() {
+    return IconEntries;
 }
 
 const Command* FindCommand(int number) {

@@ -17,6 +17,7 @@ struct Command {
         StripPlay = 1006,
         StripPause = 1007,
         StripStop = 1008,
+        StripMute = 1011,
         picATCNet = 1010,
 
         optCom1 = 1021,
@@ -55,6 +56,14 @@ struct Command {
         SoundDevices = 2040,     ///< a menu
         SoundDevicesNote = 2041, ///< its last entry
         OnTheAir = 2050,
+        CompactView = 2051, ///< also the button that leads back
+        OnTopMark = 2052,
+        HideWhenMinimisedMark = 2053,
+        StartMinimisedMark = 2054,
+        ShowWindow = 2055,
+        PlayOrStop = 2056,
+        VolumeUp = 2057,
+        VolumeDown = 2058,
         DefaultSoundDevice = 2100, ///< the first of its entries
 
         // These have no control or menu entry of their own.
@@ -83,6 +92,9 @@ std::span<const Menu> MenuBar();
 
 /// The context menu of a row of the list; its first entry is the default.
 std::span<const Command> RowMenu();
+
+/// The menu of the icon in the notification area; its first entry is the default.
+std::span<const Command> IconMenu();
 
 /// Null for a number that does nothing.
 const Command* FindCommand(int number);

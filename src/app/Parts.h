@@ -18,6 +18,7 @@
 #include "app/SoundMenu.h"
 #include "app/StartUp.h"
 #include "app/StayOpen.h"
+#include "app/WindowView.h"
 #include "playback/AutomaticTuning.h"
 #include "playback/ManualMonitoring.h"
 #include "playback/MuteKey.h"
@@ -88,6 +89,7 @@ struct Parts {
     FeedsAround around{state.form.lvwDB, index, positions};
     OnTheAir on_the_air{state.on_the_air, state, state.form.lvwDB, around, link, readout, gate, list, clock};
     Preferences preferences{state, texts, ports.prompts, ports.dialogs, ports.shell, trap};
+    WindowView view{state, remembered, preferences};
     Maintenance maintenance{state, ports.prompts, ports.shell, ports.files, clock, reload, trap};
     AddFeed add_feed{state, ports.prompts, ports.code_page, reload, trap};
     FeedCheck feed_check{state.check_feeds, state.form.lvwDB, state.marks,     positions, state.folders,

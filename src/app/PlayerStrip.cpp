@@ -41,6 +41,20 @@ void PlayerStrip::SetVolume(int volume) {
     player_.SetVolume(volume_);
 }
 
+void PlayerStrip::TurnMute() {
+    if (state_.mute.Muted)
+        mute_.UnMuteSound();
+    else
+        mute_.MuteSound();
+}
+
+void PlayerStrip::PlayOrStop() {
+    if (IsHeard(state_.shown.Status.What))
+        Stop();
+    else
+        Play();
+}
+
 void PlayerStrip::ReloadFeed() {
     live_.Reload();
 }

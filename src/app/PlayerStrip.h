@@ -18,6 +18,13 @@ class PlayerStrip {
     void Pause();
     void Stop();
     void SetVolume(int volume);
+    void ChangeVolume(int steps) { SetVolume(volume_ + steps); }
+
+    /// Mutes or un-mutes at once, in either mode and without a simulator.
+    void TurnMute();
+
+    /// Stops what can be heard, or plays.
+    void PlayOrStop();
 
     /// Reconnects the current stream; a paused or stopped one stays silent.
     void ReloadFeed();

@@ -49,9 +49,33 @@ void Program::Run(int command) {
         parts_->gate.Interrupt([this] { parts_->shut_down.Run(); });
         return;
     }
-    parts_->gate.Enter([this, found] {
+    if (command == Command::ShowWindow) return ShowWindow();
+    const auto handler = [this, found] {
         if (found->Enabled(state_)) found->Handler(*parts_);
-    });
+    };
+    if (command == Command::StripMute)
+        parts_->gate.Interrupt(handler); // like the mute key, even while the simulator is asked
+    else
+        parts_->gate.Enter(handler);
+}
+
+bool Program::CanRun(int command) const {
+    const Command* found = FindCommand(command);
+    if (found == nullptr) return false;
+    return command == Command::mnuQuit || command == Command::ShowWindow ||
+           (!parts_->gate.Running() && found->Enabled(state_));
+}
+
+void Program::MoveWindow(WindowPlace place) {
+    (state_.form.Compact ? state_.form.CompactPlace : state_.form.Place) = place;
+}
+
+void Program::MinimiseWindow(bool has_icon) {
+    state_.form.Hidden = has_icon && state_.marks.HideWhenMinimised;
+}
+
+void Program::ShowWindow() {
+    parts_->view.Show();
 }
 
 void Program::TimerTick(int id) {

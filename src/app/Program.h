@@ -53,8 +53,18 @@ class Program {
     void cboMax_Click(std::size_t entry);
     void SetVolume(int volume);
 
-    /// The user gave the window another size.
+    /// Whether the command would run now: Quit and ShowWindow always, others while no handler runs.
+    bool CanRun(int command) const;
+
+    /// The user gave the full view's window another size; moved the window.
     void ResizeWindow(WindowSize size) { state_.form.Size = size; }
+    void MoveWindow(WindowPlace place);
+
+    /// The user has minimised the window. Without an icon in the notification area it stays in the task bar.
+    void MinimiseWindow(bool has_icon);
+
+    /// Brings the window to the front, also in the middle of a handler.
+    void ShowWindow();
 
     /// An event of the add-feed dialog, while it is shown.
     void AddFeedEvent(const std::function<void(AddFeed&)>& event);

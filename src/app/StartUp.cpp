@@ -11,7 +11,7 @@
 namespace quillon {
 
 void StartUp::Form_Load() {
-    state_.splash.Visible = true;
+    state_.splash.Visible = !RememberedState::StartsMinimised(DataFolder(ports_.shell));
     ports_.display.Repaint();
     SetUpForm();
     Load(4);

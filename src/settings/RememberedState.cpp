@@ -60,6 +60,22 @@ std::string AnswerText(std::optional<bool> answer) {
     return *answer ? "yes" : "no";
 }
 
+/// Takes "left top"; anything else leaves the place alone.
+void TakePlace(std::string_view text, std::optional<WindowPlace>& place) {
+    constexpr int Farthest = 100'000; // pixels; more than any desktop has
+    constexpr int None = Farthest + 1;
+    const std::size_t blank = text.find(' ');
+    WindowPlace taken{None, None};
+    if (blank == text.npos) return;
+    TakeNumber(text.substr(0, blank), -Farthest, Farthest, taken.Left);
+    TakeNumber(text.substr(blank + 1), -Farthest, Farthest, taken.Top);
+    if (taken.Left != None && taken.Top != None) place = taken;
+}
+
+std::string PlaceText(const std::optional<WindowPlace>& place) {
+    return place ? std::to_string(place->Left) + " " + std::to_string(place->Top) : "";
+}
+
 constexpr std::string_view Players[] = {"", "built-in", "control"}; // in the order of ForcedPlayer
 
 void TakePlayer(std::string_view text, RememberedValues& values) {
@@ -102,6 +118,26 @@ constexpr Key Keys[] = {
     {"sound-device-name",
      [](std::string_view text, RememberedValues& values) { values.Sound.DeviceName = text; },
      [](const RememberedValues& values) { return values.Sound.DeviceName; }},
+    {"place", [](std::string_view text, RememberedValues& values) { TakePlace(text, values.Place); },
+     [](const RememberedValues& values) { return PlaceText(values.Place); }},
+    {"compact-place",
+     [](std::string_view text, RememberedValues& values) { TakePlace(text, values.CompactPlace); },
+     [](const RememberedValues& values) { return PlaceText(values.CompactPlace); }},
+    {"compact", [](std::string_view text, RememberedValues& values) { values.Compact = text == "yes"; },
+     [](const RememberedValues& values) { return AnswerText(values.Compact); }},
+    {"on-top",
+     [](std::string_view text, RememberedValues& values) { values.PreferenceMarks.OnTop = text == "yes"; },
+     [](const RememberedValues& values) { return AnswerText(values.PreferenceMarks.OnTop); }},
+    {"hide-when-minimised",
+     [](std::string_view text, RememberedValues& values) {
+         values.PreferenceMarks.HideWhenMinimised = text == "yes";
+     },
+     [](const RememberedValues& values) { return AnswerText(values.PreferenceMarks.HideWhenMinimised); }},
+    {"start-minimised",
+     [](std::string_view text, RememberedValues& values) {
+         values.PreferenceMarks.StartMinimised = text == "yes";
+     },
+     [](const RememberedValues& values) { return AnswerText(values.PreferenceMarks.StartMinimised); }},
 };
 
 } // namespace
@@ -138,6 +174,9 @@ void RememberedState::Read() {
     form_.Volume = values.Volume;
     user_agent_ = std::move(values.UserAgent);
     form_.Size = values.Window;
+    form_.Compact = values.Compact;
+    form_.Place = values.Place;
+    form_.CompactPlace = values.CompactPlace;
     marks_ = values.PreferenceMarks;
     sound_ = std::move(values.Sound);
     auto width = values.Columns.begin();
@@ -145,10 +184,19 @@ void RememberedState::Read() {
         if (width != values.Columns.end() && *width++ > 0) header.WidthTwips = *std::prev(width);
 }
 
+bool RememberedState::StartsMinimised(const std::string& data_folder) {
+    try {
+        return ParseRemembered(ReadFile(data_folder + RememberedName)).PreferenceMarks.StartMinimised;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
 void RememberedState::Write() {
     if (!may_write_) return;
     try {
-        RememberedValues values{form_.Volume, user_agent_, form_.Size, {}, marks_, sound_};
+        RememberedValues values{form_.Volume,  user_agent_, form_.Size,        {}, marks_, sound_,
+                                form_.Compact, form_.Place, form_.CompactPlace};
         auto width = values.Columns.begin();
         for (const ListView::ColumnHeader& header : form_.lvwDB.ColumnHeaders)
             if (width != values.Columns.end()) *width++ = header.WidthTwips;

@@ -6,6 +6,7 @@
 #include "state/SoundSettings.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,9 @@ struct RememberedValues {
     std::array<int, 4> Columns{}; ///< widths of the list's columns, twips; 0 is the initial width
     Marks PreferenceMarks{};
     SoundSettings Sound{};
+    bool Compact = false;
+    std::optional<WindowPlace> Place{};
+    std::optional<WindowPlace> CompactPlace{};
 
     bool operator==(const RememberedValues&) const = default;
 };
@@ -41,6 +45,9 @@ class RememberedState {
 
     /// Applies the file's values, or the defaults.
     void Read();
+
+    /// What the file in that folder says of the mark, before anything else is known.
+    static bool StartsMinimised(const std::string& data_folder);
 
     /// Writes the current values, unless this run has not read the file or an existing one could not be read.
     void Write();

@@ -2,6 +2,7 @@
 
 #include "state/ListView.h"
 #include "state/ViewRequest.h"
+#include "state/WindowPlace.h"
 
 #include <algorithm>
 #include <array>
@@ -68,7 +69,12 @@ struct SoundDeviceMenu {
 
 struct frmATC {
     bool Visible = false;
-    WindowSize Size;
+    bool Hidden = false;                     ///< in the notification area, where only the icon is seen
+    ViewRequest ShowRequest = 0;             ///< to bring the window to the front
+    bool Compact = false;                    ///< without list, menu and status bar
+    WindowSize Size;                         ///< of the full view; the compact one has a size of its own
+    std::optional<WindowPlace> Place;        ///< of the full view; nothing: Windows chooses
+    std::optional<WindowPlace> CompactPlace; ///< of the compact view; nothing: where the full view is
     std::string Caption = "Quillon";
 
     ListView lvwDB;

@@ -115,6 +115,9 @@ struct FormTimer {
 struct Marks {
     std::optional<bool> StayOpen;          ///< when the simulator ends
     std::optional<bool> SharedFrequencies; ///< between airports
+    bool OnTop = false;                    ///< of all other windows
+    bool HideWhenMinimised = false;        ///< in the notification area
+    bool StartMinimised = false;
 
     bool operator==(const Marks&) const = default;
 };

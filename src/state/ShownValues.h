@@ -26,6 +26,11 @@ enum class Activity {
     Gap, ///< between two recordings
 };
 
+/// Whether the user hears it.
+inline bool IsHeard(Activity what) {
+    return what == Activity::Playing || what == Activity::NetRadio || what == Activity::RecordingPlays;
+}
+
 struct PlayerStatus {
     Activity What = Activity::None;
     std::int64_t SecondsLeft = 0; ///< of a gap

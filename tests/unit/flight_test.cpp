@@ -28,10 +28,11 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     program->SetVolume(0);
     program->Run(Command::mnuQuit);
     EXPECT_TRUE(state().Ended);
-    EXPECT_EQ(
-        Read("Quillon\\Quillon.state"),
-        "volume=0\r\nuser-agent=me\r\nwindow=\r\ncolumns=700 3500 800 "
-        "2400\r\nstay-open=\r\nshared-frequencies=\r\nplayer=\r\nsound-device=\r\nsound-device-name=\r\n");
+    EXPECT_EQ(Read("Quillon\\Quillon.state"),
+              "volume=0\r\nuser-agent=me\r\nwindow=\r\ncolumns=700 3500 800 "
+              "2400\r\nstay-open=\r\nshared-frequencies=\r\nplayer=\r\nsound-device=\r\nsound-device-name=\r\n"
+              "place=\r\ncompact-place=\r\ncompact=no\r\non-top=no\r\nhide-when-minimised=no\r\n"
+              "start-minimised=no\r\n");
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n");
     EXPECT_EQ(regional.decimal + regional.thousand, ",.");
     program->EndSession();

@@ -17,6 +17,10 @@ TEST(RememberedState, DefaultsStandInForWhatMakesNoSense) {
         {"player=control\nplayer=other\nsound-device={2}\nsound-device-name=B = 2",
          {100, "", {}, {}, {}, {ForcedPlayer::Control, "{2}", "B = 2"}}},
         {"stay-open=no\nstay-open=yes", {100, "", {}, {}, {true, {}}}},
+        {"on-top=yes\nhide-when-minimised=yes\nstart-minimised=1",
+         {100, "", {}, {}, {{}, {}, true, true, false}}},
+        {"compact=yes\nplace=-1920 0\ncompact-place=7 -8\nplace=5\nplace=a 1\nplace=1 999999",
+         {100, "", {}, {}, {}, {}, true, WindowPlace{-1920, 0}, WindowPlace{7, -8}}},
         {"shared-frequencies=no", {100, "", {}, {}, {{}, false}}},
     };
     for (const auto& [text, values] : rows) {

@@ -18,6 +18,9 @@ enum ControlId : int {
     IdVolume = 1009,
     IdLabel3 = 1013, ///< seconds since the last recording
     IdLabel4 = 1014, ///< seconds from one recording to the next
+    IdCompactState = 1015,
+    IdCompactFrequency = 1016,
+    IdCompactFeed = 1017,
     IdCboMin = 1031,
     IdCboMax = 1032,
 };

@@ -24,7 +24,8 @@ void KeyboardFocus::Save() {
 
 /// The control may be hidden by now, as a preference frame is after its Close button.
 void KeyboardFocus::Restore() const {
-    SetFocus(saved_ != nullptr && IsWindowVisible(saved_) ? saved_ : list_.Window());
+    HWND first = IsWindowVisible(list_.Window()) ? list_.Window() : controls_.PlayerPane();
+    SetFocus(saved_ != nullptr && IsWindowVisible(saved_) ? saved_ : first);
 }
 
 void KeyboardFocus::Move(WPARAM wparam, LPARAM lparam) const {
@@ -36,6 +37,7 @@ void KeyboardFocus::Move(WPARAM wparam, LPARAM lparam) const {
 void KeyboardFocus::NextPane(bool back) const {
     std::vector<HWND> panes{list_.Window(), controls_.ModePane(), controls_.PlayerPane()};
     for (HWND frame : frames_.Panes()) panes.push_back(frame);
+    std::erase_if(panes, [](HWND pane) { return !IsWindowVisible(pane); });
     const HWND focus = GetFocus();
     std::size_t current = 0;
     for (std::size_t i = 0; i < panes.size(); ++i)

@@ -22,10 +22,11 @@ struct ButtonKind {
     const wchar_t* Name;
     Glyph Picture;
 };
-constexpr std::array<ButtonKind, 3> Buttons{{
+constexpr std::array<ButtonKind, 4> Buttons{{
     {Command::StripPlay, L"Play", Glyph::Play},
     {Command::StripPause, L"Pause", Glyph::Pause},
     {Command::StripStop, L"Stop", Glyph::Stop},
+    {Command::StripMute, L"Mute", Glyph::Mute},
 }};
 
 } // namespace
@@ -37,8 +38,9 @@ MainControls::MainControls(HWND parent, HWND tips, const Theme& theme) : tips_(t
     manual_ = AddControl(parent, WC_BUTTONW, L"&Manual", BS_AUTORADIOBUTTON, Command::optManual);
     player_group_ = AddControl(parent, WC_BUTTONW, L"Player", BS_GROUPBOX | WS_GROUP, -1);
     for (std::size_t i = 0; i < Buttons.size(); ++i) {
+        const DWORD toggle = Buttons[i].Id == Command::StripMute ? BS_CHECKBOX | BS_PUSHLIKE : 0U;
         buttons_[i] = AddControl(parent, WC_BUTTONW, Buttons[i].Name,
-                                 BS_ICON | WS_TABSTOP | (i == 0 ? WS_GROUP : 0U), Buttons[i].Id);
+                                 BS_ICON | toggle | WS_TABSTOP | (i == 0 ? WS_GROUP : 0U), Buttons[i].Id);
         SetControlTip(tips_, buttons_[i], Narrow(Buttons[i].Name));
     }
     volume_label_ = AddControl(parent, WC_STATICW, L"&Volume", SS_CENTERIMAGE, -1);
@@ -79,10 +81,8 @@ void MainControls::SetTheme(const Theme& theme) {
 
 std::vector<Row> MainControls::Rows() const {
     const std::vector<Cell> modes{Fitted(auto_, CheckMark), Gap, Fitted(manual_, CheckMark)};
-    std::vector<Cell> player;
-    for (HWND button : buttons_) player.insert(player.end(), {{button, 34}, Gap});
-    player.insert(player.end(), {Gap, Fitted(volume_label_), {volume_, 110}});
-    player.back().drop = 3; // a slider without ticks draws its thumb in the upper part of its area
+    std::vector<Cell> player = PlayerCells();
+    player.insert(player.end() - 1, {Gap, Fitted(volume_label_)});
     const std::vector<Cell> upper{
         Margin,           {mode_group_, modes}, Margin, {player_group_, player}, Margin,
         {nullptr, Grows}, Fitted(quit_, 32),    Margin};
@@ -101,7 +101,26 @@ std::vector<Row> MainControls::Rows() const {
     return {4, {34, upper, 26}, Gap, {LabelHeight, lower}, Gap};
 }
 
-void MainControls::Sync(const frmATC& form, const CycleState& cycle) {
+std::vector<Cell> MainControls::PlayerCells() const {
+    std::vector<Cell> player;
+    for (HWND button : buttons_) player.insert(player.end(), {{button, 34}, Gap});
+    player.push_back({volume_, 110});
+    player.back().drop = 3; // a slider without ticks draws its thumb in the upper part of its area
+    return player;
+}
+
+void MainControls::SetCompact(bool compact) {
+    compact_ = compact;
+    ShowControls({mode_group_, auto_, manual_, player_group_, volume_label_, quit_}, !compact);
+    ShowControls({site_button_, site_label_}, site_shown_ && !compact);
+    ShowControls({elapsed_, of_, interval_}, countdown_shown_ && !compact);
+}
+
+void MainControls::Sync(const frmATC& form, const CycleState& cycle, bool muted) {
+    if (muted_ != muted) {
+        muted_ = muted;
+        SendMessageW(buttons_.back(), BM_SETCHECK, muted ? BST_CHECKED : BST_UNCHECKED, 0);
+    }
     if (!mode_shown_ || shown_mode_ != cycle.Mode) {
         mode_shown_ = true;
         shown_mode_ = cycle.Mode;
@@ -122,7 +141,7 @@ void MainControls::Sync(const frmATC& form, const CycleState& cycle) {
     }
     if (site_shown_ != form.picATCNetVisible) {
         site_shown_ = form.picATCNetVisible;
-        ShowControls({site_button_, site_label_}, site_shown_);
+        ShowControls({site_button_, site_label_}, site_shown_ && !compact_);
     }
 }
 
@@ -134,11 +153,40 @@ void MainControls::SyncCountdown(const frmATC& form, const CycleState& cycle) {
     const bool chatter = cycle.Timer(3).Enabled || cycle.Timer(4).Enabled;
     if (chatter == countdown_shown_) return;
     countdown_shown_ = chatter;
-    ShowControls({elapsed_, of_, interval_}, chatter);
+    ShowControls({elapsed_, of_, interval_}, chatter && !compact_);
 }
 
 int MainControls::VolumePosition() const {
     return static_cast<int>(SendMessageW(volume_, TBM_GETPOS, 0, 0));
+}
+
+std::optional<int> MainControls::WantedVolume(const MSG& message) const {
+    constexpr int Step = 5;
+    constexpr int Page = 10;
+    if (message.hwnd != volume_) return std::nullopt;
+    if (message.message == WM_MOUSEWHEEL)
+        return VolumePosition() + (static_cast<short>(HIWORD(message.wParam)) > 0 ? Step : -Step);
+    if (message.message != WM_KEYDOWN) return std::nullopt;
+    switch (message.wParam) {
+    case VK_UP:
+        return VolumePosition() + Step;
+    case VK_DOWN:
+        return VolumePosition() - Step;
+    case VK_PRIOR:
+        return VolumePosition() + Page;
+    case VK_NEXT:
+        return VolumePosition() - Page;
+    default:
+        return std::nullopt;
+    }
+}
+
+void MainControls::ShowVolumeTip(bool shown) const {
+    RECT thumb{};
+    SendMessageW(volume_, TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
+    POINT below{thumb.left, thumb.bottom};
+    ClientToScreen(volume_, &below);
+    TrackTip(tips_, volume_, shown ? std::to_string(VolumePosition()) + " %" : "", below);
 }
 
 } // namespace quillon

@@ -7,6 +7,7 @@
 #include <windows.h>
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,10 +27,23 @@ class MainControls {
 
     std::vector<Row> Rows() const;
 
+    /// What the compact view shares with the full one: the player's buttons and its volume; the distance.
+    std::vector<Cell> PlayerCells() const;
+    Cell DistanceCell() const { return {distance_, Grows}; }
+
+    /// Shows the full view's controls, or only those that the compact one shares.
+    void SetCompact(bool compact);
+
     /// Updates the controls from the data.
-    void Sync(const frmATC& form, const CycleState& cycle);
+    void Sync(const frmATC& form, const CycleState& cycle, bool muted);
 
     int VolumePosition() const;
+
+    /// The volume that the wheel or a key asks for while its control has them: up is always louder.
+    std::optional<int> WantedVolume(const MSG& message) const;
+
+    /// Shows the volume's figure beside its control, or no longer.
+    void ShowVolumeTip(bool shown) const;
 
   private:
     void SyncCountdown(const frmATC& form, const CycleState& cycle);
@@ -39,7 +53,7 @@ class MainControls {
     HWND auto_;
     HWND manual_;
     HWND player_group_;
-    std::array<HWND, 3> buttons_;
+    std::array<HWND, 4> buttons_;
     HWND volume_label_;
     HWND volume_;
     HWND distance_;
@@ -49,13 +63,15 @@ class MainControls {
     HWND site_button_;
     HWND site_label_;
     HWND quit_;
-    std::array<IconHandle, 3> glyphs_;
+    std::array<IconHandle, 4> glyphs_;
     IconHandle site_icon_;
 
     Label shown_distance_;
     std::string shown_elapsed_;
     std::string shown_interval_;
     bool countdown_shown_ = false;
+    bool compact_ = false;
+    bool muted_ = false;
     int shown_volume_ = -1;
     SelectionMode shown_mode_ = SelectionMode::Manual;
     bool mode_shown_ = false;

@@ -121,6 +121,21 @@ int MainMenu::AskForRow(HWND window, POINT where, const ProgramState& state) {
     return TrackPopupMenu(menu.Get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, where.x, where.y, 0, window, nullptr);
 }
 
+int MainMenu::AskForIcon(HWND window, POINT where, const Program& program) {
+    const Handle<HMENU, DestroyMenu> menu(MakePopup(IconMenu()));
+    SetMenuDefaultItem(menu.Get(), 0, TRUE);
+    for (const Command& entry : IconMenu()) {
+        const auto id = static_cast<UINT>(entry.Number);
+        EnableMenuItem(menu.Get(), id, program.CanRun(entry.Number) ? MF_ENABLED : MF_GRAYED);
+        CheckMenuItem(menu.Get(), id, CheckedFlag(entry, program.State()));
+    }
+    SetForegroundWindow(window); // otherwise a click beside the menu would not close it
+    const int chosen =
+        TrackPopupMenu(menu.Get(), TPM_RIGHTBUTTON | TPM_RETURNCMD, where.x, where.y, 0, window, nullptr);
+    PostMessageW(window, WM_NULL, 0, 0); // Windows' advice for menus of icons
+    return chosen;
+}
+
 bool MainMenu::Translate(HWND window, MSG& message) const {
     return TranslateAcceleratorW(window, keys_, &message) != 0;
 }

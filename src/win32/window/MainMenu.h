@@ -1,6 +1,6 @@
 #pragma once
 
-#include "state/ProgramState.h"
+#include "app/Program.h"
 
 #include <windows.h>
 
@@ -27,6 +27,9 @@ class MainMenu {
     /// Shows the menu of a row of the list at a point of the screen and returns the command that is chosen, 0
     /// for none. Serves window events meanwhile.
     static int AskForRow(HWND window, POINT where, const ProgramState& state);
+
+    /// The same for the icon in the notification area.
+    static int AskForIcon(HWND window, POINT where, const Program& program);
 
     /// Turns a key press for the window into its command.
     bool Translate(HWND window, MSG& message) const;

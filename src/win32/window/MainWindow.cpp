@@ -11,13 +11,17 @@
 
 #include <climits>
 #include <commctrl.h>
+#include <shellapi.h>
 #include <utility>
 
 namespace quillon {
 
 namespace {
 
-constexpr int LeastListHeight = 80; // at 96 dpi
+constexpr int LeastListHeight = 80; // at 96 dpi, like the next
+constexpr int CompactWidth = 400;
+constexpr UINT_PTR VolumeTipTimer = 100; // beside the program's timers
+constexpr DWORD CompactStyle = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX;
 
 } // namespace
 
@@ -55,6 +59,7 @@ bool MainWindow::Create(Program& program) {
 }
 
 HWND MainWindow::BoxOwner() {
+    if (program_->State().form.Hidden) program_->ShowWindow();
     Sync();
     if (add_feed_.Window() != nullptr) return add_feed_.Window();
     if (IsWindowVisible(window_)) return window_;
@@ -82,12 +87,13 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         CreateControls();
         return 0;
     case WM_SIZE:
-        Resized(wparam == SIZE_RESTORED);
+        Resized(wparam);
+        return 0;
+    case WM_MOVE:
+        Moved();
         return 0;
     case WM_GETMINMAXINFO:
-        if (controls_)
-            MainWindowSize::Limit(*reinterpret_cast<MINMAXINFO*>(lparam), theme_,
-                                  SizeOf(theme_, controls_->Rows()).cx);
+        if (focus_) LimitSize(*reinterpret_cast<MINMAXINFO*>(lparam));
         return 0;
     case WM_DPICHANGED:
         MoveToDpi(HIWORD(wparam), lparam);
@@ -100,6 +106,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         Restyle();
         return 0;
     case WM_TIMER:
+        if (wparam == VolumeTipTimer) HideVolumeTip();
         Event([wparam](Program& program) { program.TimerTick(static_cast<int>(wparam)); });
         return 0;
     case WM_INITMENUPOPUP:
@@ -112,7 +119,10 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_NOTIFY:
         return Notify(*reinterpret_cast<NMHDR*>(lparam));
     case WM_HSCROLL:
-        Event([this](Program& program) { program.SetVolume(controls_->VolumePosition()); });
+        MoveVolume(controls_->VolumePosition());
+        return 0;
+    case TrayIcon::Message:
+        IconEvent(LOWORD(lparam), {GET_X_LPARAM(wparam), GET_Y_LPARAM(wparam)});
         return 0;
     case WM_CONTEXTMENU:
         ShowRowMenu(reinterpret_cast<HWND>(wparam), {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
@@ -140,9 +150,34 @@ LRESULT MainWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         PostQuitMessage(0);
         return 0;
     default:
-        if (message == show_message_ && shown_ && IsIconic(window_)) ShowWindow(window_, SW_RESTORE);
-        return DefWindowProcW(window_, message, wparam, lparam);
+        return RegisteredMessage(message, wparam, lparam);
     }
+}
+
+LRESULT MainWindow::RegisteredMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == show_message_ && shown_) Event([](Program& program) { program.ShowWindow(); });
+    if (message == task_bar_created_) {
+        icon_.Renew();
+        Sync();
+    }
+    return DefWindowProcW(window_, message, wparam, lparam);
+}
+
+void MainWindow::IconEvent(WORD what, POINT where) {
+    if (what == NIN_SELECT || what == NIN_KEYSELECT) RunCommand(Command::ShowWindow);
+    if (what == WM_CONTEXTMENU) RunCommand(MainMenu::AskForIcon(window_, where, *program_));
+}
+
+void MainWindow::MoveVolume(int volume) {
+    constexpr UINT TipMs = 1500;
+    Event([volume](Program& program) { program.SetVolume(volume); });
+    controls_->ShowVolumeTip(true);
+    SetTimer(window_, VolumeTipTimer, TipMs, nullptr);
+}
+
+void MainWindow::HideVolumeTip() {
+    KillTimer(window_, VolumeTipTimer);
+    controls_->ShowVolumeTip(false);
 }
 
 void MainWindow::RunCommand(int command) {
@@ -155,11 +190,58 @@ void MainWindow::Event(const std::function<void(Program&)>& event) {
     Sync();
 }
 
-/// Sizes before the window is shown are not the user's.
-void MainWindow::Resized(bool restored) {
+/// Sizes and places before the window is shown are not the user's.
+bool MainWindow::IsUsersDoing() const {
+    return shown_ && !placing_ && IsWindowVisible(window_) && !IsIconic(window_) && !IsZoomed(window_);
+}
+
+void MainWindow::Resized(WPARAM how) {
     if (!shown_) return;
     Layout();
-    if (restored && IsWindowVisible(window_)) program_->ResizeWindow(size_.Read(window_, theme_));
+    if (how == SIZE_MINIMIZED) Event([this](Program& program) { program.MinimiseWindow(icon_.IsThere()); });
+    if (IsUsersDoing() && !compact_) program_->ResizeWindow(size_.Read(window_, theme_));
+}
+
+void MainWindow::Moved() {
+    if (IsUsersDoing()) program_->MoveWindow(MainWindowSize::PlaceOf(window_));
+}
+
+SIZE MainWindow::CompactSize() const {
+    RECT area{0, 0, theme_.Px(CompactWidth), SizeOf(theme_, compact_controls_->Rows(*controls_)).cy};
+    AdjustWindowRectExForDpi(&area, CompactStyle, FALSE, WS_EX_CONTROLPARENT, theme_.Dpi());
+    return {area.right - area.left, area.bottom - area.top};
+}
+
+void MainWindow::LimitSize(MINMAXINFO& limits) const {
+    if (!compact_) return MainWindowSize::Limit(limits, theme_, SizeOf(theme_, controls_->Rows()).cx);
+    const SIZE size = CompactSize();
+    limits.ptMinTrackSize = limits.ptMaxTrackSize = {size.cx, size.cy};
+}
+
+/// Changes the controls, and then size and place to those of the other view.
+void MainWindow::SetView(bool compact) {
+    const WhileSet placing(placing_);
+    if (shown_ && IsZoomed(window_)) ShowWindow(window_, SW_RESTORE);
+    RECT area{};
+    GetWindowRect(window_, &area);
+    if (compact) full_size_ = {area.right - area.left, area.bottom - area.top};
+    focus_->Save();
+    compact_ = compact;
+    controls_->SetCompact(compact);
+    compact_controls_->Show(compact);
+    ShowControls({list_->Window(), status_->Window()}, !compact);
+    SetWindowLongPtrW(window_, GWL_STYLE,
+                      static_cast<LONG_PTR>((compact ? CompactStyle : WS_OVERLAPPEDWINDOW) |
+                                            (static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE)) &
+                                             (WS_VISIBLE | WS_MINIMIZE | WS_DISABLED | WS_CLIPCHILDREN))));
+    SetMenu(window_, compact ? nullptr : menu_.Bar());
+    const SIZE size = compact ? CompactSize() : full_size_;
+    SetWindowPos(window_, nullptr, 0, 0, size.cx, size.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    const frmATC& form = program_->State().form;
+    MainWindowSize::MoveTo(window_, compact ? form.CompactPlace : form.Place);
+    LayoutAndRedraw();
+    if (shown_ && GetActiveWindow() == window_) focus_->Restore();
 }
 
 /// Any program can send this message, with an address that holds nothing here.
@@ -202,7 +284,9 @@ void MainWindow::CreateControls() {
     frames_ = std::make_unique<PreferenceFrames>(window_);
     list_ = std::make_unique<FeedList>(window_, tips, program_->State().form.lvwDB);
     status_ = std::make_unique<StatusBar>(window_, tips);
+    compact_controls_ = std::make_unique<CompactControls>(window_);
     focus_ = std::make_unique<KeyboardFocus>(window_, *list_, *controls_, *frames_);
+    compact_controls_->SetTheme(theme_);
     list_->SetTheme(theme_);
     status_->SetTheme(theme_);
 }
@@ -210,6 +294,7 @@ void MainWindow::CreateControls() {
 void MainWindow::SetDpi(UINT dpi) {
     theme_ = Theme(dpi);
     controls_->SetTheme(theme_);
+    compact_controls_->SetTheme(theme_);
     list_->SetTheme(theme_);
     status_->SetTheme(theme_);
     frames_->SetTheme(theme_);
@@ -259,6 +344,7 @@ void MainWindow::Layout() {
     RECT area{};
     GetClientRect(window_, &area);
     if (area.right == 0) return; // minimised
+    if (compact_) return PlaceRows(theme_, compact_controls_->Rows(*controls_), {area.right, area.bottom});
     status_->Place(theme_);
     std::vector<Row> rows = controls_->Rows();
     for (const Row& frame : frames_->Rows()) rows.push_back(frame);
@@ -308,7 +394,8 @@ void MainWindow::SyncOnce() {
     }
     menu_.Sync(state);
     SyncBusy();
-    controls_->Sync(state.form, state.cycle);
+    controls_->Sync(state.form, state.cycle, state.mute.Muted);
+    compact_controls_->Sync(state.form);
     if (frames_->Sync(state.form, theme_) && shown_) LayoutAndRedraw();
     fsuipc_status_.Sync(window_, state.fsuipc_status);
     add_feed_.Sync(window_, *program_);
@@ -334,15 +421,31 @@ void MainWindow::SyncTimers() {
 
 void MainWindow::SyncVisibility() {
     const frmATC& form = program_->State().form;
-    size_.Sync(window_, theme_, form.Size);
-    if (form.Visible && !shown_) {
-        Layout();
-        ShowWindow(window_, SW_SHOWNORMAL);
-        shown_ = true;
-        UpdateWindow(window_);
-    }
+    icon_.Sync(window_, theme_, IconFor(program_->State()));
+    if (!compact_) size_.Sync(window_, theme_, form.Size);
+    if (compact_ != form.Compact && form.Visible) SetView(form.Compact);
+    if (std::exchange(on_top_, program_->State().marks.OnTop) != program_->State().marks.OnTop)
+        SetWindowPos(window_, on_top_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    if (form.Visible && !shown_) ShowFirst();
+    if (shown_ && form.Hidden && IsWindowVisible(window_)) ShowWindow(window_, SW_HIDE);
+    if (shown_ && std::exchange(show_served_, form.ShowRequest) != form.ShowRequest) BringUp();
     if (form.Visible && std::exchange(list_focus_served_, form.ListFocusRequest) != form.ListFocusRequest)
-        SetFocus(list_->Window());
+        SetFocus(compact_ ? controls_->PlayerPane() : list_->Window());
+}
+
+void MainWindow::ShowFirst() {
+    const ProgramState& state = program_->State();
+    if (!compact_ && state.form.Place) MainWindowSize::MoveTo(window_, state.form.Place);
+    Layout();
+    shown_ = true;
+    ShowWindow(window_, state.marks.StartMinimised ? SW_SHOWMINNOACTIVE : SW_SHOWNORMAL);
+    UpdateWindow(window_);
+}
+
+void MainWindow::BringUp() {
+    ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
+    SetForegroundWindow(GetLastActivePopup(window_));
 }
 
 /// The window itself stays enabled: it can be moved and closed.
@@ -380,6 +483,14 @@ bool MainWindow::Keystroke(MSG& message) {
         if (modeless != nullptr && IsDialogMessageW(modeless, &message)) return true;
     if (add_feed_.Window() != nullptr) return IsDialogMessageW(add_feed_.Window(), &message) != 0;
     if (menu_.Translate(window_, message)) return true;
+    if (const auto volume = controls_->WantedVolume(message)) {
+        MoveVolume(*volume);
+        return true;
+    }
+    if (compact_ && message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) {
+        RunCommand(Command::CompactView);
+        return true;
+    }
     if (message.message == WM_KEYDOWN && message.wParam == VK_F6) {
         focus_->NextPane(GetKeyState(VK_SHIFT) < 0);
         return true;

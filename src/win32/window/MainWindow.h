@@ -4,6 +4,7 @@
 #include "ports/Display.h"
 #include "win32/window/AddFeedWindow.h"
 #include "win32/window/CheckFeedsWindow.h"
+#include "win32/window/CompactControls.h"
 #include "win32/window/ControlIds.h"
 #include "win32/window/Dialogs.h"
 #include "win32/window/FeedList.h"
@@ -16,6 +17,7 @@
 #include "win32/window/SplashWindow.h"
 #include "win32/window/StatusBar.h"
 #include "win32/window/Theme.h"
+#include "win32/window/TrayIcon.h"
 
 #include <windows.h>
 
@@ -58,7 +60,18 @@ class MainWindow : public Display {
     void RunCommand(int command);
     void Event(const std::function<void(Program&)>& event);
     void CreateControls();
-    void Resized(bool restored);
+    void Resized(WPARAM how);
+    void Moved();
+    void MoveVolume(int volume);
+    void HideVolumeTip();
+    void IconEvent(WORD what, POINT where);
+    LRESULT RegisteredMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    bool IsUsersDoing() const;
+    SIZE CompactSize() const;
+    void LimitSize(MINMAXINFO& limits) const;
+    void SetView(bool compact);
+    void ShowFirst();
+    void BringUp();
     void MoveToDpi(UINT dpi, LPARAM address);
     void Restyle();
     void SetDpi(UINT dpi);
@@ -77,9 +90,11 @@ class MainWindow : public Display {
 
     Program* program_ = nullptr;
     const UINT show_message_ = RegisterWindowMessageW(ShowMessage);
+    const UINT task_bar_created_ = RegisterWindowMessageW(L"TaskbarCreated");
     HWND window_ = nullptr;
     Theme theme_;
     std::unique_ptr<MainControls> controls_;
+    std::unique_ptr<CompactControls> compact_controls_;
     std::unique_ptr<FeedList> list_;
     std::unique_ptr<StatusBar> status_;
     std::unique_ptr<PreferenceFrames> frames_;
@@ -90,8 +105,14 @@ class MainWindow : public Display {
     AddFeedWindow add_feed_;
     CheckFeedsWindow check_feeds_;
     OnTheAirWindow on_the_air_;
+    TrayIcon icon_;
     std::string caption_;
     bool shown_ = false;
+    bool compact_ = false;
+    bool placing_ = false; // the program does, not the user
+    bool on_top_ = false;
+    SIZE full_size_{}; // of the full view, while the compact one is shown
+    ViewRequest show_served_ = 0;
     ViewRequest list_focus_served_ = 0;
     bool syncing_ = false;
     bool sync_again_ = false;

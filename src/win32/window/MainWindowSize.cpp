@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <vector>
 
 namespace quillon {
 
@@ -12,6 +13,19 @@ constexpr int FirstHeight = 480;
 
 void Resize(HWND window, int width, int height) {
     SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+BOOL CALLBACK AddScreen(HMONITOR monitor, HDC, LPRECT, LPARAM list) {
+    auto& screens = *reinterpret_cast<std::vector<ScreenArea>*>(list);
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    if (!GetMonitorInfoW(monitor, &info)) return TRUE;
+    const RECT& area = info.rcWork;
+    const bool first = (info.dwFlags & MONITORINFOF_PRIMARY) != 0;
+    screens.insert(first ? screens.begin() : screens.end(),
+                   {static_cast<int>(area.left), static_cast<int>(area.top),
+                    static_cast<int>(area.right - area.left), static_cast<int>(area.bottom - area.top)});
+    return TRUE;
 }
 
 } // namespace
@@ -42,6 +56,25 @@ void MainWindowSize::Sync(HWND window, const Theme& theme, WindowSize size) {
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
     Resize(window, std::min(theme.Px(size.Width), static_cast<int>(screen.right - screen.left)),
            std::min(theme.Px(size.Height), static_cast<int>(screen.bottom - screen.top)));
+}
+
+void MainWindowSize::MoveTo(HWND window, std::optional<WindowPlace> place) {
+    std::vector<ScreenArea> screens;
+    EnumDisplayMonitors(nullptr, nullptr, AddScreen, reinterpret_cast<LPARAM>(&screens));
+    RECT area{};
+    GetWindowRect(window, &area);
+    const WindowPlace wanted =
+        place.value_or(WindowPlace{static_cast<int>(area.left), static_cast<int>(area.top)});
+    const WindowPlace seen = OnScreen({wanted.Left, wanted.Top, static_cast<int>(area.right - area.left),
+                                       static_cast<int>(area.bottom - area.top)},
+                                      screens);
+    SetWindowPos(window, nullptr, seen.Left, seen.Top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+WindowPlace MainWindowSize::PlaceOf(HWND window) {
+    RECT area{};
+    GetWindowRect(window, &area);
+    return {static_cast<int>(area.left), static_cast<int>(area.top)};
 }
 
 } // namespace quillon

@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include <optional>
+
 namespace quillon {
 
 /// Size of the main window. `least_width` is what its controls need, in pixels.
@@ -21,6 +23,12 @@ class MainWindowSize {
 
     /// Applies the size in the data, limited to the screen's.
     void Sync(HWND window, const Theme& theme, WindowSize size);
+
+    /// Moves a window onto a screen that exists, as near to the place as that lets it. No place leaves it where
+    /// it is, if that is on a screen.
+    static void MoveTo(HWND window, std::optional<WindowPlace> place);
+
+    static WindowPlace PlaceOf(HWND window);
 
   private:
     WindowSize shown_;

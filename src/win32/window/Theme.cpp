@@ -32,6 +32,22 @@ bool CoversHeadset(double x, double y) {
     return std::hypot((x - 0.55) / 1.5, y - 0.91) < 0.08;
 }
 
+/// A loudspeaker and a cross.
+bool CoversMute(double x, double y) {
+    const double up = std::abs(y - 0.5);
+    if (x > 0.05 && x < 0.25 && up < 0.16) return true;
+    if (x >= 0.25 && x < 0.5 && up < 0.16 + (x - 0.25)) return true;
+    const double right = std::abs(x - 0.76);
+    return right < 0.2 && std::abs(right - up) < 0.07;
+}
+
+/// Crossed out, with a gap beside the line.
+bool CoversNoHeadset(double x, double y) {
+    const double off = std::abs(x - y) / 1.414;
+    if (off < 0.06) return true;
+    return off > 0.13 && CoversHeadset(x, y);
+}
+
 /// Whether the glyph covers a point of the unit square.
 bool Covers(Glyph glyph, double x, double y) {
     switch (glyph) {
@@ -41,8 +57,12 @@ bool Covers(Glyph glyph, double x, double y) {
         return y > 0.12 && y < 0.88 && ((x > 0.18 && x < 0.42) || (x > 0.58 && x < 0.82));
     case Glyph::Stop:
         return x > 0.15 && x < 0.85 && y > 0.15 && y < 0.85;
+    case Glyph::Mute:
+        return CoversMute(x, y);
     case Glyph::Headset:
         return CoversHeadset(x, y);
+    case Glyph::NoHeadset:
+        return CoversNoHeadset(x, y);
     }
     return false;
 }

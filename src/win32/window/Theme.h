@@ -46,7 +46,7 @@ bool HighContrast();
 /// 2004.
 void MatchTitleToApps(HWND window);
 
-enum class Glyph { Play, Pause, Stop, Headset };
+enum class Glyph { Play, Pause, Stop, Mute, Headset, NoHeadset };
 
 /// Draws a button's picture. Returns an empty handle if Windows refuses.
 IconHandle DrawGlyph(Glyph glyph, int size_px, COLORREF ink);

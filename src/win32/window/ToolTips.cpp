@@ -56,4 +56,17 @@ void SetTipText(HWND tips, HWND window, UINT_PTR number, const std::string& text
     Send(tips, TTM_UPDATETIPTEXTW, Tool(window, number, 0, wide.data()));
 }
 
+void TrackTip(HWND tips, HWND control, const std::string& text, POINT where) {
+    constexpr UINT_PTR Tracked = 1000; // beside the rectangles' numbers
+    std::wstring wide = Wide(text);
+    TTTOOLINFOW tool = Tool(control, Tracked, 0, wide.data());
+    tool.uFlags = TTF_TRACK | TTF_ABSOLUTE;
+    SendMessageW(tips, TTM_TRACKACTIVATE, FALSE, reinterpret_cast<LPARAM>(&tool));
+    Send(tips, TTM_DELTOOLW, tool);
+    if (text.empty()) return;
+    Send(tips, TTM_ADDTOOLW, tool);
+    SendMessageW(tips, TTM_TRACKPOSITION, 0, MAKELPARAM(where.x, where.y));
+    SendMessageW(tips, TTM_TRACKACTIVATE, TRUE, reinterpret_cast<LPARAM>(&tool));
+}
+
 } // namespace quillon

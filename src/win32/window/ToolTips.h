@@ -17,4 +17,7 @@ void AddRectangleTip(HWND tips, HWND window, UINT_PTR number);
 void SetTipRectangle(HWND tips, HWND window, UINT_PTR number, const RECT& area);
 void SetTipText(HWND tips, HWND window, UINT_PTR number, const std::string& text);
 
+/// Shows a tip of its own for a control at a point of the screen; an empty text hides it.
+void TrackTip(HWND tips, HWND control, const std::string& text, POINT where);
+
 } // namespace quillon

@@ -1,0 +1,175 @@
+"""Quillon beside a full-screen program: compact, on top, muted by button, in the notification area."""
+import re
+import subprocess
+import sys
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from world.feeds import FEEDS
+from world.ids import IDS
+from world.processes import wait_until
+from world.world import World
+
+TORONTO = FEEDS[0]
+MARKS = {"OnTopMark": "on-top", "HideWhenMinimisedMark": "hide-when-minimised", "StartMinimisedMark": "start-minimised"}
+
+
+class AtHand(unittest.TestCase):
+    """One session; the tests are its steps, in order."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.world = World()
+        cls.addClassCleanup(cls.world.close)
+        cls.env = cls.world.prefix.env
+        cls.world.processes.start("trayer", ["trayer", "--edge", "bottom", "--align", "right", "--width", "10",
+                                             "--height", "32"], cls.env)
+        cls.world.start_simulator("--com2stby", TORONTO.frequency)
+        cls.world.start_quillon()
+        cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
+
+    def remembered(self):
+        return dict(re.findall(r"([\w-]+)=(.*)", (self.world.data / "Quillon.state").read_text()))
+
+    def area(self):
+        return [int(number) for number in self.copilot.ask("area").split()]
+
+    def screen(self, *command):
+        return subprocess.run(command, env=self.env, capture_output=True, text=True, timeout=20, check=True).stdout
+
+    def restart(self):
+        self.copilot.ask("close QuillonMain")
+        self.assertEqual(self.world.quillon.wait(20), 0)
+        self.world.start_quillon()
+
+    def icon(self):
+        """The middle of the icon on the screen; nothing if there is none."""
+        lines = self.screen("xwininfo", "-root", "-tree").splitlines()
+        for line in lines:
+            found = re.search(r'"explorer.exe".* (\d\d)x(\d\d)\+-?\d+\+-?\d+  \+(\d+)\+(\d+)', line)
+            if found and int(found[4]) > 800:
+                width, height, left, top = map(int, found.groups())
+                return left + width // 2, top + height // 2
+        return None
+
+    def click_icon(self, button):
+        place = wait_until("the icon", self.icon, 15)
+        self.screen("xdotool", "mousemove", str(place[0]), str(place[1]), "click", str(button))
+
+    def test_1_the_mute_button_shows_what_it_does(self):
+        self.ear.await_(TORONTO.icao, 15)
+        self.copilot.ask("click StripMute")
+        self.copilot.await_text("checked StripMute", "1")
+        self.assertEqual(self.copilot.panels()[0], "Muted")
+        self.ear.await_("silence")
+        self.copilot.ask("click StripMute")
+        self.copilot.await_text("checked StripMute", "0")
+        self.ear.await_(TORONTO.icao, 10)
+
+    def test_2_the_compact_view_leads_back_and_each_view_keeps_its_place(self):
+        self.assertEqual(self.tabs()[-1], "IdFeedList")
+        self.copilot.ask("move QuillonMain 60 50")
+        self.copilot.await_text("area", lambda area: area.startswith("60 50 "))
+        self.copilot.ask("command mnuSelComm")
+        self.copilot.await_text("visible cmdComClose", "1")
+        self.copilot.ask("command CompactView")
+        self.copilot.await_text("visible IdFeedList", "0")
+        self.copilot.await_text("visible cmdComClose", "0")
+        wait_until("its size", lambda: self.area()[2] <= 420 and self.area()[3] <= 120, 5)
+        self.assertEqual(self.tabs(), ["StripPlay", "StripPause", "StripStop", "StripMute", "IdVolume", "CompactView"])
+        self.copilot.await_text("text IdCompactFeed", lambda text: text.startswith(TORONTO.icao))
+        self.assertTrue(self.copilot.ask("text IdCompactFrequency").startswith(TORONTO.frequency))
+        self.copilot.ask("move QuillonMain 300 400")
+        self.copilot.await_text("area", lambda area: area.startswith("300 400 "))
+        self.restart()
+        self.assertEqual(self.area()[:2], [300, 400])
+        for leave in ("click CompactView", "command mnuRecordedChatter"):
+            self.copilot.ask(leave)
+            self.copilot.await_text("visible IdFeedList", "1")
+            self.copilot.await_text("area", lambda area: area.startswith("60 50 "))
+            self.copilot.ask("command CompactView")
+            self.copilot.await_text("visible IdFeedList", "0")
+        self.screen("xdotool", "search", "--sync", "--name", "^Quillon", "windowactivate", "--sync", "key", "Escape")
+        self.copilot.await_text("visible IdFeedList", "1")
+
+    def tabs(self):
+        names = {str(number): name for name, number in IDS.items()}
+        return [names[number] for number in self.copilot.ask("tabs").split()]
+
+    def test_3_a_window_off_the_screen_opens_on_it(self):
+        self.copilot.ask("close QuillonMain")
+        self.assertEqual(self.world.quillon.wait(20), 0)
+        state = self.world.data / "Quillon.state"
+        state.write_text(re.sub(r"(?m)^place=.*$", "place=-5000 40000", state.read_text()))
+        self.world.start_quillon()
+        left, top, width, height = self.area()
+        self.assertTrue(0 <= left and left + width <= 1280 and 0 <= top and top + height <= 900, self.area())
+
+    def is_on_top(self):
+        windows = self.screen("xdotool", "search", "--onlyvisible", "--name", "^Quillon").split()
+        return any("_ABOVE" in self.screen("xprop", "-id", window, "_NET_WM_STATE") for window in windows)
+
+    def test_4_on_top_of_another_window_after_a_restart_too(self):
+        self.copilot.ask("command OnTopMark")
+        for _ in range(2):
+            wait_until("its place above", self.is_on_top, 10)
+            self.restart()
+        self.copilot.ask("command OnTopMark")
+
+    def menu_entry(self):
+        """A point in the first entry of the menu that is open above the icon."""
+        for line in self.screen("xwininfo", "-root", "-tree").splitlines():
+            found = re.search(r'"quillon.exe".* (\d+)x(\d+)\+-?\d+\+-?\d+  \+(\d+)\+(\d+)', line)
+            if found and int(found[3]) > 1000 and int(found[4]) > 600:
+                return str(int(found[3]) + 40), str(int(found[4]) + 12)
+        return None
+
+    def test_5_hidden_it_is_found_by_icon_menu_and_second_start(self):
+        self.copilot.ask("minimise")
+        self.copilot.await_text("area", "minimised")
+        self.copilot.ask("command ShowWindow")
+        self.copilot.await_text("area", lambda area: " " in area)
+        self.assertIsNone(self.icon())
+        self.copilot.ask("command HideWhenMinimisedMark")
+
+        def choose_first():
+            self.click_icon(3)
+            self.screen("xdotool", "mousemove", *wait_until("the menu", self.menu_entry, 5), "click", "1")
+
+        for find in (lambda: self.click_icon(1), choose_first, lambda: self.world.start("Quillon.exe").wait(20)):
+            wait_until("the icon", self.icon, 15)
+            self.copilot.ask("minimise")
+            self.copilot.await_text("area", "hidden")
+            find()
+            self.copilot.await_text("area", lambda area: " " in area, 15)
+        self.copilot.ask("minimise")
+        self.copilot.await_text("area", "hidden")
+        self.copilot.ask("command mnuRange")  # a box shows it
+        self.copilot.await_text("boxes", lambda text: "Reception" in text)
+        self.copilot.await_text("area", lambda area: " " in area)
+        self.copilot.ask("press IDCANCEL")
+
+    def test_6_it_starts_minimised_and_all_is_remembered(self):
+        for mark in ("OnTopMark", "StartMinimisedMark"):
+            self.copilot.ask(f"command {mark}")
+        wait_until("the marks", lambda: all(self.remembered()[key] == "yes" for key in MARKS.values()), 10)
+        self.copilot.ask("close QuillonMain")
+        self.assertEqual(self.world.quillon.wait(20), 0)
+        self.world.quillon = self.world.start("Quillon.exe")
+        self.copilot.await_text("title", lambda title: title.endswith("-OK"), 30)
+        self.copilot.await_text("area", "hidden")
+        self.click_icon(1)
+        self.copilot.await_text("area", lambda area: " " in area)
+
+    def test_7_the_volume_takes_keys(self):
+        self.copilot.ask("command CompactView")
+        self.copilot.await_text("visible IdFeedList", "0")
+        self.screen("xdotool", "search", "--sync", "--name", "^Quillon", "windowactivate", "--sync",
+                    "key", "Tab", "Tab", "Tab", "Tab", "Down", "Down")
+        self.copilot.ask("command CompactView")
+        wait_until("the volume", lambda: self.remembered()["volume"] == "90", 10)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)

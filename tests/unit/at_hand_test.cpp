@@ -1,0 +1,128 @@
+// The window beside a full-screen program: compact, hidden, muted by button, on a screen that exists.
+#include "Flight.h"
+#include "app/WindowView.h"
+
+#include <gtest/gtest.h>
+
+namespace quillon {
+namespace {
+
+TEST(WindowPlace, IsOnAScreenThatExists) {
+    const ScreenArea screens[] = {{0, 0, 1000, 800}, {-1200, 100, 1200, 900}};
+    const struct {
+        const char* what;
+        ScreenArea window;
+        WindowPlace seen;
+    } rows[] = {
+        {"inside the first", {10, 20, 400, 100}, {10, 20}},
+        {"inside the second", {-700, 200, 400, 100}, {-700, 200}},
+        {"over an edge", {900, 750, 400, 100}, {600, 700}},
+        {"between two, mostly on the second", {-300, 200, 400, 100}, {-400, 200}},
+        {"nowhere", {5000, -5000, 400, 100}, {600, 0}},
+        {"larger than the screen", {-50, 30, 1100, 100}, {0, 30}},
+    };
+    for (const auto& [what, window, seen] : rows) EXPECT_EQ(OnScreen(window, screens), seen) << what;
+}
+
+using AtHand = Flight;
+
+TEST_F(AtHand, TheIconTellsWhatIsGoingOn) {
+    using enum NotificationIcon::Picture;
+    Start();
+    EXPECT_FALSE(IconFor(state()).Visible);
+    program->Run(Command::HideWhenMinimisedMark);
+    EXPECT_TRUE(IconFor(state()).Visible);
+    EXPECT_EQ(IconFor(state()).Shown, Silent);
+    TuneTo("118.70");
+    Tick();
+    EXPECT_EQ(IconFor(state()), (NotificationIcon{true, Playing, "Quillon -OK\nCYYZ - Toronto Tower"}));
+    program->Run(Command::StripMute);
+    EXPECT_EQ(IconFor(state()).Shown, Muted);
+    program->Run(Command::StripMute);
+    program->Run(Command::StayOpenMark);
+    simulator.running = false;
+    Tick();
+    EXPECT_EQ(IconFor(state()).Shown, NoLink);
+    program->Run(Command::optManual);
+    EXPECT_NE(IconFor(state()).Shown, NoLink) << "no simulator is needed";
+}
+
+TEST_F(AtHand, MinimisingHidesOnlyWhereAnIconIsLeft) {
+    Start();
+    program->MinimiseWindow(true);
+    EXPECT_FALSE(state().form.Hidden) << "without the mark";
+    program->Run(Command::HideWhenMinimisedMark);
+    program->MinimiseWindow(false);
+    EXPECT_FALSE(state().form.Hidden) << "without a notification area";
+    program->MinimiseWindow(true);
+    EXPECT_TRUE(state().form.Hidden);
+    prompts.meanwhile = [&] { program->Run(Command::ShowWindow); };
+    prompts.answer = "99999"; // an error, and so a box
+    program->Run(Command::mnuRange);
+    EXPECT_FALSE(state().form.Hidden) << "even while a handler runs";
+}
+
+TEST_F(AtHand, TheIconsMenuObeysWhatARunningHandlerAllows) {
+    Start();
+    std::string allowed;
+    const auto look = [&] {
+        allowed.clear();
+        for (const Command& entry : IconMenu()) allowed += program->CanRun(entry.Number) ? '1' : '0';
+    };
+    look();
+    EXPECT_EQ(allowed, "101111101");
+    prompts.meanwhile = look;
+    prompts.answer = "99999";
+    program->Run(Command::mnuRange);
+    EXPECT_EQ(allowed, "100000001");
+}
+
+TEST_F(AtHand, TheMuteButtonNeedsNoSimulatorAndDoesNotWait) {
+    Start();
+    TuneTo("118.70");
+    Tick();
+    background.held = true;
+    Tick();
+    program->Run(Command::StripMute);
+    EXPECT_TRUE(state().mute.Muted) << "while the simulator is asked";
+    EXPECT_EQ(panel(1) + state().form.Caption, "MutedQuillon -Mute");
+    background.Finish();
+    background.held = false;
+    const auto before = clock.passed;
+    program->Run(Command::StripMute);
+    EXPECT_FALSE(state().mute.Muted);
+    EXPECT_EQ(clock.passed, before);
+    program->Run(Command::PlayOrStop);
+    EXPECT_TRUE(state().mute.Muted);
+    program->Run(Command::VolumeDown);
+    EXPECT_EQ(player.volume, 95);
+}
+
+TEST_F(AtHand, TheCompactViewGivesWayToWhatNeedsTheList) {
+    Start();
+    for (const int command : {Command::mnuSearch, Command::SearchAgain, Command::mnuSelComm,
+                              Command::mnuRecordedChatter, Command::CompactView}) {
+        program->Run(Command::mnuRecordedChatter);
+        program->Run(Command::CompactView);
+        EXPECT_TRUE(state().form.Compact);
+        EXPECT_FALSE(state().form.frmRandomChatterVisible || state().mute.FrameOpen);
+        program->MoveWindow({-5, 7});
+        program->Run(command);
+        EXPECT_FALSE(state().form.Compact) << command;
+    }
+    EXPECT_EQ(state().form.CompactPlace, (WindowPlace{-5, 7}));
+    EXPECT_EQ(state().form.Place, std::nullopt);
+}
+
+TEST_F(AtHand, WithoutASplashTheStartTakesAsLong) {
+    Write("Quillon\\Quillon.state", "start-minimised=yes\r\n");
+    bool splash = false;
+    clock.events = [&] { return splash = splash || (program && state().splash.Visible), true; };
+    const auto before = clock.passed;
+    Start();
+    EXPECT_FALSE(splash);
+    EXPECT_GE(clock.passed - before, std::chrono::milliseconds(3000));
+}
+
+} // namespace
+} // namespace quillon
