@@ -28,6 +28,7 @@ void LoadList(benchmark::State& state) {
     WriteCatalogue(folder, feeds);
     FakePrompts prompts;
     FakeCodePage page;
+    FakePlayer player;
     std::size_t bytes = 0;
     for (auto _ : state) {
         state.PauseTiming();
@@ -36,7 +37,8 @@ void LoadList(benchmark::State& state) {
             ProgramState program;
             program.folders.DataPath = folder.path + "\\";
             ErrorTrap trap(program.StartupStep, program.MessageText, prompts.AsReport());
-            FeedLoader loader(program, prompts, page, trap, [] {});
+            FeedLoader loader(
+                program, prompts, page, player, trap, [] {}, [](const LoadReport&) {});
             state.ResumeTiming();
             loader.LoadList();
             state.PauseTiming();

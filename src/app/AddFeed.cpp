@@ -54,10 +54,11 @@ void AddFeed::mnuAddATC_Click() {
 void AddFeed::CollectFrequencies() {
     state_.StartupStep = "Opening " + CataloguePath();
     const std::string text = ReadText(CataloguePath(), page_);
+    const bool skips = state_.marks.SkipFaultyLines.value_or(false);
     std::string_view rest = text;
     while (const auto line = TakeLine(rest)) {
         state_.StartupStep.assign("Data: ").append(*line);
-        if (!IsFeedLine(*line)) continue;
+        if (!IsFeedLine(*line) || (skips && !IsWholeLine(*line))) continue;
         const FeedLine feed = SplitFeedLine(*line);
         state_.feed.FeedIcao = feed.ICAO;
         state_.feed.FeedCity = feed.City;
@@ -134,7 +135,8 @@ bool AddFeed::Append(const std::string& line) {
         return true;
     } catch (const RuntimeError& error) {
         const std::string what = "Error " + std::to_string(error.Number) + " " + error.Description;
-        state_.MessageText = state_.StartupStep + "\r" + what + "\r\rThe file is as it was, without:\r" + line;
+        state_.MessageText =
+            state_.StartupStep + "\r" + what + "\r\rThe file is unchanged. This line was not added:\r" + line;
         try {
             TraceLog(state_.folders).WriteLog(state_.StartupStep + " " + what);
         } catch (const RuntimeError&) {

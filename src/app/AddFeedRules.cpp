@@ -23,13 +23,13 @@ Fault UnfitForALine(const frmAddATC& form) {
         const auto length = static_cast<std::ptrdiff_t>(Len(form[box]));
         if (form[box].find_first_of("|\r\n") != std::string::npos)
             return EntryFault{InvalidCharacter,
-                              "A \"|\" or a line end cannot be part of an entry: the catalogue separates its "
-                              "fields and lines by them.",
+                              "An entry cannot contain \"|\" or a line break, because they separate the "
+                              "catalogue's fields and lines.",
                               {box, 0, length}};
     }
     if (form[AddBox::txtICAO].starts_with("//"))
         return EntryFault{InvalidCharacter,
-                          "An entry cannot begin with \"//\": the catalogue would take it for a comment.",
+                          "An entry cannot begin with \"//\", which marks a comment.",
                           {AddBox::txtICAO, 0, 4}};
     return std::nullopt;
 }

@@ -112,6 +112,12 @@ constexpr Command PreferencesMenu[] = {
     {Command::SharedFrequenciesMark, "Airports may share fre&quencies",
      [](Parts& p) { Turn(p, p.state.marks.SharedFrequencies); }, Idle,
      [](const ProgramState& state) { return state.marks.SharedFrequencies.value_or(false); }},
+    {Command::SkipFaultyLinesMark, "&Leave out faulty lines",
+     [](Parts& p) {
+         Turn(p, p.state.marks.SkipFaultyLines);
+         if (p.state.marks.SkipFaultyLines.value_or(false)) p.quiet_reload.Reload({});
+     },
+     WithFolders, [](const ProgramState& state) { return state.marks.SkipFaultyLines.value_or(false); }},
     {Command::StayOpenMark, "Stay &open when the simulator ends",
      [](Parts& p) { Turn(p, p.state.marks.StayOpen); }, Idle,
      [](const ProgramState& state) { return state.marks.StayOpen.value_or(false); }},

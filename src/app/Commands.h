@@ -60,6 +60,7 @@ struct Command {
         OnTopMark = 2052,
         HideWhenMinimisedMark = 2053,
         StartMinimisedMark = 2054,
+        SkipFaultyLinesMark = 2059,
         ShowWindow = 2055,
         PlayOrStop = 2056,
         VolumeUp = 2057,

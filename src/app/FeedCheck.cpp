@@ -25,8 +25,9 @@ void FeedCheck::Begin() {
     const std::string path = folders_.DataPath + CatalogueName;
     trap_.StartupStep() = "Opening " + path;
     CatalogueReview review =
-        ReviewCatalogue(ReadText(path, page_), {marks_.SharedFrequencies.value_or(false),
-                                                [this](auto icao) { return airports_.Of(icao) != nullptr; }});
+        ReviewCatalogue(ReadText(path, page_),
+                        {marks_.SharedFrequencies.value_or(false), marks_.SkipFaultyLines.value_or(false),
+                         [this](auto icao) { return airports_.Of(icao) != nullptr; }});
     trap_.StartupStep().clear();
     form_.Rows.clear();
     for (CatalogueReview::FaultyLine& fault : review.Faults)

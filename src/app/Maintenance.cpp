@@ -54,8 +54,7 @@ void Maintenance::mnuRestore_Click() {
     state_.MessageText =
         "Restoring will move the existing Live_ATC_Feeds.txt file to the Recycle Bin and replace it "
         "with the contents of the Live_ATC_Feeds.bak file.\r\rDo you want to continue?\r\r"
-        "(Windows may ask about the Recycle Bin as well. If you decline that question, the file is "
-        "still replaced.)";
+        "(Windows may also ask about the Recycle Bin. The file is replaced even if you answer No there.)";
     if (!prompts_.Confirm("Confirmation", state_.MessageText, Choices::YesNoCancel)) return;
     trap_.RunCommand("Restore Error", Icon::Exclamation, [this] { Restore(); });
 }

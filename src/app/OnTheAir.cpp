@@ -11,8 +11,8 @@ namespace quillon {
 
 namespace {
 
-constexpr const char* NoSimulator = "No simulator answers.";
-constexpr const char* NoPosition = "The simulator has not said yet where the aircraft is.";
+constexpr const char* NoSimulator = "No simulator is answering.";
+constexpr const char* NoPosition = "The simulator has not reported the aircraft's position yet.";
 constexpr double MetresInNauticalMile = 1852;
 
 FeedRecord RecordOf(const OnTheAirForm::Feed& feed) {
@@ -99,7 +99,8 @@ void OnTheAir::Show(std::vector<OnTheAirForm::Row> rows, std::vector<OnTheAirFor
 std::string OnTheAir::Heading(std::size_t feeds) const {
     const std::int16_t range = state_.range.ReceptionRange;
     const std::string within = " within " + std::to_string(range) + " NM";
-    if (feeds == 0) return range == 0 ? "No feed's airport is known." : "No feeds" + within + ".";
+    if (feeds == 0)
+        return range == 0 ? "None of the feeds' airports are in Airport.dat." : "No feeds" + within + ".";
     const std::string count = std::to_string(feeds) + (feeds == 1 ? " feed" : " feeds");
     return range == 0 ? "The nearest " + count + "." : count + within + ", nearest first.";
 }

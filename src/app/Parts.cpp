@@ -26,6 +26,10 @@ Ports WithClock(const Ports& ports, Clock& clock) {
             .disk = ports.disk};
 }
 
+std::string Counted(std::size_t count, const std::string& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
 } // namespace
 
 Parts::Parts(ProgramState& program_state, const Ports& outside, std::string arguments)
@@ -34,6 +38,14 @@ Parts::Parts(ProgramState& program_state, const Ports& outside, std::string argu
       gate(outside.background, [this](const auto& handler) { RunTrapped(handler); }),
       clock(outside.clock, gate),
       ports(WithClock(outside, clock)) {}
+
+void Parts::TellMissing(const LoadReport& report) {
+    std::string about;
+    if (report.LinesLeftOut > 0) about = Counted(report.LinesLeftOut, "faulty line") + " left out, ";
+    if (report.WithoutChannel > 0)
+        about += Counted(report.WithoutChannel, "feed") + " without a free channel, ";
+    if (!about.empty()) notices.Show({NoticeKind::FeedsMissing, about + "see Check Feeds"});
+}
 
 void Parts::RunTrapped(const HandlerGate::Handler& handler) {
     if (state.Ended) return;

@@ -37,6 +37,9 @@ struct Parts {
     /// Runs a handler or a part of one, and quits after it if it was asked to.
     void RunTrapped(const HandlerGate::Handler& handler);
 
+    /// Tells the user what of the catalogue cannot be heard.
+    void TellMissing(const LoadReport& report);
+
     ProgramState& state;
     std::string command_line;
     HandlerGate gate;
@@ -55,7 +58,13 @@ struct Parts {
     RememberedState remembered{state.form, state.marks, state.sound, state.UserAgent, state.folders};
     AirportPositions positions{state.Airports};
     Airports airports{state.Airports, ports.code_page, trap};
-    FeedLoader loader{state, ports.prompts, ports.code_page, ports.live, trap, [this] { remembered.Write(); }};
+    FeedLoader loader{state,
+                      ports.prompts,
+                      ports.code_page,
+                      ports.live,
+                      trap,
+                      [this] { remembered.Write(); },
+                      [this](const LoadReport& report) { TellMissing(report); }};
     ReceptionRange range{state.Airports, trap};
     ShutDown shut_down{state.Ended, state.form, settings,         remembered,
                        regional,    link,       ports.background, ports.player};

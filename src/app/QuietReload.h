@@ -30,8 +30,10 @@ class QuietReload {
     /// sorted.
     void TakeUp(const TextVersion& version);
 
-  private:
+    /// Loads that version, or without a text the present one.
     void Reload(const TextVersion& version);
+
+  private:
     bool GoesOn(const FeedState& feed);
     void StopFeed();
 

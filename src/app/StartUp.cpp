@@ -92,7 +92,7 @@ void StartUp::EnableMenus() {
 void StartUp::RestorePlayer() {
     parts_.remembered.Read();
     if (parts_.starter.CreatedCatalogue()) {
-        state_.marks.SharedFrequencies = true;
+        state_.marks.SharedFrequencies = state_.marks.SkipFaultyLines = true;
         parts_.remembered.Write();
     }
     ports_.player.SetVolume(state_.form.Volume);

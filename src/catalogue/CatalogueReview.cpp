@@ -5,6 +5,7 @@
 #include "radio/Channel.h"
 #include "runtime/Number.h"
 #include "state/FeedMarkers.h"
+#include "state/FrequencyPool.h"
 
 #include <algorithm>
 #include <map>
@@ -24,23 +25,36 @@ bool CanBeTuned(const std::string& frequency) {
     return frequency[3] == '.' && Val(frequency) >= BelowAnyRadio && Val(frequency) < AboveAnyRadio;
 }
 
+FrequencyPool FreeChannels(std::string_view text) {
+    FrequencyPool free;
+    LoadFrequencies(free);
+    while (const auto line = TakeLine(text)) {
+        if (!IsFeedLine(*line) || !IsWholeLine(*line)) continue;
+        const FeedLine feed = SplitFeedLine(*line);
+        if (feed.StatesFrequency()) RemFreq(free, FrequencyKey(feed.Freq));
+    }
+    return free;
+}
+
 /// Walks the lines in order.
 class Reviewer {
   public:
-    explicit Reviewer(const ReviewRules& rules) : rules_(rules) {}
+    /// `free` are the channels that no line states.
+    Reviewer(const ReviewRules& rules, const FrequencyPool& free) : rules_(rules), free_(free) {}
 
     void Take(std::string_view line) {
         ++number_;
         line_ = line;
         if (!IsFeedLine(line)) return;
-        const auto bars = std::count(line.begin(), line.end(), '|');
-        if (bars < 3) return Add(std::to_string(bars) + " \"|\" instead of 3: loading ends here");
+        if (!IsWholeLine(line)) return AddFaultyLine();
         const FeedLine feed = SplitFeedLine(line);
         review.Feeds.push_back(
             {number_, std::string(feed.ICAO), std::string(feed.City), std::string(feed.URL)});
         const bool unknown = IsBoundToAPlace(feed) && !rules_.KnowsAirport(feed.ICAO);
-        if (unknown) Add("Airport.dat does not know " + Quoted(feed.ICAO) + ": there is no distance to it");
+        if (unknown) Add(Quoted(feed.ICAO) + " is not in Airport.dat, so its distance is unknown");
         TakeFrequency(feed, unknown);
+        if (!feed.StatesFrequency() && TakeLowest(free_).empty())
+            Add("No free channel is left for it: state a frequency, or it can never be tuned");
     }
 
     CatalogueReview review;
@@ -52,31 +66,39 @@ class Reviewer {
         return RadioMarker(feed.City) == 0 && PlaylistMarker(feed.URL) == 0;
     }
 
+    void AddFaultyLine() {
+        const auto bars = std::count(line_.begin(), line_.end(), '|');
+        Add("Only " + std::to_string(bars) +
+            " \"|\" instead of 3: " + (rules_.SkipFaultyLines ? "left out" : "the list stops here"));
+    }
+
     void TakeFrequency(const FeedLine& feed, bool unknown_airport) {
         if (feed.Freq.empty()) return;
         const std::string frequency(feed.Freq);
         if (!feed.StatesFrequency())
-            return Add(Quoted(frequency) +
-                       " does not count: a frequency has six characters, or seven that name a channel");
-        if (!CanBeTuned(frequency)) Add("No radio can be tuned to " + Quoted(frequency));
+            return Add(
+                Quoted(frequency) +
+                " is ignored: write six characters (118.70), or a channel with three decimals (118.305)");
+        if (!CanBeTuned(frequency)) Add("No radio can tune " + Quoted(frequency));
         const std::string key(FrequencyKey(frequency));
         Statements& statements = stated_.try_emplace(key, Statements{number_, {}}).first->second;
         const auto [same, is_new] = statements.by_airport.emplace(feed.ICAO, number_);
         if (!is_new)
-            Add(LineHas(same->second, key) + " for the same airport: only one is found");
+            Add(LineHas(same->second, key) + " for the same airport: only one of them will play");
         else if (statements.first != number_ && !rules_.SharedFrequencies)
-            Add(LineHas(statements.first, key) + ": only one is found");
+            Add(LineHas(statements.first, key) + ": only one of them will play");
         else if (statements.first != number_ && unknown_airport)
-            Add(LineHas(statements.first, key) + ", and without a distance this one is never heard");
+            Add(LineHas(statements.first, key) + "; without a known airport this feed is never played");
     }
 
     static std::string LineHas(int line, const std::string& frequency) {
-        return "Line " + std::to_string(line) + " has " + frequency + " too";
+        return frequency + " is also on line " + std::to_string(line);
     }
 
     void Add(std::string reason) { review.Faults.push_back({number_, std::string(line_), std::move(reason)}); }
 
     const ReviewRules& rules_;
+    FrequencyPool free_;
     int number_ = 0;
     std::string_view line_;
     /// The lines that state a frequency.
@@ -90,7 +112,7 @@ class Reviewer {
 } // namespace
 
 CatalogueReview ReviewCatalogue(std::string_view text, const ReviewRules& rules) {
-    Reviewer reviewer(rules);
+    Reviewer reviewer(rules, FreeChannels(text));
     while (const auto line = TakeLine(text)) reviewer.Take(*line);
     return std::move(reviewer.review);
 }

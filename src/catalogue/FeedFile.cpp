@@ -4,6 +4,8 @@
 #include "runtime/RuntimeError.h"
 #include "runtime/Text.h"
 
+#include <algorithm>
+
 namespace quillon {
 
 namespace {
@@ -22,6 +24,10 @@ std::string_view TakeField(std::string_view& line) {
 
 bool IsFeedLine(std::string_view line) {
     return !line.starts_with("//") && line.find('|') != std::string_view::npos;
+}
+
+bool IsWholeLine(std::string_view line) {
+    return std::count(line.begin(), line.end(), '|') >= 3;
 }
 
 FeedLine SplitFeedLine(std::string_view line) {

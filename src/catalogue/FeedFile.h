@@ -11,6 +11,9 @@ inline constexpr const char* ReplacedName = "live_atc_feeds.old"; ///< what the 
 /// Whether a line of the catalogue holds a feed: it does not start with "//" and contains a "|".
 bool IsFeedLine(std::string_view line);
 
+/// Whether a feed's line has all of its "|".
+bool IsWholeLine(std::string_view line);
+
 /// The fields of a feed's line, which must outlive them.
 struct FeedLine {
     std::string_view ICAO;

@@ -33,6 +33,13 @@ void FeedLoader::LoadList() {
 
 void FeedLoader::LoadList(const TextVersion& version) {
     loaded_ = version;
+    Load();
+    if (met_faulty_line_ && AskToLeaveOut()) Load();
+    tell_(report_);
+}
+
+void FeedLoader::Load() {
+    met_faulty_line_ = false;
     ListView& list = state_.form.lvwDB;
     // Sorted once at the end: inserting a row into a sorted list moves all rows after it.
     const bool sorted = list.Sorted();
@@ -56,6 +63,7 @@ void FeedLoader::RebuildList() {
     Open();
     const std::string& text = *loaded_.Text;
     list.Reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1, loaded_.Text);
+    report_ = {};
     ForEachFeed("Getting Data: ", [this](const FeedLine& feed) { AddFeed(feed); });
     if (FirstListLoad) ShowFirst();
     state_.MessageText.clear();
@@ -64,8 +72,9 @@ void FeedLoader::RebuildList() {
 
 /// Stated frequencies have already been taken out of the pool.
 void FeedLoader::AddFeed(const FeedLine& feed) {
-    state_.form.lvwDB.Add(
-        {feed.ICAO, feed.City, feed.StatesFrequency() ? feed.Freq : TakeLowest(state_.List1), feed.URL});
+    const std::string_view frequency = feed.StatesFrequency() ? feed.Freq : TakeLowest(state_.List1);
+    if (frequency.empty()) ++report_.WithoutChannel;
+    state_.form.lvwDB.Add({feed.ICAO, feed.City, frequency, feed.URL});
 }
 
 void FeedLoader::ShowFirst() {
@@ -140,14 +149,26 @@ void FeedLoader::AskToShare(const std::vector<Duplicate>& duplicates) {
         std::any_of(duplicates.begin(), duplicates.end(),
                     [](const Duplicate& duplicate) { return !duplicate.SameAirport; });
     if (shared || !several_airports) return;
-    shared =
-        prompts_.Confirm("Shared Frequencies",
-                         "Many frequencies of your catalogue belong to more than one airport.\r\rMay airports "
-                         "share frequencies? Quillon then plays the nearest airport in range instead of "
-                         "the first line, and no longer reports them. You can change this in the "
-                         "Preferences menu.",
-                         Choices::YesNo);
+    shared = prompts_.Confirm(
+        "Shared Frequencies",
+        "Many frequencies in your catalogue belong to more than one airport.\r\rAllow airports "
+        "to share frequencies? Quillon will then play the nearest airport in range instead of "
+        "the first in the list, and stop reporting these duplicates. You can change this "
+        "later in the Preferences menu.",
+        Choices::YesNo);
     remember_();
+}
+
+bool FeedLoader::AskToLeaveOut() {
+    auto& skips = state_.marks.SkipFaultyLines;
+    if (skips || state_.QuitRequested) return false;
+    skips = prompts_.Confirm("Faulty Lines",
+                             "A line of your catalogue cannot be read, so the feeds after it are missing.\r\r"
+                             "Leave such lines out from now on? Quillon will then load all the others and say "
+                             "how many it left out. You can change this later in the Preferences menu.",
+                             Choices::YesNo);
+    remember_();
+    return *skips;
 }
 
 void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {
@@ -155,6 +176,12 @@ void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {
     std::string_view rest = *loaded_.Text;
     while (const auto line = TakeLine(rest)) {
         if (!IsFeedLine(*line)) continue;
+        const bool faulty = !IsWholeLine(*line);
+        if (faulty && state_.marks.SkipFaultyLines.value_or(false)) {
+            ++report_.LinesLeftOut;
+            continue;
+        }
+        met_faulty_line_ |= faulty;
         try {
             handler(SplitFeedLine(*line));
         } catch (...) { // set only now: nobody sees the step of a line that succeeds

@@ -46,8 +46,8 @@ constexpr const char* DistanceTexts[] = {
 constexpr const char* NoFeed = "*";
 
 std::string NoticeText(const Notice& notice) {
-    constexpr const char* Words[] = {"", "The radio did not take ", "Sound device gone: ",
-                                     "Number signs left as they are: no note of them can be written"};
+    constexpr const char* Words[] = {"", "The radio rejected ", "Sound device gone: ",
+                                     "Number separators left unchanged: they could not be saved", ""};
     return Words[static_cast<std::size_t>(notice.What)] + notice.About;
 }
 

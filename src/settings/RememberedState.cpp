@@ -112,6 +112,11 @@ constexpr Key Keys[] = {
          values.PreferenceMarks.SharedFrequencies = AnswerOf(text);
      },
      [](const RememberedValues& values) { return AnswerText(values.PreferenceMarks.SharedFrequencies); }},
+    {"skip-faulty-lines",
+     [](std::string_view text, RememberedValues& values) {
+         values.PreferenceMarks.SkipFaultyLines = AnswerOf(text);
+     },
+     [](const RememberedValues& values) { return AnswerText(values.PreferenceMarks.SkipFaultyLines); }},
     {"player", TakePlayer, PlayerText},
     {"sound-device", [](std::string_view text, RememberedValues& values) { values.Sound.Device = text; },
      [](const RememberedValues& values) { return values.Sound.Device; }},

@@ -118,6 +118,7 @@ struct Marks {
     bool OnTop = false;                    ///< of all other windows
     bool HideWhenMinimised = false;        ///< in the notification area
     bool StartMinimised = false;
+    std::optional<bool> SkipFaultyLines{}; ///< of the catalogue
 
     bool operator==(const Marks&) const = default;
 };

@@ -59,11 +59,11 @@ struct DistanceValue {
 enum class LinkNews { None, Looking };
 
 /// What the feed's panel says in passing.
-enum class NoticeKind { None, RadioRefused, SoundDeviceGone, SeparatorsKept };
+enum class NoticeKind { None, RadioRefused, SoundDeviceGone, SeparatorsKept, FeedsMissing };
 
 struct Notice {
     NoticeKind What = NoticeKind::None;
-    std::string About; ///< the frequency that the radio did not take, or the device
+    std::string About; ///< the frequency that the radio did not take, the device, or what is missing
 };
 
 struct ShownValues {

@@ -129,7 +129,7 @@ class Flight(unittest.TestCase):
         self.hear_channels(AS_BEFORE)
         self.copilot.ask("rowclick 5")
         self.copilot.ask("command TuneFeed")
-        self.copilot.await_text("panel 3", "The radio did not take 125.305")
+        self.copilot.await_text("panel 3", "The radio rejected 125.305")
         self.copilot.await_text("panel 3", "CYYZ - 125.30", 15)
         self.assertEqual(self.copilot.ask("boxes"), "")
 

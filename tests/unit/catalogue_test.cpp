@@ -18,7 +18,10 @@ const std::string Mark = "\xEF\xBB\xBF";
 
 class Catalogue : public TempFolder {
   protected:
-    Catalogue() { state.folders = {"", folder + "\\", folder + "\\ATC\\"}; }
+    Catalogue() {
+        state.folders = {"", folder + "\\", folder + "\\ATC\\"};
+        state.marks.SkipFaultyLines = false;
+    }
 
     /// Loads a catalogue of that content; returns the list's rows as "ICAO/City/Freq/URL;".
     std::string Load(std::string_view content) {
@@ -48,7 +51,14 @@ class Catalogue : public TempFolder {
     FakeCodePage page;
     FakePlayer player;
     ErrorTrap trap{state.StartupStep, state.MessageText, prompts.AsReport()};
-    FeedLoader loader{state, prompts, page, player, trap, [this] { ++kept; }};
+    FeedLoader loader{state,
+                      prompts,
+                      page,
+                      player,
+                      trap,
+                      [this] { ++kept; },
+                      [this](const LoadReport& told) { report = told; }};
+    LoadReport report;
     int kept = 0; ///< times that the marks were
     ListView& list = state.form.lvwDB;
 };
@@ -69,6 +79,29 @@ TEST(FrequencyPool, HoldsTheRasterFrom118To13695) {
     for (const char* none : {"118.01", "118,00", "136.97", "117.95", "11:.00", "18.00", "118.0 ", ""})
         RemFreq(pool, none);
     EXPECT_TRUE(pool.Free.all());
+}
+
+TEST_F(Catalogue, FaultyLinesAreLeftOutIfTheUserWishes) {
+    std::string text = "CYYZ|one bar\r\nCYYZ|a|http://a|118.70\r\nCYYZ|two|bars\r\nCYYZ|b|http://b|118.75\r\n";
+    for (const bool yes : {false, true}) {
+        state.marks = {};
+        prompts = {};
+        prompts.yes = yes;
+        Load(text);
+        EXPECT_EQ(prompts.messages.size(), 2U) << "as ever";
+        EXPECT_EQ(prompts.questions.size(), 1U);
+        EXPECT_EQ(state.marks.SkipFaultyLines, yes);
+        EXPECT_EQ(list.Items().size(), yes ? 2U : 0U);
+        EXPECT_EQ(report.LinesLeftOut, yes ? 2U : 0U);
+        EXPECT_EQ(std::exchange(kept, 0), 1);
+        Load(text);
+        EXPECT_EQ(prompts.messages.size(), yes ? 2U : 4U);
+        EXPECT_EQ(prompts.questions.size(), 1U) << "asked once";
+    }
+    text.clear();
+    for (int feed = 0; feed < 761; ++feed) text += "CYYZ|x|http://a|\r\n";
+    Load(text);
+    EXPECT_EQ(report.WithoutChannel, 2U);
 }
 
 TEST_F(Catalogue, LinesBecomeRowsAndMissingFrequenciesTheLowestFreeOnes) {

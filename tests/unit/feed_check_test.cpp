@@ -16,8 +16,8 @@ TEST(CatalogueReview, NamesTheLinesThatDoNotDoWhatTheyLookLike) {
     std::string faults;
     for (const auto& fault : review.Faults)
         faults += std::to_string(fault.Number) + fault.Reason.substr(0, 5) + ",";
-    EXPECT_EQ(faults, "51 \"|\",62 \"|\",7Line ,8\"118.,10No ra,12No ra,13No ra,15Line ,16\"118.,");
-    EXPECT_EQ(review.Faults[2].Reason.find("4 has 118.70 too"), 5U);
+    EXPECT_EQ(faults, "5Only ,6Only ,7118.7,8\"118.,10No ra,12No ra,13No ra,15118.7,16\"118.,");
+    EXPECT_EQ(review.Faults[2].Reason.find("118.70 is also on line 4"), 0U);
     ASSERT_EQ(review.Feeds.size(), 11U); // those behind the broken lines too
     EXPECT_EQ(review.Feeds[1].Line, 7);
 }
@@ -28,15 +28,32 @@ TEST(CatalogueReview, NamesWhatCanNeverBeHeardWhereAirportsShareFrequencies) {
     const auto knows = [](std::string_view icao) { return icao != "ZZZZ"; };
     for (const bool shared : {false, true}) {
         std::string faults;
-        for (const auto& fault : ReviewCatalogue(text, {shared, knows}).Faults)
+        for (const auto& fault : ReviewCatalogue(text, {shared, false, knows}).Faults)
             faults += std::to_string(fault.Number) + " " + fault.Reason + "\n";
-        const std::string unknown = "Airport.dat does not know \"ZZZZ\": there is no distance to it\n";
-        EXPECT_EQ(faults,
-                  (shared ? "" : "2 Line 1 has 118.70 too: only one is found\n") +
-                      ("3 Line 2 has 118.70 too for the same airport: only one is found\n4 " + unknown) +
-                      (shared ? "4 Line 1 has 118.70 too, and without a distance this one is never heard\n6 "
-                              : "4 Line 1 has 118.70 too: only one is found\n6 ") +
-                      unknown);
+        const std::string unknown = "\"ZZZZ\" is not in Airport.dat, so its distance is unknown\n";
+        EXPECT_EQ(
+            faults,
+            (shared ? "" : "2 118.70 is also on line 1: only one of them will play\n") +
+                ("3 118.70 is also on line 2 for the same airport: only one of them will play\n4 " + unknown) +
+                (shared ? "4 118.70 is also on line 1; without a known airport this feed is never played\n6 "
+                        : "4 118.70 is also on line 1: only one of them will play\n6 ") +
+                unknown);
+    }
+}
+
+TEST(CatalogueReview, NamesFaultyLinesAndFeedsWithoutAChannel) {
+    std::string text = "CYYZ|one bar\nCYYZ|two|bars\n";
+    for (int feed = 0; feed < 761; ++feed) text += "CYYZ|x|http://a|\n";
+    text += "CYYZ|stated|http://a|118.00\n";
+    for (const bool skip : {false, true}) {
+        const auto faults = ReviewCatalogue(text, {false, skip}).Faults;
+        ASSERT_EQ(faults.size(), 5U);
+        const std::string then = skip ? "left out" : "the list stops here";
+        EXPECT_EQ(faults[0].Reason, "Only 1 \"|\" instead of 3: " + then);
+        EXPECT_EQ(faults[1].Reason, "Only 2 \"|\" instead of 3: " + then);
+        EXPECT_EQ(faults[2].Number, 761);
+        EXPECT_EQ(faults[2].Reason,
+                  "No free channel is left for it: state a frequency, or it can never be tuned");
     }
 }
 

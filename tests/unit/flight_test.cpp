@@ -30,7 +30,7 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     EXPECT_TRUE(state().Ended);
     EXPECT_EQ(Read("Quillon\\Quillon.state"),
               "volume=0\r\nuser-agent=me\r\nwindow=\r\ncolumns=700 3500 800 "
-              "2400\r\nstay-open=\r\nshared-frequencies=\r\nplayer=\r\nsound-device=\r\nsound-device-name=\r\n"
+              "2400\r\nstay-open=\r\nshared-frequencies=\r\nskip-faulty-lines=\r\nplayer=\r\nsound-device=\r\nsound-device-name=\r\n"
               "place=\r\ncompact-place=\r\ncompact=no\r\non-top=no\r\nhide-when-minimised=no\r\n"
               "start-minimised=no\r\n");
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n");
@@ -65,7 +65,7 @@ TEST_F(Flight, AnEmptySeparatorIsReplacedTooButNothingWithoutANote) {
     MakeFolder("Quillon\\Quillon.separators"); // stands in the way of writing
     Start();
     EXPECT_EQ(regional.thousand, "");
-    EXPECT_EQ(panel(3), "Number signs left as they are: no note of them can be written");
+    EXPECT_EQ(panel(3), "Number separators left unchanged: they could not be saved");
 }
 
 TEST_F(Flight, StartVolumeIsANumberFromOneToAHundred) {

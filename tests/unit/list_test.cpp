@@ -166,11 +166,11 @@ TEST_F(Hand, TuningToAChannelOf8Point33IsCheckedAfterwards) {
     };
     constexpr std::uint32_t Hertz = 0x05D0, Before = 122'800'000;
     const Row rows[] = {{false, "118.305", 0x1830, 118'305'000, "118.305", "CYYZ - x"},
-                        {false, "118.305", 0x1830, 118'305'000, "118.300", "The radio did not take 118.305"},
+                        {false, "118.305", 0x1830, 118'305'000, "118.300", "The radio rejected 118.305"},
                         {false, "118.31", 0x1831, 118'310'000, "118.310", "CYYZ - x"},
                         {false, "118.025", 0x1802, Before, "118.02", "CYYZ - x"},
-                        {false, "118.30", 0x1830, Before, "122.80", "The radio did not take 118.30"},
-                        {true, "118.305", 0x1830, Before, "118.30", "The radio did not take 118.305"},
+                        {false, "118.30", 0x1830, Before, "122.80", "The radio rejected 118.30"},
+                        {true, "118.305", 0x1830, Before, "118.30", "The radio rejected 118.305"},
                         {false, "118.30", 0x1830, Before, "122.80", "*", 11}, // someone else has retuned it
                         {true, "118.30", 0x1830, Before, "122.80", "*"}};
     for (const Row& row : rows) {

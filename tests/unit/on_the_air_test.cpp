@@ -79,13 +79,13 @@ class OnAir : public Flight {
         program->Run(Command::mnuRange);
         Poll();
     }
-    static constexpr const char* NoSimulator = "No simulator answers.";
+    static constexpr const char* NoSimulator = "No simulator is answering.";
 };
 
 TEST_F(OnAir, ListsWhatIsInRangeAsTheMainWindowMeasuresIt) {
     Start();
     Open();
-    EXPECT_EQ(Shown(), "The simulator has not said yet where the aircraft is.");
+    EXPECT_EQ(Shown(), "The simulator has not reported the aircraft's position yet.");
     simulator.Tune(Com2Standby, "118.70");
     simulator.FlyTo(43.01, -79.01);
     player.state = Playing;

@@ -21,6 +21,7 @@ TEST(RememberedState, DefaultsStandInForWhatMakesNoSense) {
          {100, "", {}, {}, {{}, {}, true, true, false}}},
         {"compact=yes\nplace=-1920 0\ncompact-place=7 -8\nplace=5\nplace=a 1\nplace=1 999999",
          {100, "", {}, {}, {}, {}, true, WindowPlace{-1920, 0}, WindowPlace{7, -8}}},
+        {"skip-faulty-lines=yes", {100, "", {}, {}, {{}, {}, false, false, false, true}}},
         {"shared-frequencies=no", {100, "", {}, {}, {{}, false}}},
     };
     for (const auto& [text, values] : rows) {

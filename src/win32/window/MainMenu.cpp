@@ -85,7 +85,7 @@ void MainMenu::SyncSoundDevices(const SoundDeviceMenu& menu) {
     CheckMenuRadioItem(devices_, 0, static_cast<UINT>(count), static_cast<UINT>(menu.Checked), MF_BYPOSITION);
     AppendMenuW(devices_, MF_SEPARATOR, 0, nullptr);
     AppendMenuW(devices_, MF_STRING | MF_GRAYED, Command::SoundDevicesNote,
-                L"The Windows Media Player uses the default device");
+                L"Windows Media Player always uses the default device");
 }
 
 void MainMenu::Sync(const ProgramState& state) {
