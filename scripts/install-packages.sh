@@ -4,7 +4,7 @@ set -eu
 packages="cmake ninja-build g++ googletest g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
   python3 wine wine64 fonts-wine fonts-liberation xvfb xauth openbox imagemagick
   pulseaudio pulseaudio-utils icecast2 ffmpeg espeak-ng openssl gstreamer1.0-plugins-base gstreamer1.0-libav weather-util-data
-  cups-daemon cups-client ghostscript poppler-utils $*"
+  cups-daemon cups-client ghostscript poppler-utils trayer xdotool x11-utils $*"
 missing=
 for package in $packages; do
   dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"

@@ -72,6 +72,11 @@ std::string Area(const Words&) {
     return numbers;
 }
 
+/// Whether the main window is kept above all others.
+std::string OnTop(const Words&) {
+    return (GetWindowLongW(TheMainWindow(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0 ? "1" : "0";
+}
+
 std::string Minimise(const Words&) {
     return Post(TheMainWindow(), WM_SYSCOMMAND, SC_MINIMIZE);
 }
@@ -244,7 +249,7 @@ const std::vector<Command> WindowCommands = {
     {"answer", 0, 99, Answer},    {"pick", 2, 2, PickEntry},      {"hold", 1, 1, Hold},
     {"release", 1, 1, Release},   {"field", 1, 99, Field},        {"kill", 1, 1, Kill},
     {"silence", 1, 1, Silence},   {"tabs", 0, 0, TabOrder},       {"area", 0, 0, Area},
-    {"minimise", 0, 0, Minimise},
+    {"minimise", 0, 0, Minimise}, {"ontop", 0, 0, OnTop},
 };
 
 } // namespace practice

@@ -42,6 +42,7 @@ class AtHand(unittest.TestCase):
         self.copilot.ask("close QuillonMain")
         self.assertEqual(self.world.quillon.wait(20), 0)
         self.world.start_quillon()
+        self.copilot.await_text("title", lambda title: title.endswith("-OK"), 15)
 
     def icon(self):
         """The middle of the icon on the screen; nothing if there is none."""
@@ -106,14 +107,10 @@ class AtHand(unittest.TestCase):
         left, top, width, height = self.area()
         self.assertTrue(0 <= left and left + width <= 1280 and 0 <= top and top + height <= 900, self.area())
 
-    def is_on_top(self):
-        windows = self.screen("xdotool", "search", "--onlyvisible", "--name", "^Quillon").split()
-        return any("_ABOVE" in self.screen("xprop", "-id", window, "_NET_WM_STATE") for window in windows)
-
     def test_4_on_top_of_another_window_after_a_restart_too(self):
         self.copilot.ask("command OnTopMark")
         for _ in range(2):
-            wait_until("its place above", self.is_on_top, 10)
+            self.copilot.await_text("ontop", "1")
             self.restart()
         self.copilot.ask("command OnTopMark")
 

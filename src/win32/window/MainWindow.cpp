@@ -424,14 +424,20 @@ void MainWindow::SyncVisibility() {
     icon_.Sync(window_, theme_, IconFor(program_->State()));
     if (!compact_) size_.Sync(window_, theme_, form.Size);
     if (compact_ != form.Compact && form.Visible) SetView(form.Compact);
-    if (std::exchange(on_top_, program_->State().marks.OnTop) != program_->State().marks.OnTop)
-        SetWindowPos(window_, on_top_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
-                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    if (std::exchange(on_top_, program_->State().marks.OnTop) != program_->State().marks.OnTop) SyncOnTop();
     if (form.Visible && !shown_) ShowFirst();
     if (shown_ && form.Hidden && IsWindowVisible(window_)) ShowWindow(window_, SW_HIDE);
     if (shown_ && std::exchange(show_served_, form.ShowRequest) != form.ShowRequest) BringUp();
     if (form.Visible && std::exchange(list_focus_served_, form.ListFocusRequest) != form.ListFocusRequest)
         SetFocus(compact_ ? controls_->PlayerPane() : list_->Window());
+}
+
+/// The second call is for Wine, where the first one only reaches the windows that this one owns, tool tips
+/// among them.
+void MainWindow::SyncOnTop() {
+    for (const UINT owned : {0U, static_cast<UINT>(SWP_NOOWNERZORDER)})
+        SetWindowPos(window_, on_top_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | owned);
 }
 
 void MainWindow::ShowFirst() {

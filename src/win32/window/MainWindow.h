@@ -70,6 +70,7 @@ class MainWindow : public Display {
     SIZE CompactSize() const;
     void LimitSize(MINMAXINFO& limits) const;
     void SetView(bool compact);
+    void SyncOnTop();
     void ShowFirst();
     void BringUp();
     void MoveToDpi(UINT dpi, LPARAM address);
