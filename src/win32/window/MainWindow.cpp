@@ -279,7 +279,7 @@ void MainWindow::ShowRowMenu(HWND control, POINT where) {
 
 void MainWindow::CreateControls() {
     theme_ = Theme(GetDpiForWindow(window_));
-    HWND tips = CreateToolTips(window_);
+    HWND tips = CreateToolTips();
     controls_ = std::make_unique<MainControls>(window_, tips, theme_);
     frames_ = std::make_unique<PreferenceFrames>(window_);
     list_ = std::make_unique<FeedList>(window_, tips, program_->State().form.lvwDB);
@@ -432,12 +432,9 @@ void MainWindow::SyncVisibility() {
         SetFocus(compact_ ? controls_->PlayerPane() : list_->Window());
 }
 
-/// The second call is for Wine, where the first one only reaches the windows that this one owns, tool tips
-/// among them.
 void MainWindow::SyncOnTop() {
-    for (const UINT owned : {0U, static_cast<UINT>(SWP_NOOWNERZORDER)})
-        SetWindowPos(window_, on_top_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
-                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | owned);
+    SetWindowPos(window_, on_top_ ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 void MainWindow::ShowFirst() {

@@ -24,10 +24,10 @@ void Send(HWND tips, UINT message, const TTTOOLINFOW& tool) {
 
 } // namespace
 
-HWND CreateToolTips(HWND owner) {
+HWND CreateToolTips() {
     HWND tips =
         CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX | TTS_ALWAYSTIP, 0, 0,
-                        0, 0, owner, nullptr, nullptr, nullptr);
+                        0, 0, nullptr, nullptr, nullptr, nullptr);
     SendMessageW(tips, TTM_SETMAXTIPWIDTH, 0, 480);
     return tips;
 }

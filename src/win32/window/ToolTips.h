@@ -6,8 +6,9 @@
 
 namespace quillon {
 
-/// Creates a tool tip window for a window and its controls; it is destroyed with that window.
-HWND CreateToolTips(HWND owner);
+/// Creates a tool tip window for the main window and its controls; it lives as long as the thread. Nobody owns
+/// it: under Wine, a window that owns another cannot be put on top of all others.
+HWND CreateToolTips();
 
 /// Sets a control's tip; an empty text removes it.
 void SetControlTip(HWND tips, HWND control, const std::string& text);
