@@ -68,7 +68,10 @@ IoStatus SecureConnection::ReadRecord() {
     if (progress == Incomplete) return Receive();
     if (progress == Closed && data_.empty()) return Fail(IoStatus::EndOfStream);
     if (progress == Closed) ended_ = IoStatus::EndOfStream;
-    if (progress == Failed) return Fail(IoStatus::Failed);
+    if (progress == Failed) {
+        data_.clear(); // of a damaged record
+        return Fail(IoStatus::Failed);
+    }
     is_established_ = progress != Handshake;
     needs_input_ = received_.empty();
     steps_without_data_ = data_.empty() ? steps_without_data_ + 1 : 0;

@@ -4,6 +4,7 @@
 #include "player/Playlists.h"
 #include "player/Reach.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace quillon;
@@ -132,9 +133,9 @@ TEST(PrivateAddress, IsOneThatTheInternetDoesNotReach) {
         return bytes;
     };
     const auto mapped = [](const std::vector<std::uint8_t>& four) {
-        std::vector<std::uint8_t> bytes(10, 0);
-        bytes.insert(bytes.end(), {255, 255});
-        bytes.insert(bytes.end(), four.begin(), four.end());
+        std::vector<std::uint8_t> bytes(16, 0);
+        bytes[10] = bytes[11] = 255;
+        std::copy_n(four.begin(), 4, bytes.begin() + 12);
         return bytes;
     };
     for (const auto& [name, first, last] : rows) {
