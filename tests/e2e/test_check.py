@@ -10,9 +10,9 @@ from hostile_server import HostileServer, make_certificate, make_expired_certifi
 from world.feeds import FEEDS
 from world.world import SOUNDS, World
 
-ROWS = ('5|CYYZ|broken||1 "|" instead of 3', "2|EGLL refuse|*The server takes no connections", "3|EGLL 404|*(404)",
-        "4|EGLL untrusted|*certificate is from an unknown issuer*redirected to https", "6|EGLL mute|*within ten seconds", "7|EGLL gone|*Cannot reach C:\\none",
-        "1|EGLL relative-redirect|*|Redirected to *.end?a=b", *(f"{8 + n}|{feed.icao} *|Plays" for n, feed in enumerate(FEEDS)))
+ROWS = ('10|CYYZ|broken||1 "|" instead of 3', "2|EGLL refuse|*The server takes no connections", "3|EGLL 404|*(404)",
+        "4|EGLL untrusted|*certificate is from an unknown issuer*redirected to https", "5|EGLL mute|*within ten seconds", "6|EGLL gone|*Cannot reach C:\\none",
+        "1|EGLL relative-redirect|*|Redirected to *.end?a=b", *(f"{7 + n}|{feed.icao} *|Plays" for n, feed in enumerate(FEEDS)))
 
 
 class Check(unittest.TestCase):
@@ -24,10 +24,14 @@ class Check(unittest.TestCase):
             copilot, feed = world.copilot, FEEDS[0]
             copilot.ask(f"tune com2stby {feed.frequency}")
             world.ear.await_(feed.icao)
-            names = ("relative-redirect", "refuse", "404", "untrusted", None, "mute")
-            lines = [f"EGLL|{name}|http://{server.address(name)}|" if name else "CYYZ|broken" for name in names]
+            names = ("relative-redirect", "refuse", "404", "untrusted", "mute")
+            lines = [f"EGLL|{name}|http://{server.address(name)}|" for name in names]
             (world.data / "live_atc_feeds.txt").write_text(
-                "\r\n".join([*lines, "EGLL|gone|C:\\none\\|", world.feeds.catalogue().split("\n", 1)[1]]), newline="")
+                "\r\n".join([*lines, "EGLL|gone|C:\\none\\|", world.feeds.catalogue().split("\n", 1)[1].rstrip(),
+                             "CYYZ|broken\r\n"]), newline="")
+            for title in ("Load User Frequency Error", "LoadList Error"):  # the changed file is loaded again
+                copilot.await_text("boxes", lambda boxes, title=title: boxes.startswith(title), 10)
+                copilot.ask("press IDOK")
 
             def check(until):
                 server.asked.clear()
