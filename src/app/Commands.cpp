@@ -139,6 +139,7 @@ constexpr auto SoundDevicesMenu = SoundDeviceCommands(std::make_index_sequence<C
 constexpr Command HelpMenu[] = {
     {Command::HelpPages, "&Help Pages\tF1", [](Parts& p) { p.help.ShowHelp(); }},
     {Command::ProgramFolders, "&Program Folders", [](Parts& p) { p.help.ShowFolders(); }},
+    {Command::ShowEvents, "&Event Log", [](Parts& p) { p.help.ShowEvents(p.events.Path()); }, WithFolders},
     {Command::mnuFSUPIC, "&FSUIPC Status", [](Parts& p) { p.status.mnuFSUPIC_Click(); }},
     Separator,
     {Command::AboutBox, "&About Quillon", [](Parts& p) { p.help.ShowAbout(); }},

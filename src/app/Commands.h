@@ -61,6 +61,7 @@ struct Command {
         HideWhenMinimisedMark = 2053,
         StartMinimisedMark = 2054,
         SkipFaultyLinesMark = 2059,
+        ShowEvents = 2060,
         ShowWindow = 2055,
         PlayOrStop = 2056,
         VolumeUp = 2057,

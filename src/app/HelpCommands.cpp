@@ -14,12 +14,18 @@ void HelpCommands::ShowFolders() {
 }
 
 void HelpCommands::ShowAbout() {
-    constexpr const char* Program = "msinfo32.exe";
-    if (!dialogs_.About()) return;
+    if (dialogs_.About()) Start("msinfo32.exe", "", "The system information");
+}
+
+void HelpCommands::ShowEvents(const std::string& path) {
+    Start("notepad.exe", path, "The event log");
+}
+
+void HelpCommands::Start(const std::string& program, const std::string& file, const std::string& what) {
     try {
-        shell_.Start(Program, "");
+        shell_.Start(program, file);
     } catch (const RuntimeError&) {
-        TellFailure(Program, "The system information");
+        TellFailure(program, what);
     }
 }
 

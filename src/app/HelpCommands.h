@@ -19,8 +19,12 @@ class HelpCommands {
     void ShowFolders();
     void ShowAbout();
 
+    /// Opens the event log in Notepad.
+    void ShowEvents(const std::string& path);
+
   private:
     void Open(const std::string& address, const std::string& what);
+    void Start(const std::string& program, const std::string& file, const std::string& what);
     void TellFailure(const std::string& address, const std::string& what);
 
     const Folders& folders_;

@@ -51,8 +51,11 @@ void Parts::RunTrapped(const HandlerGate::Handler& handler) {
     if (state.Ended) return;
     trap.RunCommand("Unexpected error", Icon::Exclamation, handler);
     playing_row.Follow();
+    event_notes.Follow();
     if (state.QuitRequested) shut_down.Run();
-    if (state.Ended) gate.Close();
+    if (!state.Ended) return;
+    events.Add("Quillon ends");
+    gate.Close();
 }
 
 } // namespace quillon

@@ -3,6 +3,7 @@
 #include "app/AddFeed.h"
 #include "app/CatalogueReload.h"
 #include "app/CatalogueWatch.h"
+#include "app/EventNotes.h"
 #include "app/FeedCheck.h"
 #include "app/FeedListCommands.h"
 #include "app/FsuipcStatus.h"
@@ -45,8 +46,11 @@ struct Parts {
     HandlerGate gate;
     GatedClock clock;
     Ports ports;
+    EventLog events{state.folders, ports.disk, clock};
+    EventNotes event_notes{state, events};
     ErrorTrap trap{state.StartupStep, state.MessageText,
                    [this](const std::string& title, const std::string& text, Icon icon) {
+                       events.Add(title + ": " + text);
                        ports.prompts.Message(title, text, icon);
                    }};
     FsuipcClient link{ports.link, ports.memory, clock};
@@ -72,12 +76,13 @@ struct Parts {
     CatalogueReload reload{state.cycle, loader};
     StarterData starter{state.folders, state.form.lvwDB, state.StartupStep, ports.prompts, ports.shell};
     Notices notices{texts, clock};
-    StartUp start_up{state,
-                     ports,
-                     trap,
-                     texts,
-                     {regional, settings, remembered, airports, positions, loader, starter, reload, notices},
-                     command_line};
+    StartUp start_up{
+        state,
+        ports,
+        trap,
+        texts,
+        {regional, settings, remembered, airports, positions, loader, starter, reload, notices, events},
+        command_line};
     PlayerDisplay display{state, texts, ports.player, ports.live, ports.shell};
     SoundMenu sound_menu{state.form.SoundDevices, state.sound, ports.devices, notices};
     TuningCheck tuning_check{state.radio, notices, clock};

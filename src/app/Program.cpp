@@ -51,7 +51,9 @@ void Program::Run(int command) {
     }
     if (command == Command::ShowWindow) return ShowWindow();
     const auto handler = [this, found] {
-        if (found->Enabled(state_)) found->Handler(*parts_);
+        if (!found->Enabled(state_)) return;
+        parts_->event_notes.NoteCommand(found->Text);
+        found->Handler(*parts_);
     };
     if (command == Command::StripMute)
         parts_->gate.Interrupt(handler); // like the mute key, even while the simulator is asked

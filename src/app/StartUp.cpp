@@ -81,6 +81,7 @@ void StartUp::PrepareFiles() {
     TraceLog log(state_.folders);
     state_.StartupStep = "Opening " + log.Path();
     log.Clear();
+    parts_.events.Add("Quillon starts");
     state_.StartupStep.clear();
 }
 

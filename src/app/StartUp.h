@@ -10,6 +10,7 @@
 #include "playback/Notices.h"
 #include "playback/ScreenTexts.h"
 #include "runtime/ErrorTrap.h"
+#include "settings/EventLog.h"
 #include "settings/RememberedState.h"
 #include "settings/Settings.h"
 #include "state/ProgramState.h"
@@ -31,6 +32,7 @@ class StartUp {
         StarterData& starter;
         CatalogueReload& reload;
         Notices& notices;
+        EventLog& events;
     };
 
     StartUp(ProgramState& state, const Ports& ports, ErrorTrap& trap, ScreenTexts& texts, const Parts& parts,

@@ -3,6 +3,7 @@
 #include "catalogue/FeedFile.h"
 #include "geo/Airports.h"
 #include "runtime/Files.h"
+#include "settings/EventLog.h"
 #include "settings/RememberedState.h"
 #include "settings/Settings.h"
 #include "settings/TraceLog.h"
@@ -79,7 +80,7 @@ void StarterData::Create() {
 /// Without a data folder, its parent, the application-data folder, was used instead.
 void StarterData::MoveFromBareFolder() {
     for (const char* name :
-         {CatalogueName, BackupName, AirportsName, SettingsName, RememberedName, TraceLogName}) {
+         {CatalogueName, BackupName, AirportsName, SettingsName, RememberedName, TraceLogName, EventLogName}) {
         const std::string file = folders_.DataPath + name;
         if (!FileExists(file) || FileExists(Target() + name)) continue;
         startup_step_ = "Moving " + file;

@@ -43,7 +43,9 @@ void PlayerDisplay::GetWMPState() {
     texts_.ShowStation(live_.Title());
     const bool tries = activity == Activity::Connecting || activity == Activity::Buffering ||
                        activity == Activity::NoConnection;
-    texts_.ShowCondition(tries ? live_.Condition() : FeedCondition());
+    FeedCondition condition = live_.Condition();
+    if (!tries) condition = {{}, {}, condition.NotEncrypted};
+    texts_.ShowCondition(condition);
     texts_.ShowServiceLogo(IsLiveAtc(state_.feed.FeedUrl));
 }
 

@@ -63,6 +63,10 @@ std::string MilesText(std::int32_t nautical_miles) {
 
 } // namespace
 
+std::string NameOf(Activity activity) {
+    return activity == Activity::Gap ? "Gap" : TextsOf(activity).Panel;
+}
+
 void ScreenTexts::ShowStatus(PlayerStatus status) {
     shown_.Status = status;
     std::string& text = form_[StatusPanel::Player].Text = TextsOf(status.What).Panel;
@@ -116,7 +120,7 @@ void ScreenTexts::ShowNotice(const Notice& notice) {
 }
 
 void ScreenTexts::ShowStation(const std::string& title) {
-    station_ = title;
+    shown_.Station = title;
     RefreshFeedPanel();
 }
 
@@ -169,7 +173,9 @@ void ScreenTexts::GreyStatusBar() {
 
 void ScreenTexts::RefreshFeedPanel() {
     Panel& panel = form_[StatusPanel::Feed];
-    panel.ToolTipText = station_.empty() ? feed_text_ : feed_text_ + "\r\n" + station_;
+    panel.ToolTipText = feed_text_;
+    if (!shown_.Station.empty()) panel.ToolTipText += "\r\n" + shown_.Station;
+    if (shown_.Condition.NotEncrypted) panel.ToolTipText.append("\r\n").append(NotEncryptedWords);
     std::string& text = panel.Text = feed_text_;
     if (shown_.Passing.What != NoticeKind::None) text = NoticeText(shown_.Passing);
     if (shown_.Condition.Silence) text = WordsOf(shown_.Condition);

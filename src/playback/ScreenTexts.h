@@ -8,6 +8,9 @@
 
 namespace quillon {
 
+/// What the first panel says of the player, without the seconds of a gap.
+std::string NameOf(Activity activity);
+
 /// The only writer of the main window's title, status bar and labels.
 class ScreenTexts {
   public:
@@ -78,7 +81,6 @@ class ScreenTexts {
     ShownValues& shown_;
     frmATC& form_;
     std::string feed_text_; ///< third panel without news of the link, reason and notice
-    std::string station_;
 };
 
 } // namespace quillon

@@ -70,6 +70,7 @@ struct ShownValues {
     PlayerStatus Status; ///< the first panel
     DistanceValue Distance;
     LinkNews Link = LinkNews::None;
+    std::string Station;     ///< what the station says it plays
     FeedCondition Condition; ///< why the current feed is silent
     bool Waiting = false;    ///< for an answer of the simulator's
     Notice Passing;

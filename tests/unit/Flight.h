@@ -60,6 +60,7 @@ class Flight : public TempFolder {
 
     void Start(const std::string& command_line = "") {
         ++simulator.process;
+        disk.Finish(); // for the program before, while it is there
         const Ports ports{simulator, simulator,  clock,   player,   player, prompts,  dialogs,
                           display,   shell,      files,   regional, page,   keyboard, printer,
                           probe,     background, devices, lister,   disk};

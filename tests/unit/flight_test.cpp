@@ -30,7 +30,8 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     EXPECT_TRUE(state().Ended);
     EXPECT_EQ(Read("Quillon\\Quillon.state"),
               "volume=0\r\nuser-agent=me\r\nwindow=\r\ncolumns=700 3500 800 "
-              "2400\r\nstay-open=\r\nshared-frequencies=\r\nskip-faulty-lines=\r\nplayer=\r\nsound-device=\r\nsound-device-name=\r\n"
+              "2400\r\nstay-open=\r\nshared-frequencies=\r\nskip-faulty-lines=\r\nplayer=\r\nsound-device="
+              "\r\nsound-device-name=\r\n"
               "place=\r\ncompact-place=\r\ncompact=no\r\non-top=no\r\nhide-when-minimised=no\r\n"
               "start-minimised=no\r\n");
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n");
@@ -113,6 +114,16 @@ TEST_F(Flight, SaysWhyAFeedIsSilentAndWhenItIsTriedAgain) {
     program->Run(Command::StayOpenMark);
     Tick();
     EXPECT_EQ(feed.Text, "Looking for the simulator ...");
+    std::string events = Read("Quillon\\Events.log");
+    for (const char* event :
+         {" Quillon starts\r\n", " Link: connected\r\n", " Radio: 118.70\r\n",
+          " Feed: CYYZ - Toronto Tower (118.70) http://feeds.example/a\r\n",
+          " Player: Connecting: Server not found\r\n", " Player: Muted\r\n",
+          " Command: Stay open when the simulator ends\r\n", " Link: looking for the simulator\r\n"}) {
+        const std::size_t place = events.find(event);
+        EXPECT_NE(place, std::string::npos) << event;
+        events.erase(0, place); // in this order
+    }
 }
 
 TEST_F(Flight, HighlightsWhatPlaysUntilTheUserSelectsAnother) {
