@@ -39,6 +39,12 @@ Parts::Parts(ProgramState& program_state, const Ports& outside, std::string argu
       clock(outside.clock, gate),
       ports(WithClock(outside, clock)) {}
 
+void Parts::TellFirstSteps() {
+    if (!starter.CreatedCatalogue()) return;
+    notices.Show({NoticeKind::FirstSteps, state.cycle.optManual() ? "Click a feed to hear it"
+                                                                  : "Tune a radio to a frequency of the list"});
+}
+
 void Parts::TellMissing(const LoadReport& report) {
     std::string about;
     if (report.LinesLeftOut > 0) about = Counted(report.LinesLeftOut, "faulty line") + " left out, ";

@@ -38,6 +38,9 @@ struct Parts {
     /// Runs a handler or a part of one, and quits after it if it was asked to.
     void RunTrapped(const HandlerGate::Handler& handler);
 
+    /// Tells a new user what to do next.
+    void TellFirstSteps();
+
     /// Tells the user what of the catalogue cannot be heard.
     void TellMissing(const LoadReport& report);
 
@@ -74,7 +77,7 @@ struct Parts {
                        regional,    link,       ports.background, ports.player};
     StayOpen stay_open{state, connection, settings, remembered, shut_down, ports.prompts};
     CatalogueReload reload{state.cycle, loader};
-    StarterData starter{state.folders, state.form.lvwDB, state.StartupStep, ports.prompts, ports.shell};
+    StarterData starter{state.form.lvwDB, state.StartupStep, ports.prompts, ports.shell};
     Notices notices{texts, clock};
     StartUp start_up{
         state,

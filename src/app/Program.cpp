@@ -38,6 +38,7 @@ bool Program::Connect() {
     });
     parts_->texts.ShowLink(LinkNews::None);
     if (connected) parts_->texts.ShowTitle("Quillon");
+    parts_->TellFirstSteps();
     return connected;
 }
 

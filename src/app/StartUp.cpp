@@ -14,11 +14,25 @@ void StartUp::Form_Load() {
     state_.splash.Visible = !RememberedState::StartsMinimised(DataFolder(ports_.shell));
     ports_.display.Repaint();
     SetUpForm();
+    const bool missing = parts_.starter.FilesAreMissing();
+    if (missing) CreateMissingFiles();
     Load(4);
     state_.splash.Visible = false;
     state_.form.Visible = !state_.Ended;
     ports_.display.Repaint(); // the next step may take long
-    if (!state_.Ended && parts_.starter.Offer() && !state_.Ended) TakeUpStarterData();
+    const auto wanted = [&] { return parts_.starter.NothingToHear() && parts_.starter.Offer(); };
+    if (!missing && !state_.Ended && wanted() && !state_.Ended) TakeUpStarterData();
+}
+
+void StartUp::CreateMissingFiles() {
+    if (parts_.starter.Offer()) CreateStarterData();
+}
+
+bool StartUp::CreateStarterData() {
+    if (!trap_.Run("Starter Data Error", Icon::Exclamation, [this] { parts_.starter.Create(); })) return false;
+    parts_.regional.Restore(); // so that its note is written to the new data folder
+    ReplaceSeparators();
+    return true;
 }
 
 /// Takes at least `least_seconds`, unless a step fails.
@@ -37,9 +51,7 @@ void StartUp::Load(std::int16_t least_seconds) {
 }
 
 void StartUp::TakeUpStarterData() {
-    if (!trap_.Run("Starter data error", Icon::Exclamation, [this] { parts_.starter.Create(); })) return;
-    parts_.regional.Restore(); // so that its note is written to the new data folder
-    ReplaceSeparators();
+    if (!CreateStarterData()) return;
     const bool cycle_ran = StopCycle(state_.cycle); // it has been running since the window was made
     Load(0);
     parts_.reload.TakeUpList(cycle_ran);

@@ -44,12 +44,15 @@ class StartUp {
           parts_(parts),
           command_line_(std::move(command_line)) {}
 
-    /// Loads the data behind the splash and then shows the main window, even if a step failed. Takes about four
-    /// seconds, serving window events. Then offers to create missing starter data, and loads it.
+    /// Offers to create missing files, loads the data behind the splash and then shows the main window, even if
+    /// a step failed. Takes about four seconds, serving window events. If there is nothing to hear then, the
+    /// offer is made then.
     void Form_Load();
 
   private:
     void Load(std::int16_t least_seconds);
+    void CreateMissingFiles();
+    bool CreateStarterData();
     void TakeUpStarterData();
     void ReplaceSeparators();
     void SetUpForm();

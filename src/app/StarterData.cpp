@@ -37,18 +37,18 @@ void CreateWithFolders(const std::string& root, const std::string& file, const s
 } // namespace
 
 bool StarterData::Offer() {
-    if (shell_.ApplicationDataFolder().empty() || !Needed() || Lacking().empty()) return false;
+    if (shell_.ApplicationDataFolder().empty() || Lacking().empty()) return false;
     return prompts_.Confirm(
         "Welcome to Quillon",
-        "Quillon has not found all that it plays from. Shall it create what is missing in\r\r" + Target() +
-            "\r\rYou get a catalogue to begin with, the airports of the world and recordings "
-            "that play without a simulator or internet. Nothing you have is overwritten.",
-        Choices::YesNo);
+        "Some of the files that Quillon needs are missing. Create them now in\r\r" + Target() +
+            "\r\rYou get a catalogue to start with, the world's airports, and recordings that play without a "
+            "simulator or internet connection. Nothing is overwritten.",
+        Choices::YesByDefault);
 }
 
-bool StarterData::Needed() {
+bool StarterData::FilesAreMissing() {
     const std::string folder = Target();
-    return !FileExists(folder + CatalogueName) || !FileExists(folder + AirportsName) || NothingToHear();
+    return !FileExists(folder + CatalogueName) || !FileExists(folder + AirportsName);
 }
 
 bool StarterData::NothingToHear() const {
@@ -66,8 +66,9 @@ std::vector<std::string> StarterData::Lacking() {
 void StarterData::Create() {
     const std::string folder = Target();
     startup_step_ = "Creating " + folder;
+    const bool is_new = !FolderExists(folder);
     MakeFolder(folder);
-    if (folders_.DataPath != folder) MoveFromBareFolder();
+    if (is_new) MoveFromBareFolder(shell_.ApplicationDataFolder() + "\\");
     for (const std::string& file : Lacking()) {
         startup_step_ = "Creating " + folder;
         startup_step_ += file;
@@ -78,10 +79,10 @@ void StarterData::Create() {
 }
 
 /// Without a data folder, its parent, the application-data folder, was used instead.
-void StarterData::MoveFromBareFolder() {
+void StarterData::MoveFromBareFolder(const std::string& bare) {
     for (const char* name :
          {CatalogueName, BackupName, AirportsName, SettingsName, RememberedName, TraceLogName, EventLogName}) {
-        const std::string file = folders_.DataPath + name;
+        const std::string file = bare + name;
         if (!FileExists(file) || FileExists(Target() + name)) continue;
         startup_step_ = "Moving " + file;
         MoveFileOver(file, Target() + name);

@@ -2,7 +2,6 @@
 
 #include "ports/Prompts.h"
 #include "ports/Shell.h"
-#include "state/Folders.h"
 #include "state/ListView.h"
 
 #include <string>
@@ -15,12 +14,17 @@ namespace quillon {
 class StarterData {
   public:
     /// `startup_step` says what is being done.
-    StarterData(const Folders& folders, const ListView& list, std::string& startup_step, Prompts& prompts,
-                Shell& shell)
-        : folders_(folders), list_(list), startup_step_(startup_step), prompts_(prompts), shell_(shell) {}
+    StarterData(const ListView& list, std::string& startup_step, Prompts& prompts, Shell& shell)
+        : list_(list), startup_step_(startup_step), prompts_(prompts), shell_(shell) {}
 
-    /// If the start found no catalogue, no airports or nothing that can be played, and there is starter data:
-    /// asks the user whether to create what is missing. Returns whether the answer was Yes.
+    /// Whether the data folder has no catalogue or no airports.
+    bool FilesAreMissing();
+
+    /// Whether nothing in the list can be played.
+    bool NothingToHear() const;
+
+    /// If there is starter data that the user lacks: asks whether to create it. Returns whether the answer was
+    /// Yes.
     bool Offer();
 
     /// Creates the user's data folder and the files that it lacks. Existing files are not touched; those that
@@ -34,12 +38,9 @@ class StarterData {
   private:
     std::string Source() { return shell_.ProgramFolder() + "starter\\"; }
     std::string Target() { return shell_.ApplicationDataFolder() + "\\Quillon\\"; }
-    bool Needed();
-    bool NothingToHear() const;
     std::vector<std::string> Lacking();
-    void MoveFromBareFolder();
+    void MoveFromBareFolder(const std::string& bare);
 
-    const Folders& folders_;
     const ListView& list_;
     std::string& startup_step_;
     Prompts& prompts_;

@@ -46,8 +46,12 @@ constexpr const char* DistanceTexts[] = {
 constexpr const char* NoFeed = "*";
 
 std::string NoticeText(const Notice& notice) {
-    constexpr const char* Words[] = {"", "The radio rejected ", "Sound device gone: ",
-                                     "Number separators left unchanged: they could not be saved", ""};
+    constexpr const char* Words[] = {"",
+                                     "The radio rejected ",
+                                     "Sound device gone: ",
+                                     "Number separators left unchanged: they could not be saved",
+                                     "",
+                                     ""};
     return Words[static_cast<std::size_t>(notice.What)] + notice.About;
 }
 

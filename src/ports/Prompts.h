@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-/// The answers that a question offers. The default is always No.
-enum class Choices { YesNo, YesNoCancel };
+/// The answers that a question offers. The default is No, except where it says otherwise.
+enum class Choices { YesNo, YesNoCancel, YesByDefault };
 
 /// Modal boxes. No other handler of the program runs while one is open.
 class Prompts {

@@ -59,7 +59,7 @@ struct DistanceValue {
 enum class LinkNews { None, Looking };
 
 /// What the feed's panel says in passing.
-enum class NoticeKind { None, RadioRefused, SoundDeviceGone, SeparatorsKept, FeedsMissing };
+enum class NoticeKind { None, RadioRefused, SoundDeviceGone, SeparatorsKept, FeedsMissing, FirstSteps };
 
 struct Notice {
     NoticeKind What = NoticeKind::None;

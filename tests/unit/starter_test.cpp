@@ -26,6 +26,9 @@ TEST_F(StarterTest, WhatIsMissingIsCreatedAndTakenUpAtOnce) {
         EXPECT_EQ(state().Airports.Lines().size(), 3U);
         EXPECT_EQ(Read("Quillon\\ATC\\CYYZ_T\\one.wav"), "RIFF");
         EXPECT_EQ(regional.decimal, ".");
+        EXPECT_TRUE(prompts.messages.empty()) << "offered before the files are loaded";
+        const bool has_catalogue = missing == std::string("Quillon\\Airport.dat");
+        EXPECT_EQ(panel(3) == "Tune a radio to a frequency of the list", !has_catalogue) << panel(3);
         Tick();
         EXPECT_EQ(state().feed.FeedIcao, "EGLL") << "tuned anew if a tick of the start has tuned already";
         program->Run(Command::mnuQuit);

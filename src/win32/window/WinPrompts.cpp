@@ -46,9 +46,10 @@ std::string WinPrompts::InputBox(const std::string& title, const std::string& pr
 }
 
 bool WinPrompts::Confirm(const std::string& title, const std::string& text, Choices choices) {
-    const UINT buttons = choices == Choices::YesNo ? MB_YESNO : MB_YESNOCANCEL;
+    const UINT buttons = choices == Choices::YesNoCancel ? MB_YESNOCANCEL : MB_YESNO;
+    const UINT default_button = choices == Choices::YesByDefault ? MB_DEFBUTTON1 : MB_DEFBUTTON2;
     return MessageBoxW(owner_(), FitForBox(text).c_str(), Wide(title).c_str(),
-                       buttons | MB_DEFBUTTON2 | MB_ICONQUESTION | MB_SETFOREGROUND) == IDYES;
+                       buttons | default_button | MB_ICONQUESTION | MB_SETFOREGROUND) == IDYES;
 }
 
 std::string WinPrompts::BrowseFile(const std::string& description, const std::string& pattern) {
