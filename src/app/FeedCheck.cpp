@@ -1,24 +1,46 @@
 #include "app/FeedCheck.h"
 
 #include "catalogue/FeedFile.h"
+#include "player/Address.h"
 #include "ports/TextFile.h"
+#include "runtime/Files.h"
+#include "runtime/Text.h"
 #include "state/FeedCondition.h"
 
 #include <algorithm>
+#include <tuple>
+#include <utility>
 
 namespace quillon {
 
 namespace {
 
+constexpr const char* ErrorsTitle = "Check Feeds Error";
+
 std::string NameOf(const CatalogueReview::Feed& feed) {
     return feed.ICAO + " " + feed.City;
+}
+
+/// Who is asked for the feed, in lower case; empty for this computer.
+std::string HostOf(const std::string& url) {
+    const auto address = ParseAddress(url);
+    return address ? LCase(address->host) : ServerOfPath(url);
+}
+
+bool IsFault(const CheckFeedsForm::Row& row) {
+    return row.Kind == Finding::FaultyLine || row.Kind == Finding::Fails;
+}
+
+std::string TextOf(const CheckFeedsForm::Row& row) {
+    return "Line " + std::to_string(row.Line) + ": " + row.Result + " (" + row.Feed +
+           (row.Address.empty() ? "" : ", " + row.Address) + ")\r\n";
 }
 
 } // namespace
 
 void FeedCheck::CheckFeeds() {
     ++form_.ActivationRequest;
-    if (!form_.Running) trap_.RunCommand("Check Feeds Error", Icon::Exclamation, [this] { Begin(); });
+    if (!form_.Running) trap_.RunCommand(ErrorsTitle, Icon::Exclamation, [this] { Begin(); });
 }
 
 void FeedCheck::Begin() {
@@ -27,55 +49,99 @@ void FeedCheck::Begin() {
     CatalogueReview review =
         ReviewCatalogue(ReadText(path, page_),
                         {marks_.SharedFrequencies.value_or(false), marks_.SkipFaultyLines.value_or(false),
-                         [this](auto icao) { return airports_.Of(icao) != nullptr; }});
+                         [this](auto icao) { return EntryOf(icao); }});
     trap_.StartupStep().clear();
-    form_.Rows.clear();
+    results_.clear();
     for (CatalogueReview::FaultyLine& fault : review.Faults)
-        form_.Rows.push_back(
+        results_.push_back(
             {Finding::FaultyLine, fault.Number, std::move(fault.Text), "", std::move(fault.Reason)});
-    ++form_.Revision;
+    ShowResults();
     feeds_ = std::move(review.Feeds);
+    for (std::size_t feed = 0; feed < feeds_.size(); ++feed)
+        waiting_.push_back({feed, HostOf(feeds_[feed].URL)});
     form_.Done = 0;
     form_.Total = feeds_.size();
     form_.Visible = form_.Running = true;
-    TryNext();
+    StartTries();
 }
 
-void FeedCheck::TryNext() {
-    if (form_.Done == form_.Total) return End("Done.");
-    const CatalogueReview::Feed& feed = feeds_[form_.Done];
+AirportEntry FeedCheck::EntryOf(std::string_view icao) {
+    if (airports_.Of(icao) != nullptr) return AirportEntry::Complete;
+    return airports_.Lists(icao) ? AirportEntry::WithoutPosition : AirportEntry::Missing;
+}
+
+void FeedCheck::StartTries() {
+    const FileServers servers = FileServersOf(list_);
+    for (auto next = waiting_.begin(); next != waiting_.end() && tries_.size() < MostTries;) {
+        if (IsTrying(next->Host)) {
+            ++next;
+            continue;
+        }
+        next->Began = clock_.Now();
+        next->Running = probe_.Start(feeds_[next->Feed].URL, user_agent_, servers);
+        tries_.push_back(std::move(*next));
+        next = waiting_.erase(next);
+    }
+    if (tries_.empty()) return End("Done.");
+    ShowProgress();
+}
+
+bool FeedCheck::IsTrying(const std::string& host) const {
+    return std::any_of(tries_.begin(), tries_.end(), [&](const Try& running) { return running.Host == host; });
+}
+
+void FeedCheck::ShowProgress() {
+    std::string names;
+    for (const Try& running : tries_) names += (names.empty() ? "" : ", ") + NameOf(feeds_[running.Feed]);
     form_.LabelCaption =
-        "Trying " + std::to_string(form_.Done + 1) + " of " + std::to_string(form_.Total) + ": " + NameOf(feed);
-    try_began_ = clock_.Now();
-    probe_.Start(feed.URL, user_agent_, FileServersOf(list_));
+        "Tried " + std::to_string(form_.Done) + " of " + std::to_string(form_.Total) + ". Trying: " + names;
 }
 
 void FeedCheck::Poll() {
     if (!form_.Running) return;
-    if (const auto answer = probe_.Result()) {
-        Record(*answer);
-    } else if (clock_.Now() - try_began_ > LongestTry) {
-        probe_.Cancel();
-        Record({Finding::Fails, WordsOf(SilenceReason{SilenceCause::NoAnswer, ""})});
-    }
+    const auto ended = std::erase_if(tries_, [this](const Try& running) {
+        const auto answer = AnswerTo(running);
+        if (!answer) return false;
+        const CatalogueReview::Feed& feed = feeds_[running.Feed];
+        Add({answer->Kind, feed.Line, NameOf(feed), feed.URL, answer->Words});
+        return true;
+    });
+    form_.Done += ended;
+    if (ended > 0) StartTries();
 }
 
-void FeedCheck::Record(const FeedAnswer& answer) {
-    const CatalogueReview::Feed& feed = feeds_[form_.Done++];
-    form_.Rows.push_back({answer.Kind, feed.Line, NameOf(feed), feed.URL, answer.Words});
+std::optional<FeedAnswer> FeedCheck::AnswerTo(const Try& running) {
+    auto answer = running.Running->Answer();
+    if (!answer && clock_.Now() - running.Began > LongestTry)
+        answer = {Finding::Fails, WordsOf(SilenceReason{SilenceCause::NoAnswer, ""})};
+    return answer;
+}
+
+void FeedCheck::Add(CheckFeedsForm::Row row) {
+    if (!form_.FaultsOnly || IsFault(row)) form_.Rows.push_back(row);
+    results_.push_back(std::move(row));
     ++form_.Revision;
-    TryNext();
+}
+
+void FeedCheck::ShowFaultsOnly(bool only) {
+    form_.FaultsOnly = only;
+    ShowResults();
+}
+
+void FeedCheck::ShowResults() {
+    form_.Rows.clear();
+    for (const CheckFeedsForm::Row& row : results_)
+        if (!form_.FaultsOnly || IsFault(row)) form_.Rows.push_back(row);
+    ++form_.Revision;
 }
 
 /// Moves the worst results to the top.
 void FeedCheck::End(const std::string& how) {
     form_.Running = false;
-    std::vector<CheckFeedsForm::Row> rows;
-    for (const Finding kind : {Finding::FaultyLine, Finding::Fails, Finding::Redirects, Finding::Answers})
-        for (CheckFeedsForm::Row& row : form_.Rows)
-            if (row.Kind == kind) rows.push_back(std::move(row));
-    form_.Rows = std::move(rows);
-    ++form_.Revision;
+    std::stable_sort(results_.begin(), results_.end(), [](const auto& a, const auto& b) {
+        return std::tie(a.Kind, a.Line) < std::tie(b.Kind, b.Line);
+    });
+    ShowResults();
     form_.LabelCaption = how + Summary();
 }
 
@@ -86,7 +152,7 @@ std::string FeedCheck::Summary() const {
                                                           {Finding::FaultyLine, " Faults in the file: "}};
     std::string summary;
     for (const auto& [kind, title] : Titles) {
-        const auto count = std::count_if(form_.Rows.begin(), form_.Rows.end(),
+        const auto count = std::count_if(results_.begin(), results_.end(),
                                          [kind = kind](const auto& row) { return row.Kind == kind; });
         summary += title + std::to_string(count) + ".";
     }
@@ -95,13 +161,30 @@ std::string FeedCheck::Summary() const {
 
 void FeedCheck::Cancel() {
     if (!form_.Running) return Close();
-    probe_.Cancel();
+    StopTries();
     End("Cancelled after " + std::to_string(form_.Done) + " of " + std::to_string(form_.Total) + ".");
 }
 
 void FeedCheck::Close() {
-    probe_.Cancel();
+    StopTries();
     form_.Visible = form_.Running = false;
+}
+
+void FeedCheck::StopTries() {
+    tries_.clear();
+    waiting_.clear();
+}
+
+void FeedCheck::SaveResults() {
+    trap_.RunCommand(ErrorsTitle, Icon::Exclamation, [this] {
+        const std::string path = folders_.DataPath + ResultsName;
+        std::string text = "\xEF\xBB\xBF" + form_.LabelCaption + "\r\n\r\n"; // older Notepads need the mark
+        for (const CheckFeedsForm::Row& row : form_.Rows) text += TextOf(row);
+        trap_.StartupStep() = "Saving " + path;
+        ReplaceFile(path, text);
+        shell_.Start("notepad.exe", path);
+        trap_.StartupStep().clear();
+    });
 }
 
 void FeedCheck::SelectFeed(std::size_t row) {

@@ -109,8 +109,9 @@ struct Parts {
     WindowView view{state, remembered, preferences};
     Maintenance maintenance{state, ports.prompts, ports.shell, ports.files, clock, reload, trap};
     AddFeed add_feed{state, ports.prompts, ports.code_page, reload, trap};
-    FeedCheck feed_check{state.check_feeds, state.form.lvwDB, state.marks,     positions, state.folders,
-                         state.UserAgent,   ports.probe,      ports.code_page, clock,     trap};
+    FeedCheck feed_check{
+        state.check_feeds, state.form.lvwDB, state.marks,     positions, state.folders, state.UserAgent,
+        ports.probe,       ports.shell,      ports.code_page, clock,     trap};
     HelpCommands help{state.folders, ports.prompts, ports.dialogs, ports.shell};
     PrintCommand print{state.form, state.LastSearchText, ports.prompts, ports.printer, clock, trap};
     FsuipcStatus status{state.fsuipc_status, state.radio, link, readout, gate};

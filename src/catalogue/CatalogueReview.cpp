@@ -50,9 +50,7 @@ class Reviewer {
         const FeedLine feed = SplitFeedLine(line);
         review.Feeds.push_back(
             {number_, std::string(feed.ICAO), std::string(feed.City), std::string(feed.URL)});
-        const bool unknown = IsBoundToAPlace(feed) && !rules_.KnowsAirport(feed.ICAO);
-        if (unknown) Add(Quoted(feed.ICAO) + " is not in Airport.dat, so its distance is unknown");
-        TakeFrequency(feed, unknown);
+        TakeFrequency(feed, !HasPosition(feed));
         if (!feed.StatesFrequency() && TakeLowest(free_).empty())
             Add("No free channel is left for it: state a frequency, or it can never be tuned");
     }
@@ -62,8 +60,15 @@ class Reviewer {
   private:
     static std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
-    static bool IsBoundToAPlace(const FeedLine& feed) {
-        return RadioMarker(feed.City) == 0 && PlaylistMarker(feed.URL) == 0;
+    /// Whether the feed's airport has one, if the feed needs it.
+    bool HasPosition(const FeedLine& feed) {
+        const AirportEntry entry =
+            IsLocal(feed.City, feed.URL) ? rules_.EntryOf(feed.ICAO) : AirportEntry::Complete;
+        if (entry == AirportEntry::Complete) return true;
+        const bool is_missing = entry == AirportEntry::Missing;
+        Add(Quoted(feed.ICAO) + (is_missing ? " is not in Airport.dat" : " has no position in Airport.dat") +
+            ", so its distance is unknown");
+        return false;
     }
 
     void AddFaultyLine() {
@@ -72,13 +77,13 @@ class Reviewer {
             " \"|\" instead of 3: " + (rules_.SkipFaultyLines ? "left out" : "the list stops here"));
     }
 
-    void TakeFrequency(const FeedLine& feed, bool unknown_airport) {
+    void TakeFrequency(const FeedLine& feed, bool airport_unknown) {
         if (feed.Freq.empty()) return;
         const std::string frequency(feed.Freq);
         if (!feed.StatesFrequency())
-            return Add(
-                Quoted(frequency) +
-                " is ignored: write six characters (118.70), or a channel with three decimals (118.305)");
+            return Add(Quoted(frequency) + (frequency.size() == 7
+                                                ? " is ignored: it is not a channel (118.305 is one)"
+                                                : " is ignored: write 118.70, or a channel such as 118.305"));
         if (!CanBeTuned(frequency)) Add("No radio can tune " + Quoted(frequency));
         const std::string key(FrequencyKey(frequency));
         Statements& statements = stated_.try_emplace(key, Statements{number_, {}}).first->second;
@@ -87,7 +92,7 @@ class Reviewer {
             Add(LineHas(same->second, key) + " for the same airport: only one of them will play");
         else if (statements.first != number_ && !rules_.SharedFrequencies)
             Add(LineHas(statements.first, key) + ": only one of them will play");
-        else if (statements.first != number_ && unknown_airport)
+        else if (statements.first != number_ && airport_unknown)
             Add(LineHas(statements.first, key) + "; without a known airport this feed is never played");
     }
 

@@ -26,18 +26,21 @@ struct CatalogueReview {
     std::vector<Feed> Feeds; ///< also those after a line that stops the loader
 };
 
+/// What the airport file has of an airport.
+enum class AirportEntry { Missing, WithoutPosition, Complete };
+
 /// What a review goes by.
 struct ReviewRules {
     bool SharedFrequencies = false; ///< each airport may have each frequency
     bool SkipFaultyLines = false;   ///< loading goes on behind them
-    std::function<bool(std::string_view icao)> KnowsAirport = [](std::string_view) { return true; };
+    std::function<AirportEntry(std::string_view icao)> EntryOf = [](auto) { return AirportEntry::Complete; };
 };
 
 /// Reviews the whole text of the catalogue. Faulty are lines with only one or two "|", which stop the loader
 /// unless it skips them; feeds without a frequency for which no channel is left;
-/// airports whose place is not known; and frequencies that an earlier line of the same airport states, or where
-/// they are not shared of any; that no radio can be tuned to; or that do not count because they do not have six
-/// characters, or seven that name a channel.
+/// airports without an entry or a position in it; and frequencies that an earlier line of the same airport
+/// states, or where they are not shared of any; that no radio can be tuned to; or that do not count because
+/// they do not have six characters, or seven that name a channel.
 CatalogueReview ReviewCatalogue(std::string_view text, const ReviewRules& rules = {});
 
 } // namespace quillon

@@ -15,9 +15,13 @@ const GeoPoint* AirportPositions::Of(std::string_view icao) {
     return found->second ? &*found->second : nullptr;
 }
 
+std::optional<std::size_t> AirportPositions::LineOf(std::string_view icao) const {
+    return icao.empty() ? std::nullopt : airports_.Find(icao, 1); // the first line is a heading
+}
+
 std::optional<GeoPoint> AirportPositions::LookUp(std::string_view icao) const {
-    const auto line = airports_.Find(icao, 1); // the first line is a heading
-    if (icao.empty() || !line) return std::nullopt;
+    const auto line = LineOf(icao);
+    if (!line) return std::nullopt;
     try {
         const AirportPosition position = ParseAirport(airports_.Lines()[*line]);
         return GeoPoint::At(DmsToDegrees(position.latitude), DmsToDegrees(position.longitude));

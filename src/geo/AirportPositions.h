@@ -20,10 +20,14 @@ class AirportPositions {
     /// Null for an airport that the file does not know, or whose line makes no sense. Valid until Forget.
     const GeoPoint* Of(std::string_view icao);
 
+    /// Whether the airport file has a line for it, with a position or without.
+    bool Lists(std::string_view icao) const { return LineOf(icao).has_value(); }
+
     /// The airport file has been loaded anew.
     void Forget() { known_.clear(); }
 
   private:
+    std::optional<std::size_t> LineOf(std::string_view icao) const;
     std::optional<GeoPoint> LookUp(std::string_view icao) const;
 
     const AirportList& airports_;

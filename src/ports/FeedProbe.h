@@ -3,6 +3,7 @@
 #include "state/FileServers.h"
 #include "state/Forms.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -14,21 +15,24 @@ struct FeedAnswer {
     std::string Words; ///< for the user
 };
 
-/// Tries addresses of feeds, one at a time, in the background. No call blocks.
+/// An address that is being tried. Ends the try when destroyed. No call blocks.
+class FeedTry {
+  public:
+    virtual ~FeedTry() = default;
+
+    /// Empty until the try has ended.
+    virtual std::optional<FeedAnswer> Answer() = 0;
+};
+
+/// Tries addresses of feeds in the background, several at a time. No call blocks.
 class FeedProbe {
   public:
     virtual ~FeedProbe() = default;
 
-    /// Starts trying a feed's address as the catalogue has it, and cancels the previous try. An invalid
-    /// `user_agent` is replaced by the program's own. Local playlists may lead to `servers`.
-    virtual void Start(const std::string& address, const std::string& user_agent,
-                       const FileServers& servers) = 0;
-
-    /// Empty until the answer is there; returns it once.
-    virtual std::optional<FeedAnswer> Result() = 0;
-
-    /// Cancels the try, if one is running.
-    virtual void Cancel() = 0;
+    /// Starts trying a feed's address as the catalogue has it. An invalid `user_agent` is replaced by the
+    /// program's own. Local playlists may lead to `servers`.
+    virtual std::unique_ptr<FeedTry> Start(const std::string& address, const std::string& user_agent,
+                                           const FileServers& servers) = 0;
 };
 
 } // namespace quillon

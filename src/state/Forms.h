@@ -186,8 +186,9 @@ struct CheckFeedsForm {
     std::string LabelCaption;
     std::size_t Done = 0; ///< feeds tried
     std::size_t Total = 0;
-    std::vector<Row> Rows;
-    std::uint64_t Revision = 0; ///< changes whenever the rows do
+    bool FaultsOnly = false;    ///< feeds that can be heard are not shown
+    std::vector<Row> Rows;      ///< that are shown
+    std::uint64_t Revision = 0; ///< changes with the rows and with `Done`
 };
 
 /// The feeds around the aircraft. Modeless.

@@ -22,7 +22,9 @@
 #include <array>
 #include <deque>
 #include <functional>
+#include <map>
 #include <ostream>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -307,7 +309,6 @@ class FakePrinter : public Printer {
     bool finished = false;
 };
 
-/// Keeps the addresses that it is to try; answers when told to.
 class FakeSoundDevices : public SoundDevices {
   public:
     std::vector<SoundDevice> List() override { return list; }
@@ -319,16 +320,28 @@ class FakeSoundDevices : public SoundDevices {
     bool missing = false;
 };
 
+/// Keeps the addresses that are being tried; answers when told to.
 class FakeProbe : public FeedProbe {
   public:
-    void Start(const std::string& address, const std::string&, const FileServers&) override {
-        tried += address + " ";
+    std::unique_ptr<FeedTry> Start(const std::string& address, const std::string&,
+                                   const FileServers&) override {
+        return std::make_unique<Try>(*this, address);
     }
-    std::optional<FeedAnswer> Result() override { return std::exchange(answer, std::nullopt); }
-    void Cancel() override { tried += "cancelled "; }
+    struct Try : FeedTry {
+        Try(FakeProbe& probe, const std::string& address) : probe_(probe), address_(address) {
+            probe_.trying.insert(address_);
+        }
+        ~Try() override { probe_.trying.erase(address_); }
+        std::optional<FeedAnswer> Answer() override {
+            const auto found = probe_.answers.find(address_);
+            return found == probe_.answers.end() ? std::nullopt : std::optional(found->second);
+        }
+        FakeProbe& probe_;
+        std::string address_;
+    };
 
-    std::string tried;
-    std::optional<FeedAnswer> answer;
+    std::set<std::string> trying;
+    std::map<std::string, FeedAnswer> answers;
 };
 
 /// Windows-1252.

@@ -24,20 +24,24 @@ TEST(CatalogueReview, NamesTheLinesThatDoNotDoWhatTheyLookLike) {
 
 TEST(CatalogueReview, NamesWhatCanNeverBeHeardWhereAirportsShareFrequencies) {
     const char* text = "CYYZ|a|http://a|118.70\nEGLL|b|http://b|118.70\nEGLL|c|http://c|118.700\n"
-                       "ZZZZ|d|http://d|118.70\nZZZZ|Radio|http://e|119.00\nZZZZ|f|http://f|119.10\n";
-    const auto knows = [](std::string_view icao) { return icao != "ZZZZ"; };
+                       "ZZZZ|d|http://d|118.70\nZZZZ|Radio|http://e|119.00\nNONE|f|http://f|119.10\n";
+    const auto entry = [](std::string_view icao) {
+        if (icao == "NONE") return AirportEntry::WithoutPosition;
+        return icao == "ZZZZ" ? AirportEntry::Missing : AirportEntry::Complete;
+    };
     for (const bool shared : {false, true}) {
         std::string faults;
-        for (const auto& fault : ReviewCatalogue(text, {shared, false, knows}).Faults)
+        for (const auto& fault : ReviewCatalogue(text, {shared, false, entry}).Faults)
             faults += std::to_string(fault.Number) + " " + fault.Reason + "\n";
-        const std::string unknown = "\"ZZZZ\" is not in Airport.dat, so its distance is unknown\n";
-        EXPECT_EQ(
-            faults,
-            (shared ? "" : "2 118.70 is also on line 1: only one of them will play\n") +
-                ("3 118.70 is also on line 2 for the same airport: only one of them will play\n4 " + unknown) +
-                (shared ? "4 118.70 is also on line 1; without a known airport this feed is never played\n6 "
-                        : "4 118.70 is also on line 1: only one of them will play\n6 ") +
-                unknown);
+        const std::string of_both =
+            "3 118.70 is also on line 2 for the same airport: only one of them will play\n"
+            "4 \"ZZZZ\" is not in Airport.dat, so its distance is unknown\n";
+        EXPECT_EQ(faults,
+                  (shared ? "" : "2 118.70 is also on line 1: only one of them will play\n") + of_both +
+                      (shared
+                           ? "4 118.70 is also on line 1; without a known airport this feed is never played\n"
+                           : "4 118.70 is also on line 1: only one of them will play\n") +
+                      "6 \"NONE\" has no position in Airport.dat, so its distance is unknown\n");
     }
 }
 
@@ -113,9 +117,12 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
 
 class Check : public Flight {
   protected:
-    void Poll(std::optional<FeedAnswer> answer) {
-        probe.answer = std::move(answer);
-        program->CheckFeedsEvent([](FeedCheck& check) { check.Poll(); });
+    void Do(void (FeedCheck::*event)()) {
+        program->CheckFeedsEvent([event](FeedCheck& check) { (check.*event)(); });
+    }
+    void Answer(const std::string& address, Finding kind) {
+        probe.answers[address] = {kind, "Words"};
+        Do(&FeedCheck::Poll);
     }
     std::string Shown() const {
         std::string lines;
@@ -124,34 +131,65 @@ class Check : public Flight {
     }
 };
 
-TEST_F(Check, TriesEachFeedInTurnWhileTheCycleGoesOn) {
-    Write("Quillon\\Airport.dat", "\nA,N1*00.00,E1*00.00\nB,N1*00.00,E1*00.00\nEGLL,N1*00.00,E1*00.00\n");
+TEST_F(Check, AsksEachHostForOneFeedAtATimeWhileTheCycleGoesOn) {
+    Write("Quillon\\Airport.dat", "\nA,N1*00.00,E1*00.00\nB,\nEGLL,N1*00.00,E1*00.00\n");
     Start();
-    Write("Quillon\\live_atc_feeds.txt",
-          "A|a|u1|\nB|b|u2|\nbroken|\nEGLL|London Radio|http://radio.example/b|\n");
+    Write("Quillon\\live_atc_feeds.txt", "A|a|http://one/a|\nB|Radio b|http://ONE:81/b|\nbroken|\nB|c|files|\n"
+                                         "EGLL|London Radio|http://radio.example/b|\n");
     program->Run(Command::CheckFeeds);
-    EXPECT_EQ(Shown(), "3 Trying 1 of 3: A a");
+    EXPECT_EQ(Shown(), "3 4 Tried 0 of 4. Trying: A a, B c, EGLL London Radio");
+    EXPECT_EQ(state().check_feeds.Rows[1].Result,
+              "\"B\" has no position in Airport.dat, so its distance is unknown");
     TuneTo("119.72");
     EXPECT_EQ(panel(3), "EGLL - London Director");
-    Poll({{Finding::Answers, ""}});
+    Answer("files", Finding::Answers);
+    EXPECT_EQ(probe.trying, (std::set<std::string>{"http://one/a", "http://radio.example/b"}));
     program->Run(Command::CheckFeeds); // goes on
-    Poll({{Finding::Redirects, ""}});
-    clock.now += FeedCheck::LongestTry + 1s;
-    Poll({});
-    EXPECT_EQ(probe.tried, "u1 u2 http://radio.example/b cancelled ");
-    EXPECT_EQ(Shown(), "3 4 2 1 Done. Good: 1. Redirected: 1. Failed: 1. Faults in the file: 1.");
-    program->CheckFeedsEvent([](FeedCheck& check) { check.SelectFeed(1); });
+    Answer("http://one/a", Finding::Answers);
+    clock.now += 1s;
+    Answer("http://radio.example/b", Finding::Redirects);
+    EXPECT_EQ(probe.trying, (std::set<std::string>{"http://ONE:81/b"}));
+    clock.now += FeedCheck::LongestTry;
+    Do(&FeedCheck::Poll);
+    EXPECT_EQ(Shown(), "3 4 2 5 1 4 Done. Good: 2. Redirected: 1. Failed: 1. Faults in the file: 2.");
+    program->CheckFeedsEvent([](FeedCheck& check) { check.SelectFeed(3); });
     EXPECT_EQ(state().form.lvwDB.Selected(), 2U);
+    probe.answers.clear();
     program->Run(Command::CheckFeeds);
     for (const bool visible : {true, false}) {
-        program->CheckFeedsEvent([](FeedCheck& check) { check.Cancel(); });
+        Do(&FeedCheck::Cancel);
         EXPECT_EQ(state().check_feeds.Visible, visible);
-        EXPECT_EQ(Shown().substr(0, 30), "3 Cancelled after 0 of 3. Good");
+        EXPECT_EQ(Shown().substr(0, 32), "3 4 Cancelled after 0 of 4. Good");
+        EXPECT_TRUE(probe.trying.empty());
     }
     DeleteFileAt(At("Quillon\\live_atc_feeds.txt"));
     program->Run(Command::CheckFeeds);
     EXPECT_FALSE(state().check_feeds.Visible);
     EXPECT_EQ(prompts.messages.back().title, "Check Feeds Error");
+}
+
+TEST_F(Check, TriesEightAtATimeAndSavesWhatItShows) {
+    Start();
+    std::string feeds = "EGLL|one|a|118.70\n";
+    for (char host = 'a'; host <= 'j'; ++host) feeds += std::string("EGLL|Radio|http://") + host + "|\n";
+    Write("Quillon\\live_atc_feeds.txt", feeds + "words|with bar\n");
+    program->Run(Command::CheckFeeds);
+    EXPECT_EQ(probe.trying.size(), 8U);
+    for (char host = 'a'; host <= 'j'; ++host)
+        Answer(std::string("http://") + host, host == 'c' ? Finding::Fails : Finding::Answers);
+    EXPECT_EQ(probe.trying, (std::set<std::string>{"a"}));
+    program->CheckFeedsEvent([](FeedCheck& check) { check.ShowFaultsOnly(true); });
+    Answer("a", Finding::Redirects);
+    const std::string shown = "Done. Good: 9. Redirected: 1. Failed: 1. Faults in the file: 1.";
+    EXPECT_EQ(Shown(), "12 4 " + shown);
+    Do(&FeedCheck::SaveResults);
+    EXPECT_EQ(ReadFile(At("Quillon\\Check.txt")),
+              "\xEF\xBB\xBF" + shown +
+                  "\r\n\r\nLine 12: Only 1 \"|\" instead of 3: the list stops here (words|with bar)\r\n"
+                  "Line 4: Words (EGLL Radio, http://c)\r\n");
+    EXPECT_EQ(shell.opened.back(), "notepad.exe " + At("Quillon\\Check.txt"));
+    program->CheckFeedsEvent([](FeedCheck& check) { check.ShowFaultsOnly(false); });
+    EXPECT_EQ(Shown(), "12 4 1 2 3 5 6 7 8 9 10 11 " + shown);
 }
 
 } // namespace

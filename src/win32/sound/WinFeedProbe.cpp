@@ -5,6 +5,7 @@
 #include "runtime/RuntimeError.h"
 #include "win32/sound/WinPlayerSystem.h"
 
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <system_error>
@@ -22,6 +23,8 @@ const FeedAnswer NoRoom{Finding::Fails, WordsOf(SilenceReason{SilenceCause::NoRo
 /// Shared by a thread and whoever waits for its result.
 struct WinFeedProbe::Job {
     void Run(const std::string& address, const std::string& user_agent, const FileServers& servers);
+    std::optional<FeedAnswer> Answer();
+    void Cancel();
 
     WinPlayerSystem system;
     std::atomic<bool> cancelled = false;
@@ -45,39 +48,49 @@ void WinFeedProbe::Job::Run(const std::string& address, const std::string& user_
     changed.notify_all();
 }
 
-WinFeedProbe::~WinFeedProbe() {
-    Cancel();
-    if (!latest_) return;
-    std::unique_lock lock(latest_->mutex);
-    latest_->changed.wait_for(lock, ShutdownTimeout, [this] { return latest_->answer.has_value(); });
+std::optional<FeedAnswer> WinFeedProbe::Job::Answer() {
+    const std::lock_guard lock(mutex);
+    return answer;
 }
 
-void WinFeedProbe::Start(const std::string& address, const std::string& user_agent,
-                         const FileServers& servers) {
-    Cancel();
-    latest_ = current_ = std::make_shared<Job>();
-    try {
-        std::thread([its = current_, address, servers,
-                     name = IsUserAgent(user_agent) ? user_agent : own_name_] {
-            its->Run(address, name, servers);
-        }).detach();
-    } catch (const std::system_error&) {
-        current_->answer = NoRoom;
+void WinFeedProbe::Job::Cancel() {
+    cancelled = true;
+    system.Wake();
+}
+
+class WinFeedProbe::Try : public FeedTry {
+  public:
+    explicit Try(std::shared_ptr<Job> job) : job_(std::move(job)) {}
+    ~Try() override { job_->Cancel(); }
+
+    std::optional<FeedAnswer> Answer() override { return job_->Answer(); }
+
+  private:
+    std::shared_ptr<Job> job_;
+};
+
+WinFeedProbe::~WinFeedProbe() {
+    const auto deadline = std::chrono::steady_clock::now() + ShutdownTimeout;
+    for (const auto& job : jobs_) job->Cancel();
+    for (const auto& job : jobs_) {
+        std::unique_lock lock(job->mutex);
+        job->changed.wait_until(lock, deadline, [&] { return job->answer.has_value(); });
     }
 }
 
-std::optional<FeedAnswer> WinFeedProbe::Result() {
-    if (!current_) return std::nullopt;
-    const std::lock_guard lock(current_->mutex);
-    if (current_->answer) current_.reset(); // latest_ keeps it alive
-    return current_ ? std::nullopt : latest_->answer;
-}
-
-void WinFeedProbe::Cancel() {
-    const std::shared_ptr<Job> ended = std::exchange(current_, nullptr);
-    if (!ended) return;
-    ended->cancelled = true;
-    ended->system.Wake();
+std::unique_ptr<FeedTry> WinFeedProbe::Start(const std::string& address, const std::string& user_agent,
+                                             const FileServers& servers) {
+    std::erase_if(jobs_, [](const auto& job) { return job->Answer().has_value(); });
+    const auto job = std::make_shared<Job>();
+    try {
+        std::thread([job, address, servers, name = IsUserAgent(user_agent) ? user_agent : own_name_] {
+            job->Run(address, name, servers);
+        }).detach();
+        jobs_.push_back(job);
+    } catch (const std::system_error&) {
+        job->answer = NoRoom;
+    }
+    return std::make_unique<Try>(job);
 }
 
 } // namespace quillon

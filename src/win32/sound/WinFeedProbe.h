@@ -3,6 +3,7 @@
 #include "ports/FeedProbe.h"
 
 #include <memory>
+#include <vector>
 
 namespace quillon {
 
@@ -12,19 +13,18 @@ class WinFeedProbe : public FeedProbe {
     /// The user agent is "Quillon/" and `program_version` unless Start is given another.
     explicit WinFeedProbe(const std::string& program_version) : own_name_("Quillon/" + program_version) {}
 
-    /// Cancels and waits for the latest thread, for ShutdownTimeout at most.
+    /// Ends all tries and waits for their threads, for ShutdownTimeout at most.
     ~WinFeedProbe() override;
 
-    void Start(const std::string& address, const std::string& user_agent, const FileServers& servers) override;
-    std::optional<FeedAnswer> Result() override;
-    void Cancel() override;
+    std::unique_ptr<FeedTry> Start(const std::string& address, const std::string& user_agent,
+                                   const FileServers& servers) override;
 
   private:
     struct Job;
+    class Try;
 
     std::string own_name_;
-    std::shared_ptr<Job> current_; // null if nobody waits for a result
-    std::shared_ptr<Job> latest_;
+    std::vector<std::shared_ptr<Job>> jobs_; // whose threads may still run
 };
 
 } // namespace quillon

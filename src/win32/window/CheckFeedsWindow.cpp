@@ -61,6 +61,8 @@ void CheckFeedsWindow::Open(HWND owner) {
     for (const WPARAM size : {WPARAM{ICON_SMALL}, WPARAM{ICON_BIG}})
         SendMessageW(Window(), WM_SETICON, size, static_cast<LPARAM>(GetClassLongPtrW(owner, GCLP_HICON)));
     AddColumns();
+    CheckDlgButton(Window(), IDC_CHECK_FAULTS,
+                   program_->State().check_feeds.FaultsOnly ? BST_CHECKED : BST_UNCHECKED);
     Layout();
     SetTimer(Window(), 1, PollMs, nullptr);
     ShowWindow(Window(), SW_SHOW);
@@ -131,8 +133,7 @@ INT_PTR CheckFeedsWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
         Event([](FeedCheck& check) { check.Close(); });
         return TRUE;
     case WM_COMMAND:
-        if (LOWORD(wparam) == IDCANCEL) Event([](FeedCheck& check) { check.Cancel(); });
-        if (LOWORD(wparam) == IDOK && GetFocus() == Item(IDC_CHECK_LIST)) FindSelected();
+        Obey(LOWORD(wparam));
         return TRUE;
     case WM_NOTIFY: {
         const NMHDR& header = *reinterpret_cast<NMHDR*>(lparam);
@@ -146,12 +147,26 @@ INT_PTR CheckFeedsWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     }
 }
 
+void CheckFeedsWindow::Obey(int control) {
+    const bool faults_only = IsDlgButtonChecked(Window(), IDC_CHECK_FAULTS) == BST_CHECKED;
+    if (control == IDC_CHECK_FAULTS) Event([=](FeedCheck& check) { check.ShowFaultsOnly(faults_only); });
+    if (control == IDC_CHECK_SAVE) Event([](FeedCheck& check) { check.SaveResults(); });
+    if (control == IDCANCEL) Event([](FeedCheck& check) { check.Cancel(); });
+    if (control == IDOK && GetFocus() == Item(IDC_CHECK_LIST)) FindSelected();
+}
+
 void CheckFeedsWindow::Layout() {
     constexpr int Edge = 12;
     RECT client{};
     GetClientRect(Window(), &client);
     const auto across = [&](int id) { return std::vector<Cell>{Edge, {Item(id), Grows}, Edge}; };
-    const std::vector<Cell> buttons{{nullptr, Grows}, {Item(IDCANCEL), 75}, Edge};
+    const std::vector<Cell> buttons{Edge,
+                                    Fitted(Item(IDC_CHECK_FAULTS), CheckMark),
+                                    {nullptr, Grows},
+                                    {Item(IDC_CHECK_SAVE), 96},
+                                    Margin,
+                                    {Item(IDCANCEL), 75},
+                                    Edge};
     const std::vector<Row> rows{13, {15, across(IDC_CHECK_STATE)},
                                 5,  {15, across(IDC_CHECK_BAR)},
                                 12, {15, across(IDC_CHECK_LABEL)},

@@ -26,6 +26,7 @@ class CheckFeedsWindow : public ModelessDialog {
     void AddColumns();
     void Show();
     void ShowRows();
+    void Obey(int control);
     void Layout();
     void FitColumns();
     void FindSelected();
