@@ -59,14 +59,6 @@ TEST_F(SettingsFile, IsCreatedWithTheDefaultsWhenMissing) {
     EXPECT_EQ(state.StartupStep, "Opening " + At("none\\Quillon.ini"));
 }
 
-TEST_F(SettingsFile, ValuesAreShownOnTheForms) {
-    ReadFrom("0\r\nCom1\r\n5\r\n300\r\n16\r\n");
-    EXPECT_EQ(state.form.mnuRangeCaption, "Set Range (disabled)");
-    EXPECT_EQ(state.form.cboMin.Text, "5");
-    EXPECT_EQ(state.form.cboMax.Text, "300");
-    EXPECT_EQ(state.StartupStep, "Setting Comm in use");
-}
-
 TEST_F(SettingsFile, RadioNamesAndMuteKeysSelectTheirOptions) {
     const std::pair<std::string, int> radios[] = {{"Com1", 1}, {"Com1Stby", 2}, {"Com2", 3}, {"Com2Stby", 4},
                                                   {"", 4},     {"Com3", 0},     {"com1", 0}};
@@ -95,12 +87,6 @@ TEST_F(SettingsFile, WritesWhatIsInForceAndNoTypedText) {
     state.form.ComRadio.Value = 0;
     settings.WriteIni();
     EXPECT_EQ(Read(Name), " 0 \r\n-5 \r\n 25 \r\n 9 \r\n");
-}
-
-TEST_F(SettingsFile, IsNeverWrittenWhenThisRunHasNotReadIt) {
-    Write(Name, "60\r\n");
-    settings.WriteIni();
-    EXPECT_EQ(Read(Name), "60\r\n");
 }
 
 TEST_F(SettingsFile, FailuresAreReportedAndLeaveTheDefaultsInForce) {
