@@ -292,8 +292,12 @@ TEST(Player, KeepsVolumeAndNameFromFeedToFeed) {
         for (const char* bad : {"", "a\rX: y", "a\nX: y", "\x7F", "\xC3\xBC"}) in.player.SetUserAgent(bad);
         in.player.SetUrl("http://h/b");
     });
-    in.RunTo(2s);
-    EXPECT_EQ(in.world.levels, (std::set<int>{500}));
+    in.At(1900ms, [&in] {
+        EXPECT_EQ(in.world.levels, (std::set<int>{500}));
+        in.player.SetVolume(25);
+    });
+    in.RunTo(3s);
+    EXPECT_EQ(in.world.levels, (std::set<int>{250, 500}));
     EXPECT_EQ(in.world.agents, (std::set<std::string>{"Quillon/1.0", "me (at home)"}));
 }
 

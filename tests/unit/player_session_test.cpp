@@ -131,15 +131,6 @@ TEST(Session, CancelledIsSilent) {
     EXPECT_LE(world.now, 1100ms);
 }
 
-TEST(Session, ScalesItsSound) {
-    World world;
-    world.servers["/a"] = {Ok + Frames(100), IoStatus::EndOfStream};
-    world.events.emplace(500ms, [](Session& session) { session.SetVolume(25); });
-    world.events.emplace(1s, [](Session& session) { session.SetVolume(0); });
-    RunSession(world, "http://h/a");
-    EXPECT_EQ(world.levels, (std::set<int>{0, 250, 1000}));
-}
-
 /// Pauses from 0.5 s to 5 s.
 void AddPause(World& world) {
     world.events.emplace(500ms, [](Session& session) { session.Pause(SmoothSound::Ramp); });
