@@ -45,9 +45,7 @@ void Preferences::cboMax_Click(std::size_t entry) {
 }
 
 void Preferences::mnuSetMute_Click() {
-    const int option = dialogs_.MuteKey(state_.mute_key_dialog.Option.Value);
-    if (option > 0) state_.mute.MuteKeyCode = MuteKeyCodes.at(static_cast<std::size_t>(option) - 1);
-    state_.mute_key_dialog.Option.Value = MuteKeyOption(state_.mute.MuteKeyCode);
+    if (const auto key = dialogs_.MuteKey(state_.mute.MuteKeyCode)) state_.mute.MuteKeyCode = *key;
 }
 
 void Preferences::mnuRange_Click() {

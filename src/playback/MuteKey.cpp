@@ -1,5 +1,9 @@
 #include "playback/MuteKey.h"
 
+#include "state/MuteKeys.h"
+
+#include <algorithm>
+
 namespace quillon {
 
 void MuteKey::Timer5_Timer() {
@@ -14,7 +18,20 @@ void MuteKey::Timer5_Timer() {
 
 bool MuteKey::Pressed() {
     const bool linked = !state_.radio.NoConnection || (state_.radio.SimLost && state_.mute.Muted);
-    return !state_.mute.FrameOpen && linked && keyboard_.IsDown(state_.mute.MuteKeyCode);
+    return IsMeant() && !state_.mute.FrameOpen && linked;
+}
+
+/// A key that went down for something else is ignored until it is up again: after Alt+Tab, Tab may be the last
+/// to be released, and in a box it moves the focus out of it.
+bool MuteKey::IsMeant() {
+    const int key = state_.mute.MuteKeyCode;
+    const bool down = key != NoMuteKey && keyboard_.IsDown(key);
+    const auto shortcut = [this] {
+        return std::any_of(ShortcutKeys.begin(), ShortcutKeys.end(),
+                           [this](int other) { return keyboard_.IsDown(other); });
+    };
+    ignored_ = down && (ignored_ || keyboard_.IsInBox() || shortcut());
+    return down && !ignored_;
 }
 
 /// Also ends if the clock is set back.

@@ -13,12 +13,13 @@ class MuteKey {
     MuteKey(PlaybackState& state, Mute& mute, Keyboard& keyboard, Display& display, Clock& clock)
         : state_(state), mute_(mute), keyboard_(keyboard), display_(display), clock_(clock) {}
 
-    /// If the key is down, toggles mute and then blocks until the clock's next second, so that a held key
-    /// toggles once a second.
+    /// If the key is down, alone and not in a box of Quillon's own, toggles mute and then blocks until the
+    /// clock's next second, so that a held key toggles once a second.
     void Timer5_Timer();
 
   private:
     bool Pressed();
+    bool IsMeant();
     void BlockForTheRestOfTheSecond();
 
     PlaybackState& state_;
@@ -26,6 +27,7 @@ class MuteKey {
     Keyboard& keyboard_;
     Display& display_;
     Clock& clock_;
+    bool ignored_ = false; ///< the key, while it is down
 };
 
 } // namespace quillon

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "state/Folders.h"
-#include "state/Forms.h"
+
+#include <optional>
+#include <string>
 
 namespace quillon {
 
@@ -10,9 +12,9 @@ class Dialogs {
   public:
     virtual ~Dialogs() = default;
 
-    /// Shows `frmMuteKey` with that option (1 to 4) selected, 0 for none. Returns the option that the user set,
-    /// 0 when the dialog was closed without setting one.
-    virtual int MuteKey(int option) = 0;
+    /// Shows `frmMuteKey` with that key's option selected. Returns the key that the user set (NoMuteKey for
+    /// none), nothing if the user cancelled.
+    virtual std::optional<int> MuteKey(int key) = 0;
 
     /// Shows the program's version and licence. Returns whether the user wants the system information.
     virtual bool About() = 0;

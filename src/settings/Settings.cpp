@@ -103,8 +103,6 @@ void Settings::Apply(const SettingsValues& values) {
     state_.form.cboMin.Text = std::to_string(values.ChatterMinSeconds);
     state_.form.cboMax.Text = std::to_string(values.ChatterMaxSeconds);
     state_.mute.MuteKeyCode = values.MuteKeyCode;
-    state_.mute_key_dialog.Option.Value =
-        std::max(1, MuteKeyOption(values.MuteKeyCode)); // "Tab" for any other key
     state_.StartupStep = "Setting Comm in use";
     SelectRadio(values.RadioName);
 }

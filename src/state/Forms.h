@@ -4,7 +4,6 @@
 #include "state/ViewRequest.h"
 #include "state/WindowPlace.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -118,15 +117,6 @@ struct frmSplash {
     bool Visible = false;
 };
 
-/// Virtual-key codes of the mute key's options: Tab, Home, Shift, End.
-inline constexpr std::array<int, 4> MuteKeyCodes{9, 36, 16, 35};
-
-/// The option of a key, from 1; 0 for any other key.
-inline int MuteKeyOption(int code) {
-    const auto found = std::find(MuteKeyCodes.begin(), MuteKeyCodes.end(), code);
-    return found == MuteKeyCodes.end() ? 0 : static_cast<int>(found - MuteKeyCodes.begin()) + 1;
-}
-
 /// What kind of feed the add-feed dialog adds.
 enum class SourceKind { LiveATC = 1, InternetRadio, PlayLists, WaveFiles };
 
@@ -231,10 +221,6 @@ struct OnTheAirForm {
     std::int32_t Reach = 0; ///< nautical miles: the range or, if there is none, the farthest row; 0: none
     std::optional<std::size_t> Selected;
     std::uint64_t Revision = 0; ///< changes whenever rows, track or reach do
-};
-
-struct frmMuteKey {
-    OptionGroup Option; ///< 1 "Tab", 2 "Home", 3 "Shift", 4 "End"
 };
 
 } // namespace quillon

@@ -95,7 +95,7 @@ struct ChatterState {
 };
 
 struct MuteState {
-    std::int32_t MuteKeyCode = 9;
+    std::int32_t MuteKeyCode = 9; ///< 0: none
     bool Muted = false;
     bool FrameOpen = false;   ///< a preference frame is shown; the mute key is ignored
     PlayerStatus SavedStatus; ///< of the player's panel before it was muted

@@ -17,7 +17,6 @@ struct ProgramState : PlaybackState {
     frmATC form;
     frmSplash splash;
     frmShow_FSUIPC fsuipc_status;
-    frmMuteKey mute_key_dialog;
     frmAddATC add_feed;
     CheckFeedsForm check_feeds;
     OnTheAirForm on_the_air;

@@ -76,14 +76,15 @@ class FakePrompts : public Prompts {
 
 class FakeDialogs : public Dialogs {
   public:
-    int MuteKey(int option) override {
-        shown_option = option;
-        return set_option;
+    std::optional<int> MuteKey(int key) override {
+        shown_key = key;
+        return set_key;
     }
     bool About() override { return true; }
     std::string ProgramFolders(const Folders& folders) override { return folders.DataPath; }
 
-    int shown_option = -1, set_option = 0; ///< of the mute key's dialog
+    int shown_key = -1; ///< of the mute key's dialog
+    std::optional<int> set_key;
 };
 
 /// Keeps what went to the recycle bin.
@@ -222,12 +223,15 @@ class FakePlayer : public FeedPlayer {
 
 class FakeKeyboard : public Keyboard {
   public:
-    bool IsDown(int virtual_key) override { return down == virtual_key; }
+    bool IsDown(int virtual_key) override { return down == virtual_key || held_too == virtual_key; }
+    bool IsInBox() override { return in_box; }
     bool IsOrWasDown(int virtual_key) override {
         return std::exchange(was_down, 0) == virtual_key || IsDown(virtual_key);
     }
 
     int down = 0;     ///< the key that is held, 0 for none
+    int held_too = 0; ///< with it
+    bool in_box = false;
     int was_down = 0; ///< the key that was held just before
 };
 

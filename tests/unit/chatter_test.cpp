@@ -378,21 +378,29 @@ TEST(MuteKey, HeldDownTogglesOnceASecondUnlessItHasNoEffect) {
         std::int32_t key;
         int down;
         bool frame_open, no_connection, works;
+        int held_too = 0; // while the key goes down
+        bool in_box = false;
     };
-    const Row rows[] = {{9, 9, false, false, true},  {77, 77, false, false, true}, {36, 9, false, false, false},
-                        {9, 0, false, false, false}, {9, 9, true, false, false},   {9, 9, false, true, false}};
+    const Row rows[] = {{9, 9, false, false, true},      {77, 77, false, false, true},
+                        {36, 9, false, false, false},    {0, 0, false, false, false},
+                        {9, 9, true, false, false},      {9, 9, false, true, false},
+                        {9, 9, false, false, true, 16},  {9, 9, false, false, false, 18},
+                        {9, 9, false, false, false, 92}, {9, 9, false, false, false, 0, true}};
     for (const Row& row : rows) {
         Bench bench;
         bench.state.mute = {row.key, false, row.frame_open, {}};
         bench.state.radio.NoConnection = row.no_connection;
         bench.keyboard.down = row.down;
+        bench.keyboard.held_too = row.held_too;
+        bench.keyboard.in_box = row.in_box;
         const TimePoint end = bench.clock.now + std::chrono::seconds(10);
         int toggles = 0;
         for (bool muted = false; bench.clock.now < end; bench.clock.now += std::chrono::milliseconds(100)) {
             bench.mute_key.Timer5_Timer();
+            bench.keyboard.held_too = bench.keyboard.in_box = false; // the key is up last
             toggles += bench.state.mute.Muted != std::exchange(muted, bench.state.mute.Muted) ? 1 : 0;
         }
-        EXPECT_EQ(toggles, row.works ? 10 : 0) << row.key << " " << row.down;
+        EXPECT_EQ(toggles, row.works ? 10 : 0) << row.key << " " << row.down << " " << row.held_too;
     }
 }
 

@@ -78,7 +78,7 @@ class Day : public Flight {
         {"a flight anywhere", [this] { simulator.FlyTo(Below(180) - 90, Below(360) - 180); }},
         {"the clock was set", [this] { clock.now += std::chrono::hours(Below(3) - 1); }},
         {"the mute key", [this] { Press(state().mute.MuteKeyCode, [this] { program->TimerTick(5); }); }},
-        {"another mute key", [this] { dialogs.set_option = Below(5), program->Run(Command::mnuSetMute); }},
+        {"another mute key", [this] { dialogs.set_key = Below(40), program->Run(Command::mnuSetMute); }},
         {"optAuto", Click(Command::optAuto)},
         {"optManual", Click(Command::optManual)},
         {"a pick", [this] { program->SelectRow(AnyRow()), program->Run(Command::lvwDB_ItemClick); }},

@@ -1,5 +1,6 @@
 // The list in the user's hands: sorting, searching, picking, tuning from it; and the preferences.
 #include "Flight.h"
+#include "state/MuteKeys.h"
 
 using namespace quillon;
 
@@ -261,18 +262,17 @@ TEST_F(Hand, PreferencesAreSavedAndRestored) {
 TEST_F(Hand, TheMuteKeyIsSetInItsDialog) {
     Write("Quillon\\Quillon.ini", "50\r\nCom1\r\n15\r\n25\r\n65\r\n");
     Start();
-    struct Row {
-        int set, shown, code, next;
-    };
-    const Row rows[] = {
-        {0, 1, 65, 0}, {3, 0, 16, 3}, {0, 3, 16, 3}, {4, 3, 35, 4}}; // a foreign key shows "Tab" first
-    for (const Row& row : rows) {
-        dialogs.set_option = row.set;
+    int last = 65;
+    for (const int typed : {-1, 16, -1, NoMuteKey}) { // -1: cancelled
+        const auto set = typed < 0 ? std::nullopt : std::optional(typed);
+        dialogs.set_key = set;
         program->Run(Command::mnuSetMute);
-        EXPECT_EQ(dialogs.shown_option, row.shown);
-        EXPECT_EQ(state().mute.MuteKeyCode, row.code);
-        EXPECT_EQ(state().mute_key_dialog.Option.Value, row.next);
+        EXPECT_EQ(dialogs.shown_key, std::exchange(last, set.value_or(last)));
+        EXPECT_EQ(state().mute.MuteKeyCode, last);
     }
+    EXPECT_EQ(MuteKeyOption(35) * 10 + MuteKeyOption(65), 45);
+    for (const int key : {1, 6, 17, 18, 91, 229}) EXPECT_FALSE(CanBeMuteKey(key)) << key;
+    EXPECT_TRUE(CanBeMuteKey(8) && CanBeMuteKey(16) && CanBeMuteKey(27));
 }
 
 TEST_F(Hand, TheStatusDialogShowsTheLink) {

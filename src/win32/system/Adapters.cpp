@@ -182,6 +182,14 @@ bool WinKeyboard::IsDown(int virtual_key) {
     return (GetAsyncKeyState(virtual_key) & 0x8000) != 0;
 }
 
+/// The focus is one of this thread's windows only while a window of the program is active.
+bool WinKeyboard::IsInBox() {
+    std::array<wchar_t, 16> name{};
+    if (GetClassNameW(GetFocus(), name.data(), name.size()) == 0) return false;
+    return lstrcmpiW(name.data(), L"Edit") == 0 || lstrcmpiW(name.data(), L"ComboBox") == 0 ||
+           lstrcmpiW(name.data(), L"ComboLBox") == 0;
+}
+
 bool WinKeyboard::IsOrWasDown(int virtual_key) {
     return GetAsyncKeyState(virtual_key) != 0;
 }

@@ -58,6 +58,7 @@ class WinShell : public Shell {
 class WinKeyboard : public Keyboard {
   public:
     bool IsDown(int virtual_key) override;
+    bool IsInBox() override;
     bool IsOrWasDown(int virtual_key) override;
 };
 

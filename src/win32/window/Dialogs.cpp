@@ -105,23 +105,6 @@ INT_PTR CALLBACK InputProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM
     return TRUE;
 }
 
-int SelectedOption(HWND dialog) {
-    for (int id = IDC_OPTION1; id <= IDC_OPTION4; ++id)
-        if (IsDlgButtonChecked(dialog, id) == BST_CHECKED) return id - IDC_OPTION1 + 1;
-    return 0;
-}
-
-INT_PTR CALLBACK MuteKeyProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
-    if (message == WM_INITDIALOG) {
-        PrepareDialog(dialog);
-        if (lparam > 0) CheckDlgButton(dialog, IDC_OPTION1 + static_cast<int>(lparam) - 1, BST_CHECKED);
-        return TRUE;
-    }
-    if (message != WM_COMMAND || (LOWORD(wparam) != IDOK && LOWORD(wparam) != IDCANCEL)) return FALSE;
-    EndDialog(dialog, LOWORD(wparam) == IDOK ? SelectedOption(dialog) : 0);
-    return TRUE;
-}
-
 INT_PTR CALLBACK AboutProcedure(HWND dialog, UINT message, WPARAM wparam, LPARAM lparam) {
     if (message == WM_INITDIALOG) {
         PrepareDialog(dialog);
@@ -171,12 +154,6 @@ std::string ShowFolders(HWND owner, const Folders& folders) {
     default:
         return {};
     }
-}
-
-int AskForMuteKey(HWND owner, int option) {
-    const INT_PTR set = DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_MUTE_KEY), owner,
-                                        MuteKeyProcedure, option);
-    return set > 0 ? static_cast<int>(set) : 0;
 }
 
 std::string AskForText(HWND owner, const std::string& title, const std::string& prompt,

@@ -18,10 +18,6 @@ void PrepareDialog(HWND dialog);
 std::string AskForText(HWND owner, const std::string& title, const std::string& prompt,
                        const std::string& default_answer);
 
-/// The modal dialog of the mute key, with option 1 to 4 selected (0: none). Returns the option that the user
-/// set, 0 if the dialog was closed without.
-int AskForMuteKey(HWND owner, int option);
-
 /// The modal dialog of the program's version and licence. Returns whether the user asked for system
 /// information.
 bool ShowAbout(HWND owner);

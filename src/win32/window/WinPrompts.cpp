@@ -5,6 +5,7 @@
 #include "win32/system/LateFunction.h"
 #include "win32/system/Utf16.h"
 #include "win32/window/Dialogs.h"
+#include "win32/window/MuteKeyDialog.h"
 
 #include <array>
 #include <commdlg.h>
@@ -67,8 +68,8 @@ std::string WinPrompts::BrowseFile(const std::string& description, const std::st
     return open != nullptr && open(&dialog) ? Narrow(path.data()) : "";
 }
 
-int WinDialogs::MuteKey(int option) {
-    return AskForMuteKey(owner_(), option);
+std::optional<int> WinDialogs::MuteKey(int key) {
+    return AskForMuteKey(owner_(), key);
 }
 
 bool WinDialogs::About() {

@@ -28,7 +28,7 @@ class WinDialogs : public Dialogs {
   public:
     explicit WinDialogs(std::function<HWND()> owner) : owner_(std::move(owner)) {}
 
-    int MuteKey(int option) override;
+    std::optional<int> MuteKey(int key) override;
     bool About() override;
     std::string ProgramFolders(const Folders& folders) override;
 
