@@ -31,6 +31,18 @@ constexpr KindPresets Presets[] = {
     {SourceKind::WaveFiles, "Enter path to .wav files:", "", WaveCity, true},
 };
 
+std::size_t CountFeeds(std::string_view catalogue) {
+    std::size_t feeds = 0;
+    while (const auto line = TakeLine(catalogue)) feeds += IsFeedLine(*line) && IsWholeLine(*line) ? 1U : 0U;
+    return feeds;
+}
+
+std::string WordsOfAdded(const frmAddATC& form) {
+    const std::string& frequency = form[AddBox::txtFreq];
+    return "Added: " + form[AddBox::txtICAO] + " on " + (frequency.empty() ? "a free channel" : frequency) +
+           ". The catalogue now has " + std::to_string(form.Feeds) + (form.Feeds == 1 ? " feed." : " feeds.");
+}
+
 } // namespace
 
 std::string AddFeed::CataloguePath() const {
@@ -54,6 +66,7 @@ void AddFeed::mnuAddATC_Click() {
 void AddFeed::CollectFrequencies() {
     state_.StartupStep = "Opening " + CataloguePath();
     const std::string text = ReadText(CataloguePath(), page_);
+    state_.add_feed.Feeds = CountFeeds(text);
     const bool skips = state_.marks.SkipFaultyLines.value_or(false);
     std::string_view rest = text;
     while (const auto line = TakeLine(rest)) {
@@ -70,7 +83,22 @@ void AddFeed::CollectFrequencies() {
     state_.StartupStep.clear();
 }
 
+void AddFeed::SetText(AddBox box, const std::string& text) {
+    if (state_.add_feed[box] == text) return;
+    state_.add_feed[box] = text;
+    if (box == AddBox::txtICAO) NoteAirport();
+    if (box == AddBox::txtURL) EndTest();
+}
+
+void AddFeed::NoteAirport() {
+    frmAddATC& form = state_.add_feed;
+    const std::string& icao = form[AddBox::txtICAO];
+    const bool unknown = IsIcao(icao) && positions_.Of(icao) == nullptr;
+    form.AirportNote = unknown ? "Not in Airport.dat: distance unknown" : "";
+}
+
 void AddFeed::cmdCancel_Click() {
+    EndTest();
     state_.add_feed.Visible = false;
     state_.Busy = false;
     reload_.Run(cycle_ran_);
@@ -82,8 +110,8 @@ void AddFeed::ChooseKind(SourceKind kind) {
     for (const KindPresets& presets : Presets) {
         if (presets.Kind != kind) continue;
         form.PromptCaption = presets.PromptCaption;
-        if (presets.Url != nullptr) form[AddBox::txtURL] = presets.Url;
-        form[AddBox::txtCity] = presets.City;
+        if (presets.Url != nullptr) SetText(AddBox::txtURL, presets.Url);
+        SetText(AddBox::txtCity, presets.City);
         form.cmdBrowseVisible = presets.Browse;
     }
 }
@@ -105,7 +133,33 @@ void AddFeed::cmdBrowse_Click() {
     const std::string path = waves ? prompts_.BrowseFile("Wave Files (*.wav)", "*.wav")
                                    : prompts_.BrowseFile("Playlist Files (*.wpl)", "*.wpl");
     if (path.empty()) return;
-    state_.add_feed[AddBox::txtURL] = waves ? path.substr(0, path.rfind('\\') + 1) : path;
+    SetText(AddBox::txtURL, waves ? path.substr(0, path.rfind('\\') + 1) : path);
+}
+
+void AddFeed::cmdTest_Click() {
+    frmAddATC& form = state_.add_feed;
+    const std::string& address = form[AddBox::txtURL];
+    FileServers servers = FileServersOf(state_.form.lvwDB);
+    if (std::string server = ServerOfPath(address); !server.empty()) servers.insert(std::move(server));
+    form.Testing = true;
+    form.TestCaption = "Trying the address ...";
+    try_ = probe_.Start(address, state_.UserAgent, servers);
+}
+
+void AddFeed::Poll() {
+    frmAddATC& form = state_.add_feed;
+    if (!try_) return;
+    const auto answer = try_->Answer();
+    if (!answer) return;
+    try_.reset();
+    form.Testing = false;
+    form.TestCaption = answer->Words;
+}
+
+void AddFeed::EndTest() {
+    try_.reset();
+    state_.add_feed.Testing = false;
+    state_.add_feed.TestCaption.clear();
 }
 
 void AddFeed::VerifyData() {
@@ -117,12 +171,16 @@ void AddFeed::VerifyData() {
 }
 
 void AddFeed::cmdAdd_Click() {
-    VerifyData();
     frmAddATC& form = state_.add_feed;
+    SetText(AddBox::txtFreq, CompletedFrequency(form[AddBox::txtFreq]));
+    VerifyData();
     if (form.BadData) return;
     const std::string line = form[AddBox::txtICAO] + "|" + form[AddBox::txtCity] + "|" + form[AddBox::txtURL] +
                              "|" + form[AddBox::txtFreq];
-    if (Append(line)) PrepareNext();
+    if (!Append(line)) return;
+    ++form.Feeds;
+    form.AddedCaption = WordsOfAdded(form);
+    PrepareNext();
 }
 
 /// Returns whether the line was written. If not, the message quotes it: it must not be lost.
@@ -150,23 +208,23 @@ bool AddFeed::Append(const std::string& line) {
 
 void AddFeed::PrepareNext() {
     frmAddATC& form = state_.add_feed;
-    form[AddBox::txtICAO].clear();
-    form[AddBox::txtFreq].clear();
+    SetText(AddBox::txtICAO, "");
+    SetText(AddBox::txtFreq, "");
     switch (form.Kind) {
     case SourceKind::LiveATC:
-        form[AddBox::txtURL] = services::LiveAtcFeedPrefix;
-        form[AddBox::txtCity].clear();
+        SetText(AddBox::txtURL, services::LiveAtcFeedPrefix);
+        SetText(AddBox::txtCity, "");
         break;
     case SourceKind::InternetRadio:
-        form[AddBox::txtURL] = HttpPrefix;
-        form[AddBox::txtCity] = RadioCity;
+        SetText(AddBox::txtURL, HttpPrefix);
+        SetText(AddBox::txtCity, RadioCity);
         break;
     case SourceKind::PlayLists:
-        form[AddBox::txtURL].clear();
+        SetText(AddBox::txtURL, "");
         break;
     case SourceKind::WaveFiles:
-        form[AddBox::txtURL].clear();
-        form[AddBox::txtCity] = WaveCity;
+        SetText(AddBox::txtURL, "");
+        SetText(AddBox::txtCity, WaveCity);
         break;
     }
     form.RequestFocus({AddBox::txtICAO, 0, 0});

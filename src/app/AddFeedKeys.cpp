@@ -33,7 +33,7 @@ int CityKey(int key, const std::string& text, int previous) {
 }
 
 int UrlKey(int key) {
-    return Between(key, 14, 21) || Between(key, '<', '@') ? RefusedKey : key;
+    return Between(key, 14, 21) || key == '<' || key == '>' ? RefusedKey : key;
 }
 
 } // namespace

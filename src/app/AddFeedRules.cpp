@@ -35,7 +35,7 @@ Fault UnfitForALine(const frmAddATC& form) {
 }
 
 Fault BadIcao(const std::string& icao) {
-    if (Len(icao) >= 3 && Len(icao) <= 4) return std::nullopt;
+    if (IsIcao(icao)) return std::nullopt;
     return EntryFault{"ICAO - Invalid format",
                       "Invalid ICAO format!  ICAO must be 3 or 4 characters",
                       {AddBox::txtICAO, 0, 4}};
@@ -103,6 +103,20 @@ Fault FrequencyInUse(const frmAddATC& form, const std::string& frequency) {
 }
 
 } // namespace
+
+bool IsIcao(const std::string& text) {
+    return Len(text) >= 3 && Len(text) <= 4;
+}
+
+std::string CompletedFrequency(const std::string& frequency) {
+    const std::string zeros = "000.00";
+    if (frequency.size() < 3 || frequency.size() > zeros.size()) return frequency;
+    for (std::size_t i = 0; i < frequency.size(); ++i) {
+        const bool digit = frequency[i] >= '0' && frequency[i] <= '9';
+        if (zeros[i] == '.' ? frequency[i] != '.' : !digit) return frequency;
+    }
+    return frequency + zeros.substr(frequency.size());
+}
 
 std::optional<EntryFault> FindFault(const frmAddATC& form) {
     if (Fault fault = BadIcao(form[AddBox::txtICAO])) return fault;

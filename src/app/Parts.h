@@ -108,7 +108,7 @@ struct Parts {
     Preferences preferences{state, texts, ports.prompts, ports.dialogs, ports.shell, trap};
     WindowView view{state, remembered, preferences};
     Maintenance maintenance{state, ports.prompts, ports.shell, ports.files, clock, reload, trap};
-    AddFeed add_feed{state, ports.prompts, ports.code_page, reload, trap};
+    AddFeed add_feed{state, positions, ports.prompts, ports.code_page, ports.probe, reload, trap};
     FeedCheck feed_check{
         state.check_feeds, state.form.lvwDB, state.marks,     positions, state.folders, state.UserAgent,
         ports.probe,       ports.shell,      ports.code_page, clock,     trap};

@@ -135,8 +135,12 @@ struct frmAddATC {
     bool Visible = false;
     SourceKind Kind = SourceKind::LiveATC;
     std::array<std::string, 4> Texts; ///< of the boxes, in their order
+    std::string AirportNote;          ///< beside `txtICAO`; empty if there is nothing to say
     std::string PromptCaption;        ///< above `txtURL`
     bool cmdBrowseVisible = false;
+    bool Testing = false;     ///< the address is being tried
+    std::string TestCaption;  ///< what came of that
+    std::string AddedCaption; ///< what was added last
     Focus WantedFocus{};
     ViewRequest FocusRequest = 0; ///< to move the keyboard to `WantedFocus`
 
@@ -145,6 +149,7 @@ struct frmAddATC {
         std::string Icao;
     };
     std::vector<StatedFrequency> lstAdd; ///< that the catalogue states
+    std::size_t Feeds = 0;               ///< in the catalogue
     bool SharedFrequencies = false;      ///< each airport may have each frequency
     bool BadData = false;                ///< the last entry was rejected
 

@@ -128,7 +128,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     if (!window.Create(program)) return 1;
     program.ConnectToSimulator();
     window.Run();
-    // A simulator or disk that hangs may hold its thread for seconds yet, and what it uses must not be taken from it.
+    // A simulator or disk that hangs may hold its thread for seconds yet, and what it uses must not be taken
+    // from it.
     constexpr std::chrono::milliseconds Patience{500};
     if (!background.Finish(Patience) || !disk.Finish(Patience)) ExitProcess(0);
     return 0;

@@ -62,7 +62,6 @@ TEST(EntryRules, TheFirstBrokenRuleIsNamedWithItsPlace) {
          {"EGLL", "", "u", "12"},
          "Invalid Frequency format!  Frequency must be entered as ###.##",
          {txtFreq, 0, 0}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", "118.0"}, "", {}},
         {SourceKind::LiveATC, {"EGLL", "", "u", "123456"}, digits, {txtFreq, 0, 0}},
         {SourceKind::LiveATC, {"EGLL", "", "u", "1e9999"}, digits, {txtFreq, 0, 0}},
         {SourceKind::LiveATC, {"EGLL", "", "u", "118.53"}, digits, {txtFreq, 0, 0}},
@@ -119,12 +118,58 @@ TEST(EntryKeys, EachBoxLetsItsOwnKeysThrough) {
         {txtCity, 'a', 'A', ""},    {txtCity, 'a', 'A', "New ", ' '},
         {txtCity, 0xE9, 0xC9, ""},  {txtCity, 12, RefusedKey},
         {txtCity, 13, 13},          {txtCity, 22, 22},
-        {txtURL, '?', RefusedKey},  {txtURL, '<', RefusedKey},
-        {txtURL, ';', ';'},         {txtURL, 'a', 'a', ""},
+        {txtURL, '?', '?'},         {txtURL, '<', RefusedKey},
+        {txtURL, '=', '='},         {txtURL, '>', RefusedKey},
+        {txtURL, '@', '@'},         {txtURL, 'a', 'a', ""},
     };
     for (const auto& row : rows)
         EXPECT_EQ(KeyPress(row.box, row.key, row.text, row.previous), row.gives)
             << static_cast<int>(row.box) << " " << row.key;
+}
+
+TEST(EntryRules, AFrequencyIsCompletedToTwoDecimals) {
+    for (const auto& [typed, completed] : {std::pair("118", "118.00"), {"118.", "118.00"}, {"118.1", "118.10"}})
+        EXPECT_EQ(CompletedFrequency(typed), completed);
+    for (const std::string other : {"", "11", "118.10", "118.305", "1181", "118,1", "11a", "118.1x"})
+        EXPECT_EQ(CompletedFrequency(other), other);
+}
+
+TEST_F(Upkeep, AnUnknownAirportIsNotedBesideItsBox) {
+    program->Run(Command::mnuAddATC);
+    for (const auto& [icao, note] : {std::pair("QQ", ""),
+                                     {"QQQQ", "Not in Airport.dat: distance unknown"},
+                                     {"EGLL", ""},
+                                     {"QQQ", "Not in Airport.dat: distance unknown"}}) {
+        Type(txtICAO, icao);
+        EXPECT_EQ(form().AirportNote, note) << icao;
+    }
+    Type(txtFreq, "121.50");
+    Add();
+    EXPECT_EQ(form()[txtICAO] + form().AirportNote, "") << "it was added, and the next one begins";
+}
+
+TEST_F(Upkeep, AnAddressIsTriedUntilItChanges) {
+    program->Run(Command::mnuAddATC);
+    const auto test = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdTest_Click(); }); };
+    const auto poll = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.Poll(); }); };
+    Type(txtURL, "http://b.example/");
+    test();
+    poll();
+    EXPECT_EQ(form().TestCaption, "Trying the address ...");
+    probe.answers["http://b.example/"] = {Finding::Fails, "No answer"};
+    poll();
+    EXPECT_EQ(form().TestCaption, "No answer");
+    Type(txtCity, "x");
+    EXPECT_EQ(form().TestCaption, "No answer");
+    test();
+    Type(txtURL, "http://c.example/");
+    poll();
+    EXPECT_TRUE(probe.trying.empty());
+    EXPECT_EQ(form().TestCaption, "") << "the answer is another address's";
+    test();
+    EXPECT_EQ(probe.trying, std::set<std::string>{"http://c.example/"});
+    Close();
+    EXPECT_TRUE(probe.trying.empty());
 }
 
 TEST_F(Upkeep, EachKindPresetsItsBoxes) {
@@ -153,10 +198,11 @@ TEST_F(Upkeep, AnAddedFeedIsALineAndIsTunedTo) {
     EXPECT_TRUE(prompts.asked.first.empty()) << "another command ran behind the dialog";
     Type(txtICAO, "EGLL");
     Type(txtURL, "http://b.example/");
-    Type(txtFreq, "121.50");
+    Type(txtFreq, "121.5");
     Add();
+    EXPECT_EQ(form().AddedCaption, "Added: EGLL on 121.50. The catalogue now has 2 feeds.");
     Type(txtICAO, "EGLL");
-    Type(txtFreq, "121.50");
+    Type(txtFreq, "121.5");
     Add();
     EXPECT_EQ(prompts.messages.back().text, "Frequency 121.50 is already in use!");
     EXPECT_EQ(file(), "CYYZ|Toronto|http://a.example/|118.70\r\nEGLL||http://b.example/|121.50\r\n");

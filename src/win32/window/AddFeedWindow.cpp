@@ -15,6 +15,8 @@ namespace {
 
 constexpr AddBox Boxes[] = {AddBox::txtICAO, AddBox::txtCity, AddBox::txtURL, AddBox::txtFreq};
 
+constexpr UINT PollMs = 100; // of the notes and of an address that is tried
+
 int IdOf(AddBox box) {
     return IDC_TXT_ICAO + static_cast<int>(box);
 }
@@ -42,6 +44,7 @@ void AddFeedWindow::Open(HWND owner) {
         SetWindowSubclass(GetDlgItem(Window(), IdOf(box)), EditProcedure, static_cast<UINT_PTR>(box),
                           reinterpret_cast<DWORD_PTR>(this));
     Show();
+    SetTimer(Window(), 1, PollMs, nullptr);
     EnableWindow(owner, FALSE);
     ShowWindow(Window(), SW_SHOW);
 }
@@ -54,14 +57,23 @@ void AddFeedWindow::Close(HWND owner) {
 
 void AddFeedWindow::Show() {
     const frmAddATC& form = program_->State().add_feed;
-    for (const AddBox box : Boxes)
-        if (TextOfItem(Window(), IdOf(box)) != form[box])
-            SetDlgItemTextW(Window(), IdOf(box), Wide(form[box]).c_str());
-    if (TextOfItem(Window(), IDC_URL_PROMPT) != form.PromptCaption)
-        SetDlgItemTextW(Window(), IDC_URL_PROMPT, Wide(form.PromptCaption).c_str());
+    for (const AddBox box : Boxes) ShowText(IdOf(box), form[box]);
+    ShowText(IDC_URL_PROMPT, form.PromptCaption);
+    ShowNotes();
     ShowBrowse(form.cmdBrowseVisible);
     ShowKind(form.Kind);
     if (std::exchange(focus_served_, form.FocusRequest) != form.FocusRequest) TakeFocus(form.WantedFocus);
+}
+
+void AddFeedWindow::ShowNotes() {
+    const frmAddATC& form = program_->State().add_feed;
+    ShowText(IDC_AIRPORT_NOTE, form.AirportNote);
+    ShowText(IDC_TEST_RESULT, form.TestCaption);
+    ShowText(IDC_ADDED, form.AddedCaption);
+}
+
+void AddFeedWindow::ShowText(int id, const std::string& text) {
+    if (TextOfItem(Window(), id) != text) SetDlgItemTextW(Window(), id, Wide(text).c_str());
 }
 
 /// The address box takes the button's place while that is hidden.
@@ -89,6 +101,10 @@ void AddFeedWindow::TakeFocus(frmAddATC::Focus focus) {
 
 INT_PTR AddFeedWindow::Handle(UINT message, WPARAM wparam, LPARAM) {
     if (message == WM_INITDIALOG) PrepareDialog(Window());
+    if (message == WM_TIMER) {
+        program_->AddFeedEvent([](AddFeed& dialog) { dialog.Poll(); });
+        ShowNotes();
+    }
     if (message != WM_COMMAND) return FALSE; // leaves the focus alone
     Command(LOWORD(wparam), HIWORD(wparam));
     return TRUE;
@@ -110,6 +126,7 @@ void AddFeedWindow::Command(int id, int code) {
     if (id >= IDC_KIND1 && id <= IDC_KIND4 && kind != chosen)
         Event([kind](AddFeed& dialog) { dialog.ChooseKind(kind); });
     if (id == IDC_BROWSE) Event([](AddFeed& dialog) { dialog.cmdBrowse_Click(); });
+    if (id == IDC_TEST) Event([](AddFeed& dialog) { dialog.cmdTest_Click(); });
     if (id == IDOK) Event([](AddFeed& dialog) { dialog.cmdAdd_Click(); });
     if (id == IDCANCEL) Event([](AddFeed& dialog) { dialog.cmdCancel_Click(); });
 }

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <string>
 
 namespace quillon {
 
@@ -25,6 +26,8 @@ class AddFeedWindow : public ModelessDialog {
     void Open(HWND owner);
     void Close(HWND owner);
     void Show();
+    void ShowNotes();
+    void ShowText(int id, const std::string& text);
     void ShowBrowse(bool visible);
     void ShowKind(SourceKind kind);
     void TakeFocus(frmAddATC::Focus focus);
