@@ -29,9 +29,10 @@ class Check(unittest.TestCase):
             (world.data / "live_atc_feeds.txt").write_text(
                 "\r\n".join([*lines, "EGLL|gone|C:\\none\\|", world.feeds.catalogue().split("\n", 1)[1].rstrip(),
                              "CYYZ|broken\r\n"]), newline="")
-            for title in ("Load User Frequency Error", "LoadList Error"):  # the changed file is loaded again
+            for title, button in (("Load User Frequency Error", "IDOK"), ("LoadList Error", "IDOK"),
+                                  ("Faulty Lines", "IDNO")):  # the changed file is loaded again
                 copilot.await_text("boxes", lambda boxes, title=title: boxes.startswith(title), 10)
-                copilot.ask("press IDOK")
+                copilot.ask(f"press {button}")
 
             def check(until):
                 server.asked.clear()
