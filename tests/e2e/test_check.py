@@ -10,8 +10,9 @@ from hostile_server import HostileServer, make_certificate, make_expired_certifi
 from world.feeds import FEEDS
 from world.world import SOUNDS, World
 
-ROWS = ('10|CYYZ|broken||1 "|" instead of 3', "2|EGLL refuse|*The server takes no connections", "3|EGLL 404|*(404)",
-        "4|EGLL untrusted|*certificate is from an unknown issuer*redirected to https", "5|EGLL mute|*within ten seconds", "6|EGLL gone|*Cannot reach C:\\none",
+ROWS = ('10|CYYZ|broken||Only 1 "|" instead of 3: the list stops here', "2|EGLL refuse|*The server takes no connections",
+        "3|EGLL 404|*(404)", "4|EGLL untrusted|*certificate is from an unknown issuer*redirected to https",
+        "5|EGLL mute|*within ten seconds", "6|EGLL gone|*Cannot reach C:\\none",
         "1|EGLL relative-redirect|*|Redirected to *.end?a=b", *(f"{7 + n}|{feed.icao} *|Plays" for n, feed in enumerate(FEEDS)))
 
 
@@ -52,7 +53,7 @@ class Check(unittest.TestCase):
             copilot.ask("press IDC_CHECK_SAVE")
             copilot.ask("wait Notepad 20000")
             self.assertEqual((world.data / "Check.txt").read_text("utf-8-sig").splitlines()[2],
-                             f'Line 10: {ROWS[0].split("||")[1]}: the list stops here (CYYZ|broken)')
+                             f'Line 10: {ROWS[0].split("||")[1]} (CYYZ|broken)')
             copilot.ask("close Notepad")
             check("Tried 5 of 9")
             copilot.ask("press IDCANCEL")
