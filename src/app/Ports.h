@@ -40,7 +40,7 @@ struct Ports {
     Background& background; ///< for questions to the simulator
     SoundDevices& devices;
     FolderLister& folders;
-    Background& disk;       ///< for looks at files
+    Background& disk; ///< for looks at files
 };
 
 } // namespace quillon
