@@ -46,6 +46,9 @@ class Upkeep(unittest.TestCase):
         self.copilot.ask("command mnuAddATC")
         self.box("Add Feed|")
         self.assertEqual(self.copilot.ask("field IDC_TXT_URL"), "http://feeds.example/")
+        self.copilot.ask("field IDC_TXT_URL =http://127.0.0.1:1/?a=b")
+        self.copilot.ask("press IDC_TEST")
+        self.copilot.await_text("field IDC_TEST_RESULT", "The server takes no connections")
         self.fill(LIVE, ICAO="EGLL", FREQ=TORONTO.frequency)
         self.close_by_keyboard("Available Frequencies")
 
@@ -76,21 +79,14 @@ class Upkeep(unittest.TestCase):
         self.close_by_keyboard("Success")
         self.assertEqual((self.world.data / "live_atc_feeds.bak").read_bytes(), mine)
         self.catalogue.write_bytes(b"EGLL|Spoilt|http://x.example/|118.20\r\n")
-        self.restore()
-        wait_until("the old catalogue", lambda: self.catalogue.exists() and self.catalogue.read_bytes() == mine, 10)
-        trash = self.world.folder / "home/.local/share/Trash/files"
-        self.assertIn(b"Spoilt", b"".join(path.read_bytes() for path in trash.iterdir()))
-        (self.world.data / "live_atc_feeds.bak").unlink()
-        self.restore()
-        self.close_by_keyboard("Restore Error")
-        self.catalogue.write_bytes(mine)
-
-    def restore(self):
         self.copilot.ask("command mnuRestore")
         self.box("Restoring will move")
         self.copilot.ask("press IDYES")
         self.box("Confirm file deletion")
         self.copilot.ask("press IDYES")
+        wait_until("the old catalogue", lambda: self.catalogue.exists() and self.catalogue.read_bytes() == mine, 10)
+        trash = self.world.folder / "home/.local/share/Trash/files"
+        self.assertIn(b"Spoilt", b"".join(path.read_bytes() for path in trash.iterdir()))
 
     def test_4_notepad_edits_while_the_window_lives(self):
         self.copilot.ask("command mnuEditData")
