@@ -10,10 +10,10 @@ class Keyboard {
     /// Whether the key of that Windows virtual-key code is down now.
     virtual bool IsDown(int virtual_key) = 0;
 
-    /// Whether the keyboard's focus is in an edit or combo box of this program.
+    /// Whether the focus is in an edit or combo box of this program.
     virtual bool IsInBox() = 0;
 
-    /// Whether it is down, or has been since the last question about it.
+    /// Whether that key is down, or has been since the last question about it.
     virtual bool IsOrWasDown(int virtual_key) = 0;
 };
 
