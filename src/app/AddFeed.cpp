@@ -141,24 +141,19 @@ void AddFeed::cmdTest_Click() {
     const std::string& address = form[AddBox::txtURL];
     FileServers servers = FileServersOf(state_.form.lvwDB);
     if (std::string server = ServerOfPath(address); !server.empty()) servers.insert(std::move(server));
-    form.Testing = true;
     form.TestCaption = "Trying the address ...";
     try_ = probe_.Start(address, state_.UserAgent, servers);
 }
 
 void AddFeed::Poll() {
-    frmAddATC& form = state_.add_feed;
-    if (!try_) return;
-    const auto answer = try_->Answer();
+    const auto answer = try_ ? try_->Answer() : std::nullopt;
     if (!answer) return;
+    state_.add_feed.TestCaption = answer->Words;
     try_.reset();
-    form.Testing = false;
-    form.TestCaption = answer->Words;
 }
 
 void AddFeed::EndTest() {
     try_.reset();
-    state_.add_feed.Testing = false;
     state_.add_feed.TestCaption.clear();
 }
 

@@ -9,6 +9,7 @@
 #include "state/ProgramState.h"
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -90,9 +91,9 @@ class AddFeed {
     Prompts& prompts_;
     AnsiCodePage& page_;
     FeedProbe& probe_;
-    std::unique_ptr<FeedTry> try_; ///< of the typed address
     CatalogueReload& reload_;
     ErrorTrap& trap_;
+    std::unique_ptr<FeedTry> try_; ///< of the address
     bool cycle_ran_ = false;
     std::array<int, 4> previous_keys_{};
 };

@@ -138,8 +138,7 @@ struct frmAddATC {
     std::string AirportNote;          ///< beside `txtICAO`; empty if there is nothing to say
     std::string PromptCaption;        ///< above `txtURL`
     bool cmdBrowseVisible = false;
-    bool Testing = false;     ///< the address is being tried
-    std::string TestCaption;  ///< what came of that
+    std::string TestCaption;  ///< what came of trying the address, or that it is being tried
     std::string AddedCaption; ///< what was added last
     Focus WantedFocus{};
     ViewRequest FocusRequest = 0; ///< to move the keyboard to `WantedFocus`

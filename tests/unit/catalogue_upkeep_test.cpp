@@ -152,22 +152,20 @@ TEST_F(Upkeep, AnAddressIsTriedUntilItChanges) {
     program->Run(Command::mnuAddATC);
     const auto test = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdTest_Click(); }); };
     const auto poll = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.Poll(); }); };
-    Type(txtURL, "http://b.example/");
+    Type(txtURL, "b");
     test();
     poll();
     EXPECT_EQ(form().TestCaption, "Trying the address ...");
-    probe.answers["http://b.example/"] = {Finding::Fails, "No answer"};
+    probe.answers = {{"b", {Finding::Fails, "No answer"}}};
     poll();
-    EXPECT_EQ(form().TestCaption, "No answer");
     Type(txtCity, "x");
     EXPECT_EQ(form().TestCaption, "No answer");
     test();
-    Type(txtURL, "http://c.example/");
+    Type(txtURL, "c");
     poll();
-    EXPECT_TRUE(probe.trying.empty());
     EXPECT_EQ(form().TestCaption, "") << "the answer is another address's";
     test();
-    EXPECT_EQ(probe.trying, std::set<std::string>{"http://c.example/"});
+    EXPECT_EQ(probe.trying, std::set<std::string>{"c"});
     Close();
     EXPECT_TRUE(probe.trying.empty());
 }
