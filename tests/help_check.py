@@ -6,7 +6,7 @@ from pathlib import Path
 HELP = Path(__file__).resolve().parents[1] / "docs/help"
 SOURCE = "\n".join(path.read_text("utf-8") for end in ("h", "cpp", "rc") for path in HELP.glob(f"../../src/**/*.{end}"))
 LITERALS = re.findall(r'"((?:[^"\\\n]|\\.)*)"', re.sub(r'"\s*\n\s*"', "", SOURCE))
-SAID = {part.replace("&", "").strip() for text in LITERALS for part in re.split(r"\\[rnt]", text)}
+SAID = {part.replace("&", "").strip() for text in LITERALS for part in re.split(r"\\[rnt]|%", text)}
 
 class Page(HTMLParser):
     def __init__(self, path):
