@@ -31,11 +31,10 @@ bool PrintCommand::PrintList() {
 }
 
 bool PrintCommand::PrintPages(PrintJob& job, std::int16_t sheets) {
-    while (form_.PageNumber < sheets) {
-        const bool last = form_.PageNumber == sheets - 1;
-        trap_.StartupStep() = last ? "Print footer" : "Print data";
+    trap_.StartupStep() = "Print data";
+    while (form_.PageNumber < sheets)
         if (!job.PrintPage(PrintNextPage(form_, clock_.Now()))) return false;
-    }
+    trap_.StartupStep() = "Print footer";
     return job.Finish();
 }
 

@@ -304,7 +304,10 @@ class FakePrinter : public Printer {
             if (printer_.pages.size() == printer_.fails_at) throw RuntimeError{PrinterError, "On fire"};
             return printer_.pages.size() != printer_.cancelled_at;
         }
-        bool Finish() override { return printer_.finished = true; }
+        bool Finish() override {
+            if (printer_.fails_at == printer_.pages.size() + 1) throw RuntimeError{PrinterError, "On fire"};
+            return printer_.finished = true;
+        }
         FakePrinter& printer_;
     };
     bool chosen = true;                         ///< in the print dialog

@@ -3,6 +3,7 @@
 #include "simlink/BitwiseOps.h"
 #include "simlink/FsuipcClient.h"
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
@@ -27,6 +28,7 @@ void PutWord(std::uint8_t* at, std::uint32_t word) {
 /// The system and the simulator behind it: a memory of offsets, and a knob for everything that can go wrong.
 struct FakeMachine : MessageLink, SharedMemory, Clock {
     std::string window_class = "UIPCMAIN";
+    NativeHandle other_window = 0; ///< of class FS98MAIN, which must not be asked
     bool registers = true, adds_atom = true, creates = true, taken = false, maps = true;
     std::uint32_t reply = 1, last_error = 0;
     int failing_sends = 0;
@@ -40,7 +42,10 @@ struct FakeMachine : MessageLink, SharedMemory, Clock {
     std::int64_t slept = 0;
     int sends = 0;
 
-    NativeHandle FindPeerWindow(const std::string& wanted) override { return wanted == window_class ? 7 : 0; }
+    NativeHandle FindPeerWindow(const std::string& wanted) override {
+        if (wanted == window_class) return 7;
+        return wanted == "FS98MAIN" ? other_window : 0;
+    }
     std::uint32_t RegisterMessage(const std::string& text) override {
         return registers && text == "FSASMLIB:IPC" ? 0xC123 : 0;
     }
@@ -59,6 +64,9 @@ struct FakeMachine : MessageLink, SharedMemory, Clock {
         while (const std::uint32_t identifier = WordAt(at)) {
             const std::uint32_t offset = WordAt(at + 4), size = WordAt(at + 8);
             if (identifier == 2) std::memcpy(&offsets[offset], at + 12, std::min(size, 4U));
+            if (identifier == 1) {
+                EXPECT_EQ(std::count(at + 16, at + 16 + size, 0), size) << "room for the reply";
+            }
             if (identifier == 1 && size >= 4) PutWord(at + 16, offsets[offset]);
             at += (identifier == 1 ? 16 : 12) + size;
         }
@@ -109,6 +117,7 @@ TEST_F(Link, EveryFailureToOpenHasItsCodeAndKeepsOnlyAWholeArea) {
         {0, [](FakeMachine&) {}},
         {0, [](FakeMachine&) {}, 8},
         {0, [](FakeMachine& m) { m.window_class = "FS98MAIN"; }},
+        {0, [](FakeMachine& m) { m.other_window = 8; }},
         {0, [](FakeMachine& m) { m.offsets[0x3304] = 0x19980005; }},
         {2, [](FakeMachine& m) { m.window_class = "Other"; }},
         {3, [](FakeMachine& m) { m.registers = false; }},

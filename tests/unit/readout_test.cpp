@@ -40,6 +40,8 @@ TEST(RadioReadout, ReadsRadioPauseAndPosition) {
     simulator.Put(0x0568, 0);
     EXPECT_NEAR(readout.Read(0, result).Position().latitude.value(), 9 + 2.5 * 90 / 10001750, 1e-9);
     EXPECT_EQ(DegreesText(readout.Read(0, result).Position().longitude.value()), "-90.0");
+    simulator.Put(0x0568, 0x40000000);
+    EXPECT_NEAR(readout.Read(0, result).Position().longitude.value(), -90 - 2.5 * 360 / 4294967296.0, 1e-9);
     simulator.Put(0x0564, static_cast<std::uint32_t>(-1000175));
     EXPECT_NEAR(readout.Read(0, result).Position().latitude.value(), -9 - 2.5 * 90 / 10001750, 1e-9);
 
