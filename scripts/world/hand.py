@@ -47,15 +47,19 @@ def measure(station):
             *map(int, station.copilot.ask("objects").split())]
 
 
-def play(station, minutes, seed=1):
-    """Does random things at random moments; returns the measurements, about one a minute."""
+def play(station, minutes, frequencies=(), seed=1):
+    """Does random things at random moments, and tunes to these frequencies, too; returns the measurements, about one a
+    minute, before each of which another program writes the catalogue."""
     chance, samples = random.Random(seed), []
+    actions = ACTIONS + [f"tune com2stby {frequency}" for frequency in frequencies]
     end = time.monotonic() + 60 * minutes
     while time.monotonic() < end:
         for _ in range(100):
-            station.try_to(chance.choice(ACTIONS))
+            station.try_to(chance.choice(actions))
             time.sleep(chance.uniform(0, 0.5))
             clear_boxes(station, chance.sample((OK, CANCEL, NO), 3))
+        with station.catalogue.open("ab") as file:
+            file.write(b"// another program was here\r\n")
         samples.append(measure(station))
     return samples
 

@@ -15,6 +15,7 @@ from itertools import cycle, islice
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from hostile_server import HostileServer, make_tone
 from world import hand, spoiling
 from world.feeds import FEEDS
 from world.processes import wait_until
@@ -224,9 +225,26 @@ def killed(seed, times):
     return job
 
 
+def add_bad_sources(station):
+    """Adds a feed for each kind of bad source; returns their frequencies."""
+    tone = make_tone(station.folder / "tone.mp3", 500)
+    names = ("refuse", "hang-up", "endless-head", "empty", "redirect-loop", "mute", "untrusted", "html", "endless-playlist",
+             "garbage", "drip", "stall", "reset", "titles")
+    server = HostileServer({name: tone for name in (*names, "none")}, station.folder)
+    (station.data / "list.wpl").write_text('<smil><media src="\\\\stranger\\a.mp3"/><media src="\\\\.\\COM1"/></smil>')
+    here = station.windows_path(station.data)
+    sources = [f"http://{server.address(name)}" for name in names]
+    sources += [here + "\\none\\", "\\\\127.0.0.1\\none\\", here + "\\list.wpl", here + "\\ATC\\"]
+    feeds = {f"130.{5 * number:02}": source for number, source in enumerate(sources)}
+    with station.catalogue.open("a") as file:
+        file.writelines(f"CYYZ|Bad|{source}|{frequency}\n" for frequency, source in feeds.items())
+    return feeds
+
+
 def under_a_random_hand(station):
+    frequencies = add_bad_sources(station)
     station.fly()
-    samples = hand.play(station, float(os.environ.get("HAND_MINUTES", 30)))
+    samples = hand.play(station, float(os.environ.get("HAND_MINUTES", 30)), frequencies)
     station.close_quillon()
     assert not hand.grows(samples), samples
     return f"{hand.MEASURED} {samples[0]} at first, {samples[-1]} at last"
