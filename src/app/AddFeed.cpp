@@ -136,7 +136,7 @@ void AddFeed::cmdBrowse_Click() {
     SetText(AddBox::txtURL, waves ? path.substr(0, path.rfind('\\') + 1) : path);
 }
 
-void AddFeed::cmdTest_Click() {
+void AddFeed::TestAddress() {
     frmAddATC& form = state_.add_feed;
     const std::string& address = form[AddBox::txtURL];
     FileServers servers = FileServersOf(state_.form.lvwDB);

@@ -68,7 +68,7 @@ class AddFeed {
     void cmdBrowse_Click();
 
     /// Tries the address, beginning anew if it is being tried.
-    void cmdTest_Click();
+    void TestAddress();
 
     /// Must be called often while an address is tried.
     void Poll();

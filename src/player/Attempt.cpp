@@ -145,8 +145,8 @@ void Attempt::Finish(Outcome outcome) {
 }
 
 SilenceReason Attempt::Problem() const {
-    if (const SilenceReason problem = source_->Problem()) return problem;
-    if (const SilenceReason problem = reader_.Problem()) return problem;
+    if (SilenceReason problem = source_->Problem()) return problem;
+    if (SilenceReason problem = reader_.Problem()) return problem;
     if (given_up_ != SilenceCause::None) return {given_up_, ""};
     return {outcome_ == Outcome::NotAudio ? SilenceCause::NotPlayable : SilenceCause::Dropped, ""};
 }

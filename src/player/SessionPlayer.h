@@ -47,7 +47,7 @@ class SessionPlayer : public FeedPlayer {
     FeedCondition Condition() const override;
     void Reload() override;
     void SetUserAgent(const std::string& user_agent) override;
-    void SetFileServers(FileServers servers) override { servers_ = std::move(servers); }
+    void SetFileServers(const FileServers& servers) override { servers_ = servers; }
 
     /// Whether it has given the current address up because only another player could play what is there.
     bool IsUnsupported() const;

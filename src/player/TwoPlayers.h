@@ -35,7 +35,7 @@ class TwoPlayers : public FeedPlayer {
     FeedCondition Condition() const override;
     void Reload() override;
     void SetUserAgent(const std::string& user_agent) override { built_in_.SetUserAgent(user_agent); }
-    void SetFileServers(FileServers servers) override { built_in_.SetFileServers(std::move(servers)); }
+    void SetFileServers(const FileServers& servers) override { built_in_.SetFileServers(servers); }
     void Force(ForcedPlayer player) override { forced_ = player; }
 
   private:

@@ -30,7 +30,7 @@ class LiveFeed {
     virtual void SetUserAgent(const std::string& user_agent) = 0;
 
     /// Servers on which the entries of local playlists may open files, besides the playlist's own.
-    virtual void SetFileServers(FileServers) {}
+    virtual void SetFileServers(const FileServers&) {}
 
     /// For the addresses to come, if there is a choice of players.
     virtual void Force(ForcedPlayer) {}

@@ -215,7 +215,7 @@ class FakePlayer : public FeedPlayer {
     std::string title;
     FeedCondition condition;
     int reloads = 0;
-    void SetFileServers(FileServers servers) override { file_servers = std::move(servers); }
+    void SetFileServers(const FileServers& servers) override { file_servers = servers; }
 
     FileServers file_servers;
     std::string user_agent;

@@ -150,7 +150,7 @@ TEST_F(Upkeep, AnUnknownAirportIsNotedBesideItsBox) {
 
 TEST_F(Upkeep, AnAddressIsTriedUntilItChanges) {
     program->Run(Command::mnuAddATC);
-    const auto test = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdTest_Click(); }); };
+    const auto test = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.TestAddress(); }); };
     const auto poll = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.Poll(); }); };
     Type(txtURL, "b");
     test();

@@ -126,7 +126,7 @@ void AddFeedWindow::Command(int id, int code) {
     if (id >= IDC_KIND1 && id <= IDC_KIND4 && kind != chosen)
         Event([kind](AddFeed& dialog) { dialog.ChooseKind(kind); });
     if (id == IDC_BROWSE) Event([](AddFeed& dialog) { dialog.cmdBrowse_Click(); });
-    if (id == IDC_TEST) Event([](AddFeed& dialog) { dialog.cmdTest_Click(); });
+    if (id == IDC_TEST) Event([](AddFeed& dialog) { dialog.TestAddress(); });
     if (id == IDOK) Event([](AddFeed& dialog) { dialog.cmdAdd_Click(); });
     if (id == IDCANCEL) Event([](AddFeed& dialog) { dialog.cmdCancel_Click(); });
 }

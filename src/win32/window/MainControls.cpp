@@ -104,8 +104,8 @@ std::vector<Row> MainControls::Rows() const {
 std::vector<Cell> MainControls::PlayerCells() const {
     std::vector<Cell> player;
     for (HWND button : buttons_) player.insert(player.end(), {{button, 34}, Gap});
-    player.push_back({volume_, 110});
-    player.back().drop = 3; // a slider without ticks draws its thumb in the upper part of its area
+    player.emplace_back(volume_, 110).drop =
+        3; // a slider without ticks draws its thumb in the upper part of its area
     return player;
 }
 
