@@ -176,15 +176,15 @@ void FeedLoader::ForEachFeed(const char* step, const FeedHandler& handler) {
     std::string_view rest = *loaded_.Text;
     while (const auto line = TakeLine(rest)) {
         if (!IsFeedLine(*line)) continue;
-        const bool faulty = !IsWholeLine(*line);
-        if (faulty && state_.marks.SkipFaultyLines.value_or(false)) {
-            ++report_.LinesLeftOut;
-            continue;
-        }
-        met_faulty_line_ |= faulty;
         try {
             handler(SplitFeedLine(*line));
-        } catch (...) { // set only now: nobody sees the step of a line that succeeds
+        } catch (...) { // looked at only now: most lines succeed
+            const bool faulty = !IsWholeLine(*line);
+            if (faulty && state_.marks.SkipFaultyLines.value_or(false)) {
+                ++report_.LinesLeftOut;
+                continue;
+            }
+            met_faulty_line_ |= faulty;
             state_.StartupStep.assign(step).append(*line);
             throw;
         }
