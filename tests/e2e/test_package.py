@@ -45,6 +45,18 @@ class Package(unittest.TestCase):
         with self.assertRaises((RuntimeError, TimeoutError)):
             wait_until("its end", lambda: not self.copilot.ask("pid QuillonMain"), 10)
 
+        wait_until("the end of its process", lambda: not self.process_lives(), 10)  # it outlives the window a little
+
+    def process_lives(self):
+        for process in Path("/proc").glob("[0-9]*"):
+            try:
+                ours = str(self.world.prefix.folder).encode() in (process / "environ").read_bytes()
+                if ours and b"Quillon.exe" in (process / "cmdline").read_bytes():
+                    return True
+            except OSError:
+                pass  # it has ended, or is another user's
+        return False
+
     def hear_recording(self):
         self.copilot.ask("wait QuillonMain 20000")
         self.copilot.ask("click optManual")
