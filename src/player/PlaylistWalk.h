@@ -38,7 +38,8 @@ class PlaylistWalk {
     std::optional<Stop> Next();
 
     /// The stop visited last is a playlist of those bytes, which came from the address or path `from`;
-    /// `origin` is that of its entries. These are next; returns why there are none.
+    /// `origin` is that of its entries. They are tried next. Returns the reason if nothing in the list can be
+    /// tried.
     SilenceReason Enter(std::string_view bytes, const std::string& from, Origin origin);
 
   private:

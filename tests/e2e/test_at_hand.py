@@ -46,7 +46,7 @@ class AtHand(unittest.TestCase):
         self.copilot.await_text("title", lambda title: title.endswith("-OK"), 15)
 
     def icon(self):
-        """The middle of the icon on the screen; nothing if there is none."""
+        """The middle of the icon on the screen, or nothing without an icon."""
         lines = self.screen("xwininfo", "-root", "-tree").splitlines()
         for line in lines:
             found = re.search(r'"explorer.exe".* (\d\d)x(\d\d)\+-?\d+\+-?\d+  \+(\d+)\+(\d+)', line)
