@@ -26,7 +26,7 @@ extern const std::vector<Command> LinkCommands;    ///< the simulator, over its 
 extern const std::vector<Command> WindowCommands;  ///< windows, message boxes and keys
 extern const std::vector<Command> ContentCommands; ///< what status bar and list show
 extern const std::vector<Command> PlayerCommands;  ///< the Windows Media Player control
-extern const std::vector<Command> SystemCommands;  ///< locked files, objects in use
+extern const std::vector<Command> SystemCommands;  ///< locked files, objects in use, what is read out
 
 /// Runs one line and returns its answer.
 std::string Execute(const std::string& line);

@@ -6,6 +6,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
+#include <mutex>
+#include <thread>
+#include <utility>
 #include <winternl.h>
 
 namespace practice {
@@ -93,8 +96,33 @@ std::string Objects(const Words&) {
            std::to_string(DrawingObjectCount(process.Get()));
 }
 
+std::mutex said_mutex;
+std::string said;
+
+void CALLBACK NoteAnnouncement(HWINEVENTHOOK, DWORD, HWND window, LONG, LONG, DWORD, DWORD) {
+    const std::lock_guard lock(said_mutex);
+    said += (said.empty() ? "" : " | ") + TextOf(window);
+}
+
+/// As a screen reader does; the system calls back while its thread waits for messages.
+void Listen(DWORD process) {
+    SetWinEventHook(EVENT_OBJECT_LIVEREGIONCHANGED, EVENT_OBJECT_LIVEREGIONCHANGED, nullptr, NoteAnnouncement,
+                    process, 0, WINEVENT_OUTOFCONTEXT);
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+}
+
+/// What Quillon has had read out since the first or last call.
+std::string Said(const Words&) {
+    static std::thread listener(Listen, ProcessOf(TheMainWindow()));
+    if (listener.joinable()) listener.detach();
+    const std::lock_guard lock(said_mutex);
+    return std::exchange(said, "");
+}
+
 } // namespace
 
-const std::vector<Command> SystemCommands = {{"lock", 0, 99, Lock}, {"objects", 0, 0, Objects}};
+const std::vector<Command> SystemCommands = {
+    {"lock", 0, 99, Lock}, {"objects", 0, 0, Objects}, {"said", 0, 0, Said}};
 
 } // namespace practice

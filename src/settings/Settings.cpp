@@ -70,7 +70,7 @@ std::string SettingsText(const SettingsValues& values) {
 }
 
 std::string RangeCaption(std::int16_t reception_range) {
-    return "Set Range (" + (reception_range == 0 ? "disabled" : std::to_string(reception_range)) + ")";
+    return "Set &Range (" + (reception_range == 0 ? "disabled" : std::to_string(reception_range)) + ")";
 }
 
 void Settings::ReadIni() {

@@ -59,10 +59,12 @@ class AtHand(unittest.TestCase):
         place = wait_until("the icon", self.icon, 15)
         self.screen("xdotool", "mousemove", str(place[0]), str(place[1]), "click", str(button))
 
-    def test_1_the_mute_button_shows_what_it_does(self):
+    def test_1_the_mute_button_shows_what_it_does_and_it_is_read_out(self):
         self.ear.await_(TORONTO.icao, 15)
+        self.copilot.ask("said")
         self.copilot.ask("click StripMute")
         self.copilot.await_text("checked StripMute", "1")
+        self.copilot.await_text("said", "Muted")
         self.assertEqual(self.copilot.panels()[0], "Muted")
         self.ear.await_("silence")
         self.copilot.ask("click StripMute")

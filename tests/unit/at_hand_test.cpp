@@ -1,5 +1,6 @@
-// The window beside a full-screen program: compact, hidden, muted by button, on a screen that exists.
+// The window beside a full-screen program: compact, hidden, muted by button, on a screen that exists, read out.
 #include "Flight.h"
+#include "app/Announcer.h"
 #include "app/WindowView.h"
 
 #include <gtest/gtest.h>
@@ -45,6 +46,27 @@ TEST_F(AtHand, TheIconTellsWhatIsGoingOn) {
     EXPECT_EQ(IconFor(state()).Shown, NoLink);
     program->Run(Command::optManual);
     EXPECT_NE(IconFor(state()).Shown, NoLink) << "no simulator is needed";
+}
+
+TEST_F(AtHand, ChangesAreReadOutOnceAndNumbersNever) {
+    Announcer announcer;
+    Start();
+    announcer.Follow(state());
+    const auto told = [&] {
+        Tick();
+        return announcer.Follow(state());
+    };
+    TuneTo("118.70");
+    EXPECT_EQ(told(), "Playing. In range. CYYZ - Toronto Tower");
+    program->Run(Command::StripMute);
+    EXPECT_EQ(told(), "Muted");
+    program->Run(Command::StripMute);
+    EXPECT_EQ(told(), "No longer muted. Playing");
+    simulator.FlyTo(41, -79.6);
+    EXPECT_EQ(told(), "Out of range");
+    EXPECT_EQ(told() + told(), "Paused");
+    simulator.FlyTo(40.5, -79.6);
+    EXPECT_EQ(told(), "") << state().form.Label2.Caption;
 }
 
 TEST_F(AtHand, MinimisingHidesOnlyWhereAnIconIsLeft) {

@@ -208,10 +208,10 @@ TEST_F(Hand, TheRangePromptConvertsWhatFits) {
         int range;
         const char* caption;
     };
-    const Row rows[] = {{"5", 5, "Set Range (5)"},      {"", 5, "Set Range (5)"},
-                        {"12.5", 12, "Set Range (12)"}, {"1e3", 1000, "Set Range (1000)"},
-                        {"-5", -5, "Set Range (-5)"},   {"   ", 0, "Set Range (disabled)"},
-                        {"7", 7, "Set Range (7)"},      {"abc", 0, "Set Range (disabled)"}};
+    const Row rows[] = {{"5", 5, "Set &Range (5)"},      {"", 5, "Set &Range (5)"},
+                        {"12.5", 12, "Set &Range (12)"}, {"1e3", 1000, "Set &Range (1000)"},
+                        {"-5", -5, "Set &Range (-5)"},   {"   ", 0, "Set &Range (disabled)"},
+                        {"7", 7, "Set &Range (7)"},      {"abc", 0, "Set &Range (disabled)"}};
     for (const Row& row : rows) {
         prompts.answer = row.answer;
         program->Run(Command::mnuRange);
@@ -254,7 +254,7 @@ TEST_F(Hand, PreferencesAreSavedAndRestored) {
     Start();
     EXPECT_EQ(state().radio.SelectedComm, 1);
     EXPECT_EQ(state().form.cboMin.Text + "/" + state().form.cboMax.Text, "45/60");
-    EXPECT_EQ(state().form.mnuRangeCaption, "Set Range (5)");
+    EXPECT_EQ(state().form.mnuRangeCaption, "Set &Range (5)");
     program->Run(Command::Form_Click);
     EXPECT_EQ(shell.opened, std::vector<std::string>{state().folders.AppPath + "ddt"});
 }

@@ -6,11 +6,6 @@
 #include <atomic>
 #include <ocidl.h>
 
-#ifdef __GNUC__
-#pragma GCC diagnostic ignored                                                                                 \
-    "-Wnon-virtual-dtor" // COM interfaces have no virtual destructor; Release deletes
-#endif
-
 namespace quillon {
 
 /// Receives the events of the Windows Media Player control and remembers the latest. The control may keep

@@ -5,6 +5,11 @@
 #include <ole2.h>
 #include <utility>
 
+#ifdef __GNUC__
+#pragma GCC diagnostic ignored                                                                                 \
+    "-Wnon-virtual-dtor" // COM interfaces have no virtual destructor; Release deletes
+#endif
+
 namespace quillon {
 
 /// Owns one reference to a COM object, or none. Move-only.

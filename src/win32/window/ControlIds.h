@@ -21,6 +21,7 @@ enum ControlId : int {
     IdCompactState = 1015,
     IdCompactFrequency = 1016,
     IdCompactFeed = 1017,
+    IdAnnouncement = 1018, ///< of one pixel, which a screen reader reads out whenever it changes
     IdCboMin = 1031,
     IdCboMax = 1032,
 };

@@ -13,6 +13,9 @@ namespace quillon {
 HWND AddControl(HWND parent, const wchar_t* control_class, const wchar_t* text, DWORD style, int id,
                 DWORD extended_style = 0);
 
+/// Creates a visible group box, through which its parent's background is seen.
+HWND AddGroup(HWND parent, const wchar_t* text);
+
 void MoveControl(HWND control, int x, int y, int width, int height);
 void ShowControls(std::initializer_list<HWND> controls, bool visible);
 void SetFonts(std::initializer_list<HWND> controls, HFONT font);

@@ -5,6 +5,8 @@
 #include "win32/window/DialogIds.h"
 #include "win32/window/Theme.h"
 
+#include <algorithm>
+
 namespace quillon {
 
 std::wstring WithLineFeeds(const std::string& text) {
@@ -132,6 +134,15 @@ INT_PTR CALLBACK FoldersProcedure(HWND dialog, UINT message, WPARAM wparam, LPAR
     return TRUE;
 }
 
+/// The blanks between name and value line the values up only in a font of one width: a tab takes their place.
+std::wstring WithTabs(std::wstring text) {
+    for (std::size_t at = text.find(L":  "); at != std::wstring::npos; at = text.find(L":  ", at)) {
+        ++at;
+        text.replace(at, std::min(text.find_first_not_of(L' ', at), text.size()) - at, L"\t");
+    }
+    return text;
+}
+
 } // namespace
 
 bool ShowAbout(HWND owner) {
@@ -187,16 +198,24 @@ COLORREF FsuipcStatusWindow::TextColor() const {
     return dark ? RGB(255, 110, 110) : RGB(200, 0, 0);
 }
 
-INT_PTR FsuipcStatusWindow::Handle(UINT message, WPARAM wparam, LPARAM) {
+void FsuipcStatusWindow::Draw(const DRAWITEMSTRUCT& item) const {
+    constexpr UINT NameWidth = 15; // characters
+    RECT area = item.rcItem;
+    FillRect(item.hDC, &area, GetSysColorBrush(COLOR_3DFACE));
+    SelectObject(item.hDC, FontOf(item.hwndItem));
+    SetTextColor(item.hDC, TextColor());
+    SetBkMode(item.hDC, TRANSPARENT);
+    DrawTextW(item.hDC, WithTabs(TextOf(item.hwndItem)).c_str(), -1, &area,
+              DT_WORDBREAK | DT_NOPREFIX | DT_EXPANDTABS | DT_TABSTOP | NameWidth << 8U);
+}
+
+INT_PTR FsuipcStatusWindow::Handle(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
     case WM_INITDIALOG:
         return TRUE;
-    case WM_CTLCOLORSTATIC: {
-        auto* context = reinterpret_cast<HDC>(wparam);
-        SetTextColor(context, TextColor());
-        SetBkMode(context, TRANSPARENT);
-        return reinterpret_cast<INT_PTR>(GetSysColorBrush(COLOR_3DFACE));
-    }
+    case WM_DRAWITEM:
+        Draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lparam));
+        return TRUE;
     case WM_COMMAND:
         if (LOWORD(wparam) == IDOK || LOWORD(wparam) == IDCANCEL) closed_();
         return TRUE;

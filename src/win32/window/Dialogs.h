@@ -46,6 +46,7 @@ class FsuipcStatusWindow : public ModelessDialog {
   private:
     INT_PTR Handle(UINT message, WPARAM wparam, LPARAM lparam) override;
     COLORREF TextColor() const;
+    void Draw(const DRAWITEMSTRUCT& item) const;
 
     std::function<void()> closed_;
     std::string caption_;

@@ -4,6 +4,7 @@
 #include "win32/system/Utf16.h"
 #include "win32/window/ControlIds.h"
 #include "win32/window/Controls.h"
+#include "win32/window/ScreenReader.h"
 #include "win32/window/ToolTips.h"
 
 #include <algorithm>
@@ -14,7 +15,10 @@ namespace quillon {
 namespace {
 
 constexpr int TwipsPerInch = 1440;
-constexpr int ArrowRoom = 36; // at 96 dpi
+constexpr int ArrowRoom = 36;             // at 96 dpi
+constexpr std::size_t LongestCell = 1024; // a catalogue's line may be longer, but nobody reads that in a column
+constexpr const wchar_t* HowToFill = L"No feeds yet.\n\nPress Ctrl+N to add one, or put a catalogue into the "
+                                     L"data folder (Help, Program Folders).";
 
 /// Mixes one part of `over` with two of `under`.
 COLORREF Blend(COLORREF over, COLORREF under) {
@@ -30,6 +34,7 @@ FeedList::FeedList(HWND parent, HWND tips, const ListView& data) : data_(data), 
                             LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS;
     window_ = AddControl(parent, WC_LISTVIEWW, L"Feeds", Style, IdFeedList, WS_EX_CLIENTEDGE);
     ListView_SetExtendedListViewStyle(window_, LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP);
+    ScreenReader::NameParts(window_, [this](std::size_t row) { return LineOf(row); });
 }
 
 void FeedList::SetTheme(const Theme& theme) {
@@ -105,6 +110,7 @@ void FeedList::Sync() {
         tip_shown_ = true; // it is about the headers; over the rows it would hide them
         SetControlTip(tips_, ListView_GetHeader(window_), data_.ToolTipText);
     }
+    const int top = ListView_GetTopIndex(window_); // Wine brings a row into view when it is selected
     if (selected_ != data_.Selected()) {
         selected_ = data_.Selected();
         ListView_SetItemState(window_, -1, 0, LVIS_SELECTED);
@@ -118,8 +124,27 @@ void FeedList::Sync() {
     }
     SyncArrow();
     if (std::exchange(visible_served_, data_.VisibleRequest()) != data_.VisibleRequest() && selected_)
-        ListView_EnsureVisible(window_, static_cast<int>(*selected_), FALSE);
+        BringIntoView(static_cast<int>(*selected_), top);
     syncing_ = false;
+}
+
+/// A row that was out of view comes to its middle, where its neighbours are seen, too.
+void FeedList::BringIntoView(int row, int top) const {
+    const int page = ListView_GetCountPerPage(window_);
+    ListView_EnsureVisible(window_, row, FALSE);
+    if (row >= top && row < top + page) return;
+    ListView_EnsureVisible(window_, std::max(0, row - page / 2), FALSE);
+    ListView_EnsureVisible(window_, std::min(row + page / 2, ListView_GetItemCount(window_) - 1), FALSE);
+}
+
+/// All columns of a row, as one reads them out.
+std::string FeedList::LineOf(std::size_t row) const {
+    std::string line;
+    for (int column = 0; row < data_.Items().size() && column < columns_; ++column) {
+        const std::string_view text = TextOf(data_.Items()[row], static_cast<Column>(column));
+        if (!text.empty()) line.append(line.empty() ? "" : ", ").append(text.substr(0, LongestCell));
+    }
+    return line;
 }
 
 void FeedList::SyncArrow() {
@@ -168,9 +193,8 @@ LRESULT FeedList::Notify(NMHDR& header) {
 void FeedList::FillItem(LVITEMW& item) {
     const auto row = static_cast<std::size_t>(item.iItem);
     if ((item.mask & LVIF_TEXT) == 0 || item.iItem < 0 || row >= data_.Items().size()) return;
-    // A line of the catalogue may be of any length; nobody reads more than this in a column.
     const std::string_view text = TextOf(data_.Items()[row], static_cast<Column>(item.iSubItem));
-    cell_ = Wide(text.substr(0, 1024));
+    cell_ = Wide(text.substr(0, LongestCell));
     item.pszText = cell_.data();
 }
 
@@ -186,8 +210,23 @@ LRESULT FeedList::FindByIcao(const NMLVFINDITEMW& find) const {
     return -1;
 }
 
+void FeedList::DrawHowToFill(HDC context) const {
+    RECT header{};
+    GetWindowRect(ListView_GetHeader(window_), &header);
+    RECT area{};
+    GetClientRect(window_, &area);
+    area.top += header.bottom - header.top + theme_->Px(24);
+    InflateRect(&area, -theme_->Px(16), 0);
+    SelectObject(context, theme_->Text());
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+    DrawTextW(context, HowToFill, -1, &area, DT_CENTER | DT_WORDBREAK | DT_NOPREFIX);
+}
+
 LRESULT FeedList::Draw(NMLVCUSTOMDRAW& draw) const {
-    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT)
+        return CDRF_NOTIFYITEMDRAW | (data_.Items().empty() ? CDRF_NOTIFYPOSTPAINT : 0);
+    if (draw.nmcd.dwDrawStage == CDDS_POSTPAINT) DrawHowToFill(draw.nmcd.hdc);
     if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
     const auto row = static_cast<std::size_t>(draw.nmcd.dwItemSpec);
     if (row == selected_ && GetFocus() != window_) {

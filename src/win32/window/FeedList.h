@@ -48,6 +48,9 @@ class FeedList {
     int WidthOf(std::size_t column) const;
     void AddColumn(int index, const std::string& name);
     void SyncArrow();
+    void BringIntoView(int row, int top) const;
+    std::string LineOf(std::size_t row) const;
+    void DrawHowToFill(HDC context) const;
     void FillItem(LVITEMW& item);
     LRESULT Draw(NMLVCUSTOMDRAW& draw) const;
     LRESULT FindByIcao(const NMLVFINDITEMW& find) const;

@@ -32,11 +32,11 @@ constexpr std::array<ButtonKind, 4> Buttons{{
 } // namespace
 
 MainControls::MainControls(HWND parent, HWND tips, const Theme& theme) : tips_(tips) {
-    mode_group_ = AddControl(parent, WC_BUTTONW, L"Selection mode", BS_GROUPBOX | WS_GROUP, -1);
+    mode_group_ = AddGroup(parent, L"Selection mode");
     auto_ = AddControl(parent, WC_BUTTONW, L"&Automatic", BS_AUTORADIOBUTTON | WS_TABSTOP | WS_GROUP,
                        Command::optAuto);
     manual_ = AddControl(parent, WC_BUTTONW, L"&Manual", BS_AUTORADIOBUTTON, Command::optManual);
-    player_group_ = AddControl(parent, WC_BUTTONW, L"Player", BS_GROUPBOX | WS_GROUP, -1);
+    player_group_ = AddGroup(parent, L"Player");
     for (std::size_t i = 0; i < Buttons.size(); ++i) {
         const DWORD toggle = Buttons[i].Id == Command::StripMute ? BS_CHECKBOX | BS_PUSHLIKE : 0U;
         buttons_[i] = AddControl(parent, WC_BUTTONW, Buttons[i].Name,
@@ -116,10 +116,12 @@ void MainControls::SetCompact(bool compact) {
     ShowControls({elapsed_, of_, interval_}, countdown_shown_ && !compact);
 }
 
-void MainControls::Sync(const frmATC& form, const CycleState& cycle, bool muted) {
-    if (muted_ != muted) {
-        muted_ = muted;
-        SendMessageW(buttons_.back(), BM_SETCHECK, muted ? BST_CHECKED : BST_UNCHECKED, 0);
+void MainControls::Sync(const ProgramState& state) {
+    const frmATC& form = state.form;
+    const CycleState& cycle = state.cycle;
+    if (muted_ != state.mute.Muted) {
+        muted_ = state.mute.Muted;
+        SendMessageW(buttons_.back(), BM_SETCHECK, muted_ ? BST_CHECKED : BST_UNCHECKED, 0);
     }
     if (!mode_shown_ || shown_mode_ != cycle.Mode) {
         mode_shown_ = true;
@@ -134,7 +136,7 @@ void MainControls::Sync(const frmATC& form, const CycleState& cycle, bool muted)
             SetControlTip(tips_, distance_, form.Label2.ToolTipText);
         shown_distance_ = form.Label2;
     }
-    SyncCountdown(form, cycle);
+    SyncCountdown(state);
     if (shown_volume_ != form.Volume) {
         shown_volume_ = form.Volume;
         if (VolumePosition() != form.Volume) SendMessageW(volume_, TBM_SETPOS, TRUE, form.Volume);
@@ -145,15 +147,17 @@ void MainControls::Sync(const frmATC& form, const CycleState& cycle, bool muted)
     }
 }
 
-void MainControls::SyncCountdown(const frmATC& form, const CycleState& cycle) {
+/// Hidden while a recording plays, when the seconds go on beyond the gap.
+void MainControls::SyncCountdown(const ProgramState& state) {
+    const frmATC& form = state.form;
     if (shown_elapsed_ != form.Label3.Caption)
         SetWindowTextW(elapsed_, Wide(shown_elapsed_ = form.Label3.Caption).c_str());
     if (shown_interval_ != form.Label4.Caption)
         SetWindowTextW(interval_, Wide(shown_interval_ = form.Label4.Caption).c_str());
-    const bool chatter = cycle.Timer(3).Enabled || cycle.Timer(4).Enabled;
-    if (chatter == countdown_shown_) return;
-    countdown_shown_ = chatter;
-    ShowControls({elapsed_, of_, interval_}, chatter && !compact_);
+    const bool gap = state.shown.Status.What == Activity::Gap;
+    if (gap == countdown_shown_) return;
+    countdown_shown_ = gap;
+    ShowControls({elapsed_, of_, interval_}, gap && !compact_);
 }
 
 int MainControls::VolumePosition() const {

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "state/Forms.h"
-#include "state/PlaybackState.h"
+#include "state/ProgramState.h"
 #include "win32/window/Layout.h"
 
 #include <windows.h>
@@ -35,7 +34,7 @@ class MainControls {
     void SetCompact(bool compact);
 
     /// Updates the controls from the data.
-    void Sync(const frmATC& form, const CycleState& cycle, bool muted);
+    void Sync(const ProgramState& state);
 
     int VolumePosition() const;
 
@@ -46,7 +45,7 @@ class MainControls {
     void ShowVolumeTip(bool shown) const;
 
   private:
-    void SyncCountdown(const frmATC& form, const CycleState& cycle);
+    void SyncCountdown(const ProgramState& state);
 
     HWND tips_;
     HWND mode_group_;

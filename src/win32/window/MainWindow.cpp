@@ -47,9 +47,9 @@ bool MainWindow::Create(Program& program) {
     window_class.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
     window_class.lpszClassName = MainWindowClass;
     RegisterClassExW(&window_class);
-    CreateWindowExW(WS_EX_CONTROLPARENT, MainWindowClass, L"Quillon", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
-                    CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, menu_.Bar(), window_class.hInstance,
-                    this);
+    CreateWindowExW(WS_EX_CONTROLPARENT, MainWindowClass, L"Quillon", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                    CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, menu_.Bar(),
+                    window_class.hInstance, this);
     if (window_ == nullptr) return false;
     ChangeWindowMessageFilterEx(window_, show_message_, MSGFLT_ALLOW, nullptr); // from one run as another user
     MatchTitleToApps(window_);
@@ -285,6 +285,7 @@ void MainWindow::CreateControls() {
     list_ = std::make_unique<FeedList>(window_, tips, program_->State().form.lvwDB);
     status_ = std::make_unique<StatusBar>(window_, tips);
     compact_controls_ = std::make_unique<CompactControls>(window_);
+    reader_ = std::make_unique<ScreenReader>(window_);
     focus_ = std::make_unique<KeyboardFocus>(window_, *list_, *controls_, *frames_);
     compact_controls_->SetTheme(theme_);
     list_->SetTheme(theme_);
@@ -394,7 +395,7 @@ void MainWindow::SyncOnce() {
     }
     menu_.Sync(state);
     SyncBusy();
-    controls_->Sync(state.form, state.cycle, state.mute.Muted);
+    controls_->Sync(state);
     compact_controls_->Sync(state.form);
     if (frames_->Sync(state.form, theme_) && shown_) LayoutAndRedraw();
     fsuipc_status_.Sync(window_, state.fsuipc_status);
@@ -403,6 +404,7 @@ void MainWindow::SyncOnce() {
     on_the_air_.Sync(window_, *program_);
     status_->Sync(state.form, theme_);
     list_->Sync();
+    if (const std::string news = announcer_.Follow(state); shown_ && !news.empty()) reader_->Say(news);
     SyncTimers();
     SyncVisibility();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Announcer.h"
 #include "app/Program.h"
 #include "ports/Display.h"
 #include "win32/window/AddFeedWindow.h"
@@ -14,6 +15,7 @@
 #include "win32/window/MainWindowSize.h"
 #include "win32/window/OnTheAirWindow.h"
 #include "win32/window/PreferenceFrames.h"
+#include "win32/window/ScreenReader.h"
 #include "win32/window/SplashWindow.h"
 #include "win32/window/StatusBar.h"
 #include "win32/window/Theme.h"
@@ -100,6 +102,8 @@ class MainWindow : public Display {
     std::unique_ptr<StatusBar> status_;
     std::unique_ptr<PreferenceFrames> frames_;
     std::unique_ptr<KeyboardFocus> focus_;
+    std::unique_ptr<ScreenReader> reader_;
+    Announcer announcer_;
     MainMenu menu_;
     SplashWindow splash_;
     FsuipcStatusWindow fsuipc_status_;

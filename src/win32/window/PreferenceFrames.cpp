@@ -28,16 +28,16 @@ void Fill(HWND combo, const ComboBox& data) {
 } // namespace
 
 void PreferenceFrames::Make(const frmATC& form) {
-    radio_group_ = AddControl(parent_, WC_BUTTONW, L"Com Radio", BS_GROUPBOX | WS_GROUP, -1);
+    radio_group_ = AddGroup(parent_, L"Com Radio");
     for (std::size_t i = 0; i < radios_.size(); ++i)
         radios_[i] = AddControl(parent_, WC_BUTTONW, RadioNames[i],
                                 BS_AUTORADIOBUTTON | WS_TABSTOP | (i == 0 ? WS_GROUP : 0U),
                                 Command::optCom1 + static_cast<int>(i));
     radio_close_ = AddControl(parent_, WC_BUTTONW, L"&Close", WS_TABSTOP | WS_GROUP, Command::cmdComClose);
-    chatter_group_ = AddControl(parent_, WC_BUTTONW, L"Recorded Chatter Options", BS_GROUPBOX | WS_GROUP, -1);
-    interval_ = AddControl(parent_, WC_STATICW, L"Interval  Between Chatter is", SS_CENTERIMAGE, -1);
+    chatter_group_ = AddGroup(parent_, L"Recorded Chatter Options");
+    interval_ = AddControl(parent_, WC_STATICW, L"&Interval  Between Chatter is", SS_CENTERIMAGE, -1);
     min_ = AddCombo(parent_, IdCboMin, L"Shortest interval between chatter");
-    to_ = AddControl(parent_, WC_STATICW, L"to", SS_CENTERIMAGE, -1);
+    to_ = AddControl(parent_, WC_STATICW, L"t&o", SS_CENTERIMAGE, -1);
     max_ = AddCombo(parent_, IdCboMax, L"Longest interval between chatter");
     seconds_ = AddControl(parent_, WC_STATICW, L"Seconds", SS_CENTERIMAGE, -1);
     chatter_close_ = AddControl(parent_, WC_BUTTONW, L"C&lose", // another letter, as both frames may be open

@@ -3,6 +3,7 @@
 #include "win32/system/Utf16.h"
 #include "win32/window/ControlIds.h"
 #include "win32/window/Controls.h"
+#include "win32/window/ScreenReader.h"
 #include "win32/window/ToolTips.h"
 
 #include <algorithm>
@@ -44,7 +45,7 @@ void StatusBar::Place(const Theme& theme) {
     RECT bar{};
     GetClientRect(window_, &bar);
     const int surplus = std::max(0L, bar.right - edges.back());
-    edges.at(static_cast<std::size_t>(StatusPanel::Feed)) += surplus; // its texts are the longest
+    edges.at(static_cast<std::size_t>(StatusPanel::Feed)) += surplus * 2 / 3; // the address takes the rest
     edges.back() = -1;
     SendMessageW(window_, SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
     for (std::size_t index = 0; index < edges.size(); ++index) {
@@ -85,6 +86,9 @@ void StatusBar::SyncWidths(const std::array<Panel, 4>& panels, const Theme& them
 void StatusBar::SetTip(std::size_t index, const Panel& panel) {
     // The default tip is the panel's text, which the panel may cut off.
     SetTipText(tips_, window_, index, panel.ToolTipText.empty() ? panel.Text : panel.ToolTipText);
+    if (static_cast<StatusPanel>(index) != StatusPanel::Frequency) return;
+    const bool names_radio = !panel.ToolTipText.empty() && panel.ToolTipText != panel.Text;
+    ScreenReader::NamePart(window_, index, panel.Text + (names_radio ? ", " + panel.ToolTipText : ""));
 }
 
 } // namespace quillon
