@@ -50,6 +50,9 @@ def measure(station):
 def play(station, minutes, frequencies=(), seed=1):
     """Does random things at random moments, and tunes to these frequencies, too; returns the measurements, about one a
     minute, before each of which another program writes the catalogue."""
+    for frequency in frequencies:  # the system loads libraries for https, once, and keeps them
+        station.try_to(f"tune com2stby {frequency}")
+        time.sleep(3)
     chance, samples = random.Random(seed), []
     actions = ACTIONS + [f"tune com2stby {frequency}" for frequency in frequencies]
     end = time.monotonic() + 60 * minutes
