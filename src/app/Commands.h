@@ -60,12 +60,12 @@ struct Command {
         OnTopMark = 2052,
         HideWhenMinimisedMark = 2053,
         StartMinimisedMark = 2054,
-        SkipFaultyLinesMark = 2059,
-        ShowEvents = 2060,
         ShowWindow = 2055,
         PlayOrStop = 2056,
         VolumeUp = 2057,
         VolumeDown = 2058,
+        SkipFaultyLinesMark = 2059,
+        ShowEvents = 2060,
         DefaultSoundDevice = 2100, ///< the first of its entries
 
         // These have no control or menu entry of their own.
