@@ -6,6 +6,7 @@
 #include "ports/TextFile.h"
 #include "runtime/Files.h"
 #include "runtime/Text.h"
+#include "settings/Folders.h"
 #include "settings/TraceLog.h"
 #include "state/Services.h"
 
@@ -130,10 +131,18 @@ void AddFeed::txtURL_GotFocus() {
 
 void AddFeed::cmdBrowse_Click() {
     const bool waves = state_.add_feed.Kind == SourceKind::WaveFiles;
-    const std::string path = waves ? prompts_.BrowseFile("Wave Files (*.wav)", "*.wav")
-                                   : prompts_.BrowseFile("Playlist Files (*.wpl)", "*.wpl");
+    const std::string path = waves ? prompts_.BrowseFile("Wave Files (*.wav)", "*.wav", state_.folders.WavePath)
+                                   : prompts_.BrowseFile("Playlist Files (*.wpl)", "*.wpl", "");
     if (path.empty()) return;
-    SetText(AddBox::txtURL, waves ? path.substr(0, path.rfind('\\') + 1) : path);
+    SetText(AddBox::txtURL, waves ? FolderOf(path) : path);
+}
+
+/// A portable catalogue names its folders in such a way that another computer finds them.
+std::string AddFeed::FolderOf(const std::string& path) const {
+    const std::string folder = path.substr(0, path.rfind('\\') + 1);
+    const std::string& data = state_.folders.DataPath;
+    const bool moves_along = state_.folders.Portable && LCase(folder).starts_with(LCase(data));
+    return moves_along ? folder.substr(data.size()) : folder;
 }
 
 void AddFeed::TestAddress() {
@@ -142,7 +151,7 @@ void AddFeed::TestAddress() {
     FileServers servers = FileServersOf(state_.form.lvwDB);
     if (std::string server = ServerOfPath(address); !server.empty()) servers.insert(std::move(server));
     form.TestCaption = "Trying the address ...";
-    try_ = probe_.Start(address, state_.UserAgent, servers);
+    try_ = probe_.Start(FolderOfRecordings(state_.folders, address), state_.UserAgent, servers);
 }
 
 void AddFeed::Poll() {

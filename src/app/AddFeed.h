@@ -85,6 +85,7 @@ class AddFeed {
     void EndTest();
     void PrepareNext();
     std::string CataloguePath() const;
+    std::string FolderOf(const std::string& path) const;
 
     ProgramState& state_;
     AirportPositions& positions_;

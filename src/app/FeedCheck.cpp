@@ -5,6 +5,7 @@
 #include "ports/TextFile.h"
 #include "runtime/Files.h"
 #include "runtime/Text.h"
+#include "settings/Folders.h"
 #include "state/FeedCondition.h"
 
 #include <algorithm>
@@ -78,7 +79,8 @@ void FeedCheck::StartTries() {
             continue;
         }
         next->Began = clock_.Now();
-        next->Running = probe_.Start(feeds_[next->Feed].URL, user_agent_, servers);
+        next->Running =
+            probe_.Start(FolderOfRecordings(folders_, feeds_[next->Feed].URL), user_agent_, servers);
         tries_.push_back(std::move(*next));
         next = waiting_.erase(next);
     }

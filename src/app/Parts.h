@@ -3,6 +3,7 @@
 #include "app/AddFeed.h"
 #include "app/CatalogueReload.h"
 #include "app/CatalogueWatch.h"
+#include "app/DataMove.h"
 #include "app/EventNotes.h"
 #include "app/FeedCheck.h"
 #include "app/FeedListCommands.h"
@@ -77,22 +78,23 @@ struct Parts {
                        regional,    link,       ports.background, ports.player};
     StayOpen stay_open{state, connection, settings, remembered, shut_down, ports.prompts};
     CatalogueReload reload{state.cycle, loader};
-    StarterData starter{state.form.lvwDB, state.StartupStep, ports.prompts, ports.shell};
+    DataMove data_move{state.folders, state.StartupStep, ports.prompts, ports.shell, ports.code_page, trap};
+    StarterData starter{state.form.lvwDB, state.folders, state.StartupStep, ports.prompts, ports.shell};
     Notices notices{texts, clock};
-    StartUp start_up{
-        state,
-        ports,
-        trap,
-        texts,
-        {regional, settings, remembered, airports, positions, loader, starter, reload, notices, events},
-        command_line};
+    StartUp start_up{state,
+                     ports,
+                     trap,
+                     texts,
+                     {regional, settings, remembered, airports, positions, loader, data_move, starter, reload,
+                      notices, events},
+                     command_line};
     PlayerDisplay display{state, texts, ports.player, ports.live, ports.shell};
     SoundMenu sound_menu{state.form.SoundDevices, state.sound, ports.devices, notices};
     TuningCheck tuning_check{state.radio, notices, clock};
     SimWatch sim{state, texts, link, readout, gate, stay_open, tuning_check, range, ports.player};
     FeedIndex index{state.form.lvwDB};
     FeedChoice choice{state, state.form.lvwDB, index, positions};
-    ShuffleBag bag{state.chatter, ports.folders, state.StartupStep};
+    ShuffleBag bag{state.chatter, state.folders, ports.folders, state.StartupStep};
     AutomaticTuning tuning{state, state.form.lvwDB, texts, sim, choice, display, ports.player, bag, trap};
     RecordedChatter chatter{state, state.LastSearchText, texts, sim, choice, ports.player, bag, clock, trap};
     PlayingRow playing_row{state.feed, state.form.lvwDB};

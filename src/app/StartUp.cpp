@@ -11,8 +11,11 @@
 namespace quillon {
 
 void StartUp::Form_Load() {
-    state_.splash.Visible = !RememberedState::StartsMinimised(DataFolder(ports_.shell));
+    const bool can_be_written_to = FindHome(state_.folders, ports_.shell);
+    state_.splash.Visible = !RememberedState::StartsMinimised(DataFolder(state_.folders));
     ports_.display.Repaint();
+    if (!can_be_written_to) parts_.data_move.TellRefused();
+    parts_.data_move.OfferCopy(); // before anything is written
     SetUpForm();
     const bool missing = parts_.starter.FilesAreMissing();
     if (missing) CreateMissingFiles();
@@ -72,7 +75,7 @@ void StartUp::SetUpForm() {
 }
 
 void StartUp::ReplaceSeparators() {
-    if (!parts_.regional.ReadAndReplace(DataFolder(ports_.shell) + "Quillon.separators"))
+    if (!parts_.regional.ReadAndReplace(DataFolder(state_.folders) + "Quillon.separators"))
         parts_.notices.Show({NoticeKind::SeparatorsKept, ""});
 }
 
@@ -85,7 +88,7 @@ void StartUp::FillGapCombos() {
 }
 
 void StartUp::PrepareFiles() {
-    const bool own_folder = FindFolders(state_.folders, state_.StartupStep, ports_.shell);
+    const bool own_folder = FindFolders(state_.folders, state_.StartupStep);
     if (own_folder) AddDefaultFeeds(state_.folders, state_.StartupStep, ports_.code_page);
     EnableMenus();
     parts_.settings.ReadIni();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CatalogueReload.h"
+#include "app/DataMove.h"
 #include "app/Ports.h"
 #include "app/RegionalNumbers.h"
 #include "app/StarterData.h"
@@ -29,6 +30,7 @@ class StartUp {
         Airports& airports;
         AirportPositions& positions;
         FeedLoader& loader;
+        DataMove& data_move;
         StarterData& starter;
         CatalogueReload& reload;
         Notices& notices;

@@ -2,6 +2,7 @@
 
 #include "ports/Prompts.h"
 #include "ports/Shell.h"
+#include "state/Folders.h"
 #include "state/ListView.h"
 
 #include <string>
@@ -14,8 +15,9 @@ namespace quillon {
 class StarterData {
   public:
     /// `startup_step` says what is being done.
-    StarterData(const ListView& list, std::string& startup_step, Prompts& prompts, Shell& shell)
-        : list_(list), startup_step_(startup_step), prompts_(prompts), shell_(shell) {}
+    StarterData(const ListView& list, const Folders& folders, std::string& startup_step, Prompts& prompts,
+                Shell& shell)
+        : list_(list), folders_(folders), startup_step_(startup_step), prompts_(prompts), shell_(shell) {}
 
     /// Whether the data folder has no catalogue or no airports.
     bool FilesAreMissing();
@@ -37,11 +39,11 @@ class StarterData {
 
   private:
     std::string Source() { return shell_.ProgramFolder() + "starter\\"; }
-    std::string Target() { return shell_.ApplicationDataFolder() + "\\Quillon\\"; }
     std::vector<std::string> Lacking();
     void MoveFromBareFolder(const std::string& bare);
 
     const ListView& list_;
+    const Folders& folders_;
     std::string& startup_step_;
     Prompts& prompts_;
     Shell& shell_;

@@ -1,11 +1,13 @@
 #include "playback/ShuffleBag.h"
 
+#include "settings/Folders.h"
+
 #include <utility>
 
 namespace quillon {
 
-void ShuffleBag::Fill(const std::string& folder) {
-    std::string& path = chatter_.File1Path = folder;
+void ShuffleBag::Fill(const std::string& url) {
+    std::string& path = chatter_.File1Path = FolderOfRecordings(folders_, url);
     while (!path.empty() && path.back() == '\\') path.pop_back();
     List();
     chatter_.IsRefill = chatter_.Held = false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ports/FolderLister.h"
+#include "state/Folders.h"
 #include "state/PlaybackState.h"
 
 #include <optional>
@@ -12,12 +13,12 @@ namespace quillon {
 class ShuffleBag {
   public:
     /// `startup_step` says what is being done.
-    ShuffleBag(ChatterState& chatter, FolderLister& lister, std::string& startup_step)
-        : chatter_(chatter), lister_(lister), startup_step_(startup_step) {}
+    ShuffleBag(ChatterState& chatter, const Folders& folders, FolderLister& lister, std::string& startup_step)
+        : chatter_(chatter), folders_(folders), lister_(lister), startup_step_(startup_step) {}
 
-    /// Empties the bag and begins to list a folder, with whose "*.wav" files it is filled. A folder that is
-    /// missing, or given by a relative path, counts as empty.
-    void Fill(const std::string& folder);
+    /// Empties the bag and begins to list the folder of a feed, with whose "*.wav" files it is filled. A folder
+    /// that is missing counts as empty.
+    void Fill(const std::string& url);
 
     /// Lists the bag's folder again.
     void Refill();
@@ -33,6 +34,7 @@ class ShuffleBag {
     void List();
 
     ChatterState& chatter_;
+    const Folders& folders_;
     FolderLister& lister_;
     std::string& startup_step_;
 };

@@ -18,6 +18,12 @@ void TidyUp(std::string_view path) {
     }
 }
 
+void CollectFiles(const std::string& root, const std::string& below, std::vector<std::string>& files) {
+    for (const std::string& name : NamesIn(root + below, PathKind::File)) files.push_back(below + name);
+    for (const std::string& name : NamesIn(root + below, PathKind::Folder))
+        CollectFiles(root, below + name + "\\", files);
+}
+
 } // namespace
 
 std::vector<std::string> WaveFilesIn(std::string_view folder) {
@@ -60,6 +66,18 @@ bool ReplaceFileIf(std::string_view path, std::string_view content, const std::f
         TidyUp(beside);
         throw;
     }
+}
+
+void CreateBelow(const std::string& folder, const std::string& file, std::string_view content) {
+    for (auto end = file.find('\\'); end != std::string::npos; end = file.find('\\', end + 1))
+        MakeFolder(folder + file.substr(0, end));
+    ReplaceFile(folder + file, content);
+}
+
+std::vector<std::string> FilesBelow(const std::string& folder) {
+    std::vector<std::string> files;
+    CollectFiles(folder, "", files);
+    return files;
 }
 
 void AppendFile(std::string_view path, std::string_view content) {

@@ -33,6 +33,13 @@ void ReplaceFile(std::string_view path, std::string_view content);
 /// The same, unless `still_wanted` returns false just before the old file is replaced. Returns its answer.
 bool ReplaceFileIf(std::string_view path, std::string_view content, const std::function<bool()>& still_wanted);
 
+/// Creates a file whose path is relative to `folder`, and the folders on the way to it.
+void CreateBelow(const std::string& folder, const std::string& file, std::string_view content);
+
+/// Paths, relative to `folder` (which ends in a backslash), of all files in it and below it; those in it come
+/// first.
+std::vector<std::string> FilesBelow(const std::string& folder);
+
 /// Appends bytes to the file, which is created if needed.
 void AppendFile(std::string_view path, std::string_view content);
 

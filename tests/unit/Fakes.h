@@ -58,8 +58,8 @@ class FakePrompts : public Prompts {
         questions.push_back(title + ": " + text);
         return yes;
     }
-    std::string BrowseFile(const std::string&, const std::string& pattern) override {
-        asked = {pattern, ""};
+    std::string BrowseFile(const std::string&, const std::string& pattern, const std::string& folder) override {
+        asked = {pattern, folder};
         return answer;
     }
     ErrorTrap::Report AsReport() {

@@ -284,7 +284,8 @@ TEST_F(Catalogue, FoldersAreTheFirstThatExist) {
     Folders& found = state.folders;
     const std::string first = At("one\\");
     const std::string second = At("two\\");
-    const auto find = [&] { return FindFolders(found, state.StartupStep, shell, {first, second}); };
+    const auto find = [&] { return FindFolders(found, state.StartupStep, {first, second}); };
+    EXPECT_TRUE(FindHome(found, shell));
     EXPECT_FALSE(find());
     EXPECT_EQ(found.AppPath, TextOf(std::filesystem::current_path()) + "\\");
     EXPECT_EQ(found.DataPath, folder + "\\");
@@ -296,6 +297,21 @@ TEST_F(Catalogue, FoldersAreTheFirstThatExist) {
     MakeFolder("one");
     find();
     EXPECT_EQ(found.AppPath, first);
+}
+
+TEST_F(Catalogue, FoldersWithoutDriveOrServerAreInTheDataFolder) {
+    const struct {
+        const char *url, *folder;
+    } rows[] = {{"ATC\\EGLL_T\\", "D:\\Data\\ATC\\EGLL_T\\"},
+                {"..\\rec", "D:\\Data\\..\\rec"},
+                {"C:rec", "C:rec"},
+                {"\\\\nas\\rec", "\\\\nas\\rec"},
+                {"lists\\a.wpl", "lists\\a.wpl"},
+                {"http://a.example/", "http://a.example/"},
+                {"mms://a.example/", "mms://a.example/"},
+                {"", ""}};
+    state.folders.DataPath = "D:\\Data\\";
+    for (const auto& row : rows) EXPECT_EQ(FolderOfRecordings(state.folders, row.url), row.folder);
 }
 
 TEST_F(Catalogue, TraceLogGrowsByLinesAndStartsSmall) {

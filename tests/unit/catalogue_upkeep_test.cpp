@@ -152,20 +152,20 @@ TEST_F(Upkeep, AnAddressIsTriedUntilItChanges) {
     program->Run(Command::mnuAddATC);
     const auto test = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.TestAddress(); }); };
     const auto poll = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.Poll(); }); };
-    Type(txtURL, "b");
+    Type(txtURL, "b.wpl");
     test();
     poll();
     EXPECT_EQ(form().TestCaption, "Trying the address ...");
-    probe.answers = {{"b", {Finding::Fails, "No answer"}}};
+    probe.answers = {{"b.wpl", {Finding::Fails, "No answer"}}};
     poll();
     Type(txtCity, "x");
     EXPECT_EQ(form().TestCaption, "No answer");
     test();
-    Type(txtURL, "c");
+    Type(txtURL, "c.wpl");
     poll();
     EXPECT_EQ(form().TestCaption, "") << "the answer is another address's";
     test();
-    EXPECT_EQ(probe.trying, std::set<std::string>{"c"});
+    EXPECT_EQ(probe.trying, std::set<std::string>{"c.wpl"});
     Close();
     EXPECT_TRUE(probe.trying.empty());
 }

@@ -40,21 +40,19 @@ TEST_F(Bag, HoldsTheWavesOfTheFolderSorted) {
     ChatterState chatter;
     FakeFolderLister lister;
     std::string step;
-    ShuffleBag bag(chatter, lister, step);
-    for (const std::string& path : {waves, waves + "\\"}) {
+    const Folders folders{"", folder + "\\", ""};
+    ShuffleBag bag(chatter, folders, lister, step);
+    for (const std::string& path : {waves, waves + "\\", waves.substr(folder.size() + 1)}) {
         bag.Fill(path);
         EXPECT_EQ(bag.Look(), ChatterFolder::HasRecordings);
         std::string all;
         for (const std::string& wave : chatter.List3) all += wave.substr(waves.size());
         EXPECT_EQ(all, "\\a.wav\\b.WAV\\C.Wav\\\xC3\x89.wav");
     }
-    std::filesystem::current_path(PathOf(folder)); // where relative paths find nothing
-    for (const std::string& nowhere :
-         {At("missing"), waves + "\\a.wav", waves.substr(folder.size() + 1), std::string("."), std::string()}) {
+    for (const std::string& nowhere : {At("missing"), waves + "\\a.wav", std::string("."), std::string()}) {
         bag.Fill(nowhere);
         EXPECT_NE(bag.Look(), ChatterFolder::HasRecordings) << nowhere;
     }
-    std::filesystem::current_path("..");
 }
 
 class Chatter : public Flight {
@@ -308,7 +306,7 @@ struct Bench : TickBench {
     AirportPositions positions{state.Airports};
     FeedChoice choice{state, state.form.lvwDB, index, positions};
     FakeFolderLister lister;
-    ShuffleBag bag{state.chatter, lister, state.StartupStep};
+    ShuffleBag bag{state.chatter, state.folders, lister, state.StartupStep};
     RecordedChatter chatter{state, state.LastSearchText, texts, sim, choice, player, bag, clock, trap};
     Mute mute{state, texts, player};
     MuteKey mute_key{state, mute, keyboard, screen, clock};

@@ -142,7 +142,7 @@ TEST_F(Check, AsksEachHostForOneFeedAtATimeWhileTheCycleGoesOn) {
               "\"B\" has no position in Airport.dat, so its distance is unknown");
     TuneTo("119.72");
     EXPECT_EQ(panel(3), "EGLL - London Director");
-    Answer("files", Finding::Answers);
+    Answer(At("Quillon\\files"), Finding::Answers);
     EXPECT_EQ(probe.trying, (std::set<std::string>{"http://one/a", "http://radio.example/b"}));
     program->Run(Command::CheckFeeds); // goes on
     Answer("http://one/a", Finding::Answers);
@@ -170,16 +170,16 @@ TEST_F(Check, AsksEachHostForOneFeedAtATimeWhileTheCycleGoesOn) {
 
 TEST_F(Check, TriesEightAtATimeAndSavesWhatItShows) {
     Start();
-    std::string feeds = "EGLL|one|a|118.70\n";
+    std::string feeds = "EGLL|one|C:\\a|118.70\n";
     for (char host = 'a'; host <= 'j'; ++host) feeds += std::string("EGLL|Radio|http://") + host + "|\n";
     Write("Quillon\\live_atc_feeds.txt", feeds + "words|with bar\n");
     program->Run(Command::CheckFeeds);
     EXPECT_EQ(probe.trying.size(), 8U);
     for (char host = 'a'; host <= 'j'; ++host)
         Answer(std::string("http://") + host, host == 'c' ? Finding::Fails : Finding::Answers);
-    EXPECT_EQ(probe.trying, (std::set<std::string>{"a"}));
+    EXPECT_EQ(probe.trying, (std::set<std::string>{"C:\\a"}));
     program->CheckFeedsEvent([](FeedCheck& check) { check.ShowFaultsOnly(true); });
-    Answer("a", Finding::Redirects);
+    Answer("C:\\a", Finding::Redirects);
     const std::string shown = "Done. Good: 9. Redirected: 1. Failed: 1. Faults in the file: 1.";
     EXPECT_EQ(Shown(), "12 4 " + shown);
     Do(&FeedCheck::SaveResults);

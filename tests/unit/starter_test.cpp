@@ -65,4 +65,73 @@ TEST_F(StarterTest, FilesOfARunWithoutDataFolderMoveIntoTheNewOneAndStayAsTheyAr
     EXPECT_FALSE(FileExists(At("Quillon.ini")));
 }
 
+class PortableTest : public StarterTest {
+  protected:
+    PortableTest() {
+        MakeFolder("program\\Data");
+        const std::string feeds = "CYYZ|\u00FC|" + At("Quillon\\ATC\\CYYZ_T") + "|118.70\r\nEGLL|List|" +
+                                  At("Quillon\\ATC\\one.wpl") + "|119.72\r\n";
+        Write("Quillon\\live_atc_feeds.txt", *page.Encode(feeds));
+        Write("Quillon\\Check.txt", "what it found");
+    }
+    std::string Data(const std::string& name) const { return Read("program\\Data\\" + name); }
+};
+
+TEST_F(PortableTest, AnEmptyDataFolderTakesACopyOfWhatTheUserHasIfWanted) {
+    const std::string before = Read("Quillon\\live_atc_feeds.txt");
+    regional.decimal = ",";
+    simulator.Tune(Com2Standby, "118.70");
+    Start();
+    ASSERT_EQ(prompts.questions.size(), 1U);
+    EXPECT_EQ(Data("Check.txt"), "what it found");
+    EXPECT_TRUE(FileExists(At("program\\Data\\ATC\\CYYZ_T\\b.WAV")));
+    EXPECT_TRUE(FileExists(At("program\\Data\\Quillon.separators")));
+    EXPECT_EQ(Data("live_atc_feeds.txt"),
+              "CYYZ|\u00FC|ATC\\CYYZ_T|118.70\r\nEGLL|List|" + At("Quillon\\ATC\\one.wpl") +
+                  "|119.72\r\n//\r\n// Pre-Recorded Wave Files\r\n"
+                  "CYYZ|Wav - Toronto ON - Tower Pearson Intl|ATC\\CYYZ_T|\r\n"
+                  "YPPH|Wav - Perth Australia - Approach|ATC\\Kestrune - YPPH_A|\r\n"
+                  "KLAX|Wav - Los Angeles - Tower|ATC\\Kestrune-Los Angeles-Tower|\r\n");
+    Tick();
+    Tick();
+    EXPECT_TRUE(player.url.starts_with(At("program\\Data\\ATC\\CYYZ_T\\"))) << player.url;
+    program->Run(Command::mnuAddATC);
+    program->AddFeedEvent([this](AddFeed& dialog) {
+        dialog.ChooseKind(SourceKind::WaveFiles);
+        prompts.answer = At("program\\DATA\\ATC\\new\\a.wav");
+        dialog.cmdBrowse_Click();
+        EXPECT_EQ(prompts.asked.second, At("program\\Data\\ATC\\")) << "where it begins";
+        EXPECT_EQ(state().add_feed[AddBox::txtURL], "ATC\\new\\");
+        dialog.cmdCancel_Click();
+    });
+    program->Run(Command::mnuQuit);
+    EXPECT_EQ(Read("Quillon\\live_atc_feeds.txt"), before);
+    EXPECT_FALSE(FileExists(At("Quillon\\Quillon.ini")));
+    EXPECT_TRUE(FileExists(At("program\\Data\\Quillon.ini")));
+    Start();
+    EXPECT_EQ(prompts.questions.size(), 1U) << "offered once";
+}
+
+TEST_F(PortableTest, OtherwiseItBeginsAnew) {
+    prompts.yes = false;
+    Start();
+    ASSERT_EQ(prompts.questions.size(), 2U);
+    EXPECT_NE(prompts.questions[1].find(At("program\\Data\\")), std::string::npos);
+    prompts.yes = true;
+    Start();
+    ASSERT_EQ(prompts.questions.size(), 3U) << "it is not empty any more";
+    EXPECT_EQ(state().form.lvwDB.Items().size(), 4U) << "the starter data";
+}
+
+TEST_F(PortableTest, ADataFolderThatCannotBeWrittenToIsToldOnceAndLeftAlone) {
+    MakeFolder("program\\Data\\Quillon.try");
+    Start();
+    program->Run(Command::mnuQuit);
+    ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_NE(prompts.messages[0].text.find(At("program\\Data\\")), std::string::npos);
+    EXPECT_EQ(state().folders.DataPath, At("Quillon\\"));
+    EXPECT_EQ(FilesBelow(At("program\\Data\\")).size(), 0U);
+    EXPECT_TRUE(FileExists(At("Quillon\\Quillon.ini")));
+}
+
 } // namespace quillon

@@ -53,13 +53,16 @@ bool WinPrompts::Confirm(const std::string& title, const std::string& text, Choi
                        buttons | default_button | MB_ICONQUESTION | MB_SETFOREGROUND) == IDYES;
 }
 
-std::string WinPrompts::BrowseFile(const std::string& description, const std::string& pattern) {
+std::string WinPrompts::BrowseFile(const std::string& description, const std::string& pattern,
+                                   const std::string& folder) {
+    const std::wstring start = Wide(folder);
     std::wstring filter = Wide(description) + L'\0' + Wide(pattern) + L'\0';
     std::array<wchar_t, 32768> path{};
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = owner_();
     dialog.lpstrFilter = filter.c_str();
+    dialog.lpstrInitialDir = start.empty() ? nullptr : start.c_str();
     dialog.lpstrFile = path.data();
     dialog.nMaxFile = path.size();
     dialog.Flags = OFN_FILEMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER;

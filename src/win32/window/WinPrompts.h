@@ -18,7 +18,8 @@ class WinPrompts : public Prompts {
     std::string InputBox(const std::string& title, const std::string& prompt,
                          const std::string& default_answer) override;
     bool Confirm(const std::string& title, const std::string& text, Choices choices) override;
-    std::string BrowseFile(const std::string& description, const std::string& pattern) override;
+    std::string BrowseFile(const std::string& description, const std::string& pattern,
+                           const std::string& folder) override;
 
   private:
     std::function<HWND()> owner_;
