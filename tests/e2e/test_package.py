@@ -1,12 +1,15 @@
 """What users download: the installer, the program it installs, and the portable zip."""
+import os
 import shutil
 import subprocess
 import sys
+import time
 import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "scripts"))
+from world.feeds import FEEDS
 from world.processes import wait_until
 from world.wine import Copilot
 from world.world import World
@@ -17,7 +20,7 @@ def made(pattern):
 
 
 class Package(unittest.TestCase):
-    """The life of one installation, in order."""
+    """The life of one installation, and of what is unzipped, in order."""
 
     @classmethod
     def setUpClass(cls):
@@ -42,9 +45,9 @@ class Package(unittest.TestCase):
 
     def close(self):
         self.copilot.ask("close QuillonMain")
-        with self.assertRaises((RuntimeError, TimeoutError)):
-            wait_until("its end", lambda: not self.copilot.ask("pid QuillonMain"), 10)
+        self.await_end()
 
+    def await_end(self):
         wait_until("the end of its process", lambda: not self.process_lives(), 10)  # it outlives the window a little
 
     def process_lives(self):
@@ -95,12 +98,71 @@ class Package(unittest.TestCase):
         self.assertIn(b"Mine", (self.data / "live_atc_feeds.txt").read_bytes())
         self.assertTrue((self.data / "Quillon.ini").exists())
 
-    def test_4_unzipped_it_offers_what_is_missing_and_takes_it_up_at_once(self):
+    def unzip(self, name):
+        """What a user has after unpacking the zip into a new folder."""
+        folder = self.world.folder / name
+        shutil.unpack_archive(made("Quillon-*-x64.zip"), folder)
+        return next(folder.glob("Quillon-*-x64"))
+
+    def keys(self, window, *keys):
+        """Presses keys once the window with that title is the active one; "=..." is typed."""
+        def screen(*command):
+            return subprocess.run(["xdotool", *command], env=self.world.prefix.env, capture_output=True,
+                                  text=True, timeout=20).stdout
+
+        wait_until(window, lambda: window in screen("getactivewindow", "getwindowname"), 20)
+        for key in keys:
+            screen(*(("type", "--delay", "100", key[1:]) if key[0] == "=" else ("key", key)))
+
+    def files(self, *folders):
+        return {path: path.stat().st_mtime_ns for folder in folders for path in folder.rglob("*") if path.is_file()}
+
+    def test_4_unzipped_it_is_used_by_keyboard_alone_and_keeps_everything_in_its_own_folder(self):
         shutil.rmtree(self.data)
-        shutil.unpack_archive(made("Quillon-*-x64.zip"), self.world.folder)
-        self.walk(next(self.world.folder.glob("Quillon-*-x64")) / "Quillon.exe", ("Welcome to Quillon", 6))
+        program = self.unzip("A stick of Zo\u00eb's")
+        before = self.files(program, self.data.parents[2])
+        start = time.monotonic()
+        self.world.start(str(program / "Quillon.exe"))
+        self.keys("Welcome to Quillon", "Return")
+        self.keys("Quillon", "alt+f", "a")
+        self.keys("Add Feed", "=EGKK", "Tab", "=London - Gatwick Tower", "Tab", "Home", "shift+End",
+                  "=" + self.world.feeds.address(FEEDS[1]), "Tab", "Tab", "=124.22", "Return")
+        self.copilot.await_text("field IDC_ADDED", lambda text: "EGKK on 124.22" in text)
+        self.keys("Add Feed", "Escape")
+        self.keys("Quillon", "=EGKK", "Menu", "p")
+        self.world.ear.await_(FEEDS[1].icao, 20)
+        print(f"The first sound came after {time.monotonic() - start:.0f} s.", file=sys.stderr)
+        self.copilot.await_text("panel 3", "EGKK - London - Gatwick Tower", 3)  # not what to do next
+        self.keys("Quillon", "alt+f", "b")
+        self.keys("Confirmation", "y")
+        self.keys("Success", "Return")
+        self.keys("Quillon", "alt+F4")
+        self.await_end()
+        written = {path for path, time in self.files(program, self.data.parents[2]).items() if before.get(path) != time}
+        self.assertEqual({path.name for path in written if path.suffix != ".wav"}, {
+            "live_atc_feeds.txt", "live_atc_feeds.bak", "Airport.dat", "Quillon.ini", "Quillon.state", "Trace.log", "Events.log"})
+        self.assertEqual([path for path in written if program / "Data" not in path.parents], [])
+        self.assertFalse(self.data.exists())
+        self.assertNotEqual(self.world.prefix.run("reg", "query", r"HKCU\Software\Quillon").returncode, 0)
+
+    def test_5_where_its_own_folder_cannot_be_written_to_it_says_so_and_does_as_if_installed(self):
+        program = self.unzip("A disc")
+        mount = ["mount", "-t", "tmpfs", "-o", "ro", "tmpfs", program / "Data"]
+        subprocess.run(mount if os.geteuid() == 0 else ["chmod", "555", program / "Data"], check=True)
+        self.addCleanup(subprocess.run, ["umount", "-l", program / "Data"], stderr=subprocess.DEVNULL)
+        self.walk(program / "Quillon.exe", ("cannot write", "IDOK"), ("Welcome to Quillon", "IDYES"))
         self.hear_recording()
         self.close()
+        self.assertIn(rb"\AppData\Roaming\Quillon\ATC\CYYZ_T", (self.data / "live_atc_feeds.txt").read_bytes())
+
+    def test_6_an_empty_folder_of_its_own_takes_a_copy(self):
+        program = self.unzip("A disk")
+        before = self.files(self.data)
+        self.walk(program / "Quillon.exe", ("Copy your feeds", "IDYES"))
+        self.hear_recording()
+        self.close()
+        self.assertEqual(self.files(self.data), before)
+        self.assertIn(rb"|ATC\CYYZ_T|", (program / "Data/live_atc_feeds.txt").read_bytes())
 
 
 if __name__ == "__main__":
