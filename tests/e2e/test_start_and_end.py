@@ -106,17 +106,6 @@ class Starts(unittest.TestCase):
         self.close(quillon)
         self.assertEqual(settings.read_bytes(), b"12\r\nCom1\r\n20\r\n30\r\n35\r\n")
 
-    def test_an_old_module_is_refused_and_the_program_ends(self):
-        simulator = self.world.start("PracticeSim.exe", "--sim", "7", "--fault", "old-version")
-        self.copilot.ask("wait UIPCMAIN 20000")
-        quillon = self.world.start("Quillon.exe")
-        report = self.copilot.await_text("boxes", lambda text: "Version 2.8.4.2" in text, 20)
-        self.assertIn("Your present version is", report)
-        self.copilot.ask("press IDOK")
-        self.assertEqual(quillon.wait(20), 0)
-        self.copilot.ask("close UIPCMAIN")
-        simulator.wait(20)
-
     def test_without_a_sound_device_the_state_says_so(self):
         simulator = self.start_simulator("8")
         self.copilot.ask("wait UIPCMAIN 20000")

@@ -136,15 +136,5 @@ TEST_F(AtHand, TheCompactViewGivesWayToWhatNeedsTheList) {
     EXPECT_EQ(state().form.Place, std::nullopt);
 }
 
-TEST_F(AtHand, WithoutASplashTheStartTakesAsLong) {
-    Write("Quillon\\Quillon.state", "start-minimised=yes\r\n");
-    bool splash = false;
-    clock.events = [&] { return splash = splash || (program && state().splash.Visible), true; };
-    const auto before = clock.passed;
-    Start();
-    EXPECT_FALSE(splash);
-    EXPECT_GE(clock.passed - before, std::chrono::milliseconds(3000));
-}
-
 } // namespace
 } // namespace quillon

@@ -235,26 +235,6 @@ TEST(Player, LimitsRequestsToAGivenUpAddressUntilItPlays) {
     EXPECT_EQ(in.Asked(), 4U);
 }
 
-TEST(Player, ReloadsAtOnce) {
-    PlayerInWorld in;
-    in.world.servers["/a"] = Unauthorised;
-    in.player.SetUrl(Url);
-    in.At(10s, [&in] {
-        in.world.servers["/a"] = {Ok + Frames(1000)};
-        in.player.Reload();
-        EXPECT_EQ(in.player.State(), Transitioning);
-    });
-    in.At(11s, [&in] { EXPECT_EQ(in.player.State(), Playing); });
-    in.At(12s, [&in] {
-        in.player.SetUrl("");
-        in.player.Reload();
-        in.player.Play();
-        EXPECT_EQ(in.player.State(), Stopped);
-    });
-    in.RunTo(13s);
-    EXPECT_EQ(in.Asked(), 2U);
-}
-
 TEST(Player, StaysSilentWhenReloadedWhilePausedOrStopped) {
     const Script sounds{Ok, IoStatus::Ok};
     for (const Script& script : {sounds, Unauthorised}) {

@@ -122,15 +122,6 @@ TEST(Session, MovesToTheDeviceThatIsChosen) {
     EXPECT_GE(world.heard, 1700ms);
 }
 
-TEST(Session, CancelledIsSilent) {
-    World world;
-    world.servers["/a"] = {Ok + Frames(1000)};
-    world.events.emplace(1s, [](Session& session) { session.Cancel(); });
-    RunSession(world, "http://h/a");
-    EXPECT_LE(world.heard, 1s);
-    EXPECT_LE(world.now, 1100ms);
-}
-
 /// Pauses from 0.5 s to 5 s.
 void AddPause(World& world) {
     world.events.emplace(500ms, [](Session& session) { session.Pause(SmoothSound::Ramp); });
