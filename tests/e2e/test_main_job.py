@@ -94,15 +94,6 @@ class Flight(unittest.TestCase):
         self.copilot.ask(f"tune com2stby {TORONTO.frequency}")
         self.ear.await_(TORONTO.icao)
 
-    def test_7_the_strip_mutes_and_unmutes(self):
-        self.tune(LONDON)
-        self.ear.await_(LONDON.icao)
-        self.copilot.ask("click StripPause")
-        self.ear.await_("silence")
-        self.assertEqual((self.copilot.ask("title"), self.copilot.ask("panel 1")), ("Quillon -Mute", "Muted"))
-        self.copilot.ask("click StripPlay")
-        self.ear.await_(LONDON.icao)
-
     def test_7a_channels_of_8_33_khz_are_told_apart(self):
         self.copilot.ask("fly %s %s" % TORONTO.position)
         for tuned, (shown, heard) in TOLD_APART.items():

@@ -42,12 +42,6 @@ class Starts(unittest.TestCase):
         self.close(quillon)
         self.assertEqual(self.separators(), [",", "."])
 
-    def test_a_second_start_leaves_everything_to_the_first(self):
-        quillon = self.world.start_quillon()
-        self.assertEqual(self.world.start("Quillon.exe").wait(20), 0)
-        self.assertIsNone(quillon.poll())
-        self.close(quillon)
-
     def test_programs_are_never_started_from_the_current_folder(self):
         planted = self.world.folder / "planted"
         planted.mkdir()
@@ -105,17 +99,6 @@ class Starts(unittest.TestCase):
         self.copilot.ask("wait QuillonMain 5000")
         self.close(quillon)
         self.assertEqual(settings.read_bytes(), b"12\r\nCom1\r\n20\r\n30\r\n35\r\n")
-
-    def test_without_a_sound_device_the_state_says_so(self):
-        simulator = self.start_simulator("8")
-        self.copilot.ask("wait UIPCMAIN 20000")
-        env = {**self.world.prefix.env, "PULSE_SERVER": "unix:/nonexistent"}
-        quillon = self.world.processes.start("deaf", self.world.prefix.command("Quillon.exe"), env)
-        self.copilot.ask("wait QuillonMain 20000")
-        self.copilot.await_text("panel 1", "No Connection", 15)
-        self.close(quillon)
-        self.copilot.ask("close UIPCMAIN")
-        simulator.wait(20)
 
 
 if __name__ == "__main__":

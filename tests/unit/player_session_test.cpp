@@ -22,15 +22,6 @@ std::function<bool(const World&)> After(milliseconds end) {
     return [end](const World& world) { return world.now >= end; };
 }
 
-const std::string IcyHead = "ICY 200 OK\r\nicy-metaint:1234\r\n\r\n";
-
-/// With a title after every `interval` bytes.
-std::string WithTitles(std::string sound, std::size_t interval) {
-    const std::string title = std::string(1, '\2') + "StreamTitle='KJFK';" + std::string(13, '\0');
-    for (std::size_t at = interval; at <= sound.size(); at += interval + title.size()) sound.insert(at, title);
-    return sound;
-}
-
 TEST(Session, ShowsStatesAndPlaysWhatComes) {
     const std::string ok_with_length =
         "ICY 200 OK\nContent-Length:" + std::to_string(Frames(100).size()) + "\n\n";
@@ -173,30 +164,6 @@ TEST_F(SessionOnFiles, PlayToTheirEndAndKeepTheirPlaceInAPause) {
     EXPECT_EQ(empty.states, "10");
 }
 
-TEST(Session, ShowsTheTitleWhileItPlays) {
-    World world;
-    world.servers["/a"] = {IcyHead + WithTitles(Frames(100), 1234), IoStatus::EndOfStream};
-    std::set<std::string> titles;
-    for (int second = 0; second < 5; ++second)
-        world.events.emplace(second * 1s, [&](Session& session) { titles.insert(session.Title()); });
-    world.over = After(6s);
-    RunSession(world, "http://h/a");
-    EXPECT_EQ(titles, (std::set<std::string>{"", "KJFK"}));
-    EXPECT_EQ(world.session->Title(), "");
-}
-
-/// Seconds between requests for a path.
-std::string Gaps(const World& world, const std::string& path) {
-    std::string text;
-    milliseconds before{0};
-    for (const auto& [when, what] : world.asked) {
-        if (what != path) continue;
-        text += std::to_string(std::chrono::round<std::chrono::seconds>(when - before).count()) + " ";
-        before = when;
-    }
-    return text;
-}
-
 TEST(Session, AsksAgainFromTheFirstAddressAfterGrowingWaits) {
     World world;
     world.servers["/a"] = {"HTTP/1.1 302 Found\r\nLocation: /b\r\n\r\n"};
@@ -236,17 +203,6 @@ TEST(Session, GivesUpOnlyWithReason) {
         EXPECT_LT(world.now, 1min) << name;
         EXPECT_GT(world.retries->NotBefore("http://h/a"), world.now) << name;
     }
-}
-
-TEST(Session, ComesBackWhenADeviceAppears) {
-    World world;
-    world.devices = 0;
-    world.servers["/a"] = {Ok + Frames(1000)};
-    world.events.emplace(12s, [&](Session&) { world.devices = 1; });
-    world.over = After(20s);
-    RunSession(world, "http://h/a");
-    EXPECT_EQ(world.states, "9 10 9 10 9 10 9 3 1");
-    EXPECT_EQ(Gaps(world, "/a"), "0 5 5 5 ");
 }
 
 TEST(Session, CancelledInACoolDownDoesNotProlongIt) {
