@@ -86,14 +86,6 @@ class Flight(unittest.TestCase):
         self.copilot.ask("pause 0")
         self.ear.await_(LONDON.icao)
 
-    def test_6_a_folder_of_recordings_takes_over_and_hands_back(self):
-        self.copilot.ask("fly %s %s" % TORONTO.position)
-        self.copilot.ask("tune com2stby 118.00")  # the first free channel, given to the first folder
-        self.ear.await_("silence")
-        self.copilot.await_text("panel 3", lambda text: text.startswith("CYYZ - Wav - Toronto"))
-        self.copilot.ask(f"tune com2stby {TORONTO.frequency}")
-        self.ear.await_(TORONTO.icao)
-
     def test_7a_channels_of_8_33_khz_are_told_apart(self):
         self.copilot.ask("fly %s %s" % TORONTO.position)
         for tuned, (shown, heard) in TOLD_APART.items():

@@ -120,14 +120,6 @@ class Upkeep(unittest.TestCase):
         self.assertIn("Added Tower", self.copilot.ask("panel 3"))
         self.ear.await_(TORONTO.icao)
 
-    def test_7_closing_leaves_notepad_alone(self):
-        self.copilot.ask("command mnuEditData")
-        self.copilot.ask("wait Notepad 20000")
-        self.copilot.ask("close QuillonMain")
-        self.assertEqual(self.world.quillon.wait(20), 0)
-        self.copilot.ask("title Notepad")
-        self.copilot.ask("close Notepad")
-
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)

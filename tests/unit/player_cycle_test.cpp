@@ -115,6 +115,11 @@ TEST(Player, RequestsAGivenUpAddressOnceAMinuteAtMost) {
              in.player.SetUrl("http://unknown/");
              in.player.SetUrl(Url);
          }},
+        {"stop and play",
+         [](PlayerInWorld& in) {
+             in.player.Stop();
+             in.player.Play();
+         }},
         {"pause and play",
          [](PlayerInWorld& in) {
              in.player.Pause();
@@ -213,26 +218,6 @@ TEST(Player, ForgetsItsReasonOnceTheFeedIsHeardAndKeepsItInACoolDown) {
     });
     in.At(65s, [&in] { EXPECT_EQ(WordsOf(in.player.Condition()), ""); });
     in.RunTo(66s);
-}
-
-TEST(Player, LimitsRequestsToAGivenUpAddressUntilItPlays) {
-    PlayerInWorld in;
-    in.world.servers["/a"] = Unauthorised;
-    const auto start_anew = [&in] {
-        in.player.Stop();
-        in.player.Play();
-    };
-    in.player.SetUrl(Url);
-    in.At(30s, [&in] { in.world.servers["/a"] = {""}; }); // will not answer at all
-    in.EverySecond(1s, 119s, start_anew);
-    in.At(119s, [&in] {
-        EXPECT_EQ(in.Asked(), 2U);
-        in.world.servers["/a"] = {Ok, IoStatus::Ok};
-    });
-    in.At(130s, start_anew); // it has played, so it is no longer given up
-    in.At(131s, [&in] { EXPECT_EQ(in.player.State(), Playing); });
-    in.RunTo(132s);
-    EXPECT_EQ(in.Asked(), 4U);
 }
 
 TEST(Player, StaysSilentWhenReloadedWhilePausedOrStopped) {

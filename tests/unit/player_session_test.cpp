@@ -102,17 +102,6 @@ TEST(Session, OpensTheDeviceAnewForAnotherFormat) {
     EXPECT_NEAR(static_cast<double>(world.heard.count()), 60 * 26.12, 60);
 }
 
-TEST(Session, MovesToTheDeviceThatIsChosen) {
-    World world;
-    world.servers["/a"] = {Ok, IoStatus::Ok};
-    world.events.emplace(1s, [&](Session&) { world.choice = 1; });
-    world.over = After(2s);
-    RunSession(world, "http://h/a");
-    EXPECT_EQ(world.opened, "44100/2 44100/2 ");
-    EXPECT_EQ(world.states, "9 6 3 1");
-    EXPECT_GE(world.heard, 1700ms);
-}
-
 /// Pauses from 0.5 s to 5 s.
 void AddPause(World& world) {
     world.events.emplace(500ms, [](Session& session) { session.Pause(SmoothSound::Ramp); });
