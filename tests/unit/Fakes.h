@@ -54,8 +54,9 @@ class FakePrompts : public Prompts {
         asked = {prompt, default_answer};
         return answer;
     }
-    bool Confirm(const std::string& title, const std::string& text, Choices) override {
+    bool Confirm(const std::string& title, const std::string& text, Choices offered) override {
         questions.push_back(title + ": " + text);
+        choices.push_back(offered);
         return yes;
     }
     std::string BrowseFile(const std::string&, const std::string& pattern, const std::string& folder) override {
@@ -70,6 +71,7 @@ class FakePrompts : public Prompts {
     std::string answer;                        ///< what the user will type
     std::pair<std::string, std::string> asked; ///< prompt and default answer of the last question
     std::vector<std::string> questions;
+    std::vector<Choices> choices;    ///< of each
     bool yes = true;                 ///< the answer to them
     std::function<void()> meanwhile; ///< what happens while a box is up
 };

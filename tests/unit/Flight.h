@@ -16,7 +16,7 @@ inline constexpr std::uint32_t Com2 = 0x3118, Com2Standby = 0x311C, PauseFlag = 
 inline constexpr const char* Catalogue =
     "CYYZ|Toronto Tower|http://feeds.example/a|118.70\r\n"
     "EGLL|London Director|https://feeds.example/london/heathrow/director|119.72\r\n"
-    "EGLL|London Radio|http://radio.example/b|119.00\r\n"
+    "EGLL|Radio London|http://radio.example/b|119.00\r\n"
     "EGLL|Playlist one|C:\\lists\\one.WPL|119.05\r\n"
     "ZZZZ|Nowhere|http://feeds.example/z|119.10\r\n";
 inline constexpr const char* AirportLines = "ICAO,latitude,longitude\r\n"

@@ -243,18 +243,24 @@ TEST_F(Upkeep, BackupAndRestoreKeepBothFiles) {
     const std::string mine = file();
     prompts.yes = false;
     program->Run(Command::mnuBackup);
-    EXPECT_FALSE(state().form.HasBackup);
+    EXPECT_FALSE(program->CanRun(Command::mnuRestore)) << "there is none yet";
     prompts.yes = true;
     program->Run(Command::mnuBackup);
+    EXPECT_TRUE(program->CanRun(Command::mnuRestore));
     EXPECT_EQ(Read("Quillon\\live_atc_feeds.bak"), mine);
     EXPECT_NE(files.stamped.find("live_atc_feeds.bak"), std::string::npos);
-    EXPECT_TRUE(state().form.HasBackup);
-
     Write("Quillon\\live_atc_feeds.txt", "EGLL|x|http://x.example/|121.50\r\n");
+    prompts.yes = false;
+    program->Run(Command::mnuRestore);
+    EXPECT_NE(file(), mine) << "refused";
+    EXPECT_EQ(prompts.choices, (std::vector{Choices::YesNo, Choices::YesNo, Choices::YesNoCancel}));
+    prompts.yes = true;
     program->Run(Command::mnuRestore);
     EXPECT_EQ(file(), mine);
     ASSERT_EQ(files.bin.size(), 1U);
     EXPECT_EQ(state().form.lvwDB.Items().size(), 8U);
+    Start();
+    EXPECT_TRUE(program->CanRun(Command::mnuRestore)) << "the backup is found at the start";
 }
 
 TEST_F(Upkeep, ARestoreThatFailsLosesNothing) {
@@ -307,11 +313,20 @@ TEST_F(Upkeep, EditingStopsEverythingButTheWayOut) {
         return true;
     };
     program->Run(Command::mnuEditData);
+    EXPECT_EQ(file(), "") << "Notepad finds a file";
     EXPECT_EQ(slices, 3);
     EXPECT_TRUE(prompts.asked.first.empty());
     EXPECT_EQ(timers(), "15");
     EXPECT_TRUE(state().form.lvwDB.Items().empty());
 
+    shell.meanwhile = [] { Raise(FileNotFound); };
+    program->Run(Command::mnuEditData);
+    EXPECT_EQ(prompts.messages.back(),
+              (FakePrompts::Shown{"Edit Data Errors",
+                                  "Shell Notepad and " + At("Quillon\\live_atc_feeds.txt") +
+                                      "\rError 53 File not found",
+                                  Icon::Exclamation}));
+    shell.meanwhile = {};
     shell.ended = false;
     clock.events = [&] {
         program->Run(Command::mnuQuit);

@@ -135,9 +135,9 @@ TEST_F(Check, AsksEachHostForOneFeedAtATimeWhileTheCycleGoesOn) {
     Write("Quillon\\Airport.dat", "\nA,N1*00.00,E1*00.00\nB,\nEGLL,N1*00.00,E1*00.00\n");
     Start();
     Write("Quillon\\live_atc_feeds.txt", "A|a|http://one/a|\nB|Radio b|http://ONE:81/b|\nbroken|\nB|c|files|\n"
-                                         "EGLL|London Radio|http://radio.example/b|\n");
+                                         "EGLL|Radio London|http://radio.example/b|\n");
     program->Run(Command::CheckFeeds);
-    EXPECT_EQ(Shown(), "3 4 Tried 0 of 4. Trying: A a, B c, EGLL London Radio");
+    EXPECT_EQ(Shown(), "3 4 Tried 0 of 4. Trying: A a, B c, EGLL Radio London");
     EXPECT_EQ(state().check_feeds.Rows[1].Result,
               "\"B\" has no position in Airport.dat, so its distance is unknown");
     TuneTo("119.72");

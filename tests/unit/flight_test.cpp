@@ -1,6 +1,7 @@
 // Whole flights through the program, on a fake simulator, player, clock and screen.
 #include "Flight.h"
 #include "app/StartVolume.h"
+#include "simlink/SimConnection.h"
 
 using namespace quillon;
 
@@ -11,6 +12,7 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     regional.thousand = ".";
     Write("Quillon\\Quillon.state", "user-agent=me\nvolume=40\n");
     Start("30");
+    EXPECT_EQ(clock.passed / std::chrono::seconds(1), 4) << "the splash, and one wait for the simulator";
     EXPECT_TRUE(prompts.messages.empty());
     EXPECT_TRUE(state().form.Visible);
     EXPECT_FALSE(state().splash.Visible);
@@ -38,8 +40,12 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     EXPECT_EQ(regional.decimal + regional.thousand, ",.");
     program->EndSession();
     EXPECT_EQ(regional.writes, 4); // the way out is taken once
+    regional.decimal = ".", regional.thousand = ",", regional.writes = 0;
     Start();
     EXPECT_EQ(player.volume, 0);
+    EXPECT_FALSE(FileExists(At("Quillon\\Quillon.separators"))) << "they are as wanted";
+    program->Run(Command::mnuQuit);
+    EXPECT_EQ(regional.writes, 0);
 }
 
 TEST_F(Flight, TheNextRunPutsACrashedOnesSeparatorsBack) {
@@ -145,6 +151,9 @@ TEST_F(Flight, HighlightsWhatPlaysUntilTheUserSelectsAnother) {
 }
 
 TEST_F(Flight, TunesTheFeedOfEachFrequency) {
+    AppendFile(At("Quillon\\live_atc_feeds.txt"),
+               "EGLL|as wide as the panel|http://h/7890123456789012345|121.50\r\n"
+               "EGLL|wider|http://h/78901234567890123456|121.60\r\n");
     Start();
     simulator.FlyTo(51.01, -1.01);
     struct Row {
@@ -156,11 +165,15 @@ TEST_F(Flight, TunesTheFeedOfEachFrequency) {
          "...ple/london/heathrow/director", "0 NM", Playing},
         {"118.70", "http://feeds.example/a", "CYYZ - Toronto Tower", "http://feeds.example/a",
          "3,087 NM (Out of Range)", Paused},
-        {"119.00", "http://radio.example/b", "EGLL - London Radio", "http://radio.example/b", "Net Radio",
+        {"119.00", "http://radio.example/b", "EGLL - Radio London", "http://radio.example/b", "Net Radio",
          Playing},
         {"119.05", "C:\\lists\\one.WPL", "EGLL - Playlist one", "C:\\lists\\one.WPL", "0 NM", Playing},
         {"119.10", "http://feeds.example/z", "ZZZZ - Nowhere", "http://feeds.example/z", "ICAO not found!",
          Paused},
+        {"121.50", "http://h/7890123456789012345", "EGLL - as wide as the panel",
+         "http://h/7890123456789012345", "0 NM", Playing},
+        {"121.60", "http://h/78901234567890123456", "EGLL - wider", "...ttp://h/78901234567890123456", "0 NM",
+         Playing},
         {"122.80", nullptr, "*", "*", "", Stopped},
         {"119.72", "https://feeds.example/london/heathrow/director", "EGLL - London Director",
          "...ple/london/heathrow/director", "0 NM", Playing},
@@ -504,6 +517,7 @@ TEST_F(Flight, ManualModeEndsTheWaitingAndQuittingToo) {
             program->Run(Command::mnuEditData); // the list is loaded anew, and the next tick searches it
             program->TimerTick(1);
             EXPECT_EQ(panel(3), "Looking for the simulator ...");
+            EXPECT_TRUE(state().radio.NoConnection);
             manual ? program->Run(Command::optManual) : program->Run(Command::mnuQuit);
             return !state().Ended;
         };
@@ -522,7 +536,10 @@ TEST_F(Flight, ModesSwitchTheTimersAndForceANewSearch) {
     program->Run(Command::optManual);
     EXPECT_EQ(state().cycle.ActiveTimerId, 2);
     EXPECT_EQ(panel(4), "Selection Mode: Manual");
+    player.urls.clear();
+    program->TimerTick(2);
     EXPECT_EQ(player.state, Playing); // what plays goes on
+    EXPECT_TRUE(player.urls.empty()) << "and nothing starts by itself";
     program->Run(Command::optAuto);
     EXPECT_EQ(player.url, "");
     EXPECT_EQ(distance(), "Stopped");
@@ -592,6 +609,7 @@ TEST_F(Flight, AModuleThatIsTooOldEndsTheProgramUnsaved) {
     prompts.meanwhile = [&] { ReplaceFile(At("Quillon\\Quillon.ini"), "untouched"); };
     Start();
     ASSERT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(prompts.messages[0], (FakePrompts::Shown{"Quillon", TooOldText("FSX", "2.839"), Icon::Critical}));
     EXPECT_TRUE(state().Ended);
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), "untouched");
     EXPECT_EQ(regional.thousand, "'");

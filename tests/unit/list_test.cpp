@@ -81,7 +81,7 @@ TEST_F(Hand, SearchesFindMarkAndGoOn) {
         cities.append(list().Items()[*list().Selected()].City) += ";";
         program->Run(Command::SearchAgain);
     }
-    EXPECT_EQ(cities, "London Director;London Radio;Playlist one;");
+    EXPECT_EQ(cities, "London Director;Radio London;Playlist one;");
     EXPECT_EQ(list().Items()[*list().Selected()].City, "London Director"); // from the top again
     const int marked = list().LastSearchIndex();
     prompts.answer = "";
@@ -92,6 +92,7 @@ TEST_F(Hand, SearchesFindMarkAndGoOn) {
 }
 
 TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
+    AppendFile(At("Quillon\\live_atc_feeds.txt"), "CYYZ|Media|mms://feeds.example/m|118.60\r\n");
     simulator.running = false;
     clock.events = [this] {
         if (state().form.Visible) program->Run(Command::optManual);
@@ -108,8 +109,9 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
     const Row rows[] = {
         {0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"},
         {0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"}, // stops, starts again
-        {2, "http://radio.example/b", "EGLL - London Radio", "Net Radio"},
+        {2, "http://radio.example/b", "EGLL - Radio London", "Net Radio"},
         {3, "C:\\lists\\one.WPL", "EGLL - Playlist one", "Windows PlayList"},
+        {5, "mms://feeds.example/m", "CYYZ - Media", "Manual Mode"},
         {1, "https://feeds.example/london/heathrow/director", "EGLL - London Director", "Manual Mode"}};
     for (const Row& row : rows) {
         player.urls.clear();
@@ -124,7 +126,7 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
         EXPECT_EQ(player.state, Playing) << "whatever the range";
         EXPECT_EQ(state().cycle.ActiveTimerId, 2);
     }
-    Pick(5);
+    Pick(6);
     EXPECT_EQ(state().cycle.ActiveTimerId, 4);
     EXPECT_TRUE(state().chatter.FirstPick);
     EXPECT_EQ(player.state, Stopped);
@@ -181,8 +183,9 @@ TEST_F(Hand, TuningToAChannelOf8Point33IsCheckedAfterwards) {
         Start();
         TuneTo("122.80");
         program->SelectRow(0);
+        simulator.Put(Com2Standby, 0xAAAA5555);
         program->Run(Command::TuneFeed);
-        EXPECT_EQ(simulator.Word(Com2Standby), row.word);
+        EXPECT_EQ(simulator.Word(Com2Standby), row.word) << "four bytes";
         EXPECT_EQ(simulator.Word(Hertz), row.hertz);
         clock.now += std::chrono::seconds(row.seconds);
         TuneTo(row.takes);

@@ -144,6 +144,10 @@ TEST(Player, TellsWhyItIsSilentAndWhenItTriesAgain) {
     const std::tuple<const char*, Script, const char*> rows[] = {
         {"http://unknown/", {}, "Server not found, next try in 1 s"},
         {Url, NotFound, "The server says: no such feed (404), next try in 1 s"},
+        {Url, {"HTTP/1.0 403 No\r\n\r\n"}, "The server refuses it (403), next try in 1 s"},
+        {Url, {"HTTP/1.0 410 No\r\n\r\n"}, "The server says: gone for good (410)"},
+        {Url, {"HTTP/1.0 503 No\r\n\r\n"}, "The server has trouble (503), next try in 1 s"},
+        {Url, {"HTTP/1.0 418 No\r\n\r\n"}, "The server sends no sound (418), next try in 1 s"},
         {Url, Unauthorised, "The server wants a password (401)"},
         {Url, {Ok + "<html>" + std::string(9000, ' ')}, "A web page, not sound, next try in 1 s"},
         {Url, {Ok, IoStatus::EndOfStream}, "The server answers, but sends nothing, next try in 1 s"},

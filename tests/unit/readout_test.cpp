@@ -3,6 +3,7 @@
 #include "Fakes.h"
 #include "simlink/RadioReadout.h"
 #include "simlink/SimConnection.h"
+#include "state/Services.h"
 
 #include <gtest/gtest.h>
 
@@ -67,6 +68,12 @@ TEST(SimConnection, KnowsWhichModulesAreTooOld) {
         EXPECT_EQ(text.empty(), *row.needs == '\0') << row.version;
         EXPECT_EQ(text.rfind(row.needs, 0), 0U) << text;
     }
+    EXPECT_EQ(
+        TooOldText("FS9", "2.839"),
+        std::string("Quillon requires Version 2.8.4.2 or greater of FSUIPC Module.  Your present version is "
+                    "2.839\r\rYou can get the latest version of FSUIPC at ") +
+            services::FsuipcDownload +
+            "  It canalso be found on most of your favourite FlightSim sites.\r\rSorry!");
 }
 
 TEST(Waits, CountTimeOrSecondsOfTheClock) {
