@@ -70,6 +70,19 @@ TEST_F(Watch, WhatPlaysGoesOnIfItsLineIsStillThereAndItsFrequencyLeadsToIt) {
     }
 }
 
+TEST_F(Watch, RecordingsPickedByHandEndWithTheirLine) {
+    Start();
+    program->Run(Command::optManual);
+    program->SelectRow(5);
+    program->Run(Command::lvwDB_ItemClick);
+    Seconds(2);
+    ASSERT_EQ(state().cycle.ActiveTimerId, 4);
+    Change(first);
+    Seconds(3);
+    EXPECT_EQ(state().cycle.ActiveTimerId, 2);
+    EXPECT_EQ(player.url + panel(3), "*");
+}
+
 TEST_F(Watch, WaitsUntilTheFileIsWholeAndNobodyIsBusy) {
     Start();
     std::filesystem::remove(PathOf(At("Quillon\\live_atc_feeds.txt")));

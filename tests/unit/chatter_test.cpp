@@ -203,6 +203,7 @@ TEST_F(Chatter, APickByHandIsHeardAtOnceWhereverAndAlsoWhileMuted) {
     for (int pick = 0; pick < 2; ++pick) {
         PickFolderByHand();
         EXPECT_EQ(Wait(), 1);
+        EXPECT_EQ(panel(3), "CYYZ - Wav - Toronto ON - Tower Pearson Intl");
         EXPECT_EQ(player.state, Playing);
         EXPECT_EQ(state().chatter.List4.size(), 1U);
     }
@@ -251,7 +252,7 @@ TEST_F(Chatter, DrawsNothingBeforeTheFolderIsListed) {
 
 TEST_F(Chatter, StopAndPauseByHandLastUntilPlayOrAnotherPick) {
     for (const int command : {Command::StripStop, Command::StripPause}) {
-        StartWithGaps(5, 5);
+        StartWithGaps(200, 200);
         PickFolderByHand();
         Wait();
         program->Run(command);

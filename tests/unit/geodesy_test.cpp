@@ -9,6 +9,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <map>
+#include <utility>
 
 using namespace quillon;
 
@@ -28,8 +30,12 @@ TEST(Geodesy, EllipsoidsAreCountedFromOne) { // geodesy_check.py compares the re
 }
 
 TEST(Geodesy, DatumsNameAnExistingEllipsoid) {
-    for (std::int16_t i = 1; i <= Geodesy::DChoices(); ++i)
-        EXPECT_NO_THROW(Geodesy::ename(Geodesy::dNumber(i))) << Geodesy::dName(i);
+    std::map<int, int> datums_on;
+    for (std::int16_t i = 1; i <= Geodesy::DChoices(); ++i) ++datums_on[Geodesy::dNumber(i)];
+    const std::map<int, int> as_agreed{{1, 1},  {2, 1},  {3, 3},  {4, 4},  {5, 19}, {6, 15},  {7, 3},
+                                       {8, 1},  {10, 1}, {13, 1}, {14, 1}, {15, 1}, {16, 46}, {17, 1},
+                                       {18, 1}, {19, 1}, {20, 1}, {21, 1}, {22, 1}};
+    EXPECT_EQ(datums_on, as_agreed);
     EXPECT_EQ(Geodesy::dName(102), "WGS 1984");
     EXPECT_EQ(Geodesy::ename(Geodesy::dNumber(102)), "WGS-84");
 }
@@ -80,6 +86,9 @@ TEST(ValidatePoint, TheLongitudeGoesFirst) {
     double lat = 0;
     double lon = 0;
     EXPECT_EQ(ValidatePoint(90, -180, lat, lon), GeodesyCode::Success);
+    EXPECT_EQ(std::pair(lat, lon), std::pair(-90.0, 0.0));
+    EXPECT_EQ(ValidatePoint(-10.5, 30, lat, lon), GeodesyCode::Success);
+    EXPECT_EQ(std::pair(lat, lon), std::pair(10.5, 30.0));
     EXPECT_EQ(ValidatePoint(90.5, 0, lat, lon), GeodesyCode::LatitudeOutside);
     EXPECT_EQ(ValidatePoint(91, 181, lat, lon), GeodesyCode::LongitudeOutside);
 }

@@ -120,6 +120,7 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
         Tick();
         Tick();
         EXPECT_EQ(player.urls, std::vector<std::string>{row.url});
+        EXPECT_EQ(panel(4).substr(panel(4).size() - 5), std::string(row.url).substr(std::strlen(row.url) - 5));
         EXPECT_EQ(panel(2), "Manual");
         EXPECT_EQ(panel(3), row.feed);
         EXPECT_EQ(distance(), row.label);
@@ -234,7 +235,8 @@ TEST_F(Hand, TheRangePromptConvertsWhatFits) {
     prompts.answer = "99999";
     program->Run(Command::mnuRange);
     ASSERT_EQ(prompts.messages.size(), 1U);
-    EXPECT_EQ(prompts.messages[0].title, "Set Range Error");
+    EXPECT_EQ(prompts.messages[0],
+              (FakePrompts::Shown{"Set Range Error", "Set Range\rError 6 Overflow", Icon::Exclamation}));
     EXPECT_EQ(state().range.ReceptionRange, 50);
 }
 

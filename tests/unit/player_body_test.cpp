@@ -30,6 +30,7 @@ TEST(ChunkedBody, IsUnwrapped) {
         char then; // E: ended, M: malformed, -: unfinished
     };
     const Row rows[] = {
+        {"3\r\nabc\r\n\r\nxyz", "abc", 'M'},
         {"3\r\nabc\r\n0A\r\n0123456789\r\n0\r\nTrailer: x\r\n\r\n", "abc0123456789", 'E'},
         {"3;name=\"v;\"\r\nabc\r\n2 \nde\n", "abcde", '-'},
         {"4\r\nab", "ab", '-'},
