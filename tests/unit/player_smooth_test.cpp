@@ -1,4 +1,5 @@
 // Sound without clicks: how its samples begin, end, pause, resume and change their volume.
+#include "player/Headroom.h"
 #include "player/SmoothSound.h"
 
 #include <algorithm>
@@ -75,6 +76,20 @@ TEST_F(Smooth, BeginsPausedAtOnce) {
     sound.Push(Samples(500, 8000));
     Take(100);
     EXPECT_EQ(Loud(), 0);
+}
+
+TEST(Headroom, GrowsWhenADeviceRunsDryAndShrinksEverMoreSlowly) {
+    Headroom headroom;
+    const auto length = [&headroom](Headroom::Time now) {
+        headroom.PlaysOn(now);
+        return headroom.Length();
+    };
+    headroom.RanDry(100s);
+    EXPECT_EQ(length(219s), 20ms);
+    EXPECT_EQ(length(220s), 10ms);
+    for (int time = 0; time < 9; ++time) headroom.RanDry(300s);
+    EXPECT_EQ(length(3899s), 160ms);
+    EXPECT_EQ(length(3900s), 80ms);
 }
 
 } // namespace

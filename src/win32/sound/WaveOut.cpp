@@ -9,9 +9,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr auto LongestQueue = 400ms; // outlasts a fade, and bridges delays
-constexpr auto BlockLength = 10ms;
-constexpr auto FirstLead = 20ms;
-constexpr auto LongestLead = 160ms;
+constexpr auto Piece = 10ms;
 
 /// A device that begins with less runs dry at once.
 constexpr auto FirstBlock = 70ms;
@@ -57,13 +55,7 @@ std::unique_ptr<WaveOut> WaveOut::Open(UINT number, const PcmFormat& format, HAN
 }
 
 WaveOut::WaveOut(HWAVEOUT device, HANDLE due, const PcmFormat& format, HANDLE wake)
-    : format_(format),
-      wake_(wake),
-      due_(due),
-      device_(device),
-      sound_(format),
-      lead_(FirstLead),
-      thread_([this] { Feed(); }) {}
+    : format_(format), wake_(wake), due_(due), device_(device), sound_(format), thread_([this] { Feed(); }) {}
 
 WaveOut::~WaveOut() {
     {
@@ -145,18 +137,23 @@ bool WaveOut::IsOver(Time now) const {
 WaveOut::Time WaveOut::NextLook(Time now) const {
     const bool rests = sound_.IsSilent() && now >= sound_until_ + Tail;
     if (rests && !closing_) return 1s;
-    return std::clamp<Time>(given_until_ - now - lead_, 1ms, BlockLength);
+    return std::clamp<Time>(given_until_ - now - headroom_.Length(), 1ms, Piece);
 }
 
 void WaveOut::GiveWhatIsDue(Time now) {
     const bool runs_dry = now >= given_until_;
     if (sound_.IsSilent() && (runs_dry || given_until_ >= sound_until_ + Tail)) return;
-    if (runs_dry) Begin(now);
-    while (!has_failed_ && given_until_ - now < lead_) {
-        if (QueuedBlocks() > lead_ / BlockLength + 1)
-            given_until_ = now + lead_; // its clock is the slower one
+    const bool has_none = QueuedBlocks() == 0 && given_until_ == sound_until_; // whatever the clock says
+    if (runs_dry)
+        Begin(now);
+    else if (has_none)
+        headroom_.RanDry(now);
+    headroom_.PlaysOn(now);
+    while (!has_failed_ && given_until_ - now < headroom_.Length()) {
+        if (QueuedBlocks() > headroom_.Length() / Piece + 1)
+            given_until_ = now + headroom_.Length(); // its clock is the slower one
         else
-            Give(BlockLength, 0ms);
+            Give(Piece, 0ms);
     }
     CheckPosition(now);
     if (!is_full_ || sound_.Length() > LongestQueue - SoundOutput::BlockLength) return;
@@ -167,21 +164,26 @@ void WaveOut::GiveWhatIsDue(Time now) {
 /// If it was in the midst of sound, this thread came late and may do so again.
 void WaveOut::Begin(Time now) {
     const bool is_late = given_until_ > 0us && given_until_ == sound_until_;
-    if (is_late) lead_ = std::min<Time>(lead_ * 2, LongestLead);
-    if (!is_late) StartCheck(now);
+    if (is_late)
+        headroom_.RanDry(now);
+    else
+        StartCheck(now);
     given_until_ = now;
-    Give(FirstBlock, LeadIn);
+    Give(FirstBlock, is_late ? 0ms : LeadIn);
 }
 
-/// Counts a little less than the block lasts, because the device's clock may be the faster one.
+/// Counts a little less than the block lasts, because the device's clock may be the faster one. How long it
+/// lasts is told by its samples: 10 ms are not a whole number of them at every rate.
 void WaveOut::Give(Time length, Time lead_in) {
     const auto block =
         std::find_if(blocks_->begin(), blocks_->end(), [](const Block& b) { return !b.IsQueued(); });
+    const std::size_t samples = SamplesIn(length);
+    length = Duration(format_, samples);
     given_until_ += length - length / 10'000;
     if (block == blocks_->end()) return;
     given_ += length;
     Release(*block);
-    block->samples.assign(SamplesIn(length), 0);
+    block->samples.assign(samples, 0);
     if (!sound_.IsSilent()) sound_until_ = given_until_;
     sound_.Take(std::span(block->samples).subspan(SamplesIn(lead_in)));
     block->header.lpData = reinterpret_cast<LPSTR>(block->samples.data());

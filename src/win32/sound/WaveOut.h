@@ -1,5 +1,6 @@
 #pragma once
 
+#include "player/Headroom.h"
 #include "player/PlayerSystem.h"
 #include "player/SmoothSound.h"
 #include "win32/sound/SoundFunctions.h"
@@ -14,7 +15,7 @@
 namespace quillon {
 
 /// Plays on a wave device. What a device has been given cannot be taken back without a click, so a thread of
-/// its own gives it little at a time: when the sound pauses, 20 ms and the ramp are still to be heard.
+/// its own gives it 10 ms at a time: when the sound pauses, at most 20 ms and the ramp are still to be heard.
 class WaveOut : public SoundOutput {
   public:
     /// `number` is that of a wave device. Null if it cannot play the format. `wake` is set whenever there is
@@ -32,7 +33,7 @@ class WaveOut : public SoundOutput {
     void SetPaused(bool paused, std::chrono::milliseconds ramp) override;
 
   private:
-    using Time = std::chrono::microseconds; // of the steady clock
+    using Time = Headroom::Time; // of the steady clock
 
     struct Block {
         WAVEHDR header{};
@@ -73,8 +74,8 @@ class WaveOut : public SoundOutput {
     Time close_by_{0};
     Time given_until_{0}; // when all that the device has been given will have been played,
     Time sound_until_{0}; // and the last of it that is sound
-    Time lead_;           // how far ahead the device is given sound
-    Time checked_{0};     // when its position was, and what that was
+    Headroom headroom_;
+    Time checked_{0}; // when the device's position was, and what that was
     DWORD checked_bytes_ = 0;
     Time given_{0}; // to the device since then
     std::thread thread_;
