@@ -43,7 +43,19 @@ constexpr Form UnsupportedForms[] = {
     {0, "OggS", "Ogg"},
     {0, "fLaC", "FLAC"},
     {4, "ftyp", "MP4"},
+    {0, "ADIF", "AAC in ADIF"},
 };
+
+constexpr std::size_t LatmHeader = 3; // bytes: a mark of 11 bits, and the length of what follows
+
+bool HasLatmMark(ByteView bytes) {
+    return bytes.size() >= LatmHeader && bytes[0] == 0x56 && (bytes[1] & 0xE0U) == 0xE0U;
+}
+
+/// Where the next frame of LATM begins. Its mark is so short that only two of them are a signature.
+std::size_t NextLatmFrame(ByteView first) {
+    return LatmHeader + ((first[1] & 0x1FU) << 8U | first[2]);
+}
 
 bool StartsLikeAudio(ByteView first) {
     return first[0] == 0xFF || (first[0] == 'I' && first[1] == 'D' && first[2] == '3');
@@ -56,6 +68,7 @@ ContentKind KindOf(ByteView first, bool announced) {
     if (text.size() < SignatureLength) return ContentKind::Unknown;
     if (text.starts_with("RIFF")) return ContentKind::Wav;
     if (!UnsupportedForm(first).empty()) return ContentKind::Unsupported;
+    if (HasLatmMark(first) && first.size() < NextLatmFrame(first) + LatmHeader) return ContentKind::Unknown;
     const std::string signature = LCase(text.substr(0, SignatureLength));
     if (IsAny(signature, PlaylistSignatures)) return ContentKind::Playlist;
     if (IsAny(signature, WebPageSignatures)) return ContentKind::WebPage;
@@ -66,6 +79,8 @@ std::string UnsupportedForm(ByteView first) {
     const std::string_view text(reinterpret_cast<const char*>(first.data()), first.size());
     for (const Form& form : UnsupportedForms)
         if (text.size() > form.At && text.substr(form.At).starts_with(form.Mark)) return form.Name;
+    if (HasLatmMark(first) && HasLatmMark(first.subspan(std::min(NextLatmFrame(first), first.size()))))
+        return "AAC in LATM";
     return {};
 }
 

@@ -174,6 +174,10 @@ TEST(ContentKind, IsDetectedByFirstBytesAndAnnouncement) {
         {"[playlist]", Playlist, Playlist},
         {"http", Frames, Playlist},
         {"<!DOCTYPE html>", WebPage, WebPage},
+        {"ADIF", Unsupported, Unsupported},
+        {"V\xE0\x02..V\xE0\x02", Unsupported, Unsupported}, // LATM
+        {"V\xE0\x02..V\xE0", Unknown, Unknown},
+        {"V\xE0\x02..\xFF\xE0\x02", Frames, Playlist},
         {"\r\n\r\n#E", Unknown, Unknown},
         {"", Unknown, Unknown},
     };
