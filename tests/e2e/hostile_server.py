@@ -1,6 +1,7 @@
 """A badly behaved server of live audio, on loopback. The requested path names the behaviour."""
 import collections
 import hashlib
+import os
 import random
 import re
 import socket
@@ -27,6 +28,18 @@ def make_tone(path, tone, rate=32000, channels=1, quality="-b:a 64k -reservoir 0
     return path.read_bytes()
 
 
+def with_lengths(sound, change, every):
+    """ADTS whose headers, one in so many, lie about the length of their frame by `change` bytes."""
+    frames = []
+    while len(sound) > 6:
+        length = (sound[3] & 3) << 11 | sound[4] << 3 | sound[5] >> 5
+        lie = min(length + change, 8191) if len(frames) % every == 0 else length
+        frames.append(sound[:3] + bytes([sound[3] & 0xFC | lie >> 11, lie >> 3 & 255, sound[5] & 31 | (lie & 7) << 5])
+                      + sound[6:length])
+        sound = sound[length:]
+    return b"".join(frames)
+
+
 def with_titles(sound, every, title):
     """The sound with announcements in it: empty, odd and of the greatest length."""
     pieces = [sound[at:at + every] for at in range(0, len(sound), every)]
@@ -39,7 +52,7 @@ class Visit(socketserver.BaseRequestHandler):
 
     def handle(self):
         try:
-            name = self.request.recv(4096).decode("latin-1").split(" ")[1].lstrip("/").split("?")[0]
+            self.name = name = self.request.recv(4096).decode("latin-1").split(" ")[1].lstrip("/").split("?")[0]
             self.server.asked[name] += 1
             self.number = self.server.asked[name]  # this name's visits so far
             self.tone = self.server.tones.get(name.split(".")[0], b"")
@@ -83,6 +96,32 @@ class Visit(socketserver.BaseRequestHandler):
         self.request.close()
 
 
+class SecureVisit(Visit):
+    """One connection to a server that a redirect of the same name leads to."""
+
+    def handle(self):
+        name = self.server.name
+        self.number, self.tone = self.server.plain.asked[name], self.server.plain.tones[name]
+        try:
+            TROUBLES[name](self)
+        except OSError:
+            pass  # the client has gone
+        self.request.close()
+
+    def shake_hands(self):
+        self.request = self.server.context.wrap_socket(self.request, server_side=True)
+        self.request.recv(4096)
+        return self
+
+    def fine(self):
+        self.shake_hands()
+        return super().fine()
+
+    def spoil(self, bytes):
+        """Sends what is not encrypted."""
+        os.write(self.request.fileno(), bytes)
+
+
 def on_first(spoil):
     """Misbehaves on the first visit and plays on later ones."""
     return lambda visit: spoil(visit) if visit.number == 1 else visit.fine()
@@ -98,8 +137,6 @@ BEHAVIOURS = {
     "redirect-loop": lambda v: v.answer("302 Found", "Location:redirect-loop\r\n"),
     "relative-redirect": lambda v: v.answer("302 Found", "location: ../relative-redirect.end?a=b\r\n"),
     "untrusted": lambda v: v.answer("302 Found", f"Location: https://{v.server.untrusted.address('untrusted')}\r\n"),
-    "trusted": lambda v: v.answer(
-        "302 Found", f"Location: https://localhost:{v.server.trusted.server_address[1]}/trusted.mp3\r\n"),
     "length-too-short": lambda v: v.answer("200 OK", "Content-Length: 24000\r\n").play(),
     "length-too-long": on_first(lambda v: v.answer("200 OK", "Content-Length: 99999999\r\n").play(3)),
     "icy": lambda v: v.send(b"ICY 200 OK\nicy-name:x\nContent-Type:audio/mpeg\n\n").play(),
@@ -126,9 +163,27 @@ BEHAVIOURS = {
     "wpl": lambda v: v.body("text/plain", b"<?wpl?><smil><media src='/wpl.1'/><media src='wpl.2'/></smil>"),
     "silence": lambda v: v.send(OK).play(14, v.server.tones["none"]).play(),
     "stall": on_first(lambda v: v.send(OK).play(4).wait(40)),
+    "adts-short": lambda v: v.send(OK).play(sound=with_lengths(v.tone, -40, 9)),
+    "adts-long": lambda v: v.send(OK).play(sound=with_lengths(v.tone, 40, 9)),
+    "adts-endless": lambda v: v.send(OK + with_lengths(v.tone, 8191, 1)),
+    "adts-reserved": lambda v: v.send(OK + v.tone.replace(v.tone[:3], v.tone[:2] + b"\x74")),
+    "aac-change": lambda v: v.send(OK).play(3).play(sound=v.server.tones["other-aac"]),
+    "aac-garbage": on_first(lambda v: v.send(OK).play(4).send(GARBAGE * 200).wait(9)),
+    "mp4": lambda v: v.send(OK + b"\0\0\0\x1cftypM4A " + GARBAGE), "adif": lambda v: v.send(OK + b"ADIF" + GARBAGE),
+    "latm": lambda v: v.send(OK).play(9),
     **{f"mp3-{number}": lambda v: v.send(OK).play(  # joined in the middle of a frame, most likely
         sound=v.tone[len(v.tone) // 3:], rate=len(v.tone) / SECONDS) for number in range(12)},
 }
+
+TROUBLES = {  # of TLS
+    "tls-mute": on_first(lambda v: v.wait(40)), "tls-stranger": on_first(lambda v: v.send(GARBAGE)),
+    "tls-half": on_first(lambda v: v.send(b"\x16\3\3\0\x7a\2\0\0\x76\3\3" + GARBAGE[:60])),
+    "tls-empty": on_first(lambda v: [v.send(b"\x16\3\3\0\0" * 999) for _ in range(99999)]),
+    "tls-cut": on_first(lambda v: v.shake_hands().send(OK).play(4)),
+    "tls-damaged": on_first(lambda v: v.shake_hands().send(OK).play(4).spoil(b"\x17\3\3\2\0" + GARBAGE)),
+}
+BEHAVIOURS |= dict.fromkeys(TROUBLES, lambda visit: visit.answer(
+    "302 Found", f"Location: https://localhost:{visit.server.troubled[visit.name].server_address[1]}/\r\n"))
 
 
 def make_certificate(path, name):
@@ -172,15 +227,26 @@ class HostileServer(socketserver.ThreadingTCPServer):
         self.tones, self.asked = tones, collections.Counter()
         self.certificate = certificate
         if certificate:
-            context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
-            context.load_cert_chain(certificate)
+            self.context = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+            self.context.load_cert_chain(certificate)
             if version:
-                context.minimum_version = context.maximum_version = version
-            self.socket = context.wrap_socket(self.socket, server_side=True)
+                self.context.minimum_version = self.context.maximum_version = version
+            self.socket = self.context.wrap_socket(self.socket, server_side=True)
         else:
             self.untrusted = HostileServer(tones, folder, make_certificate(folder / "untrusted.pem", "IP:127.0.0.1"))
             self.trusted = HostileServer(tones, folder, make_certificate(folder / "trusted.pem", "DNS:localhost"))
+            self.troubled = {name: TroubledServer(name, self) for name in TROUBLES}
         threading.Thread(target=self.serve_forever, daemon=True).start()
 
     def address(self, name):
         return f"127.0.0.1:{1 if name == 'refuse' else self.server_address[1]}/{name}"
+
+
+class TroubledServer(socketserver.ThreadingTCPServer):
+    """Where a trouble's redirect leads to."""
+    daemon_threads = True
+
+    def __init__(self, name, plain):
+        super().__init__(("127.0.0.1", 0), SecureVisit)
+        self.name, self.plain, self.context = name, plain, plain.trusted.context
+        threading.Thread(target=self.serve_forever, daemon=True).start()

@@ -176,10 +176,11 @@ class AtHand(unittest.TestCase):
         self.click_icon(1)
         self.copilot.await_text("area", lambda area: " " in area)
 
-    def test_7_the_volume_takes_keys(self):
+    def test_7_the_volume_takes_keys_and_shows_a_tip(self):
         self.make_compact()
         # Tab mutes as well, for it is the mute key; Escape leads back, and that writes the file.
         self.press_until(lambda: self.remembered()["volume"] == "90", *[TAB] * 4, DOWN, DOWN, ESCAPE)
+        self.assertRegex(self.screen("xwininfo", "-root", "-tree"), r'"quillon.exe".* \d\dx[12]\d\+')
 
 
 if __name__ == "__main__":

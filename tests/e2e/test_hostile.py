@@ -18,12 +18,16 @@ from world.world import SOUNDS, World
 PANELS = {"S": "Stopped", "B": "Buffering", "C": "Connecting", "OK": "Playing", "NC": "No Connection"}
 
 # The caption's suffixes after tuning, as a regular expression; what is heard, in order; for how many seconds this must
-# last and within how many it must be reached; how often the address itself may be requested.
-Row = namedtuple("Row", "states heard stays within asked", defaults=("tone", 1.5, 10, 1))
+# last and within how many it must be reached; how often the address itself may be requested; and the reason shown.
+Row = namedtuple("Row", "states heard stays within asked reason", defaults=("tone", 1.5, 10, 1, ""))
 AWAY = Row("C ", "", 12, 3, 9)
 USELESS = Row("(C |B )*NC ", "", 5, 15, 3)
 REFUSED = Row("(C )?NC ", "", 5, 10, 1)
 HEARD = Row("(C |B )*OK ")
+NO_SOUND = USELESS._replace(reason="Nothing that Quillon can play")
+LATER = Row("(C )?OK ", asked=2)
+SLOWLY = Row("C (B )?OK ", within=16, asked=2)
+LIE = Row("(C |B )*OK ", "tone( silence| tone)*", 5)
 GAP = Row("(C )?OK ((B |C )+OK )?", "tone silence tone", asked=2)
 
 # What lame encodes: sampling rate, channels, bit rate or quality; MPEG 2.5, 2 and 1.
@@ -33,27 +37,35 @@ FORMATS = ((8000, 1, "-b:a 8k"), (11025, 2, "-b:a 64k"), (12000, 1, "-b:a 24k"),
 
 ROWS = {
     "refuse": AWAY, "hang-up": AWAY, "endless-head": AWAY, "stranger": AWAY, "empty": AWAY,
-    "redirect-loop": AWAY._replace(asked=45), "mute": Row("C (B )?OK ", within=16, asked=2),
-    "slow-head": Row("C OK "), "relative-redirect": HEARD, "trusted": HEARD, "icy": HEARD, "chunked": HEARD,
+    "redirect-loop": AWAY._replace(asked=45), "mute": SLOWLY,
+    "slow-head": Row("C OK "), "relative-redirect": HEARD, "icy": HEARD, "chunked": HEARD,
     "tagged": HEARD, "garbage": HEARD._replace(stays=5), "titles": HEARD._replace(stays=5), "nested": HEARD,
     "wpl": HEARD, "404-then-fine": Row("C OK ", asked=3), "untrusted": REFUSED, "401": REFUSED, "410": REFUSED,
     "html": USELESS, "sly-html": USELESS, "endless-playlist": USELESS,
-    "aac": HEARD, "aac-mono": HEARD, "aac-without-decoder": USELESS,
+    "aac": HEARD, "aac-mono": HEARD,
     "drip": Row("(C )?B C OK ", within=45, asked=2),
     "length-too-short": Row("(C )?OK( OK| B| S| C)* ", "tone( silence| tone)*", 12, 5, 9),
     "length-too-long": GAP, "close-in-frame": GAP, "reset": GAP,
     "stall": Row("(C )?OK (B )?C OK ", "tone silence tone", within=22, asked=2),
+    "tls-mute": SLOWLY, "tls-empty": LATER, "tls-stranger": LATER, "tls-half": LATER, "tls-cut": GAP,
+    "tls-damaged": GAP, "aac-garbage": GAP, "adts-short": LIE, "adts-long": LIE, "aac-change": Row("(C )?OK ", "tone other"),
+    "adts-endless": NO_SOUND, "adts-reserved": NO_SOUND,
+    "mp4": USELESS._replace(reason="No decoder for MP4"), "adif": USELESS._replace(reason="No decoder for AAC in ADIF"),
+    "latm": USELESS._replace(reason="No decoder for AAC in LATM"),
     "format-change": Row("(C )?OK ", "tone other"), "silence": Row("(C )?OK ", within=20),
     **{f"mp3-{number}": HEARD for number in range(len(FORMATS))},
+    "aac-without-decoder": USELESS._replace(reason="No decoder for AAC"),
 }
-IN_EVERY_TEST = ("aac", "trusted", "garbage", "titles", "nested", "404-then-fine", "untrusted", "reset")
+IN_EVERY_TEST = ("aac", "tls-cut", "garbage", "titles", "nested", "404-then-fine", "untrusted", "reset")
 AAC_DECODER = r"HKCR\CLSID\{32d186a7-218f-4c75-8876-dd77273a8999}"
 TONES = {name: 440 + 50 * number for number, name in enumerate([*sorted(ROWS, reverse=True), "other"])}
 
 
 ENCODINGS = {f"mp3-{number}": encoding for number, encoding in enumerate(FORMATS)}
 ENCODINGS["other"] = (44100, 2, "-b:a 64k")
-ENCODINGS["aac"] = (44100, 2, "-b:a 64k -f adts")
+AAC = (44100, 2, "-b:a 64k -f adts")
+ENCODINGS |= dict.fromkeys((name for name in ROWS if name.startswith(("aac", "adts"))), AAC)
+ENCODINGS["latm"] = (44100, 2, "-b:a 64k -f latm")
 ENCODINGS["aac-mono"] = ENCODINGS["aac-without-decoder"] = (16000, 1, "-b:a 24k -f adts")
 
 
@@ -74,7 +86,9 @@ class Hostile(unittest.TestCase):
         cls.world = World()
         cls.addClassCleanup(cls.world.close)
         cls.server = HostileServer({
-            "other": tone_of("other"), "none": make_tone(SOUNDS / "hostile-none.mp3", 0)}, cls.world.folder)
+            "other": tone_of("other"), "other-aac": make_tone(
+                SOUNDS / "hostile-other.aac", TONES["other"], 16000, 1, "-b:a 64k -f adts"),
+            "none": make_tone(SOUNDS / "hostile-none.mp3", 0)}, cls.world.folder)
         cls.frequencies = {name: f"{119 + number / 20:.2f}" for number, name in enumerate(ROWS)}
         (cls.world.data / "live_atc_feeds.txt").write_text("".join(
             f"CYYZ|{name}|http://{cls.server.address(name)}|{cls.frequencies[name]}\r\n" for name in ROWS))
@@ -99,7 +113,7 @@ class Hostile(unittest.TestCase):
 
     def behave(self, name):
         row = ROWS[name]
-        if name == "aac-without-decoder":  # the rows before have been through with it
+        if name == "aac-without-decoder":  # the last row
             self.world.prefix.run("reg", "delete", AAC_DECODER, "/f")
         ear = Ear(self.world.sound, {"tone": TONES[name], "other": TONES["other"]})
         states, heard = ["S"], ["silence"]
@@ -115,6 +129,7 @@ class Hostile(unittest.TestCase):
                 self.assertLess(since - start, row.within, f"{states} {heard}")
             time.sleep(0.05)
         self.assertLessEqual(self.server.asked[name], row.asked)
+        self.assertIn(row.reason, self.copilot.ask("panel 3"))
         if heard[-1] == "tone" and "*" not in row.heard:
             wait_until("a clean " + name, lambda: self.purity(TONES[name]) > 0.9, 10)
 
