@@ -1,6 +1,7 @@
 // Which airport is nearest: the quick first selection never changes the answer.
 #include "geo/AirportPositions.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 
