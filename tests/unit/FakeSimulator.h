@@ -3,9 +3,11 @@
 #include "ports/MessageLink.h"
 #include "radio/Channel.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <functional>
+#include <gtest/gtest.h>
 #include <map>
 #include <set>
 #include <string>
@@ -72,10 +74,12 @@ class FakeSimulator : public MessageLink, public SharedMemory {
         for (std::uint8_t* at = area_.data(); Word(at) != 0;) {
             std::uint8_t* data = at + (Word(at) == 1 ? 16 : 12);
             const std::uint32_t size = Word(at + 8);
-            if (Word(at) == 1)
+            if (Word(at) == 1) {
+                EXPECT_EQ(std::count(data, data + size, 0), size) << "room for the reply";
                 std::memcpy(data, &memory_[Word(at + 4)], size);
-            else
+            } else {
                 std::memcpy(&memory_[Word(at + 4)], data, size);
+            }
             at = data + size;
         }
         return {true, 1, 0};

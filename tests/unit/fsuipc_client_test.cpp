@@ -1,45 +1,36 @@
 // The link to the simulator: its result codes, its queue, and a peer that is never trusted.
+#include "FakeSimulator.h"
+#include "Fakes.h"
 #include "runtime/RuntimeError.h"
 #include "simlink/BitwiseOps.h"
 #include "simlink/FsuipcClient.h"
 
 #include <algorithm>
 #include <cstring>
-#include <functional>
 #include <gtest/gtest.h>
 #include <limits>
-#include <map>
-#include <set>
 
 using namespace quillon;
+using namespace std::chrono_literals;
 
 namespace {
-
-std::uint32_t WordAt(const std::uint8_t* at) {
-    std::uint32_t word = 0;
-    std::memcpy(&word, at, sizeof word);
-    return word;
-}
 
 void PutWord(std::uint8_t* at, std::uint32_t word) {
     std::memcpy(at, &word, sizeof word);
 }
 
-/// The system and the simulator behind it: a memory of offsets, and a knob for everything that can go wrong.
-struct FakeMachine : MessageLink, SharedMemory, Clock {
+/// The system and the simulator behind it, with a knob for everything that can go wrong.
+struct FakeMachine : FakeSimulator {
     std::string window_class = "UIPCMAIN";
     NativeHandle other_window = 0; ///< of class FS98MAIN, which must not be asked
     bool registers = true, adds_atom = true, creates = true, taken = false, maps = true;
     std::uint32_t reply = 1, last_error = 0;
     int failing_sends = 0;
-    std::map<std::uint32_t, std::uint32_t> offsets = {{0x3304, 0x39990000}, {0x3308, 0xFADE0008}};
-    std::function<void()> sent;
     std::function<void(std::uint8_t* area)> afterwards; ///< spoils the reply
 
-    std::vector<std::uint8_t> area = std::vector<std::uint8_t>(RequestArea::Length);
+    std::uint8_t* const area = FakeSimulator::MapView(0);
     std::set<std::string> handles; ///< what is held at present
     std::string name;
-    std::int64_t slept = 0;
     int sends = 0;
 
     NativeHandle FindPeerWindow(const std::string& wanted) override {
@@ -49,30 +40,15 @@ struct FakeMachine : MessageLink, SharedMemory, Clock {
     std::uint32_t RegisterMessage(const std::string& text) override {
         return registers && text == "FSASMLIB:IPC" ? 0xC123 : 0;
     }
-    std::uint32_t ProcessId() override { return 0x1A2B; }
     Sent Send(NativeHandle window, std::uint32_t message, std::uint32_t wparam,
               std::uint32_t timeout_ms) override {
         EXPECT_EQ(std::tuple(window, message, wparam, timeout_ms), std::tuple(7U, 0xC123U, 0xC456U, 2000U));
         ++sends;
-        if (sent) sent();
         if (failing_sends > 0 && failing_sends-- > 0) return {false, 0, last_error};
-        Answer();
-        return {true, reply, 0};
+        const bool answers = FakeSimulator::Send(window, message, wparam, timeout_ms).Delivered;
+        if (afterwards) afterwards(area);
+        return {answers, reply, 0};
     }
-    void Answer() {
-        std::uint8_t* at = area.data();
-        while (const std::uint32_t identifier = WordAt(at)) {
-            const std::uint32_t offset = WordAt(at + 4), size = WordAt(at + 8);
-            if (identifier == 2) std::memcpy(&offsets[offset], at + 12, std::min(size, 4U));
-            if (identifier == 1) {
-                EXPECT_EQ(std::count(at + 16, at + 16 + size, 0), size) << "room for the reply";
-            }
-            if (identifier == 1 && size >= 4) PutWord(at + 16, offsets[offset]);
-            at += (identifier == 1 ? 16 : 12) + size;
-        }
-        if (afterwards) afterwards(area.data());
-    }
-
     std::uint32_t AddNameAtom(const std::string& text) override {
         name = text;
         return adds_atom && handles.insert("atom").second ? 0xC456 : 0;
@@ -86,22 +62,19 @@ struct FakeMachine : MessageLink, SharedMemory, Clock {
     }
     void CloseMapping(NativeHandle) override { EXPECT_EQ(handles.erase("mapping"), 1U); }
     std::uint8_t* MapView(NativeHandle) override {
-        return maps && handles.insert("view").second ? area.data() : nullptr;
+        return maps && handles.insert("view").second ? area : nullptr;
     }
     void UnmapView(std::uint8_t*) override { EXPECT_EQ(handles.erase("view"), 1U); }
-
-    TimePoint Now() override { return {}; }
-    std::chrono::milliseconds Uptime() override { return std::chrono::milliseconds(slept); }
-    void Sleep(std::chrono::milliseconds time) override { slept += time.count(); }
-    bool ServeEvents(std::chrono::milliseconds) override {
-        ADD_FAILURE();
-        return false;
-    }
 };
 
 struct Link : testing::Test {
+    Link() {
+        clock.events = [] { return ADD_FAILURE(), false; };
+    }
+
     FakeMachine machine;
-    FsuipcClient client{machine, machine, machine};
+    FakeClock clock;
+    FsuipcClient client{machine, machine, clock};
     std::uint32_t result = 99;
 
     bool Open() { return client.FsuipcReopen(result); }
@@ -118,26 +91,26 @@ TEST_F(Link, EveryFailureToOpenHasItsCodeAndKeepsOnlyAWholeArea) {
         {0, [](FakeMachine&) {}, 8},
         {0, [](FakeMachine& m) { m.window_class = "FS98MAIN"; }},
         {0, [](FakeMachine& m) { m.other_window = 8; }},
-        {0, [](FakeMachine& m) { m.offsets[0x3304] = 0x19980005; }},
+        {0, [](FakeMachine& m) { m.Put(0x3304, 0x19980005); }},
         {2, [](FakeMachine& m) { m.window_class = "Other"; }},
         {3, [](FakeMachine& m) { m.registers = false; }},
         {4, [](FakeMachine& m) { m.adds_atom = false; }},
         {5, [](FakeMachine& m) { m.taken = true; }},
         {6, [](FakeMachine& m) { m.creates = false; }},
         {6, [](FakeMachine& m) { m.maps = false; }},
-        {7, [](FakeMachine& m) { m.offsets[0x3304] = 0x19980004; }},
-        {7, [](FakeMachine& m) { m.offsets[0x3304] = 0x80000000; }},
-        {7, [](FakeMachine& m) { m.offsets[0x3308] = 0xFADD0008; }},
-        {7, [](FakeMachine& m) { m.offsets[0x3304] = 0; }},
+        {7, [](FakeMachine& m) { m.Put(0x3304, 0x19980004); }},
+        {7, [](FakeMachine& m) { m.Put(0x3304, 0x80000000); }},
+        {7, [](FakeMachine& m) { m.Put(0x3308, 0xFADD0008); }},
+        {7, [](FakeMachine& m) { m.Put(0x3304, 0); }},
         {8, [](FakeMachine&) {}, 7},
         {11, [](FakeMachine& m) { m.failing_sends = 99; }},
         {12, [](FakeMachine& m) { m.failing_sends = 99, m.last_error = 1400; }},
         {13, [](FakeMachine& m) { m.reply = 0; }},
-        {14, [](FakeMachine& m) { m.window_class = "FS98MAIN", m.offsets[0x3308] = 8; }},
+        {14, [](FakeMachine& m) { m.window_class = "FS98MAIN", m.Put(0x3308, 8); }},
     };
     for (const Row& row : rows) {
         FakeMachine faulty;
-        FsuipcClient other(faulty, faulty, faulty);
+        FsuipcClient other(faulty, faulty, clock);
         row.fault(faulty);
         EXPECT_EQ(other.FsuipcOpen(row.requested, result), row.code == 0) << row.code;
         EXPECT_EQ(result, row.code);
@@ -149,32 +122,28 @@ TEST_F(Link, EveryFailureToOpenHasItsCodeAndKeepsOnlyAWholeArea) {
     }
 }
 
-TEST_F(Link, OpensUnderTheNameOfItsProcessAndTellsTheVersions) {
-    ASSERT_TRUE(Open());
-    EXPECT_EQ(machine.name, "FSASMLIB:IPC:1A2B:1");
-    EXPECT_EQ(client.FsuipcVersion(), 0x39990000);
-    EXPECT_EQ(machine.slept, 100);
-}
-
 TEST_F(Link, AStartingSimulatorIsAskedFiveTimes) {
-    machine.offsets[0x3308] = 0;
+    machine.Put(0x3308, 0);
     EXPECT_FALSE(Open());
     EXPECT_EQ(machine.sends, 5);
-    EXPECT_EQ(machine.slept, 500);
+    EXPECT_EQ(clock.passed, 500ms);
 
     machine.sends = 0;
-    machine.afterwards = [&](std::uint8_t*) { machine.offsets[0x3308] = 0xFADE0007; };
+    machine.afterwards = [&](std::uint8_t*) { machine.Put(0x3308, 0xFADE0007); };
     EXPECT_TRUE(Open());
     EXPECT_EQ(machine.sends, 2);
 }
 
 TEST_F(Link, ASecondOpenLeavesTheFirstWorkingAndAResetClosesIt) {
     ASSERT_TRUE(Open());
+    EXPECT_EQ(machine.name, "FSASMLIB:IPC:0:1");
+    EXPECT_EQ(client.FsuipcVersion(), 0x49990000);
+    EXPECT_EQ(clock.passed, 100ms);
     EXPECT_FALSE(client.FsuipcOpen(0, result));
     EXPECT_EQ(result, LinkAlreadyOpen);
     std::uint32_t value = 0;
     EXPECT_TRUE(client.FsuipcRead(0x3304, 4, &value, result) && client.FsuipcProcess(result));
-    EXPECT_EQ(value, 0x39990000U);
+    EXPECT_EQ(value, 0x49990000U);
     for (int i = 0; i < 10000; ++i) ASSERT_TRUE(Open());
     EXPECT_EQ(machine.handles.size(), 3U);
     client.FsuipcReset();
@@ -219,7 +188,7 @@ TEST_F(Link, TheQueueHasRoomForExactly32512Bytes) {
 TEST_F(Link, ARoundReadsAndWritesInOrder) {
     ASSERT_TRUE(Open());
     std::uint32_t before = 0, after = 0, source = 0x2150, untouched = 5;
-    machine.offsets[0x34E] = 0x1870;
+    machine.Put(0x34E, 0x1870);
     client.FsuipcRead(0x34E, 4, &before, result);
     client.FsuipcWrite(0x34E, 4, &source, result);
     source = 0;
@@ -242,7 +211,7 @@ TEST_F(Link, SendsAreRetriedTenTimesAndTheLastOneCountsAsFailed) {
     ASSERT_TRUE(Open());
     for (const Row& row : rows) {
         machine.sends = 0;
-        machine.slept = 0;
+        clock.passed = 0ms;
         machine.failing_sends = row.failing;
         machine.last_error = row.last_error;
         std::uint32_t value = 0;
@@ -250,7 +219,7 @@ TEST_F(Link, SendsAreRetriedTenTimesAndTheLastOneCountsAsFailed) {
         EXPECT_EQ(client.FsuipcProcess(result), row.code == 0) << row.failing;
         EXPECT_EQ(result, row.code) << row.failing;
         EXPECT_EQ(machine.sends, row.sends);
-        EXPECT_EQ(machine.slept, 100 * (row.sends - 1));
+        EXPECT_EQ(clock.passed, 100ms * (row.sends - 1));
         EXPECT_FALSE(client.FsuipcProcess(result));
         EXPECT_EQ(result, LinkNothingQueued) << "the queue is empty whatever happened";
     }
@@ -260,8 +229,8 @@ TEST_F(Link, AsksNothingMoreOnceCancelled) {
     std::uint32_t value = 0;
     ASSERT_TRUE(client.FsuipcReopen(result));
     machine.sends = 0;
-    machine.failing_sends = 99;
-    machine.sent = [&] { client.Cancel(); };
+    machine.running = false;
+    machine.asked = [&] { client.Cancel(); };
     client.FsuipcRead(0x3304, 4, &value, result);
     EXPECT_FALSE(client.FsuipcProcess(result));
     EXPECT_EQ(machine.sends, 1);
@@ -294,8 +263,8 @@ TEST_F(Link, ADamagedReplyEndsTheWalkAtTheDamage) {
         {"a record that was not queued", 60, 1, false, 1, 2},
     };
     ASSERT_TRUE(Open());
-    machine.offsets[0x100] = 1;
-    machine.offsets[0x200] = 2;
+    machine.Put(0x100, 1);
+    machine.Put(0x200, 2);
     for (const Row& row : rows) {
         machine.afterwards = [&](std::uint8_t* area) { PutWord(area + row.at, row.word); };
         std::uint32_t first[2] = {5, 5}, second = 5;
