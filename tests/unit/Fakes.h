@@ -19,7 +19,6 @@
 #include "runtime/Files.h"
 #include "simlink/SimInquiry.h"
 
-#include <array>
 #include <deque>
 #include <functional>
 #include <map>
@@ -167,18 +166,9 @@ class FakeFolderLister : public FolderLister {
     std::string asked;
 };
 
-/// Asks and goes on at once.
-class FakeInquiry : public SimInquiry {
-  public:
-    void Ask(std::function<void()> question, std::function<void()> then) override {
-        question();
-        then();
-    }
-};
-
-/// A program that ends with its simulator.
-class FakePresence : public SimPresence {
-  public:
+/// Asks and goes on at once, in a program that ends with its simulator.
+struct FakeInquiry : SimInquiry, SimPresence {
+    void Ask(std::function<void()> question, std::function<void()> then) override { question(), then(); }
     bool Gone() override { return false; }
     bool Back() override { return true; }
 };
@@ -208,6 +198,7 @@ class FakePlayer : public FeedPlayer {
     FeedCondition Condition() const override { return condition; }
     void Reload() override { ++reloads; }
     void SetUserAgent(const std::string& text) override { user_agent = text; }
+    void SetFileServers(const FileServers& servers) override { file_servers = servers; }
 
     std::string url;
     std::vector<std::string> urls; ///< all it was given
@@ -217,8 +208,6 @@ class FakePlayer : public FeedPlayer {
     std::string title;
     FeedCondition condition;
     int reloads = 0;
-    void SetFileServers(const FileServers& servers) override { file_servers = servers; }
-
     FileServers file_servers;
     std::string user_agent;
 };
@@ -353,7 +342,7 @@ class FakeProbe : public FeedProbe {
     std::map<std::string, FeedAnswer> answers;
 };
 
-/// Windows-1252.
+/// Latin-1 with the euro sign at 80.
 class FakeCodePage : public AnsiCodePage {
   public:
     std::string Decode(std::string_view bytes) override {
@@ -367,7 +356,7 @@ class FakeCodePage : public AnsiCodePage {
         while (!text.empty()) {
             unsigned byte = 0;
             while (byte < 256 && !text.starts_with(Character(byte))) ++byte;
-            if (byte == 256 || text.starts_with("\xEF\xBF\xBD")) return std::nullopt;
+            if (byte == 256) return std::nullopt;
             bytes += static_cast<char>(byte);
             text.remove_prefix(Character(byte).size());
         }
@@ -376,11 +365,7 @@ class FakeCodePage : public AnsiCodePage {
 
   private:
     static std::string Character(unsigned byte) {
-        constexpr std::array<char16_t, 32> From80{
-            0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-            0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD, 0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-            0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
-        const unsigned code = byte >= 0x80 && byte < 0xA0 ? From80.at(byte - 0x80) : byte;
+        const unsigned code = byte == 0x80 ? 0x20AC : byte;
         if (code < 0x80) return {static_cast<char>(code)};
         const char last = static_cast<char>(0x80U | (code & 0x3FU));
         if (code < 0x800) return {static_cast<char>(0xC0U | code >> 6U), last};

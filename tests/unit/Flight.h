@@ -34,12 +34,11 @@ struct TickBench {
     FsuipcClient link{simulator, simulator, clock};
     RadioReadout readout{link};
     FakeInquiry inquiry;
-    FakePresence presence;
     ReceptionRange range{state.Airports, trap};
     ScreenTexts texts{state, state.form};
     Notices notices{texts, clock};
     TuningCheck tuning_check{state.radio, notices, clock};
-    SimWatch sim{state, texts, link, readout, inquiry, presence, tuning_check, range, player};
+    SimWatch sim{state, texts, link, readout, inquiry, inquiry, tuning_check, range, player};
 };
 
 /// The whole program on fakes, over Toronto, with five feeds and three folders of recordings.
@@ -66,6 +65,16 @@ class Flight : public TempFolder {
                           probe,     background, devices, lister,   disk};
         program = std::make_unique<Program>(ports, command_line);
         program->ConnectToSimulator();
+    }
+
+    /// Without a simulator: the search for one ends with a change to Manual mode.
+    void StartByHand() {
+        clock.events = [this] {
+            if (state().form.Visible) program->Run(Command::optManual);
+            return true;
+        };
+        Start();
+        clock.events = {};
     }
 
     /// One tick of whichever cycle timer is enabled; at most one may be.

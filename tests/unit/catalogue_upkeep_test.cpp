@@ -8,6 +8,7 @@ namespace quillon {
 namespace {
 
 using enum AddBox;
+using enum SourceKind;
 
 class Upkeep : public Flight {
   protected:
@@ -22,12 +23,11 @@ class Upkeep : public Flight {
     void Choose(SourceKind kind) {
         program->AddFeedEvent([&](AddFeed& dialog) { dialog.ChooseKind(kind); });
     }
-    void Add() {
-        program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdAdd_Click(); });
+    void Do(void (AddFeed::*event)()) {
+        program->AddFeedEvent([event](AddFeed& dialog) { (dialog.*event)(); });
     }
-    void Close() {
-        program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdCancel_Click(); });
-    }
+    void Add() { Do(&AddFeed::cmdAdd_Click); }
+    void Close() { Do(&AddFeed::cmdCancel_Click); }
     std::string file() const { return Read("Quillon\\live_atc_feeds.txt"); }
     std::string timers() const {
         std::string on;
@@ -49,35 +49,29 @@ TEST(EntryRules, TheFirstBrokenRuleIsNamedWithItsPlace) {
         std::string text;                 // empty: a good entry
         frmAddATC::Focus where;
     } rows[] = {
-        {SourceKind::LiveATC, {"EG", "", "", "1"}, icao, {txtICAO, 0, 4}},
-        {SourceKind::LiveATC, {"EGLLX", "", "", ""}, icao, {txtICAO, 0, 4}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", "118.52"}, "", {}},
-        {SourceKind::LiveATC, {"EGL", "c", "u", ""}, "", {}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", ""}, city, {txtCity, 0, 0}},
-        {SourceKind::InternetRadio, {"EGLL", "Radio - ", "u", ""}, city, {txtCity, 8, 0}},
-        {SourceKind::InternetRadio, {"EGLL", "", "u", ""}, "", {}},
-        {SourceKind::WaveFiles, {"EGLL", "Wav - ", "u", ""}, city, {txtCity, 6, 0}},
-        {SourceKind::PlayLists, {"EGLL", "", "u", ""}, "", {}},
-        {SourceKind::LiveATC,
+        {LiveATC, {"EG", "", "", "1"}, icao, {txtICAO, 0, 4}},
+        {LiveATC, {"EGLLX", "", "", ""}, icao, {txtICAO, 0, 4}},
+        {LiveATC, {"EGLL", "", "u", "118.52"}, "", {}},
+        {LiveATC, {"EGL", "c", "u", ""}, "", {}},
+        {LiveATC, {"EGLL", "", "u", ""}, city, {txtCity, 0, 0}},
+        {InternetRadio, {"EGLL", "Radio - ", "u", ""}, city, {txtCity, 8, 0}},
+        {InternetRadio, {"EGLL", "", "u", ""}, "", {}},
+        {WaveFiles, {"EGLL", "Wav - ", "u", ""}, city, {txtCity, 6, 0}},
+        {PlayLists, {"EGLL", "", "u", ""}, "", {}},
+        {LiveATC,
          {"EGLL", "", "u", "12"},
          "Invalid Frequency format!  Frequency must be entered as ###.##",
          {txtFreq, 0, 0}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", "123456"}, digits, {txtFreq, 0, 0}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", "1e9999"}, digits, {txtFreq, 0, 0}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", "118.53"}, digits, {txtFreq, 0, 0}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", "117.95"}, digits, {txtFreq, 0, 0}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", "137.00"}, digits, {txtFreq, 0, 0}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", "136.97"}, "", {}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", "136.990"}, "", {}},
-        {SourceKind::LiveATC, {"EGLL", "", "u", "118.302"}, digits, {txtFreq, 0, 0}},
-        {SourceKind::LiveATC,
-         {"EGLL", "", "u", "121.500"},
-         "Frequency 121.500 is already in use!",
-         {txtFreq, 0, 7}},
-        {SourceKind::LiveATC,
-         {"EGLL", "", "u", "121.50"},
-         "Frequency 121.50 is already in use!",
-         {txtFreq, 0, 6}},
+        {LiveATC, {"EGLL", "", "u", "123456"}, digits, {txtFreq, 0, 0}},
+        {LiveATC, {"EGLL", "", "u", "1e9999"}, digits, {txtFreq, 0, 0}},
+        {LiveATC, {"EGLL", "", "u", "118.53"}, digits, {txtFreq, 0, 0}},
+        {LiveATC, {"EGLL", "", "u", "117.95"}, digits, {txtFreq, 0, 0}},
+        {LiveATC, {"EGLL", "", "u", "137.00"}, digits, {txtFreq, 0, 0}},
+        {LiveATC, {"EGLL", "", "u", "136.97"}, "", {}},
+        {LiveATC, {"EGLL", "", "u", "136.990"}, "", {}},
+        {LiveATC, {"EGLL", "", "u", "118.302"}, digits, {txtFreq, 0, 0}},
+        {LiveATC, {"EGLL", "", "u", "121.500"}, "Frequency 121.500 is already in use!", {txtFreq, 0, 7}},
+        {LiveATC, {"EGLL", "", "u", "121.50"}, "Frequency 121.50 is already in use!", {txtFreq, 0, 6}},
     };
     for (const auto& row : rows) {
         frmAddATC form;
@@ -150,21 +144,19 @@ TEST_F(Upkeep, AnUnknownAirportIsNotedBesideItsBox) {
 
 TEST_F(Upkeep, AnAddressIsTriedUntilItChanges) {
     program->Run(Command::mnuAddATC);
-    const auto test = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.TestAddress(); }); };
-    const auto poll = [this] { program->AddFeedEvent([](AddFeed& dialog) { dialog.Poll(); }); };
     Type(txtURL, "b.wpl");
-    test();
-    poll();
+    Do(&AddFeed::TestAddress);
+    Do(&AddFeed::Poll);
     EXPECT_EQ(form().TestCaption, "Trying the address ...");
     probe.answers = {{"b.wpl", {Finding::Fails, "No answer"}}};
-    poll();
+    Do(&AddFeed::Poll);
     Type(txtCity, "x");
     EXPECT_EQ(form().TestCaption, "No answer");
-    test();
+    Do(&AddFeed::TestAddress);
     Type(txtURL, "c.wpl");
-    poll();
+    Do(&AddFeed::Poll);
     EXPECT_EQ(form().TestCaption, "") << "the answer is another address's";
-    test();
+    Do(&AddFeed::TestAddress);
     EXPECT_EQ(probe.trying, std::set<std::string>{"c.wpl"});
     Close();
     EXPECT_TRUE(probe.trying.empty());
@@ -173,17 +165,17 @@ TEST_F(Upkeep, AnAddressIsTriedUntilItChanges) {
 TEST_F(Upkeep, EachKindPresetsItsBoxes) {
     program->Run(Command::mnuAddATC);
     EXPECT_EQ(form()[txtURL], services::LiveAtcFeedPrefix);
-    Choose(SourceKind::InternetRadio);
+    Choose(InternetRadio);
     EXPECT_EQ(form()[txtURL] + form()[txtCity], std::string(services::LiveAtcFeedPrefix) + "Radio - ");
-    Choose(SourceKind::LiveATC);
+    Choose(LiveATC);
     EXPECT_EQ(form()[txtURL] + form()[txtCity], "http://");
-    Choose(SourceKind::WaveFiles);
+    Choose(WaveFiles);
     prompts.answer = "C:\\rec\\one\\a.wav";
-    program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdBrowse_Click(); });
+    Do(&AddFeed::cmdBrowse_Click);
     EXPECT_EQ(form()[txtURL], "C:\\rec\\one\\");
     EXPECT_TRUE(form().cmdBrowseVisible);
     prompts.answer = "";
-    program->AddFeedEvent([](AddFeed& dialog) { dialog.cmdBrowse_Click(); });
+    Do(&AddFeed::cmdBrowse_Click);
     EXPECT_EQ(form()[txtURL], "C:\\rec\\one\\") << "a cancelled file dialog";
 }
 

@@ -40,17 +40,6 @@ class Hand : public Flight {
     const ListView& list() const { return state().form.lvwDB; }
 };
 
-TEST_F(Hand, HeaderClicksSortInTheOrderInForce) {
-    Start();
-    program->lvwDB_ColumnClick(Column::Freq);
-    EXPECT_EQ(list().Items().front().Freq, "118.00");
-    program->lvwDB_ColumnClick(Column::Freq);
-    EXPECT_EQ(list().Items().front().Freq, "119.72");
-    program->lvwDB_ColumnClick(Column::City);
-    EXPECT_EQ(list().Order(), SortOrder::Descending);
-    EXPECT_EQ(list().Items().front().City, "Wav - Toronto ON - Tower Pearson Intl");
-}
-
 TEST_F(Hand, SearchesFindMarkAndGoOn) {
     Start();
     struct Row {
@@ -94,11 +83,7 @@ TEST_F(Hand, SearchesFindMarkAndGoOn) {
 TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
     AppendFile(At("Quillon\\live_atc_feeds.txt"), "CYYZ|Media|mms://feeds.example/m|118.60\r\n");
     simulator.running = false;
-    clock.events = [this] {
-        if (state().form.Visible) program->Run(Command::optManual);
-        return true;
-    };
-    Start();
+    StartByHand();
     Tick();
     EXPECT_TRUE(player.urls.empty()); // nothing has been picked yet
     EXPECT_EQ(state().form.Caption, "Quillon - Manual Mode -S");
@@ -301,11 +286,7 @@ TEST_F(Hand, TheStatusDialogShowsTheLink) {
 
 TEST_F(Hand, TheStatusDialogExplainsDeniedAccess) {
     simulator.refuses = true;
-    clock.events = [this] {
-        if (state().form.Visible) program->Run(Command::optManual);
-        return true;
-    };
-    Start();
+    StartByHand();
     program->Run(Command::mnuFSUPIC);
     EXPECT_TRUE(state().fsuipc_status.LabelRed);
     const std::string& text = state().fsuipc_status.LabelCaption;
