@@ -1,7 +1,6 @@
 // Feeds libFuzzer's inputs to whatever reads bytes from outside, and checks what must hold for any bytes.
 #include "FakePlayerSystem.h"
 #include "Fakes.h"
-#include "app/StartVolume.h"
 #include "catalogue/FeedFile.h"
 #include "geo/AirportPositions.h"
 #include "geo/ReceptionRange.h"
@@ -294,11 +293,6 @@ void Wav(Bytes bytes) {
     });
 }
 
-void CommandLine(Bytes bytes) {
-    const auto volume = StartVolume(std::string(bytes));
-    Require(!volume || (*volume >= 0 && *volume <= 101), "a volume is in its range");
-}
-
 const std::pair<Bytes, void (*)(Bytes)> readers[] = {
     {"catalogue", Catalogue},
     {"settings", SettingsFile},
@@ -317,7 +311,6 @@ const std::pair<Bytes, void (*)(Bytes)> readers[] = {
     {"mp3", SoundFrames},
     {"aac", SoundFrames},
     {"wav", Wav},
-    {"command-line", CommandLine},
 };
 
 } // namespace

@@ -58,6 +58,12 @@ struct World {
     std::shared_ptr<int> online = std::make_shared<int>(); // shared by the open connections
 };
 
+inline std::string Asked(const World& world) {
+    std::string paths;
+    for (const auto& [when, path] : world.asked) paths += path + " ";
+    return paths;
+}
+
 class FakeConnection : public Connection {
   public:
     FakeConnection(World& world, bool is_private, Reach reach)

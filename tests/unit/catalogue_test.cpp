@@ -63,18 +63,8 @@ class Catalogue : public TempFolder {
     ListView& list = state.form.lvwDB;
 };
 
-TEST(FrequencyPool, HoldsTheRasterFrom118To13695) {
+TEST(FrequencyPool, LosesNothingButItsOwnChannels) {
     FrequencyPool pool;
-    LoadFrequencies(pool);
-    std::vector<std::string> channels;
-    for (auto c = TakeLowest(pool); !c.empty(); c = TakeLowest(pool)) channels.emplace_back(c);
-    EXPECT_EQ(channels.size(), 759U);
-    EXPECT_EQ(std::vector(channels.begin(), channels.begin() + 5),
-              (std::vector{"118.00"s, "118.02"s, "118.05"s, "118.07"s, "118.10"s}));
-    EXPECT_EQ(channels.back(), "136.95");
-    LoadFrequencies(pool);
-    for (const std::string& channel : channels) RemFreq(pool, channel);
-    EXPECT_TRUE(pool.Free.none());
     LoadFrequencies(pool);
     for (const char* none : {"118.01", "118,00", "136.97", "117.95", "11:.00", "18.00", "118.0 ", ""})
         RemFreq(pool, none);
@@ -195,12 +185,6 @@ TEST_F(Catalogue, MissingFileOrFolderInItsPlaceEmptiesTheList) {
     MakeFolder(CatalogueName);
     EXPECT_EQ(Load(), "");
     EXPECT_EQ(prompts.messages, BothReport(step, step, "Error 75 Path/File access error"));
-}
-
-TEST_F(Catalogue, KeepsTheUsersSortingOverAReload) {
-    list.SortBy(Column::City, SortOrder::Ascending);
-    EXPECT_EQ(Load("A|z|u|118.00\r\nB|y|u|118.02\r\n"), "B/y/118.02/u;A/z/118.00/u;");
-    EXPECT_TRUE(list.Sorted());
 }
 
 TEST_F(Catalogue, NamesTheServersWhoseFilesPlaylistsMayOpen) {

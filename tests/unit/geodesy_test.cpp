@@ -19,17 +19,7 @@ namespace {
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
-TEST(Geodesy, EllipsoidsAreCountedFromOne) { // geodesy_check.py compares the rest
-    EXPECT_EQ(Geodesy::Choices(), 22);
-    EXPECT_EQ(Geodesy::eMajor(1), 6377563.396);
-    EXPECT_EQ(Geodesy::ename(5), "Clark 1866 - NAD27");
-    EXPECT_EQ(Geodesy::eMajor(22), 6378137.0);
-    EXPECT_EQ(Geodesy::eMinor(22), 6356752.314);
-    EXPECT_EQ(Geodesy::eflat(22), 298.257223563);
-    EXPECT_EQ(Geodesy::ename(22), "WGS-84");
-}
-
-TEST(Geodesy, DatumsNameAnExistingEllipsoid) {
+TEST(Geodesy, DatumsNameAnExistingEllipsoid) { // geodesy_check.py compares their figures
     std::map<int, int> datums_on;
     for (std::int16_t i = 1; i <= Geodesy::DChoices(); ++i) ++datums_on[Geodesy::dNumber(i)];
     const std::map<int, int> as_agreed{{1, 1},  {2, 1},  {3, 3},  {4, 4},  {5, 19}, {6, 15},  {7, 3},
@@ -38,6 +28,9 @@ TEST(Geodesy, DatumsNameAnExistingEllipsoid) {
     EXPECT_EQ(datums_on, as_agreed);
     EXPECT_EQ(Geodesy::dName(102), "WGS 1984");
     EXPECT_EQ(Geodesy::ename(Geodesy::dNumber(102)), "WGS-84");
+    EXPECT_EQ(Geodesy::Choices(), 22);
+    EXPECT_EQ(Geodesy::eMinor(22), 6356752.314);
+    EXPECT_EQ(Geodesy::eflat(22), 298.257223563);
 }
 
 TEST(Geodesy, IndexOutsideTheTableIsAnError) {
@@ -106,19 +99,15 @@ TEST(InverseGeodesic, AgreesWithAnIndependentSolution) {
         double distance, forward, back;
     };
     const Row rows[] = {
-        {"New York - London", Between(40.6398, -73.7789, 51.4706, -0.4619), 5554542.718396, 51.38163019597,
-         287.97660479909},
         {"Sydney - Los Angeles", Between(-33.9461, 151.1772, 33.9425, -118.4081), 12050688.504756,
          61.16815558415, 241.16377442099},
         {"across the date line", Between(60, 179, 60, -179), 111595.753654, 89.13395257565, 270.86604742435},
-        {"Ushuaia - Keflavik", Between(-54.8433, -68.2958, 64.13, -21.9406), 13780201.113424, 22.51004811653,
-         210.33079318321},
         {"pole to pole", Between(90, 0, -90, 0), 20003931.458241, 180, 0},
         {"from the equator", Between(0, 0, 10, 90), 10018251.016016, 80.03272242569, 270.05160713560},
         {"nearly opposite", Between(0.5, 0, -0.5, 179), 19926190.521422, 90.00173011652, 270.00173011652},
         {"a few steps", Between(45, 0, 45.0001, 0.0001), 13.626109, 35.35524355935, 215.35531427009},
-        {"on Clarke's ellipsoid", Between(40.6398, -73.7789, 51.4706, -0.4619, 5), 5554699.826823,
-         51.38195451579, 287.97704648253}};
+        {"New York - London on Clarke's ellipsoid", Between(40.6398, -73.7789, 51.4706, -0.4619, 5),
+         5554699.826823, 51.38195451579, 287.97704648253}};
     for (Row row : rows) {
         EXPECT_EQ(InverseGeodesic(row.problem), GeodesyCode::Success) << row.road;
         EXPECT_NEAR(row.problem.distance, row.distance, 1e-4) << row.road;
