@@ -23,6 +23,13 @@ inline constexpr const char* AirportLines = "ICAO,latitude,longitude\r\n"
                                             "CYYZ,N43*00.00,W079*00.00\r\n"
                                             "EGLL,N51*00.00,W001*00.00\r\n";
 
+/// The enabled timers' numbers.
+inline std::string EnabledTimers(const CycleState& cycle) {
+    std::string on;
+    for (int id = 1; id <= 5; ++id) on += cycle.Timer(id).Enabled ? std::to_string(id) : "";
+    return on;
+}
+
 /// SimWatch alone, with what it needs.
 struct TickBench {
     ProgramState state;

@@ -29,12 +29,6 @@ class Upkeep : public Flight {
     void Add() { Do(&AddFeed::cmdAdd_Click); }
     void Close() { Do(&AddFeed::cmdCancel_Click); }
     std::string file() const { return Read("Quillon\\live_atc_feeds.txt"); }
-    std::string timers() const {
-        std::string on;
-        for (int id = 1; id <= 5; ++id)
-            if (state().cycle.Timer(id).Enabled) on += std::to_string(id);
-        return on;
-    }
 };
 
 TEST(EntryRules, TheFirstBrokenRuleIsNamedWithItsPlace) {
@@ -182,7 +176,7 @@ TEST_F(Upkeep, EachKindPresetsItsBoxes) {
 TEST_F(Upkeep, AnAddedFeedIsALineAndIsTunedTo) {
     Write("Quillon\\live_atc_feeds.txt", "CYYZ|Toronto|http://a.example/|118.70"); // no line end
     program->Run(Command::mnuAddATC);
-    EXPECT_EQ(timers(), "5");
+    EXPECT_EQ(EnabledTimers(state().cycle), "5");
     program->TimerTick(5);
     program->Run(Command::mnuRange);
     EXPECT_TRUE(prompts.asked.first.empty()) << "another command ran behind the dialog";
@@ -197,7 +191,7 @@ TEST_F(Upkeep, AnAddedFeedIsALineAndIsTunedTo) {
     EXPECT_EQ(prompts.messages.back().text, "Frequency 121.50 is already in use!");
     EXPECT_EQ(file(), "CYYZ|Toronto|http://a.example/|118.70\r\nEGLL||http://b.example/|121.50\r\n");
     Close();
-    EXPECT_EQ(timers(), "15");
+    EXPECT_EQ(EnabledTimers(state().cycle), "15");
     simulator.FlyTo(51.01, -1.01);
     TuneTo("121.50");
     EXPECT_EQ(player.url, "http://b.example/");
@@ -223,12 +217,12 @@ TEST_F(Upkeep, AFolderOfRecordingsHandsBackAfterAReload) {
     program->Run(Command::mnuAddATC);
     Close();
     TuneTo("118.70");
-    ASSERT_EQ(timers(), "35");
+    ASSERT_EQ(EnabledTimers(state().cycle), "35");
     program->Run(Command::mnuAddATC);
     Close();
-    EXPECT_EQ(timers(), "15");
+    EXPECT_EQ(EnabledTimers(state().cycle), "15");
     Tick();
-    EXPECT_EQ(timers(), "35") << "found again";
+    EXPECT_EQ(EnabledTimers(state().cycle), "35") << "found again";
 }
 
 TEST_F(Upkeep, BackupAndRestoreKeepBothFiles) {
@@ -298,7 +292,7 @@ TEST_F(Upkeep, EditingStopsEverythingButTheWayOut) {
     shell.ended = false;
     int slices = 0;
     clock.events = [&] {
-        EXPECT_EQ(timers(), "5");
+        EXPECT_EQ(EnabledTimers(state().cycle), "5");
         program->Run(Command::mnuRange);
         program->TimerTick(5);
         shell.ended = ++slices == 3;
@@ -308,7 +302,7 @@ TEST_F(Upkeep, EditingStopsEverythingButTheWayOut) {
     EXPECT_EQ(file(), "") << "Notepad finds a file";
     EXPECT_EQ(slices, 3);
     EXPECT_TRUE(prompts.asked.first.empty());
-    EXPECT_EQ(timers(), "15");
+    EXPECT_EQ(EnabledTimers(state().cycle), "15");
     EXPECT_TRUE(state().form.lvwDB.Items().empty());
 
     shell.meanwhile = [] { Raise(FileNotFound); };

@@ -497,25 +497,20 @@ TEST_F(Flight, ASlowSimulatorIsWaitedForInWords) {
     EXPECT_EQ(panel(2), "118.70");
 }
 
-TEST_F(Flight, ManualModeEndsTheWaitingAndQuittingToo) {
-    for (const bool manual : {true, false}) {
-        simulator.running = false;
-        clock.events = [&] {
-            if (!state().form.Visible || state().cycle.optManual()) return true;
-            program->Run(Command::mnuEditData); // the list is loaded anew, and the next tick searches it
-            program->TimerTick(1);
-            EXPECT_EQ(panel(3), "Looking for the simulator ...");
-            EXPECT_TRUE(state().radio.NoConnection);
-            manual ? program->Run(Command::optManual) : program->Run(Command::mnuQuit);
-            return !state().Ended;
-        };
-        Start();
-        EXPECT_FALSE(state().radio.SimConnected);
-        EXPECT_EQ(state().Ended, !manual);
-        if (manual) {
-            EXPECT_EQ(state().form.Caption, "Quillon - Manual");
-        }
-    }
+TEST_F(Flight, QuittingEndsTheWaiting) {
+    simulator.running = false;
+    clock.events = [&] {
+        if (!state().form.Visible) return true;
+        program->Run(Command::mnuEditData); // the list is loaded anew, and the next tick searches it
+        program->TimerTick(1);
+        EXPECT_EQ(panel(3), "Looking for the simulator ...");
+        EXPECT_TRUE(state().radio.NoConnection);
+        program->Run(Command::mnuQuit);
+        return false;
+    };
+    Start();
+    EXPECT_FALSE(state().radio.SimConnected);
+    EXPECT_TRUE(state().Ended);
 }
 
 TEST_F(Flight, ModesSwitchTheTimersAndForceANewSearch) {

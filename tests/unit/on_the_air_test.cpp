@@ -15,13 +15,9 @@ TEST(FeedsAround, AreThoseThatAnInverseToEachAirportFinds) {
     std::uniform_real_distribution<double> degrees(0, 8);
     std::vector<std::string> lines{"heading"}, codes;
     for (int i = 0; i < 300; ++i) {
-        const auto angle = [&](int least) {
-            return std::to_string(least + static_cast<int>(degrees(random))) + "*" +
-                   std::to_string(10 + i % 50) + ".00";
-        };
-        const std::string line = std::to_string(1000 + i) + ",N" + angle(48) + ",E00" + angle(0);
-        lines.emplace_back(line);
-        codes.push_back(line.substr(0, 4));
+        codes.push_back(std::to_string(1000 + i));
+        lines.push_back(codes.back() + ",N" + std::to_string(48 + i % 9) + "*" + std::to_string(10 + i % 50) +
+                        ".00,E00" + std::to_string(i % 8) + "*" + std::to_string(10 + i % 47) + ".00");
     }
     ListView list;
     for (const std::string& code : codes) list.Add({code, "Tower", "118.10", "http://a/"});
