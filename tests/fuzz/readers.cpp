@@ -92,12 +92,9 @@ void AirportFile(Bytes bytes) {
     const std::int32_t miles = read.nautical_miles;
     Require(miles >= 0 && miles <= 10830, "no airport is farther than half around the Earth");
     Require(read.in_range == (miles <= 50) || !read.in_range, "what is in range is near");
-}
 
-void Positions(Bytes bytes) {
-    const AirportList airports({"heading", std::string(bytes)});
     AirportPositions positions(airports);
-    const GeoPoint* const airport = positions.Of(bytes.substr(0, bytes.find(',')));
+    const GeoPoint* const airport = positions.Of(icao);
     const GeoPoint aircraft = GeoPoint::At(43.01, -79.01);
     const std::array<const GeoPoint*, 2> all{nullptr, airport};
     Require(NearestInRange(aircraft, all, 0).value_or(1) == 1, "no airport is nearest that is not known");
@@ -297,7 +294,6 @@ const std::pair<Bytes, void (*)(Bytes)> readers[] = {
     {"catalogue", Catalogue},
     {"settings", SettingsFile},
     {"airports", AirportFile},
-    {"positions", Positions},
     {"fsuipc", Replies},
     {"http", HttpAnswer},
     {"tls", TlsRecords},
