@@ -34,7 +34,6 @@ struct World {
     std::map<std::string, Script> servers; // by path
     bool has_codec = true;
     int devices = 100;                      // how many more can be opened
-    int choice = 0;                         // of a device
     Fault fault = Fault::Stuck;             // of the devices,
     milliseconds fault_from{1h};            // from then on,
     milliseconds fault_until{1h};           // for those opened before
@@ -195,7 +194,7 @@ class FakeSystem : public PlayerSystem {
         world_.opened += std::to_string(format.sample_rate) + "/" + std::to_string(format.channels) + " ";
         return std::make_unique<FakeOutput>(world_, format);
     }
-    int OutputChoice() override { return world_.choice; }
+    int OutputChoice() override { return 0; }
     milliseconds Now() override { return world_.now; }
     void Wait(milliseconds at_most) override {
         if (!world_.session) world_.now += at_most;

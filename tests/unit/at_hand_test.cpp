@@ -65,6 +65,8 @@ TEST_F(AtHand, ChangesAreReadOutOnceAndNumbersNever) {
     simulator.FlyTo(41, -79.6);
     EXPECT_EQ(told(), "Out of range");
     EXPECT_EQ(told() + told(), "Paused");
+    EXPECT_EQ(state().form.Caption, "Quillon -OR");
+    EXPECT_GT(player.fades, 0);
     simulator.FlyTo(40.5, -79.6);
     EXPECT_EQ(told(), "") << state().form.Label2.Caption;
 }

@@ -35,6 +35,7 @@ TEST(EntryRules, TheFirstBrokenRuleIsNamedWithItsPlace) {
     const std::string digits =
         "Invalid Frequency format!\r\rFlight Simulator only alows the numbers 0,2,5,7 as the "
         "last digit of a Comm frequency.";
+    const std::string format = "Invalid Frequency format!  Frequency must be entered as ###.##";
     const std::string city = "Missing Data! Please enter a City name";
     const std::string icao = "Invalid ICAO format!  ICAO must be 3 or 4 characters";
     const struct {
@@ -52,10 +53,7 @@ TEST(EntryRules, TheFirstBrokenRuleIsNamedWithItsPlace) {
         {InternetRadio, {"EGLL", "", "u", ""}, "", {}},
         {WaveFiles, {"EGLL", "Wav - ", "u", ""}, city, {txtCity, 6, 0}},
         {PlayLists, {"EGLL", "", "u", ""}, "", {}},
-        {LiveATC,
-         {"EGLL", "", "u", "12"},
-         "Invalid Frequency format!  Frequency must be entered as ###.##",
-         {txtFreq, 0, 0}},
+        {LiveATC, {"EGLL", "", "u", "12"}, format, {txtFreq, 0, 0}},
         {LiveATC, {"EGLL", "", "u", "123456"}, digits, {txtFreq, 0, 0}},
         {LiveATC, {"EGLL", "", "u", "1e9999"}, digits, {txtFreq, 0, 0}},
         {LiveATC, {"EGLL", "", "u", "118.53"}, digits, {txtFreq, 0, 0}},

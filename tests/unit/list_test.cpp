@@ -214,6 +214,7 @@ TEST_F(Hand, TheRangePromptConvertsWhatFits) {
     EXPECT_EQ(prompts.asked.second, "7");
     TuneTo("119.10"); // at an airport that is not known, only the range switched off sets the tip
     EXPECT_EQ(state().form.Label2.ToolTipText, " Range Disabled ");
+    EXPECT_TRUE(state().range.InRange);
     prompts.answer = "50";
     program->Run(Command::mnuRange);
     EXPECT_EQ(state().form.Label2.ToolTipText, " Range set at 50 Nautical Miles ");

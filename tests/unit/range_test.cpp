@@ -138,19 +138,6 @@ TEST_F(CalcDistance, LabelSaysWhyThereIsNoDistance) {
     EXPECT_TRUE(prompts.messages.empty());
 }
 
-TEST_F(CalcDistance, WithoutARangeEveryFeedIsInRange) {
-    state.range.ReceptionRange = 0;
-    state.feed.FeedIcao = "";
-    sim.CalcDistance();
-    EXPECT_FALSE(state.range.InRange);
-    EXPECT_EQ(label, Label{});
-
-    state.feed.FeedIcao = "ZZZZ";
-    sim.CalcDistance();
-    EXPECT_TRUE(state.range.InRange);
-    EXPECT_EQ(label, (Label{"ICAO not found!", " Range Disabled "}));
-}
-
 TEST_F(CalcDistance, SearchGoesOnlyForwardAndNeverToTheFirstLine) {
     struct Row {
         const char* rule;

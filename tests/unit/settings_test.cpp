@@ -50,10 +50,7 @@ class SettingsFile : public TempFolder {
 TEST_F(SettingsFile, IsCreatedWithTheDefaultsWhenMissing) {
     settings.ReadIni();
     EXPECT_EQ(Read(Name), " 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n");
-    EXPECT_EQ(state.form.mnuRangeCaption, "Set &Range (50)");
-    EXPECT_EQ(state.radio.SelectedComm, 4);
     EXPECT_TRUE(prompts.messages.empty());
-
     state.folders.DataPath = At("none\\");
     EXPECT_THROW(settings.ReadIni(), RuntimeError);
     EXPECT_EQ(state.StartupStep, "Opening " + At("none\\Quillon.ini"));
