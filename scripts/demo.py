@@ -65,10 +65,7 @@ class Tour:
         return lambda: self.copilot.ask("fly %s %s" % feed.position)
 
     def tune(self, feed):
-        def act():
-            self.copilot.ask("fly %s %s" % feed.position)
-            self.copilot.ask(f"tune com2stby {feed.frequency}")
-        return act
+        return lambda: self.copilot.tune_at(feed)
 
     def observe(self, number, leg, heard, caption):
         verdict = ""

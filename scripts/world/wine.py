@@ -90,6 +90,11 @@ class Copilot:
     def panels(self):
         return [self.ask(f"panel {number}") for number in range(1, 5)]
 
+    def tune_at(self, feed):
+        """Flies to a feed's airport and tunes to it there."""
+        self.ask("fly %s %s" % feed.position)
+        self.ask(f"tune com2stby {feed.frequency}")
+
     def await_text(self, command, expected, seconds=10):
         """Asks until the answer is as expected (a text, or a predicate), and returns it."""
         answers = [""]

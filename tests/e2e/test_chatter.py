@@ -55,8 +55,7 @@ class Chatter(unittest.TestCase):
         self.copilot.ask("press IDC_OPTION4")  # End
         self.copilot.ask("press IDOK")
         self.copilot.await_text("boxes", "")
-        self.copilot.ask("fly %s %s" % LONDON.position)
-        self.copilot.ask(f"tune com2stby {LONDON.frequency}")
+        self.copilot.tune_at(LONDON)
         self.world.ear.await_(LONDON.icao)
         self.press(TAB)
         self.assertEqual(self.world.ear.listens(1), LONDON.icao)

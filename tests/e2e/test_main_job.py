@@ -22,14 +22,10 @@ class Flight(unittest.TestCase):
         cls.world.start_quillon()
         cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
 
-    def tune(self, feed):
-        self.copilot.ask("fly %s %s" % feed.position)
-        self.copilot.ask(f"tune com2stby {feed.frequency}")
-
     def test_1_each_tuned_feed_is_heard_and_shown(self):
         for feed in (TORONTO, LONDON, NEW_YORK, TORONTO):
             with self.subTest(feed.icao):
-                self.tune(feed)
+                self.copilot.tune_at(feed)
                 self.ear.await_(feed.icao)
                 self.copilot.await_text("title", "Quillon -OK")
                 address = self.world.feeds.address(feed)
@@ -42,7 +38,7 @@ class Flight(unittest.TestCase):
         self.copilot.await_text("panel 1", "Stopped")
 
     def test_2_a_feed_tuned_out_of_range_is_not_heard_until_the_aircraft_is_there(self):
-        self.tune(TORONTO)
+        self.copilot.tune_at(TORONTO)
         self.ear.await_(TORONTO.icao)
         self.copilot.ask(f"tune com2stby {NEW_YORK.frequency}")  # the aircraft stays over Toronto
         self.copilot.await_text("title", "Quillon -OR")
@@ -52,7 +48,7 @@ class Flight(unittest.TestCase):
         self.ear.await_(NEW_YORK.icao)
 
     def test_3_pausing_the_simulator_pauses_the_feed(self):
-        self.tune(LONDON)
+        self.copilot.tune_at(LONDON)
         self.ear.await_(LONDON.icao)
         self.copilot.ask("pause 1")
         self.ear.await_("silence")

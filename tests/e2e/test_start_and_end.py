@@ -61,10 +61,6 @@ class Starts(unittest.TestCase):
         self.copilot.await_text("enabled IdFeedList", "1")
         self.close(quillon)
 
-    def start_simulator(self, kind):
-        return self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency, "--lat", str(TORONTO.position[0]),
-                                "--lon", str(TORONTO.position[1]), "--sim", kind)
-
     def test_looks_for_a_simulator_and_if_it_is_to_stay_open_for_ten_more(self):
         (self.world.data / "Quillon.state").write_bytes(b"stay-open=yes\r\n")
         quillon = self.world.start_quillon()
@@ -73,7 +69,8 @@ class Starts(unittest.TestCase):
             self.assertEqual(self.copilot.ask("panel 4"), "*" if number else "Selection Mode: Automatic")
             self.copilot.await_text("title", "Quillon -S", 3)
             self.world.ear.await_("silence")
-            simulator = self.start_simulator(str(7 + number % 4))
+            simulator = self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency, "--sim", str(7 + number % 4),
+                                         "--lat", str(TORONTO.position[0]), "--lon", str(TORONTO.position[1]))
             self.world.ear.await_(TORONTO.icao, 15)
             if number % 4 == 3:  # killed while it owes an answer
                 self.copilot.ask("fault hang=30000")
