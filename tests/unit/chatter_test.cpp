@@ -333,24 +333,26 @@ TEST(ManualChatter, HandsOnlyAWebFeedBack) {
 }
 
 TEST(MuteKey, ShowsAtOnceWhatItMutedWhateverIsInCharge) {
-    Bench bench;
-    PutInCharge(bench.state.cycle, 7);
-    bench.state.feed.FeedUrlMarker = "0";
-    bench.state.feed.RadioFeedMarker = 8; // recordings are paused, also those of a station
-    bench.state.cycle.CaptionBase = "Quillon - Manual Mode";
-    bench.texts.ShowStatus({Activity::Playing});
-    bench.player.SetUrl("x");
-    bench.keyboard.down = 9;
-    std::string painted;
-    bench.screen.painted = [&] {
-        painted = bench.state.form[StatusPanel::Player].Text + bench.state.form.Caption;
-    };
-    bench.mute_key.Timer5_Timer();
-    EXPECT_EQ(bench.player.state, Paused);
-    EXPECT_EQ(painted, "MutedQuillon - Manual Mode -Mute");
-    bench.mute_key.Timer5_Timer();
-    EXPECT_EQ(bench.player.state, Playing);
-    EXPECT_EQ(painted, "PlayingQuillon - Manual Mode");
+    for (const std::int16_t timer : std::initializer_list<std::int16_t>{4, 7}) {
+        Bench bench;
+        PutInCharge(bench.state.cycle, timer);
+        bench.state.feed.FeedUrlMarker = "0";
+        bench.state.feed.RadioFeedMarker = 8; // recordings are paused, also those of a station
+        bench.state.cycle.CaptionBase = "Quillon - Manual Mode";
+        bench.texts.ShowStatus({Activity::Playing});
+        bench.player.SetUrl("x");
+        bench.keyboard.down = 9;
+        std::string painted;
+        bench.screen.painted = [&] {
+            painted = bench.state.form[StatusPanel::Player].Text + bench.state.form.Caption;
+        };
+        bench.mute_key.Timer5_Timer();
+        EXPECT_EQ(bench.player.state, Paused);
+        EXPECT_EQ(painted + EnabledTimers(bench.state.cycle), "MutedQuillon - Manual Mode -Mute5");
+        bench.mute_key.Timer5_Timer();
+        EXPECT_EQ(bench.player.state, Playing);
+        EXPECT_EQ(painted, "PlayingQuillon - Manual Mode");
+    }
 }
 
 TEST(MuteKey, HeldDownTogglesOnceASecondUnlessItHasNoEffect) {

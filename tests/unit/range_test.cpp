@@ -138,6 +138,13 @@ TEST_F(CalcDistance, LabelSaysWhyThereIsNoDistance) {
     EXPECT_TRUE(prompts.messages.empty());
 }
 
+TEST_F(CalcDistance, WithoutAFeedNothingIsInRange) {
+    state.range.ReceptionRange = 0;
+    state.feed.FeedIcao = "";
+    sim.CalcDistance();
+    EXPECT_FALSE(state.range.InRange);
+}
+
 TEST_F(CalcDistance, SearchGoesOnlyForwardAndNeverToTheFirstLine) {
     struct Row {
         const char* rule;
