@@ -97,9 +97,25 @@ def hung_at_start(station):
     asked = time.monotonic()
     station.copilot.ask("close QuillonMain")
     station.has_ended_well()
+    return f"{words}, ended after {time.monotonic() - asked:.1f} s"
+
+
+def hung_and_left(station):
+    """Muting and quitting do not wait for the simulator's answer."""
+    station.fly()
+    station.await_tuned()
+    station.settings.unlink()
+    station.copilot.ask("fault hang=30000")
+    station.copilot.await_text("panel 3", "Waiting for the simulator ...")
+    station.copilot.ask("key 9")
+    station.copilot.await_text("panel 1", "Muted", 2)
+    asked = time.monotonic()
+    station.copilot.ask("close QuillonMain")
+    station.has_ended_well()
     took = time.monotonic() - asked
     assert took < 2, took
-    return f"{words}, ended after {took:.1f} s"
+    assert station.settings.read_bytes() == DEFAULTS
+    return f"ended after {took:.1f} s"
 
 
 def others(station):
@@ -244,7 +260,7 @@ JOBS = {
     **{f"start_{name}": at_start("--fault", name) for name in DAMAGED},
     "start_wide": at_start("--class", "FS98MAIN"),
     "start_wide-no-fade": at_start("--class", "FS98MAIN", "--fault", "no-fade"),
-    "start_hang": hung_at_start, "keep-mapping": kept_mapping, "others": others, "deep": deep,
+    "start_hang": hung_at_start, "flight_left": hung_and_left, "keep-mapping": kept_mapping, "others": others, "deep": deep,
     "read-only": unusable(spoiling.read_only, "Error 70 Permission denied", readable=True),
     "locked": unusable(spoiling.lock, "Error 70 Permission denied"),
     "folder": unusable(spoiling.put_folder, "Error 75 Path/File access error"),
@@ -252,7 +268,7 @@ JOBS = {
     "full": unusable(spoiling.fill_disk, "Error 61 Disk full", readable=True),
 }
 IN_EVERY_TEST = ("kill_0", "kill_1", "flight_hang=3000", "flight_killed", "flight_vanish-in-flight", "flight_overrun",
-                 "keep-mapping", "start_hang",
+                 "keep-mapping", "start_hang", "flight_left",
                  "start_zero", "others", "deep", "read-only", "locked", "folder", "gone", "full")
 WANTED = [name.removeprefix("Faults.test_") for name in sys.argv[1:] if name != "--all"]
 WANTED = [name for name in WANTED or (JOBS if ALL else IN_EVERY_TEST)

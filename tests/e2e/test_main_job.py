@@ -4,11 +4,18 @@ import unittest
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from hostile_server import HostileServer, make_tone
 from world.feeds import FEEDS
-from world.world import World
+from world.world import SOUNDS, World
 
 TORONTO, LONDON, NEW_YORK = FEEDS
 DISTANCE = "text IdLabel2"
+CHANNELS = {"125.30": 500, "125.305": 900, "125.31": 1300, "125.315": 1900, "125.030": 2800}  # and their tones, Hz
+# What is shown and heard of each tuned channel, with 8.33 kHz and on a module that has lost the last digit.
+TOLD_APART = {"125.300": ("125.30", "125.30"), "125.305": ("125.305", "125.305"), "125.310": ("125.310", "125.31"),
+              "125.315": ("125.315", "125.315"), "125.030": ("125.030", "125.030")}
+AS_BEFORE = {"125.315": ("125.31", "125.31"), "125.030": ("125.30", "125.30"), "125.310": ("125.31", "125.31"),
+             "125.305": ("125.30", "125.30")}
 
 
 class Flight(unittest.TestCase):
@@ -18,9 +25,20 @@ class Flight(unittest.TestCase):
     def setUpClass(cls):
         cls.world = World()
         cls.addClassCleanup(cls.world.close)
+        cls.add_channels()
         cls.world.start_simulator()
         cls.world.start_quillon()
         cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
+
+    @classmethod
+    def add_channels(cls):
+        sounds = {f"mp3-{number}": make_tone(SOUNDS / f"channel-{tone}.mp3", tone)
+                  for number, tone in enumerate(CHANNELS.values())}
+        server = HostileServer(sounds, cls.world.folder)
+        with open(cls.world.data / "live_atc_feeds.txt", "a") as catalogue:
+            for name, channel in zip(sounds, CHANNELS):
+                catalogue.write(f"CYYZ|{channel}|http://{server.address(name)}|{channel}\r\n")
+        cls.world.ear.tones.update(CHANNELS)
 
     def test_1_each_tuned_feed_is_heard_and_shown(self):
         for feed in (TORONTO, LONDON, NEW_YORK, TORONTO):
@@ -35,19 +53,26 @@ class Flight(unittest.TestCase):
                 self.copilot.await_text(DISTANCE, "0 NM")
         self.copilot.ask("tune com2stby 122.80")  # which has none
         self.ear.await_("silence")
-        self.copilot.await_text("panel 1", "Stopped")
+        self.assertEqual(self.copilot.panels()[1:], ["122.80", "*", "*"])
 
-    def test_2_a_feed_tuned_out_of_range_is_not_heard_until_the_aircraft_is_there(self):
+    def test_2_out_of_range_is_silent_until_the_aircraft_is_back(self):
+        self.copilot.tune_at(LONDON)
+        self.ear.await_(LONDON.icao)
+        self.copilot.ask("fly %s %s" % NEW_YORK.position)
+        self.ear.await_("silence")
+        self.copilot.await_text("title", "Quillon -OR")
+        self.assertIn("(Out of Range)", self.copilot.ask(DISTANCE))
+        self.copilot.ask("fly %s %s" % LONDON.position)
+        self.ear.await_(LONDON.icao)
+
+    def test_3_a_feed_tuned_out_of_range_is_not_heard_at_all(self):
         self.copilot.tune_at(TORONTO)
         self.ear.await_(TORONTO.icao)
         self.copilot.ask(f"tune com2stby {NEW_YORK.frequency}")  # the aircraft stays over Toronto
         self.copilot.await_text("title", "Quillon -OR")
         self.assertEqual(self.ear.listens(2), "silence")
-        self.assertIn("(Out of Range)", self.copilot.ask(DISTANCE))
-        self.copilot.ask("fly %s %s" % NEW_YORK.position)
-        self.ear.await_(NEW_YORK.icao)
 
-    def test_3_pausing_the_simulator_pauses_the_feed(self):
+    def test_4_pausing_the_simulator_pauses_the_feed(self):
         self.copilot.tune_at(LONDON)
         self.ear.await_(LONDON.icao)
         self.copilot.ask("pause 1")
@@ -56,19 +81,55 @@ class Flight(unittest.TestCase):
         self.copilot.ask("pause 0")
         self.ear.await_(LONDON.icao)
 
-    def test_4_a_channel_of_8_33_khz_is_not_its_neighbour(self):
-        self.copilot.ask("tune com2stby 119.725")
-        self.copilot.await_text("panel 3", f"{LONDON.icao} - {LONDON.city}")
-        self.copilot.ask("tune com2stby 119.715")
-        self.copilot.await_text("panel 2", "119.715")
-        self.assertEqual(self.copilot.ask("panel 3"), "*")
+    def hear_channels(self, expected):
+        for tuned, (shown, heard) in expected.items():
+            with self.subTest(tuned):
+                self.copilot.ask(f"tune com2stby {tuned}")
+                self.copilot.await_text("panel 2", shown)
+                self.ear.await_(heard)
+                self.assertEqual(self.copilot.ask("panel 3"), f"CYYZ - {heard}")
 
-    def test_5_ends_with_the_simulator_and_saves_the_settings(self):
+    def test_5_channels_of_8_33_khz_are_told_apart(self):
+        self.copilot.ask("fly %s %s" % TORONTO.position)
+        self.hear_channels(TOLD_APART)
+        self.copilot.ask("rowclick 5")  # 125.305
+        self.copilot.ask("command TuneFeed")
+        self.copilot.await_text("read 5D0 4", f"{125_305_000:08X}")
+        self.ear.await_("125.305")
+        self.assertEqual(self.ear.listens(3), "125.305")
+        self.assertEqual(self.copilot.panels()[1:3], ["125.305", "CYYZ - 125.305"])
+
+    def test_6_an_old_module_flies_as_before(self):
+        self.copilot.ask("write 3308 2 7")
+        self.copilot.ask("write 3304 4 39990000")
+        self.hear_channels(AS_BEFORE)
+        self.copilot.ask("rowclick 5")
+        self.copilot.ask("command TuneFeed")
+        self.copilot.await_text("panel 3", "The radio rejected 125.305")
+        self.copilot.await_text("panel 3", "CYYZ - 125.30", 15)
+        self.assertEqual(self.copilot.ask("boxes"), "")
+
+    def test_7_ends_with_the_simulator_and_saves_the_settings(self):
         settings = self.world.data / "Quillon.ini"
         settings.unlink()
         self.copilot.ask("fault vanish")
         self.assertEqual(self.world.quillon.wait(20), 0)
         self.assertEqual(settings.read_bytes(), b" 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n")
+
+    def test_8_of_stations_that_share_a_frequency_the_one_in_range_is_heard(self):
+        (self.world.data / "Quillon.state").write_text("shared-frequencies=yes")
+        with open(self.world.data / "live_atc_feeds.txt", "a") as catalogue:
+            for feed in FEEDS:
+                catalogue.write(f"{feed.icao}|Shared {feed.icao}|{self.world.feeds.address(feed)}|126.00\r\n")
+        self.world.start_simulator("--com2stby", "126.00")
+        self.world.start_quillon()
+        for feed in (NEW_YORK, LONDON, TORONTO):
+            self.copilot.ask("fly %s %s" % feed.position)
+            self.ear.await_(feed.icao)
+            self.copilot.await_text("panel 3", f"{feed.icao} - Shared {feed.icao}")
+        self.assertEqual(self.copilot.ask("boxes"), "")
+        self.copilot.ask("close QuillonMain")
+        self.assertEqual(self.world.quillon.wait(20), 0)
 
 
 if __name__ == "__main__":

@@ -97,6 +97,17 @@ class Starts(unittest.TestCase):
         self.close(quillon)
         self.assertEqual(settings.read_bytes(), b"12\r\nCom1\r\n20\r\n30\r\n35\r\n")
 
+    def test_without_a_sound_device_the_state_says_so(self):
+        simulator = self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency)
+        self.copilot.ask("wait UIPCMAIN 20000")
+        env = {**self.world.prefix.env, "PULSE_SERVER": "unix:/nonexistent"}
+        quillon = self.world.processes.start("deaf", self.world.prefix.command("Quillon.exe"), env)
+        self.copilot.ask("wait QuillonMain 20000")
+        self.copilot.await_text("panel 1", "No Connection", 15)
+        self.close(quillon)
+        self.copilot.ask("close UIPCMAIN")
+        simulator.wait(20)
+
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)

@@ -112,6 +112,22 @@ class Upkeep(unittest.TestCase):
             self.copilot.ask(f"command {command}")
             self.close_by_keyboard(title)
 
+    def test_6_what_other_programs_write_is_taken_up(self):
+        self.copilot.ask("tune com2stby 120.00")
+        self.ear.await_(TORONTO.icao)
+        self.catalogue.write_bytes(b"ZZZZ|Before all others|http://x.example/|130.55\r\n" + self.catalogue.read_bytes())
+        self.copilot.await_text("row 1", "ZZZZ|Before all others|130.55|http://x.example/", seconds=4)
+        self.assertIn("Added Tower", self.copilot.ask("panel 3"))
+        self.ear.await_(TORONTO.icao)
+
+    def test_7_closing_leaves_notepad_alone(self):
+        self.copilot.ask("command mnuEditData")
+        self.copilot.ask("wait Notepad 20000")
+        self.copilot.ask("close QuillonMain")
+        self.assertEqual(self.world.quillon.wait(20), 0)
+        self.copilot.ask("title Notepad")
+        self.copilot.ask("close Notepad")
+
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)
