@@ -8,7 +8,7 @@ from .ids import numbered
 from .processes import wait_until
 
 ROOT = Path(__file__).resolve().parents[2]
-BUILD = ROOT / "build" / "windows"
+BUILD = ROOT / "build" / os.environ.get("QUILLON_BUILD", "windows")
 
 
 def clone(template, folder):

@@ -164,7 +164,7 @@ TEST_F(Upkeep, EachKindPresetsItsBoxes) {
     Choose(WaveFiles);
     prompts.answer = "C:\\rec\\one\\a.wav";
     Do(&AddFeed::cmdBrowse_Click);
-    EXPECT_EQ(form()[txtURL], "C:\\rec\\one\\");
+    EXPECT_EQ(form()[txtURL] + form()[txtCity], "C:\\rec\\one\\Wav - ");
     EXPECT_TRUE(form().cmdBrowseVisible);
     prompts.answer = "";
     Do(&AddFeed::cmdBrowse_Click);

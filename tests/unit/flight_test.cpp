@@ -367,9 +367,10 @@ TEST_F(Flight, StaysOpenForTheNextSimulatorIfMarked) {
         simulator.running = true;
         simulator.Put(0x3304, 0x28390000);
         prompts.messages.clear();
-        Tick();
-        Tick();
-        EXPECT_EQ(prompts.messages.size(), 1U) << "too old is told once";
+        for (int second = 0; second < 2; ++second) {
+            Tick();
+            EXPECT_EQ(prompts.messages.size(), 1U) << "too old is told once";
+        }
         ExpectLooking(state(), player);
         simulator.Put(0x3304, 0x49990000);
         EXPECT_TRUE(hears(address)) << "the same frequency is tuned anew";

@@ -22,6 +22,7 @@ TEST(ParseSettings, DefaultsStandInForWhatIsMissingOrUnreadable) {
         {"a number for a radio", "60\r\n1\r\n5\r\n7\r\n35\r\n", {60, "1", 5, 7, 35}},
         {"nothing", "", {}},
         {"one line", "60\r\n", {60, "Com2Stby", 15, 25, 9}},
+        {"two lines", "60\r\nCom1\r\n", {60, "Com1", 15, 25, 9}},
         {"four lines", "60\r\nCom1\r\n5\r\n7\r\n", {60, "Com1", 5, 7, 9}},
         {"no numbers", "x\r\nCom1\r\n5s\r\n\r\n?", {50, "Com1", 15, 25, 9}},
         {"out of type", "32768\r\nCom1\r\n-32769\r\n1e999\r\n2147483648", {50, "Com1", 15, 25, 9}},
