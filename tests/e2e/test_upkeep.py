@@ -1,5 +1,6 @@
 """Adding, backing up, restoring and editing feeds with the real Quillon.exe, and its small dialogs."""
 import sys
+import time
 import unittest
 from pathlib import Path
 
@@ -11,7 +12,7 @@ from world.world import World
 TORONTO, LONDON, NEW_YORK = FEEDS
 LIVE, RADIO, PLAYLIST, WAVES = "IDC_KIND1", "IDC_KIND1+1", "IDC_KIND1+2", "IDC_KIND4"
 CITIES = {LIVE: "", RADIO: "Radio - ", PLAYLIST: "Playlist ", WAVES: "Wav - "}  # what each kind begins with
-ESCAPE, CONTROL, HOME, SHIFT, DOWN, DELETE, KEY_S = 0x1B, 0x11, 0x24, 0x10, 0x28, 0x2E, 0x53
+ENTER, ESCAPE, CONTROL, HOME, SHIFT, DOWN, DELETE, KEY_S = 0x0D, 0x1B, 0x11, 0x24, 0x10, 0x28, 0x2E, 0x53
 
 
 class Upkeep(unittest.TestCase):
@@ -30,9 +31,9 @@ class Upkeep(unittest.TestCase):
     def box(self, expected):
         return self.copilot.await_text("boxes", lambda boxes: expected in boxes)
 
-    def close_by_keyboard(self, title):
+    def close_by_keyboard(self, title, key=ESCAPE):
         self.box(title)
-        self.copilot.ask(f"key {ESCAPE}")
+        self.copilot.ask(f"key {key}")
         self.copilot.await_text("boxes", lambda boxes: title not in boxes)
 
     def fill(self, kind, **texts):
@@ -72,12 +73,16 @@ class Upkeep(unittest.TestCase):
         self.copilot.await_text("panel 3", "EGLL - Wav - Added")
 
     def test_3_backup_and_restore_go_through_the_recycle_bin(self):
-        mine = self.catalogue.read_bytes()
+        mine, backup = self.catalogue.read_bytes(), self.world.data / "live_atc_feeds.bak"
+        self.copilot.ask("command mnuBackup")
+        self.close_by_keyboard("Confirmation", ENTER)  # the default is No
+        self.assertFalse(backup.exists())
         self.copilot.ask("command mnuBackup")
         self.box("Please confirm you want to backup")
         self.copilot.ask("press IDYES")
         self.close_by_keyboard("Success")
-        self.assertEqual((self.world.data / "live_atc_feeds.bak").read_bytes(), mine)
+        self.assertEqual(backup.read_bytes(), mine)
+        self.assertLess(abs(time.time() - backup.stat().st_mtime), 10)
         self.catalogue.write_bytes(b"EGLL|Spoilt|http://x.example/|118.20\r\n")
         self.copilot.ask("command mnuRestore")
         self.box("Restoring will move")
