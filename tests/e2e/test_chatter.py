@@ -61,7 +61,8 @@ class Chatter(unittest.TestCase):
         self.assertEqual(self.world.ear.listens(1), LONDON.icao)
         self.press(END)
         self.world.ear.await_("silence")
-        self.copilot.await_text("title", "Quillon -Mute")
+        self.assertEqual(self.copilot.ask("title"), "Quillon -Mute")
+        self.copilot.await_text("panel 1", "Muted")  # which is answered after the key's second
         self.press(END)
         self.world.ear.await_(LONDON.icao)
         self.copilot.ask("close QuillonMain")
