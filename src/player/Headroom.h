@@ -6,12 +6,13 @@
 namespace quillon {
 
 /// How far ahead a wave device is given sound at least, which is how long it is still heard after a pause.
-/// Doubles when the device has run dry, and halves after a calm time, which doubles then, too.
+/// Doubles when the device has run dry or nearly so, and halves after a calm time. That time doubles whenever
+/// the device has really run dry.
 class Headroom {
   public:
     static constexpr std::chrono::milliseconds Least{10};
     static constexpr std::chrono::milliseconds Most{160};
-    static constexpr std::chrono::minutes ShortestCalm{2};
+    static constexpr std::chrono::minutes ShortestCalm{1};
     static constexpr std::chrono::hours LongestCalm{1};
 
     using Time = std::chrono::microseconds; // of a clock that never goes back
@@ -19,9 +20,13 @@ class Headroom {
     Time Length() const { return length_; }
 
     void RanDry(Time now) {
-        length_ = std::min<Time>(length_ * 2, Most);
         calm_ = std::min<Time>(calm_ * 2, LongestCalm);
-        changed_ = now;
+        Double(now);
+    }
+
+    /// The device has that much left when it is given more.
+    void FoundLeft(Time left, Time now) {
+        if (left < length_ / 4) Double(now);
     }
 
     void PlaysOn(Time now) {
@@ -31,8 +36,13 @@ class Headroom {
     }
 
   private:
+    void Double(Time now) {
+        length_ = std::min<Time>(length_ * 2, Most);
+        changed_ = now;
+    }
+
     Time length_ = Least;
-    Time calm_ = ShortestCalm / 2; // the first time doubles it
+    Time calm_ = ShortestCalm;
     Time changed_{0};
 };
 

@@ -86,10 +86,14 @@ TEST(Headroom, GrowsWhenADeviceRunsDryAndShrinksEverMoreSlowly) {
     };
     headroom.RanDry(100s);
     EXPECT_EQ(length(219s), 20ms);
+    headroom.FoundLeft(5ms, 219s);
     EXPECT_EQ(length(220s), 10ms);
-    for (int time = 0; time < 9; ++time) headroom.RanDry(300s);
-    EXPECT_EQ(length(3899s), 160ms);
-    EXPECT_EQ(length(3900s), 80ms);
+    headroom.FoundLeft(2ms, 220s);
+    EXPECT_EQ(length(339s), 20ms) << "nearly dry";
+    EXPECT_EQ(length(340s), 10ms);
+    for (int time = 0; time < 9; ++time) headroom.RanDry(400s);
+    EXPECT_EQ(length(3999s), 160ms);
+    EXPECT_EQ(length(4000s), 80ms);
 }
 
 } // namespace

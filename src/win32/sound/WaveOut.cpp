@@ -148,6 +148,8 @@ void WaveOut::GiveWhatIsDue(Time now) {
         Begin(now);
     else if (has_none)
         headroom_.RanDry(now);
+    else if (given_until_ == sound_until_)
+        headroom_.FoundLeft(given_until_ - now, now);
     headroom_.PlaysOn(now);
     while (!has_failed_ && given_until_ - now < headroom_.Length()) {
         if (QueuedBlocks() > headroom_.Length() / Piece + 1)
