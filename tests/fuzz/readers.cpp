@@ -212,7 +212,7 @@ void Walk(Bytes bytes) {
     PublicSystem system(world);
     const FeedAnswer answer = AddressProbe("1", {}, system, false).Try("https://h/0");
     Require(IsText(answer.Words), "an answer is text");
-    Require(answer.Words.find("no such file") == answer.Words.npos, "a server leads to no file");
+    Require(!answer.Words.ends_with(": There is no such file"), "a server leads to no file");
 }
 
 /// The first byte is the interval of the metadata.
