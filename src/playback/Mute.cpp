@@ -15,7 +15,7 @@ void Mute::MuteSound() {
     else
         player_.Pause();
     SetActiveTimer(false);
-    mute.SavedStatus = state_.shown.Status;
+    if (state_.shown.Status.What != Activity::Muted) mute.SavedStatus = state_.shown.Status;
     texts_.ShowStatus({Activity::Muted});
     texts_.ShowTitle(state_.cycle.CaptionBase, {Activity::Muted});
     texts_.ShowStation(""); // no longer updated while muted
