@@ -2,7 +2,7 @@
 # Runs a Windows program in a Wine prefix in the build folder, made on first use; never in the user's own.
 set -eu
 root=$(cd "$(dirname "$0")/.." && pwd)
-export WINEPREFIX="$root/build/wine-template" WINEARCH=win64 WINEDEBUG="${WINEDEBUG:--all}" LC_ALL="${LC_ALL:-C.UTF-8}"
+export WINEPREFIX="$root/build/wine-template" WINEARCH="${WINEARCH:-win64}" WINEDEBUG="${WINEDEBUG:--all}" LC_ALL="${LC_ALL:-C.UTF-8}"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 make_template() {
   # A home that does not exist keeps the prefix's Documents and the like inside the prefix.

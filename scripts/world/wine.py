@@ -37,7 +37,7 @@ class Prefix:
         home = folder.parent / "home"
         (home / ".local/share").mkdir(parents=True, exist_ok=True)  # without it there is no recycle bin
         self.env = {**os.environ, **env, "WINEPREFIX": str(folder), "HOME": str(home), "LC_ALL": "C.UTF-8",
-                    "WINEDEBUG": "-all", "WINEARCH": "win64",
+                    "WINEDEBUG": "-all", "WINEARCH": os.environ.get("WINEARCH", "win64"),
                     "TZ": "IST-5:30",  # where local and universal time differ
                     "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe=d"}
         self.env.pop("XDG_DATA_HOME", None)
