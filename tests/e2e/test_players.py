@@ -121,7 +121,7 @@ class Players(unittest.TestCase):
         copilot.ask(f"tune com2stby {feed.frequency}")
         ear.await_(feed.icao)
         self.world.sound.unplug()
-        copilot.await_text("panel 1", "No Connection")
+        copilot.await_text("panel 1", "No Connection", 15)  # Wine 10 needs some seconds to see it
         self.world.sound.plug_in()
         copilot.await_text("panel 1", "Playing", 12)
         self.assertEqual(ear.listens(1), feed.icao)
