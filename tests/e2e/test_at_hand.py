@@ -59,7 +59,8 @@ class AtHand(unittest.TestCase):
         """Once more if Wine has missed the click on an icon that has only just come."""
         def clicked():
             place = wait_until("the icon", self.icon, 15)
-            self.screen("xdotool", "mousemove", str(place[0]), str(place[1]), "click", str(button), "sleep", "1")
+            self.screen("xdotool", "mousemove", "600", "400", "sleep", "0.2", "mousemove", str(place[0]), str(place[1]),
+                        "sleep", "0.3", "click", str(button), "sleep", "1")
             return effect()
         wait_until("the effect of a click", clicked, 15)
 

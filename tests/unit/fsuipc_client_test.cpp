@@ -49,6 +49,9 @@ struct FakeMachine : FakeSimulator {
         if (afterwards) afterwards(area);
         return {answers, reply, 0};
     }
+    void Check(std::span<const std::uint8_t> room) override {
+        EXPECT_EQ(std::count(room.begin(), room.end(), 0), std::ssize(room)) << "room for the reply";
+    }
     std::uint32_t AddNameAtom(const std::string& text) override {
         name = text;
         return adds_atom && handles.insert("atom").second ? 0xC456 : 0;
