@@ -56,7 +56,7 @@ class AtHand(unittest.TestCase):
         return None
 
     def click_icon(self, button, effect):
-        """Once more if Wine has missed the click on an icon that has only just come."""
+        """Again if Wine has missed the click, as Wine 10 does with an icon that has only just come."""
         def clicked():
             place = wait_until("the icon", self.icon, 15)
             self.screen("xdotool", "mousemove", "600", "400", "sleep", "0.2", "mousemove", str(place[0]), str(place[1]),
