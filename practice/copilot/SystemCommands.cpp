@@ -112,7 +112,7 @@ void Listen(DWORD process) {
     while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
 }
 
-/// What Quillon has had read out since the first or last call.
+/// What Quillon has announced since the previous call; the first call only starts to listen.
 std::string Said(const Words&) {
     static std::thread listener(Listen, ProcessOf(TheMainWindow()));
     if (listener.joinable()) listener.detach();

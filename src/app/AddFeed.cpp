@@ -137,7 +137,7 @@ void AddFeed::cmdBrowse_Click() {
     SetText(AddBox::txtURL, waves ? FolderOf(path) : path);
 }
 
-/// A portable catalogue names its folders in such a way that another computer finds them.
+/// In portable mode, a folder below the data folder is stored as a relative path.
 std::string AddFeed::FolderOf(const std::string& path) const {
     const std::string folder = path.substr(0, path.rfind('\\') + 1);
     const std::string& data = state_.folders.DataPath;

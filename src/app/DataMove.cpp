@@ -20,8 +20,8 @@ bool HoldsFeeds(const std::string& file) {
     return file == CatalogueName || file == BackupName || file == ReplacedName;
 }
 
-/// Lets feeds name the copied recordings, which the next computer will find as well. Playlists need the whole
-/// path.
+/// Makes feeds refer to the copied recordings by relative paths, which work on any computer. Playlists need
+/// full paths.
 std::string WithRelativeFolders(std::string text, const std::string& from) {
     const std::string field = "|" + from + "ATC\\";
     for (auto at = text.find(field); at != text.npos; at = text.find(field, at + 1)) {

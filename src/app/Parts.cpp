@@ -40,7 +40,7 @@ Parts::Parts(ProgramState& program_state, const Ports& outside, std::string argu
       ports(WithClock(outside, clock)) {}
 
 void Parts::TellFirstSteps() {
-    if (!starter.CreatedCatalogue() || !state.feed.FeedUrl.empty()) return; // it has been done
+    if (!starter.CreatedCatalogue() || !state.feed.FeedUrl.empty()) return; // a feed is already tuned
     notices.Show({NoticeKind::FirstSteps, state.cycle.optManual() ? "Click a feed to hear it"
                                                                   : "Tune a radio to a frequency of the list"});
 }

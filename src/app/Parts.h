@@ -39,7 +39,7 @@ struct Parts {
     /// Runs a handler or a part of one, and quits after it if it was asked to.
     void RunTrapped(const HandlerGate::Handler& handler);
 
-    /// Tells a new user who has no feed yet what to do next.
+    /// Tells a new user what to do next, unless a feed is already tuned.
     void TellFirstSteps();
 
     /// Tells the user what of the catalogue cannot be heard.

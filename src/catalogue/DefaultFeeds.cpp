@@ -7,7 +7,8 @@ namespace quillon {
 
 void AddDefaultFeeds(const Folders& folders, std::string& startup_step, AnsiCodePage& page) {
     const std::string path = folders.DataPath + CatalogueName;
-    const std::string waves = folders.Portable ? "ATC\\" : folders.WavePath; // another computer: another drive
+    const std::string waves =
+        folders.Portable ? "ATC\\" : folders.WavePath; // drive letters differ between computers
     const std::string toronto = "CYYZ|Wav - Toronto ON - Tower Pearson Intl|" + waves + "CYYZ_T|";
     startup_step = "Opening " + path;
     if (ReadText(path, page).find(toronto) != std::string::npos) return;

@@ -52,7 +52,7 @@ bool HasLatmMark(ByteView bytes) {
     return bytes.size() >= LatmHeader && bytes[0] == 0x56 && (bytes[1] & 0xE0U) == 0xE0U;
 }
 
-/// Where the next frame of LATM begins. Its mark is so short that only two of them are a signature.
+/// Where the next frame of LATM begins. One mark is too short to be a signature; two in a row are one.
 std::size_t NextLatmFrame(ByteView first) {
     return LatmHeader + ((first[1] & 0x1FU) << 8U | first[2]);
 }

@@ -24,9 +24,9 @@ class Prompts {
     virtual std::string InputBox(const std::string& title, const std::string& prompt,
                                  const std::string& default_answer) = 0;
 
-    /// Asks for an existing file that matches the pattern ("*.wav"), which is shown by its description,
-    /// beginning in a folder or, if that is empty, where the system likes. Returns its path, empty if the user
-    /// cancelled.
+    /// Asks for an existing file that matches the pattern ("*.wav"), which is shown by its description.
+    /// Starts in `folder`, or where the system chooses if that is empty. Returns the file's path, empty if the
+    /// user cancelled.
     virtual std::string BrowseFile(const std::string& description, const std::string& pattern,
                                    const std::string& folder) = 0;
 };

@@ -15,7 +15,7 @@ std::string FindAppPath(const InstallationFolders& installations) {
     return CurrentFolder() + "\\";
 }
 
-/// Permissions and the kind of disk say too little, so it is tried.
+/// Permissions and the kind of disk do not tell reliably, so this writes a file.
 bool CanBeWrittenTo(const std::string& folder) {
     const std::string file = folder + "Quillon.try";
     try {

@@ -1,5 +1,6 @@
 """Which player the real Quillon.exe chooses, and what becomes of the sound when the device disappears."""
 import array
+import statistics
 import subprocess
 import sys
 import unittest
@@ -68,7 +69,7 @@ class Players(unittest.TestCase):
         for _ in range(5):
             heard.append(sounds_on("StripPause"))
             copilot.ask("click StripPlay")
-        self.assertLess(min(heard), 75, heard)  # more where the machine is busy
+        self.assertLess(statistics.median(heard), 60, heard)
         wait_until("the end", lambda: level(self.world.sound.last(0.5)) == 0, 10)
         self.assertAlmostEqual(sum(abs(sample) > 300 for sample in samples()) / 44100, 3.95, delta=0.05)
         copilot.ask("click StripPlay")

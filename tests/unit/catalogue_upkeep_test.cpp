@@ -227,7 +227,7 @@ TEST_F(Upkeep, BackupAndRestoreKeepBothFiles) {
     const std::string mine = file();
     prompts.yes = false;
     program->Run(Command::mnuBackup);
-    EXPECT_FALSE(program->CanRun(Command::mnuRestore)) << "there is none yet";
+    EXPECT_FALSE(program->CanRun(Command::mnuRestore)) << "no backup yet";
     prompts.yes = true;
     program->Run(Command::mnuBackup);
     EXPECT_TRUE(program->CanRun(Command::mnuRestore));
@@ -297,7 +297,7 @@ TEST_F(Upkeep, EditingStopsEverythingButTheWayOut) {
         return true;
     };
     program->Run(Command::mnuEditData);
-    EXPECT_EQ(file(), "") << "Notepad finds a file";
+    EXPECT_EQ(file(), "") << "an empty file for Notepad to open";
     EXPECT_EQ(slices, 3);
     EXPECT_TRUE(prompts.asked.first.empty());
     EXPECT_EQ(EnabledTimers(state().cycle), "15");

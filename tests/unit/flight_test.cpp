@@ -12,7 +12,7 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     regional.thousand = ".";
     Write("Quillon\\Quillon.state", "user-agent=me\nvolume=40\n");
     Start("30");
-    EXPECT_EQ(clock.passed / std::chrono::seconds(1), 4) << "the splash, and one wait for the simulator";
+    EXPECT_EQ(clock.passed / std::chrono::seconds(1), 4) << "four seconds of splash, then the simulator";
     EXPECT_TRUE(prompts.messages.empty());
     EXPECT_TRUE(state().form.Visible);
     EXPECT_FALSE(state().splash.Visible);
@@ -43,7 +43,7 @@ TEST_F(Flight, StartsConnectsAndEnds) {
     regional.decimal = ".", regional.thousand = ",", regional.writes = 0;
     Start();
     EXPECT_EQ(player.volume, 0);
-    EXPECT_FALSE(FileExists(At("Quillon\\Quillon.separators"))) << "they are as wanted";
+    EXPECT_FALSE(FileExists(At("Quillon\\Quillon.separators"))) << "nothing was replaced";
     program->Run(Command::mnuQuit);
     EXPECT_EQ(regional.writes, 0);
 }
@@ -369,7 +369,7 @@ TEST_F(Flight, StaysOpenForTheNextSimulatorIfMarked) {
         prompts.messages.clear();
         for (int second = 0; second < 2; ++second) {
             Tick();
-            EXPECT_EQ(prompts.messages.size(), 1U) << "too old is told once";
+            EXPECT_EQ(prompts.messages.size(), 1U) << "told only once";
         }
         ExpectLooking(state(), player);
         simulator.Put(0x3304, 0x49990000);

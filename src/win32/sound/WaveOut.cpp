@@ -174,8 +174,8 @@ void WaveOut::Begin(Time now) {
     Give(FirstBlock, is_late ? 0ms : LeadIn);
 }
 
-/// Counts a little less than the block lasts, because the device's clock may be the faster one. How long it
-/// lasts is told by its samples: 10 ms are not a whole number of them at every rate.
+/// Counts a little less than the block lasts, because the device's clock may be the faster one. Its
+/// length comes from its samples: 10 ms are not a whole number of them at every rate.
 void WaveOut::Give(Time length, Time lead_in) {
     const auto block =
         std::find_if(blocks_->begin(), blocks_->end(), [](const Block& b) { return !b.IsQueued(); });

@@ -8,8 +8,8 @@ HWND AddControl(HWND parent, const wchar_t* control_class, const wchar_t* text, 
                            parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
 }
 
-/// Transparent, or a parent that leaves out its children when it paints would leave out the ground of the
-/// group.
+/// Transparent: a parent that does not paint under its children would otherwise leave the inside of the group
+/// unpainted.
 HWND AddGroup(HWND parent, const wchar_t* text) {
     return AddControl(parent, L"BUTTON", text, BS_GROUPBOX | WS_GROUP, -1, WS_EX_TRANSPARENT);
 }

@@ -134,7 +134,7 @@ INT_PTR CALLBACK FoldersProcedure(HWND dialog, UINT message, WPARAM wparam, LPAR
     return TRUE;
 }
 
-/// The blanks between name and value line the values up only in a font of one width: a tab takes their place.
+/// Blanks align the values only in a monospaced font, so a tab replaces them.
 std::wstring WithTabs(std::wstring text) {
     for (std::size_t at = text.find(L":  "); at != std::wstring::npos; at = text.find(L":  ", at)) {
         ++at;

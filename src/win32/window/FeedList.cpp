@@ -128,7 +128,7 @@ void FeedList::Sync() {
     syncing_ = false;
 }
 
-/// A row that was out of view comes to its middle, where its neighbours are seen, too.
+/// Scrolls a row that was out of view to the middle, so that its neighbours are visible as well.
 void FeedList::BringIntoView(int row, int top) const {
     const int page = ListView_GetCountPerPage(window_);
     ListView_EnsureVisible(window_, row, FALSE);
@@ -137,7 +137,7 @@ void FeedList::BringIntoView(int row, int top) const {
     ListView_EnsureVisible(window_, std::min(row + page / 2, ListView_GetItemCount(window_) - 1), FALSE);
 }
 
-/// All columns of a row, as one reads them out.
+/// All columns of a row in one line, for screen readers.
 std::string FeedList::LineOf(std::size_t row) const {
     std::string line;
     for (int column = 0; row < data_.Items().size() && column < columns_; ++column) {

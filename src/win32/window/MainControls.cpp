@@ -147,7 +147,7 @@ void MainControls::Sync(const ProgramState& state) {
     }
 }
 
-/// Hidden while a recording plays, when the seconds go on beyond the gap.
+/// Hidden while a recording plays: the seconds then run past the gap.
 void MainControls::SyncCountdown(const ProgramState& state) {
     const frmATC& form = state.form;
     if (shown_elapsed_ != form.Label3.Caption)

@@ -79,7 +79,7 @@ class PartNames final : public IAccPropServer {
 
 ScreenReader::ScreenReader(HWND parent)
     : announcement_(AddControl(parent, WC_STATICW, L"", SS_NOPREFIX, IdAnnouncement)) {
-    MoveControl(announcement_, 0, 0, 1, 1); // readers leave out what has no size
+    MoveControl(announcement_, 0, 0, 1, 1); // screen readers skip controls without a size
     constexpr long AfterTheRest = 1;
     VARIANT setting{};
     setting.vt = VT_I4;

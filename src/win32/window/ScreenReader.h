@@ -7,8 +7,8 @@
 
 namespace quillon {
 
-/// What a screen reader learns of the main window beyond what its controls say themselves. No effect where
-/// Windows lacks the service for it.
+/// Tells screen readers what the main window's controls do not tell by themselves. No effect where Windows
+/// lacks the service for it.
 class ScreenReader {
   public:
     explicit ScreenReader(HWND parent);
