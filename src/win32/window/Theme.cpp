@@ -2,6 +2,7 @@
 
 #include "win32/system/LateFunction.h"
 
+#include <algorithm>
 #include <cmath>
 #include <dwmapi.h>
 #include <vector>
@@ -67,15 +68,52 @@ bool Covers(Glyph glyph, double x, double y) {
     return false;
 }
 
-/// Share of a pixel that the glyph covers, 0 to 255.
-unsigned Coverage(Glyph glyph, int x, int y, int size) {
+/// The unit square with round corners.
+bool CoversTile(double x, double y) {
+    constexpr double Radius = 0.2;
+    const double right = std::max(0.0, std::abs(x - 0.5) - (0.5 - Radius));
+    const double down = std::max(0.0, std::abs(y - 0.5) - (0.5 - Radius));
+    return std::hypot(right, down) < Radius;
+}
+
+/// Share of a pixel that a shape covers, 0 to 255.
+template <typename Shape>
+unsigned Coverage(Shape covers, int x, int y, int size) {
     constexpr int Samples = 4;
     unsigned hits = 0;
     for (int sy = 0; sy < Samples; ++sy)
         for (int sx = 0; sx < Samples; ++sx)
-            hits +=
-                Covers(glyph, (x + (sx + 0.5) / Samples) / size, (y + (sy + 0.5) / Samples) / size) ? 1U : 0U;
+            hits += covers((x + (sx + 0.5) / Samples) / size, (y + (sy + 0.5) / Samples) / size) ? 1U : 0U;
     return hits * 255U / (Samples * Samples);
+}
+
+/// `color_of` gives each pixel's alpha, red, green and blue, from the highest byte on.
+template <typename ColorOf>
+IconHandle MakeIcon(int size_px, ColorOf color_of) {
+    BITMAPV5HEADER header{};
+    header.bV5Size = sizeof header;
+    header.bV5Width = size_px;
+    header.bV5Height = -size_px;
+    header.bV5Planes = 1;
+    header.bV5BitCount = 32;
+    header.bV5Compression = BI_BITFIELDS;
+    header.bV5RedMask = 0x00FF0000;
+    header.bV5GreenMask = 0x0000FF00;
+    header.bV5BlueMask = 0x000000FF;
+    header.bV5AlphaMask = 0xFF000000;
+    void* bits = nullptr;
+    const Handle<HBITMAP, DeleteObject> picture(
+        CreateDIBSection(nullptr, reinterpret_cast<BITMAPINFO*>(&header), DIB_RGB_COLORS, &bits, nullptr, 0));
+    if (!picture) return {};
+
+    auto* pixel = static_cast<unsigned*>(bits);
+    for (int y = 0; y < size_px; ++y)
+        for (int x = 0; x < size_px; ++x) *pixel++ = color_of(x, y);
+
+    const std::vector<unsigned char> opaque(static_cast<std::size_t>((size_px + 15) / 16 * 2 * size_px));
+    const Handle<HBITMAP, DeleteObject> mask(CreateBitmap(size_px, size_px, 1, 1, opaque.data()));
+    ICONINFO info{TRUE, 0, 0, mask.Get(), picture.Get()};
+    return IconHandle(CreateIconIndirect(&info));
 }
 
 } // namespace
@@ -116,31 +154,22 @@ void MatchTitleToApps(HWND window) {
 }
 
 IconHandle DrawGlyph(Glyph glyph, int size_px, COLORREF ink) {
-    BITMAPV5HEADER header{};
-    header.bV5Size = sizeof header;
-    header.bV5Width = size_px;
-    header.bV5Height = -size_px;
-    header.bV5Planes = 1;
-    header.bV5BitCount = 32;
-    header.bV5Compression = BI_BITFIELDS;
-    header.bV5RedMask = 0x00FF0000;
-    header.bV5GreenMask = 0x0000FF00;
-    header.bV5BlueMask = 0x000000FF;
-    header.bV5AlphaMask = 0xFF000000;
-    void* bits = nullptr;
-    const Handle<HBITMAP, DeleteObject> picture(
-        CreateDIBSection(nullptr, reinterpret_cast<BITMAPINFO*>(&header), DIB_RGB_COLORS, &bits, nullptr, 0));
-    if (!picture) return {};
-
     const unsigned rgb = unsigned{GetRValue(ink)} << 16U | unsigned{GetGValue(ink)} << 8U | GetBValue(ink);
-    auto* pixel = static_cast<unsigned*>(bits);
-    for (int y = 0; y < size_px; ++y)
-        for (int x = 0; x < size_px; ++x) *pixel++ = Coverage(glyph, x, y, size_px) << 24U | rgb;
+    const auto shape = [glyph](double x, double y) { return Covers(glyph, x, y); };
+    return MakeIcon(size_px, [=](int x, int y) { return Coverage(shape, x, y, size_px) << 24U | rgb; });
+}
 
-    const std::vector<unsigned char> opaque(static_cast<std::size_t>((size_px + 15) / 16 * 2 * size_px));
-    const Handle<HBITMAP, DeleteObject> mask(CreateBitmap(size_px, size_px, 1, 1, opaque.data()));
-    ICONINFO info{TRUE, 0, 0, mask.Get(), picture.Get()};
-    return IconHandle(CreateIconIndirect(&info));
+IconHandle DrawTile(Glyph glyph, int size_px, COLORREF tile) {
+    constexpr double Scale = 0.8; // of the glyph on it
+    const auto shape = [glyph](double x, double y) {
+        return Covers(glyph, (x - 0.5) / Scale + 0.5, (y - 0.5) / Scale + 0.5);
+    };
+    return MakeIcon(size_px, [=](int x, int y) {
+        const unsigned white = Coverage(shape, x, y, size_px);
+        const auto mixed = [white](unsigned ground) { return ground + (255 - ground) * white / 255; };
+        return Coverage(CoversTile, x, y, size_px) << 24U | mixed(GetRValue(tile)) << 16U |
+               mixed(GetGValue(tile)) << 8U | mixed(GetBValue(tile));
+    });
 }
 
 } // namespace quillon

@@ -14,10 +14,10 @@ constexpr UINT IconId = 1;
 
 struct PictureKind {
     Glyph Shape;
-    COLORREF Ink; ///< legible on a light and on a dark task bar
+    COLORREF Tile; ///< stands out on a light and on a dark task bar, and white on it
 };
 constexpr PictureKind Pictures[] = {
-    {Glyph::Headset, RGB(128, 144, 168)}, // silent
+    {Glyph::Headset, RGB(104, 120, 148)}, // silent
     {Glyph::Headset, RGB(40, 160, 72)},   // playing
     {Glyph::Mute, RGB(214, 128, 0)},      // muted
     {Glyph::NoHeadset, RGB(214, 64, 64)}, // no link
@@ -38,7 +38,7 @@ void TrayIcon::Sync(HWND window, const Theme& theme, const NotificationIcon& ico
     if (tried_ && (!added_ || shown_ == icon)) return;
     const PictureKind& kind = Pictures[static_cast<std::size_t>(icon.Shown)];
     const bool new_picture = !picture_ || shown_.Shown != icon.Shown;
-    IconHandle picture = new_picture ? DrawGlyph(kind.Shape, theme.Px(16), kind.Ink) : std::move(picture_);
+    IconHandle picture = new_picture ? DrawTile(kind.Shape, theme.Px(16), kind.Tile) : std::move(picture_);
     NOTIFYICONDATAW data = DataFor(window);
     data.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP | NIF_SHOWTIP;
     data.uCallbackMessage = Message;
