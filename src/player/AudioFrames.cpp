@@ -45,7 +45,6 @@ std::optional<AudioFrame> AudioFrames::Next() {
             if (follows || (next && next->SharesDecoderWith(*format))) {
                 consumed_ += format->frame_bytes;
                 last_ = format;
-                at_start_ = false;
                 skipped_ = 0;
                 return AudioFrame{*format, rest.first(format->frame_bytes)};
             }
