@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <future>
+#include <thread>
 
 namespace practice {
 
@@ -161,11 +163,53 @@ std::string InjectFault(const Words& words) {
     return "ok";
 }
 
+/// Calls back whoever asks it; 1 if that call was served meanwhile, else 2.
+LRESULT CALLBACK CallBack(HWND window, UINT message, WPARAM asker, LPARAM lparam) {
+    constexpr UINT PatienceMs = 300;
+    if (message != WM_APP) return DefWindowProcW(window, message, asker, lparam);
+    DWORD_PTR ignored = 0;
+    return SendMessageTimeoutW(reinterpret_cast<HWND>(asker), WM_NULL, 0, 0, SMTO_NORMAL, PatienceMs, &ignored)
+               ? 1
+               : 2;
+}
+
+HWND MessageWindow(WNDPROC procedure) {
+    const HWND window =
+        CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    if (!window) throw Failure("no window");
+    if (procedure) SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+    return window;
+}
+
+/// What becomes of a call to a window whose thread waits for the link's answer: "served" or "blocked".
+std::string CallWhileWaiting(const Words&) {
+    std::promise<HWND> made;
+    std::thread peer([&made] {
+        const HWND window = MessageWindow(CallBack);
+        made.set_value(window);
+        for (MSG message; GetMessageW(&message, nullptr, 0, 0) > 0;) DispatchMessageW(&message);
+        DestroyWindow(window);
+    });
+    const HWND asked = made.get_future().get(), asker = MessageWindow(nullptr);
+    const auto sent =
+        quillon::WinMessageLink().Send(reinterpret_cast<quillon::NativeHandle>(asked), WM_APP,
+                                       static_cast<std::uint32_t>(reinterpret_cast<ULONG_PTR>(asker)), 2000);
+    DestroyWindow(asker);
+    PostMessageW(asked, WM_QUIT, 0, 0);
+    peer.join();
+    return !sent.Delivered ? "no answer" : sent.Reply == 1 ? "served" : "blocked";
+}
+
 } // namespace
 
 const std::vector<Command> LinkCommands = {
-    {"tune", 2, 2, Tune}, {"fly", 2, 2, Fly},     {"pause", 1, 1, PauseSimulator},
-    {"read", 2, 2, Read}, {"write", 3, 3, Write}, {"fault", 1, 1, InjectFault},
+    {"tune", 2, 2, Tune},
+    {"fly", 2, 2, Fly},
+    {"pause", 1, 1, PauseSimulator},
+    {"read", 2, 2, Read},
+    {"write", 3, 3, Write},
+    {"fault", 1, 1, InjectFault},
+    {"call-while-waiting", 0, 0, CallWhileWaiting},
 };
 
 } // namespace practice

@@ -53,7 +53,7 @@ class Station(World):
 
     def open_add_dialog(self):
         self.copilot.ask("command mnuAddATC")
-        self.box("Add Feed")
+        self.copilot.box("Add Feed")
 
     def add(self, line):
         for field, text in zip(("ICAO", "CITY", "URL", "FREQ"), line.decode().strip().split("|")):
@@ -62,7 +62,7 @@ class Station(World):
 
     def back_up(self):
         self.copilot.ask("command mnuBackup")
-        self.box("Please confirm", press="IDYES")
+        self.copilot.box("Please confirm", press="IDYES")
 
     def try_to(self, *commands):
         for command in commands:
@@ -70,13 +70,6 @@ class Station(World):
                 self.copilot.ask(command)
             except RuntimeError:
                 pass  # there is no such button, or the window is closing
-
-    def box(self, *texts, press=None):
-        """Waits until the boxes show all these texts; `press` is the button that then closes the topmost."""
-        boxes = self.copilot.await_text("boxes", lambda now: all(text in now for text in texts), 15)
-        if press:
-            self.copilot.ask(f"press {press}")
-            self.copilot.await_text("boxes", lambda now: now != boxes)
 
     def silence(self, seconds):
         """For how long at worst, in seconds, a message to the window waits; until the program ends or for `seconds`."""

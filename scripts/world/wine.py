@@ -96,6 +96,14 @@ class Copilot:
         self.ask("fly %s %s" % feed.position)
         self.ask(f"tune com2stby {feed.frequency}")
 
+    def box(self, *texts, press=None, seconds=15):
+        """Waits until the boxes show all these texts; `press` is the button that then closes the topmost."""
+        boxes = self.await_text("boxes", lambda now: all(text in now for text in texts), seconds)
+        if press:
+            self.ask(f"press {press}")
+            self.await_text("boxes", lambda now: now != boxes)
+        return boxes
+
     def await_text(self, command, expected, seconds=10):
         """Asks until the answer is as expected (a text, or a predicate), and returns it."""
         answers = [""]

@@ -44,6 +44,7 @@ class World:
         self.prefix = Prefix(self.folder / "prefix", self.env)
         self.data = self.prefix.data_folder
         self.fill_data_folder()
+        self.copilot = Copilot(self.processes, self.prefix)
 
     def start_screen(self):
         read_end, write_end = os.pipe()
@@ -65,23 +66,28 @@ class World:
         make_recordings(SOUNDS / "ATC")
         shutil.copytree(SOUNDS / "ATC", self.data / "ATC", dirs_exist_ok=True)
 
-    def start(self, program, *arguments):
-        return self.processes.start(Path(program).stem, self.prefix.command(program, *arguments), self.prefix.env)
+    def start(self, program, *arguments, cwd=None, **more_env):
+        return self.processes.start(Path(program).stem, self.prefix.command(program, *arguments),
+                                    {**self.prefix.env, **more_env}, cwd=cwd)
 
     def start_simulator(self, *arguments):
-        """Starts the practice simulator over Toronto, tuned to nothing, and the copilot."""
+        """Starts the practice simulator over Toronto, tuned to nothing."""
         simulator = self.start("PracticeSim.exe", "--com2stby", "122.80", "--lat", "43.7", "--lon", "-79.6",
                                *arguments)
-        self.copilot = Copilot(self.processes, self.prefix)
         window_class = arguments[arguments.index("--class") + 1] if "--class" in arguments else "UIPCMAIN"
         self.copilot.ask(f"wait {window_class} 20000")
         return simulator
 
-    def start_quillon(self, *arguments):
+    def start_quillon(self, *arguments, **more):
         """Starts Quillon and waits for its main window."""
-        self.quillon = self.start("Quillon.exe", *arguments)
+        self.quillon = self.start("Quillon.exe", *arguments, **more)
         self.copilot.ask("wait QuillonMain 20000")
         return self.quillon
+
+    def close_quillon(self):
+        """Returns its exit code."""
+        self.copilot.ask("close QuillonMain")
+        return self.quillon.wait(20)
 
     def set_side_by_side(self):
         self.copilot.ask("move QuillonMain 20 20")

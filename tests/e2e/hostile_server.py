@@ -193,19 +193,10 @@ def make_certificate(path, name):
 
 
 def make_expired_certificate(path, name):
-    """A request is signed for a day of the past, which takes a certificate authority."""
-    key, request, settings, index, serial = (path.with_suffix(ending) for ending in (
-        ".key", ".csr", ".conf", ".index", ".serial"))
-    settings.write_text(f"[ca]\ndefault_ca=one\n[one]\nnew_certs_dir={path.parent}\ndatabase={index}\nserial={serial}\n"
-                        "default_md=sha256\npolicy=any\nx509_extensions=more\n[any]\ncommonName=supplied\n"
-                        f"[more]\nsubjectAltName={name}\n")
-    index.touch()
-    serial.write_text("01\n")
-    for command in (["req", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=Hostile", "-keyout", key, "-out", request],
-                    ["ca", "-batch", "-selfsign", "-notext", "-config", settings, "-keyfile", key, "-in", request, "-out",
-                     path, "-startdate", "20200101000000Z", "-enddate", "20200102000000Z"]):
-        subprocess.run(["openssl", *command], check=True, capture_output=True)
-    path.write_text(key.read_text() + path.read_text())
+    """It ends a day before it begins."""
+    valid = make_certificate(path.with_suffix(".valid"), name)
+    subprocess.run(["openssl", "x509", "-in", valid, "-signkey", valid, "-days", "-1", "-out", path], check=True)
+    path.write_text(valid.read_text().partition("-----BEGIN CERT")[0] + path.read_text())
     return path
 
 

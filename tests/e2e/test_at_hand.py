@@ -1,37 +1,28 @@
 """Quillon beside a full-screen program: compact, on top, muted by button, in the notification area."""
 import re
 import subprocess
-import sys
-import unittest
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from session import Session
 from world.feeds import FEEDS
 from world.ids import IDS
 from world.processes import wait_until
-from world.world import World
 
 TORONTO = FEEDS[0]
 ESCAPE, TAB, DOWN = 0x1B, 0x09, 0x28
 MARKS = {"OnTopMark": "on-top", "HideWhenMinimisedMark": "hide-when-minimised", "StartMinimisedMark": "start-minimised"}
 
 
-class AtHand(unittest.TestCase):
-    """One session; the tests are its steps, in order."""
-
+class AtHand(Session):
     @classmethod
     def setUpClass(cls):
-        cls.world = World()
-        cls.addClassCleanup(cls.world.close)
+        super().setUpClass()
         cls.env = cls.world.prefix.env
         cls.world.processes.start("trayer", ["trayer", "--edge", "bottom", "--align", "right", "--width", "10",
                                              "--height", "32"], cls.env)
-        cls.world.start_simulator("--com2stby", TORONTO.frequency)
-        cls.world.start_quillon()
-        cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
+        cls.start("--com2stby", TORONTO.frequency)
 
     def remembered(self):
-        return dict(re.findall(r"([\w-]+)=(.*)", (self.world.data / "Quillon.state").read_text()))
+        return dict(re.findall(r"([\w-]+)=(.*)", (self.data / "Quillon.state").read_text()))
 
     def area(self):
         return [int(number) for number in self.copilot.ask("area").split()]
@@ -40,32 +31,24 @@ class AtHand(unittest.TestCase):
         return subprocess.run(command, env=self.env, capture_output=True, text=True, timeout=20, check=True).stdout
 
     def restart(self):
-        self.copilot.ask("close QuillonMain")
-        self.assertEqual(self.world.quillon.wait(20), 0)
+        self.end_quillon()
         self.world.start_quillon()
         self.copilot.await_text("title", lambda title: title.endswith("-OK"), 15)
 
-    def icon(self):
-        """The middle of the icon on the screen, or nothing without an icon."""
-        lines = self.screen("xwininfo", "-root", "-tree").splitlines()
-        for line in lines:
-            found = re.search(r'"explorer.exe".* (\d\d)x(\d\d)\+-?\d+\+-?\d+  \+(\d+)\+(\d+)', line)
-            if found and int(found[4]) > 800:
-                width, height, left, top = map(int, found.groups())
-                return left + width // 2, top + height // 2
+    def point_in(self, window, left, top):
+        """A point in a window of that name and size, right of and below these; nothing if there is none."""
+        for line in self.screen("xwininfo", "-root", "-tree").splitlines():
+            found = re.search(window + r"\+-?\d+\+-?\d+  \+(\d+)\+(\d+)", line)
+            if found and int(found[1]) > left and int(found[2]) > top:
+                return int(found[1]) + 10, int(found[2]) + 12
         return None
 
-    def click_icon(self, button, effect):
-        """Again if Wine has missed the click, as Wine 10 does with an icon that has only just come."""
-        def clicked():
-            place = wait_until("the icon", self.icon, 15)
-            self.screen("xdotool", "mousemove", "600", "400", "sleep", "0.2", "mousemove", str(place[0]), str(place[1]),
-                        "sleep", "0.3", "click", str(button), "sleep", "1")
-            return effect()
-        wait_until("the effect of a click", clicked, 15)
+    def icon(self):
+        return self.point_in(r'"explorer.exe".* \d\dx\d\d', 800, 0)
 
-    def is_shown(self):
-        return " " in self.copilot.ask("area")
+    def click(self, window, button):
+        place = wait_until("a place to click", window, 15)
+        self.screen("xdotool", "mousemove", *map(str, place), "sleep", "0.3", "click", str(button))
 
     def test_1_the_mute_button_shows_what_it_does_and_it_is_read_out(self):
         self.ear.await_(TORONTO.icao, 15)
@@ -123,9 +106,8 @@ class AtHand(unittest.TestCase):
         return [names[number] for number in self.copilot.ask("tabs").split()]
 
     def test_3_a_window_off_the_screen_opens_on_it(self):
-        self.copilot.ask("close QuillonMain")
-        self.assertEqual(self.world.quillon.wait(20), 0)
-        state = self.world.data / "Quillon.state"
+        self.end_quillon()
+        state = self.data / "Quillon.state"
         state.write_text(re.sub(r"(?m)^place=.*$", "place=-5000 40000", state.read_text()))
         self.world.start_quillon()
         left, top, width, height = self.area()
@@ -138,14 +120,6 @@ class AtHand(unittest.TestCase):
             self.restart()
         self.copilot.ask("command OnTopMark")
 
-    def menu_entry(self):
-        """A point in the first entry of the menu that is open above the icon."""
-        for line in self.screen("xwininfo", "-root", "-tree").splitlines():
-            found = re.search(r'"quillon.exe".* (\d+)x(\d+)\+-?\d+\+-?\d+  \+(\d+)\+(\d+)', line)
-            if found and int(found[3]) > 1000 and int(found[4]) > 600:
-                return str(int(found[3]) + 40), str(int(found[4]) + 12)
-        return None
-
     def test_5_hidden_it_is_found_by_icon_menu_and_second_start(self):
         self.copilot.ask("minimise")
         self.copilot.await_text("area", "minimised")
@@ -155,10 +129,10 @@ class AtHand(unittest.TestCase):
         self.copilot.ask("command HideWhenMinimisedMark")
 
         def choose_first():
-            self.click_icon(3, self.menu_entry)
-            self.screen("xdotool", "mousemove", *wait_until("the menu", self.menu_entry, 5), "click", "1")
+            self.click(self.icon, 3)
+            self.click(lambda: self.point_in(r'"quillon.exe".* \d+x\d+', 1000, 600), 1)
 
-        for find in (lambda: self.click_icon(1, self.is_shown), choose_first,
+        for find in (lambda: self.click(self.icon, 1), choose_first,
                      lambda: self.world.start("Quillon.exe").wait(20)):
             wait_until("the icon", self.icon, 15)
             self.copilot.ask("minimise")
@@ -168,27 +142,23 @@ class AtHand(unittest.TestCase):
         self.copilot.ask("minimise")
         self.copilot.await_text("area", "hidden")
         self.copilot.ask("command mnuRange")  # a box shows it
-        self.copilot.await_text("boxes", lambda text: "Reception" in text)
+        self.copilot.box("Reception")
         self.copilot.await_text("area", lambda area: " " in area)
-        self.copilot.ask("press IDCANCEL")
+        self.copilot.box("Reception", press="IDCANCEL")
 
     def test_6_it_starts_minimised_and_all_is_remembered(self):
         for mark in ("OnTopMark", "StartMinimisedMark"):
             self.copilot.ask(f"command {mark}")
         wait_until("the marks", lambda: all(self.remembered()[key] == "yes" for key in MARKS.values()), 10)
-        self.copilot.ask("close QuillonMain")
-        self.assertEqual(self.world.quillon.wait(20), 0)
+        self.end_quillon()
         self.world.quillon = self.world.start("Quillon.exe")
         self.copilot.await_text("title", lambda title: title.endswith("-OK"), 30)
         self.copilot.await_text("area", "hidden")
-        self.click_icon(1, self.is_shown)
+        self.click(self.icon, 1)
+        self.copilot.await_text("area", lambda area: " " in area)
 
     def test_7_the_volume_takes_keys_and_shows_a_tip(self):
         self.make_compact()
         # Tab mutes as well, for it is the mute key; Escape leads back, and that writes the file.
         self.press_until(lambda: self.remembered()["volume"] == "90", *[TAB] * 4, DOWN, DOWN, ESCAPE)
         self.assertRegex(self.screen("xwininfo", "-root", "-tree"), r'"quillon.exe".* \d\dx[12]\d\+')
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)

@@ -1,27 +1,18 @@
 """The list, manual mode and the preferences of the real Quillon.exe, driven by mouse and keyboard messages."""
 import re
-import sys
-import unittest
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from session import Session
 from world.feeds import FEEDS
-from world.world import World
 
 TORONTO, LONDON, NEW_YORK = FEEDS
 CONTROL, ENTER, ESCAPE, TAB, F3 = 17, 13, 27, 9, 0x72
 
 
-class ByHand(unittest.TestCase):
-    """One session with a restart; the tests are its steps, in order."""
-
+class ByHand(Session):
     @classmethod
     def setUpClass(cls):
-        cls.world = World()
-        cls.addClassCleanup(cls.world.close)
-        cls.world.start_simulator("--lat", "51.477", "--lon", "-0.461")
-        cls.world.start_quillon()
-        cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
+        super().setUpClass()
+        cls.start("--lat", "51.477", "--lon", "-0.461")
 
     def row_of(self, feed):
         numbers = range(1, int(self.copilot.ask("rows")) + 1)
@@ -112,16 +103,14 @@ class ByHand(unittest.TestCase):
         self.copilot.ask("command mnuRecordedChatter")
         self.copilot.ask(f"key {TAB}")  # what loses the focus then says so while the dialog is being created
         self.copilot.ask("command mnuFSUPIC")
-        self.copilot.await_text("boxes", lambda text: "Com1 Freq:      119.10" in text and "FlightSim:  FSX" in text)
-        self.copilot.ask("press IDOK")
-        self.copilot.await_text("boxes", "")
+        self.copilot.box("Com1 Freq:      119.10", "FlightSim:  FSX", press="IDOK")
+        self.assertEqual(self.copilot.ask("call-while-waiting"), "blocked")
 
     def test_9_a_restart_keeps_the_settings(self):
         self.copilot.ask("move QuillonMain 20 20 700 600")
-        self.copilot.ask("close QuillonMain")
-        self.world.quillon.wait(20)
-        self.assertEqual((self.world.data / "Quillon.ini").read_bytes(), b" 0 \r\nCom1\r\n 7 \r\n 40 \r\n 9 \r\n")
-        self.assertRegex((self.world.data / "Quillon.state").read_bytes(),
+        self.end_quillon()
+        self.assertEqual((self.data / "Quillon.ini").read_bytes(), b" 0 \r\nCom1\r\n 7 \r\n 40 \r\n 9 \r\n")
+        self.assertRegex((self.data / "Quillon.state").read_bytes(),
                          rb"volume=100\r\nuser-agent=\r\nwindow=700 600\r\ncolumns=700 3500 800 2400\r\n")
         self.world.start_quillon()
         for frame in ("mnuSelComm", "mnuRecordedChatter"):
@@ -130,7 +119,3 @@ class ByHand(unittest.TestCase):
         self.assertEqual(self.copilot.ask("text IdCboMax"), "40")
         self.assertEqual(self.copilot.ask("checked optCom1"), "1")
         self.ear.await_(NEW_YORK.icao)
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)

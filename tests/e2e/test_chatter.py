@@ -1,38 +1,29 @@
 """Recorded chatter and the mute key of the real Quillon.exe, by what is heard."""
 import subprocess
-import sys
 import time
-import unittest
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from session import Session
 from world.feeds import FEEDS
 from world.processes import wait_until
 from world.sound import Ear
-from world.world import World
 
 TORONTO, LONDON, _ = FEEDS
 RECORDINGS = {"adpcm_ms": 500, "pcm_mulaw": 900, "pcm_u8": 1300}  # codec and file name -> Hz
 TAB, END = 9, 35
 
 
-class Chatter(unittest.TestCase):
-    """One flight; the tests are its legs, in order."""
-
+class Chatter(Session):
     @classmethod
     def setUpClass(cls):
-        cls.world = World()
-        cls.addClassCleanup(cls.world.close)
-        folder = cls.world.data / "ATC" / "CYYZ_T"
+        super().setUpClass()
+        folder = cls.data / "ATC" / "CYYZ_T"
         for recording in folder.iterdir():
             recording.unlink()
         for name, tone in RECORDINGS.items():
             subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", f"sine=frequency={tone}:duration=1.5",
                             "-c:a", name, folder / f"{name}.WAV"], check=True)
-        (cls.world.data / "Quillon.ini").write_bytes(b" 50 \r\nCom2Stby\r\n 2 \r\n 3 \r\n 9 \r\n")
-        cls.world.start_simulator()
-        cls.world.start_quillon()
-        cls.copilot = cls.world.copilot
+        (cls.data / "Quillon.ini").write_bytes(b" 50 \r\nCom2Stby\r\n 2 \r\n 3 \r\n 9 \r\n")
+        cls.start()
 
     def press(self, key):
         """Not just before the clock's next second: a key still down when it begins counts again."""
@@ -51,24 +42,18 @@ class Chatter(unittest.TestCase):
 
     def test_2_another_key_is_set_in_its_dialog(self):
         self.copilot.ask("command mnuSetMute")
-        self.copilot.await_text("boxes", lambda text: "Mute Key" in text)
+        self.copilot.box("Mute Key")
         self.copilot.ask("press IDC_OPTION4")  # End
-        self.copilot.ask("press IDOK")
-        self.copilot.await_text("boxes", "")
+        self.copilot.box("Mute Key", press="IDOK")
         self.copilot.tune_at(LONDON)
-        self.world.ear.await_(LONDON.icao)
+        self.ear.await_(LONDON.icao)
         self.press(TAB)
-        self.assertEqual(self.world.ear.listens(1), LONDON.icao)
+        self.assertEqual(self.ear.listens(1), LONDON.icao)
         self.press(END)
-        self.world.ear.await_("silence")
+        self.ear.await_("silence")
         self.assertEqual(self.copilot.ask("title"), "Quillon -Mute")
         self.copilot.await_text("panel 1", "Muted")  # which is answered after the key's second
         self.press(END)
-        self.world.ear.await_(LONDON.icao)
-        self.copilot.ask("close QuillonMain")
-        self.world.quillon.wait(20)
-        self.assertTrue((self.world.data / "Quillon.ini").read_bytes().endswith(b" 35 \r\n"))
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)
+        self.ear.await_(LONDON.icao)
+        self.end_quillon()
+        self.assertTrue((self.data / "Quillon.ini").read_bytes().endswith(b" 35 \r\n"))

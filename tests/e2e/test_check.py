@@ -1,14 +1,12 @@
 """The check of the catalogue by the real Quillon.exe, while a feed plays."""
 import ssl
 import subprocess
-import sys
 import unittest
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
 from hostile_server import HostileServer, make_certificate, make_expired_certificate, make_tone, trust
+from session import World
 from world.feeds import FEEDS
-from world.world import SOUNDS, World
+from world.world import SOUNDS
 
 ROWS = ('10|CYYZ|broken||Only 1 "|" instead of 3: the list stops here', "2|EGLL refuse|*The server takes no connections",
         "3|EGLL 404|*(404)", "4|EGLL untrusted|*certificate is from an unknown issuer*redirected to https",
@@ -32,8 +30,7 @@ class Check(unittest.TestCase):
                              "CYYZ|broken\r\n"]), newline="")
             for title, button in (("Load User Frequency Error", "IDOK"), ("LoadList Error", "IDOK"),
                                   ("Faulty Lines", "IDNO")):  # the changed file is loaded again
-                copilot.await_text("boxes", lambda boxes, title=title: boxes.startswith(title), 10)
-                copilot.ask(f"press {button}")
+                copilot.box(title, press=button)
 
             def check(until):
                 server.asked.clear()
@@ -110,7 +107,3 @@ def offer_newest_tls(folder):
     subprocess.run([*build, folder / "libgnutls.so.30", folder / "tls.c", "-Wl,--no-as-needed", folder / "stub.so"],
                    check=True)
     return folder
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)

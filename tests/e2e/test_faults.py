@@ -12,16 +12,14 @@ import sys
 import time
 import unittest
 from itertools import cycle, islice
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
 from hostile_server import HostileServer, make_tone
+from session import Session
 from world import hand, spoiling
 from world.feeds import FEEDS
 from world.processes import wait_until
 from world.sound import Ear
 from world.station import Stations
-from world.world import World
 
 TORONTO, LONDON, NEW_YORK = FEEDS
 OK, CANCEL = "IDOK", "IDCANCEL"
@@ -95,8 +93,7 @@ def hung_at_start(station):
     station.copilot.ask("click optManual")
     station.copilot.await_text("title", "Quillon - Manual", 1)
     asked = time.monotonic()
-    station.copilot.ask("close QuillonMain")
-    station.has_ended_well()
+    station.close_quillon()
     return f"{words}, ended after {time.monotonic() - asked:.1f} s"
 
 
@@ -154,14 +151,14 @@ def unusable(spoil, error, readable=False):
         for path in before:
             spoil(station, path)
         station.add(NEW_LINE)
-        station.box("Opening ", "live_atc_feeds.txt", error, NEW_LINE.decode().strip(), press=OK)
-        station.box("Add Feed", press=CANCEL)
+        station.copilot.box("Opening ", "live_atc_feeds.txt", error, NEW_LINE.decode().strip(), press=OK)
+        station.copilot.box("Add Feed", press=CANCEL)
         for title in () if readable else ("Load User Frequency Error", "LoadList Error"):
-            station.box(title, "live_atc_feeds.txt", error, press=OK)
+            station.copilot.box(title, "live_atc_feeds.txt", error, press=OK)
         station.back_up()
-        station.box("Backup Error", "ive_" if readable else "live_atc_feeds.txt", error, press=OK)
+        station.copilot.box("Backup Error", "ive_" if readable else "live_atc_feeds.txt", error, press=OK)
         station.copilot.ask("close QuillonMain")
-        station.box("Write QuillonATC.ini error", "Quillon.ini", error, press=OK)
+        station.copilot.box("Write QuillonATC.ini error", "Quillon.ini", error, press=OK)
         station.copilot.ask("lock")
         station.has_ended_well()
         now = [path.read_bytes() for path in station.data.parent.glob("Quillon*/*") if path.is_file()]
@@ -275,12 +272,11 @@ WANTED = [name for name in WANTED or (JOBS if ALL else IN_EVERY_TEST)
           if name != "full" or os.geteuid() == 0]  # only root can mount a small disk
 
 
-class Faults(unittest.TestCase):
+class Faults(Session):
     @classmethod
     def setUpClass(cls):
-        world = World()
-        cls.addClassCleanup(world.close)
-        stations = Stations(world, 4)
+        super().setUpClass()
+        stations = Stations(cls.world, 4)
         cls.addClassCleanup(stations.close)
         cls.results = {name: stations.submit(JOBS[name]) for name in WANTED}
 

@@ -7,13 +7,12 @@ import sys
 import time
 import unittest
 from collections import namedtuple
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
 from hostile_server import HostileServer, make_tone, trust
+from session import Session
 from world.processes import wait_until
 from world.sound import Ear, level, tone_level
-from world.world import SOUNDS, World
+from world.world import SOUNDS
 
 PANELS = {"S": "Stopped", "B": "Buffering", "C": "Connecting", "OK": "Playing", "NC": "No Connection"}
 
@@ -78,22 +77,20 @@ def note(history, what):
         history.append(what)
 
 
-class Hostile(unittest.TestCase):
+class Hostile(Session):
     """One session over Toronto; every behaviour has a frequency and a tone of its own."""
 
     @classmethod
     def setUpClass(cls):
-        cls.world = World()
-        cls.addClassCleanup(cls.world.close)
+        super().setUpClass()
         cls.server = HostileServer({
             "other": tone_of("other"), "other-aac": make_tone(
                 SOUNDS / "hostile-other.aac", TONES["other"], 16000, 1, "-b:a 64k -f adts"),
             "none": make_tone(SOUNDS / "hostile-none.mp3", 0)}, cls.world.folder)
         cls.frequencies = {name: f"{119 + number / 20:.2f}" for number, name in enumerate(ROWS)}
-        (cls.world.data / "live_atc_feeds.txt").write_text("".join(
+        (cls.data / "live_atc_feeds.txt").write_text("".join(
             f"CYYZ|{name}|http://{cls.server.address(name)}|{cls.frequencies[name]}\r\n" for name in ROWS))
         cls.world.start_simulator()
-        cls.copilot = cls.world.copilot
         trust(cls.world.prefix, cls.server.trusted.certificate)
         cls.world.start_quillon()
 

@@ -1,12 +1,9 @@
 """The real Quillon.exe, a simulator, a stream server and a sound server, as processes of their own."""
-import sys
-import unittest
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
 from hostile_server import HostileServer, make_tone
+from session import Session
 from world.feeds import FEEDS
-from world.world import SOUNDS, World
+from world.world import SOUNDS
 
 TORONTO, LONDON, NEW_YORK = FEEDS
 DISTANCE = "text IdLabel2"
@@ -18,27 +15,22 @@ AS_BEFORE = {"125.315": ("125.31", "125.31"), "125.030": ("125.30", "125.30"), "
              "125.305": ("125.30", "125.30")}
 
 
-class Flight(unittest.TestCase):
-    """One flight; the tests are its legs, in order."""
-
+class Flight(Session):
     @classmethod
     def setUpClass(cls):
-        cls.world = World()
-        cls.addClassCleanup(cls.world.close)
+        super().setUpClass()
         cls.add_channels()
-        cls.world.start_simulator()
-        cls.world.start_quillon()
-        cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
+        cls.start()
 
     @classmethod
     def add_channels(cls):
         sounds = {f"mp3-{number}": make_tone(SOUNDS / f"channel-{tone}.mp3", tone)
                   for number, tone in enumerate(CHANNELS.values())}
         server = HostileServer(sounds, cls.world.folder)
-        with open(cls.world.data / "live_atc_feeds.txt", "a") as catalogue:
+        with open(cls.data / "live_atc_feeds.txt", "a") as catalogue:
             for name, channel in zip(sounds, CHANNELS):
                 catalogue.write(f"CYYZ|{channel}|http://{server.address(name)}|{channel}\r\n")
-        cls.world.ear.tones.update(CHANNELS)
+        cls.ear.tones.update(CHANNELS)
 
     def test_1_each_tuned_feed_is_heard_and_shown(self):
         for feed in (TORONTO, LONDON, NEW_YORK, TORONTO):
@@ -110,27 +102,21 @@ class Flight(unittest.TestCase):
         self.assertEqual(self.copilot.ask("boxes"), "")
 
     def test_7_ends_with_the_simulator_and_saves_the_settings(self):
-        settings = self.world.data / "Quillon.ini"
+        settings = self.data / "Quillon.ini"
         settings.unlink()
         self.copilot.ask("fault vanish")
         self.assertEqual(self.world.quillon.wait(20), 0)
         self.assertEqual(settings.read_bytes(), b" 50 \r\nCom2Stby\r\n 15 \r\n 25 \r\n 9 \r\n")
 
     def test_8_of_stations_that_share_a_frequency_the_one_in_range_is_heard(self):
-        (self.world.data / "Quillon.state").write_text("shared-frequencies=yes")
-        with open(self.world.data / "live_atc_feeds.txt", "a") as catalogue:
+        (self.data / "Quillon.state").write_text("shared-frequencies=yes")
+        with open(self.data / "live_atc_feeds.txt", "a") as catalogue:
             for feed in FEEDS:
                 catalogue.write(f"{feed.icao}|Shared {feed.icao}|{self.world.feeds.address(feed)}|126.00\r\n")
-        self.world.start_simulator("--com2stby", "126.00")
-        self.world.start_quillon()
+        self.start("--com2stby", "126.00")
         for feed in (NEW_YORK, LONDON, TORONTO):
             self.copilot.ask("fly %s %s" % feed.position)
             self.ear.await_(feed.icao)
             self.copilot.await_text("panel 3", f"{feed.icao} - Shared {feed.icao}")
         self.assertEqual(self.copilot.ask("boxes"), "")
-        self.copilot.ask("close QuillonMain")
-        self.assertEqual(self.world.quillon.wait(20), 0)
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)
+        self.end_quillon()

@@ -4,32 +4,25 @@ import shutil
 import subprocess
 import sys
 import time
-import unittest
 from pathlib import Path
 
-ROOT = Path(__file__).resolve().parents[2]
-sys.path.insert(0, str(ROOT / "scripts"))
+from session import ROOT, Session
 from world.feeds import FEEDS
 from world.processes import wait_until
-from world.wine import Copilot
-from world.world import World
 
 
 def made(pattern):
     return max((ROOT / "dist").glob(pattern), key=lambda path: path.stat().st_mtime)
 
 
-class Package(unittest.TestCase):
+class Package(Session):
     """The life of one installation, and of what is unzipped, in order."""
 
     @classmethod
     def setUpClass(cls):
         subprocess.run([ROOT / "package", "x64"], check=True, stdout=subprocess.DEVNULL, timeout=300)
         cls.setup = made("QuillonSetup-*-x64.exe")
-        cls.world = World()
-        cls.addClassCleanup(cls.world.close)
-        cls.copilot = cls.world.copilot = Copilot(cls.world.processes, cls.world.prefix)
-        cls.data = cls.world.data
+        super().setUpClass()
         shutil.rmtree(cls.data)
         cls.programs = cls.data.parents[1] / "Local/Programs/Quillon"
         menu = cls.data.parent / "Microsoft/Windows/Start Menu/Programs"
@@ -39,7 +32,7 @@ class Package(unittest.TestCase):
         """Walks through the program's boxes, each recognised by a text and left by a button."""
         process = self.world.start(str(program))
         for text, button in pages:
-            self.copilot.await_text("boxes", lambda shown: text in shown, 20)
+            self.copilot.box(text)
             self.copilot.ask(f"press {button}")
         return process
 
@@ -64,9 +57,9 @@ class Package(unittest.TestCase):
         self.copilot.ask("wait QuillonMain 20000")
         self.copilot.ask("click optManual")
         self.copilot.await_text("rows", "8")
-        self.assertEqual(self.world.ear.hears(), "silence")
+        self.assertEqual(self.ear.hears(), "silence")
         self.copilot.ask("rowclick 6")
-        wait_until("recorded chatter", lambda: self.world.ear.hears() != "silence", 10)
+        wait_until("recorded chatter", lambda: self.ear.hears() != "silence", 10)
 
     def test_1_started_from_the_menu_it_plays_chatter_without_a_simulator_and_cannot_be_replaced_meanwhile(self):
         self.assertEqual(self.world.start(str(self.setup), "/S").wait(60), 0)
@@ -130,7 +123,7 @@ class Package(unittest.TestCase):
         self.copilot.await_text("field IDC_ADDED", lambda text: "EGKK on 124.22" in text)
         self.keys("Add Feed", "Escape")
         self.keys("Quillon", "=EGKK", "Menu", "p")
-        self.world.ear.await_(FEEDS[1].icao, 20)
+        self.ear.await_(FEEDS[1].icao, 20)
         print(f"The first sound came after {time.monotonic() - start:.0f} s.", file=sys.stderr)
         self.copilot.await_text("panel 3", "EGKK - London - Gatwick Tower", 3)  # not what to do next
         self.keys("Quillon", "alt+f", "b")
@@ -163,7 +156,3 @@ class Package(unittest.TestCase):
         self.close()
         self.assertEqual(self.files(self.data), before)
         self.assertIn(rb"|ATC\CYYZ_T|", (program / "Data/live_atc_feeds.txt").read_bytes())
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)

@@ -2,17 +2,13 @@
 import array
 import statistics
 import subprocess
-import sys
-import unittest
 from itertools import groupby, pairwise
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from session import Session
 from world.feeds import FEEDS
 from world.processes import wait_until
 from world.sound import level, tone_level
 from world.wine import Copilot
-from world.world import World
 
 
 def largest_step_at_pauses(samples):
@@ -25,31 +21,30 @@ def largest_step_at_pauses(samples):
     return max(abs(a - b) for edge in edges for a, b in pairwise(samples[max(0, edge - 882):edge + 882])) / 32768
 
 
-class Players(unittest.TestCase):
+class Players(Session):
     @classmethod
     def setUpClass(cls):
-        cls.world = World()
-        cls.addClassCleanup(cls.world.close)
+        super().setUpClass()
         cls.world.start_simulator()
 
     def test_1_wines_control_is_partial_and_plays_files(self):
         file = self.world.folder / "tone.ogg"
         subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "sine=frequency=900:duration=2,volume=4", file],
                        check=True)
-        self.assertEqual(self.world.copilot.ask(f"control Z:{file} 4000"), "partial 3 1 1")
+        self.assertEqual(self.copilot.ask(f"control Z:{file} 4000"), "partial 3 1 1")
         self.assertGreater(tone_level(self.world.sound.last(5), 900), 0.01)
-        self.assertEqual(self.world.copilot.ask("control Z:\\none.wav 200"), "partial 9 1")
+        self.assertEqual(self.copilot.ask("control Z:\\none.wav 200"), "partial 9 1")
 
     def test_2_begins_pauses_resumes_ends_and_stops_without_clicks(self):
         """A tone of 440 Hz at half scale, which itself makes no step larger than 0.032."""
-        folder, copilot = self.world.folder, self.world.copilot
+        folder, copilot = self.world.folder, self.copilot
         subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "sine=frequency=440:duration=4,volume=4",
                         "-ar", "44100", folder / "tone.wav"], check=True)
         (folder / "tone.wpl").write_text("<?wpl?><smil><media src='tone.wav'/></smil>")
-        catalogue = self.world.data / "live_atc_feeds.txt"
+        catalogue = self.data / "live_atc_feeds.txt"
         feeds = catalogue.read_bytes()
         catalogue.write_text(f"AAAA|Tone|Z:{folder}\\tone.wpl|118.00\r\n")
-        quillon = self.world.start_quillon()
+        self.world.start_quillon()
         copilot.ask("click optManual")
         recording = self.world.sound.record(folder / "tone.raw")
 
@@ -75,15 +70,14 @@ class Players(unittest.TestCase):
         copilot.ask("click StripPlay")
         self.assertLess(sounds_on("StripStop"), 250)
         self.assertLess(largest_step_at_pauses(samples()), 0.1)
-        copilot.ask("close QuillonMain")
-        quillon.wait(10)
+        self.end_quillon()
         catalogue.write_bytes(feeds)
 
     def test_3_moves_to_the_chosen_device_and_remembers_it(self):
-        sound, copilot, feed = self.world.sound, self.world.copilot, FEEDS[0]
+        sound, copilot, feed = self.world.sound, self.copilot, FEEDS[0]
         sound.plug_in("headset", "A_headset_with_a_name_of_more_than_31_letters")
         recordings = [sound.record(self.world.folder / f"{sink}.raw", sink=sink) for sink in ("q", "headset")]
-        state = self.world.data / "Quillon.state"
+        state = self.data / "Quillon.state"
 
         def heard_on():
             def loud(recording):
@@ -91,25 +85,19 @@ class Players(unittest.TestCase):
             return [loud(recording) for recording in recordings]
 
         def start():
-            quillon = self.world.start_quillon()
-            copilot.ask("fly %s %s" % feed.position)
-            copilot.ask(f"tune com2stby {feed.frequency}")
-            return quillon
+            self.world.start_quillon()
+            copilot.tune_at(feed)
 
-        def end(quillon):
-            copilot.ask("close QuillonMain")
-            quillon.wait(10)
-
-        quillon = start()
+        start()
         wait_until("the default device", lambda: heard_on() == [True, False], 15)
         copilot.ask("command DefaultSoundDevice+3")  # behind those of the sound server and of its first device
         wait_until("the headset", lambda: heard_on() == [False, True], 3)
         copilot.await_text("panel 1", "Playing")
-        end(quillon)
+        self.end_quillon()
         self.assertRegex(state.read_text(), r"sound-device=\{.*\nsound-device-name=A_headset.*31_letters")
-        quillon = start()
+        start()
         wait_until("the chosen device", lambda: heard_on() == [False, True], 15)
-        end(quillon)
+        self.end_quillon()
         sound.unplug("headset")
         state.unlink()
 
@@ -117,16 +105,11 @@ class Players(unittest.TestCase):
         self.world.prefix.env["WINEDLLOVERRIDES"] += ";wmp=d"
         self.assertEqual(Copilot(self.world.processes, self.world.prefix).ask("control"), "missing")
         self.world.start_quillon()
-        copilot, ear, feed = self.world.copilot, self.world.ear, FEEDS[0]
-        copilot.ask("fly %s %s" % feed.position)
-        copilot.ask(f"tune com2stby {feed.frequency}")
+        copilot, ear, feed = self.copilot, self.ear, FEEDS[0]
+        copilot.tune_at(feed)
         ear.await_(feed.icao)
         self.world.sound.unplug()
         copilot.await_text("panel 1", "No Connection", 15)  # Wine 10 needs some seconds to see it
         self.world.sound.plug_in()
         copilot.await_text("panel 1", "Playing", 12)
         self.assertEqual(ear.listens(1), feed.icao)
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)

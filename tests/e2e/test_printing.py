@@ -1,38 +1,31 @@
 """The list on paper: printed by the real Quillon.exe through the system's print dialog, read back as PDF."""
 import re
 import subprocess
-import sys
-import unittest
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from session import Session
 from world.printing import PrintServer
-from world.world import World
 
 COLUMN = 559 / 120  # points: A4 within this printer's margins of 18 points
 
 
-class Printing(unittest.TestCase):
+class Printing(Session):
     @classmethod
     def setUpClass(cls):
-        cls.world = World()
-        cls.addClassCleanup(cls.world.close)
+        super().setUpClass()
         cls.printer = PrintServer(cls.world)
         cls.world.start_simulator()
-        cls.copilot = cls.world.copilot
 
     def show(self, rows):
-        waves = rf"C:\users\{self.world.data.parts[-4]}\AppData\Roaming\Quillon\ATC\CYYZ_T|"
+        waves = rf"C:\users\{self.data.parts[-4]}\AppData\Roaming\Quillon\ATC\CYYZ_T|"
         lines = ["// CYYZ|Wav - Toronto ON - Tower Pearson Intl|" + waves]  # so that Quillon adds no rows of its own
         lines += [f"Q{row:03}|Zürich, Łódź|http://Feed/{'x' * row}|{100 + row / 100:.2f}" for row in range(rows)]
-        (self.world.data / "live_atc_feeds.txt").write_bytes("".join(line + "\r\n" for line in lines).encode())
-        self.addCleanup(self.world.start_quillon().wait, 20)
-        self.addCleanup(self.copilot.ask, "close QuillonMain")
+        (self.data / "live_atc_feeds.txt").write_bytes("".join(line + "\r\n" for line in lines).encode())
+        self.world.start_quillon()
+        self.addCleanup(self.end_quillon)
 
     def print_list(self, outcome):
         self.copilot.ask("command mnuPrint")
-        self.copilot.await_text("boxes", lambda text: text.startswith("Print Listing|The List will print as"))
-        self.copilot.ask("press IDYES")
+        self.copilot.box("Print Listing|The List will print as", press="IDYES")
         self.copilot.await_text("boxes", lambda text: text.startswith(outcome), 20)
         self.copilot.ask("press IDOK")
 
@@ -70,7 +63,3 @@ class Printing(unittest.TestCase):
         self.print_list(r"Print Data Errors|Choosing Printer\r\nError 482 There is no printer to print on.")
         self.copilot.await_text("boxes", "")
         self.assertEqual(self.printer.documents(), [])
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)

@@ -1,31 +1,17 @@
 """Starting and ending the real Quillon.exe, with and without what it needs."""
 import shutil
-import sys
-import unittest
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from session import Session
 from world.feeds import FEEDS
-from world.wine import BUILD, Copilot
-from world.world import World
+from world.wine import BUILD
 
 TORONTO = FEEDS[0]
 INTERNATIONAL = r"HKCU\Control Panel\International"
 
 
-class Starts(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.world = World()
-        cls.addClassCleanup(cls.world.close)
-        cls.copilot = cls.world.copilot = Copilot(cls.world.processes, cls.world.prefix)
-
+class Starts(Session):
     def setUp(self):
         self.world.fill_data_folder()
-
-    def close(self, quillon):
-        self.copilot.ask("close QuillonMain")
-        self.assertEqual(quillon.wait(20), 0)
 
     def separators(self):
         values = []
@@ -37,9 +23,9 @@ class Starts(unittest.TestCase):
     def test_separators_are_changed_for_the_run_only(self):
         for name, text in (("sDecimal", ","), ("sThousand", ".")):
             self.world.prefix.run("reg", "add", INTERNATIONAL, "/v", name, "/d", text, "/f")
-        quillon = self.world.start_quillon()
+        self.world.start_quillon()
         self.assertEqual(self.separators(), [".", ","])
-        self.close(quillon)
+        self.end_quillon()
         self.assertEqual(self.separators(), [",", "."])
 
     def test_programs_are_never_started_from_the_current_folder(self):
@@ -47,11 +33,9 @@ class Starts(unittest.TestCase):
         planted.mkdir()
         for name in ("msinfo32.exe", "notepad.exe"):
             shutil.copy(BUILD / "PracticeSim.exe", planted / name)
-        quillon = self.world.processes.start("planted", self.world.prefix.command("Quillon.exe"),
-                                             self.world.prefix.env, cwd=planted)
-        self.copilot.ask("wait QuillonMain 20000")
+        self.world.start_quillon(cwd=planted)
         self.copilot.ask("command AboutBox")
-        self.copilot.await_text("boxes", lambda text: "About Quillon" in text)
+        self.copilot.box("About Quillon")
         self.copilot.ask("press IDC_SYSTEM_INFO")
         self.copilot.ask("command mnuEditData")
         self.copilot.ask("wait Notepad 20000")
@@ -59,55 +43,44 @@ class Starts(unittest.TestCase):
             self.copilot.ask("wait UIPCMAIN 1000")
         self.copilot.ask("close Notepad")
         self.copilot.await_text("enabled IdFeedList", "1")
-        self.close(quillon)
+        self.end_quillon()
 
     def test_looks_for_a_simulator_and_if_it_is_to_stay_open_for_ten_more(self):
-        (self.world.data / "Quillon.state").write_bytes(b"stay-open=yes\r\n")
-        quillon = self.world.start_quillon()
+        (self.data / "Quillon.state").write_bytes(b"stay-open=yes\r\n")
+        self.world.start_quillon()
         for number in range(11):
             self.copilot.await_text("panel 3", "Looking for the simulator ...", 30)
             self.assertEqual(self.copilot.ask("panel 4"), "*" if number else "Selection Mode: Automatic")
             self.copilot.await_text("title", "Quillon -S", 3)
-            self.world.ear.await_("silence")
-            simulator = self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency, "--sim", str(7 + number % 4),
-                                         "--lat", str(TORONTO.position[0]), "--lon", str(TORONTO.position[1]))
-            self.world.ear.await_(TORONTO.icao, 15)
+            self.ear.await_("silence")
+            simulator = self.world.start_simulator("--com2stby", TORONTO.frequency, "--sim", str(7 + number % 4))
+            self.ear.await_(TORONTO.icao, 15)
             if number % 4 == 3:  # killed while it owes an answer
                 self.copilot.ask("fault hang=30000")
                 self.copilot.await_text("panel 3", "Waiting for the simulator ...")
             self.copilot.ask("kill UIPCMAIN" if number % 2 else "close UIPCMAIN")
             simulator.wait(20)
-        self.close(quillon)
+        self.end_quillon()
 
     def test_a_missing_catalogue_is_reported_and_nothing_of_the_users_is_written(self):
-        (self.world.data / "live_atc_feeds.txt").unlink()
-        settings = self.world.data / "Quillon.ini"
+        (self.data / "live_atc_feeds.txt").unlink()
+        settings = self.data / "Quillon.ini"
         settings.write_bytes(b"12\r\nCom1\r\n20\r\n30\r\n35\r\n")
-        quillon = self.world.start("Quillon.exe")
-        report = self.copilot.await_text("boxes", lambda text: "ATC from load errors" in text, 20)
-        self.assertIn("Opening ", report)
-        self.assertIn("live_atc_feeds.txt", report)
-        self.assertIn("Error 53 File not found", report)
+        self.world.quillon = self.world.start("Quillon.exe")
+        self.copilot.box("ATC from load errors", "Opening ", "live_atc_feeds.txt", "Error 53 File not found")
         second = self.world.start("Quillon.exe")
-        self.copilot.await_text("boxes", lambda text: "already running" in text, 20)
+        self.copilot.box("already running")
         self.copilot.ask("press IDOK")  # of the box that came last
         self.assertEqual(second.wait(20), 0)
         self.copilot.ask("press IDOK")
         self.copilot.ask("wait QuillonMain 5000")
-        self.close(quillon)
+        self.end_quillon()
         self.assertEqual(settings.read_bytes(), b"12\r\nCom1\r\n20\r\n30\r\n35\r\n")
 
     def test_without_a_sound_device_the_state_says_so(self):
-        simulator = self.world.start("PracticeSim.exe", "--com2stby", TORONTO.frequency)
-        self.copilot.ask("wait UIPCMAIN 20000")
-        env = {**self.world.prefix.env, "PULSE_SERVER": "unix:/nonexistent"}
-        quillon = self.world.processes.start("deaf", self.world.prefix.command("Quillon.exe"), env)
-        self.copilot.ask("wait QuillonMain 20000")
+        simulator = self.world.start_simulator("--com2stby", TORONTO.frequency)
+        self.world.start_quillon(PULSE_SERVER="unix:/nonexistent")
         self.copilot.await_text("panel 1", "No Connection", 15)
-        self.close(quillon)
+        self.end_quillon()
         self.copilot.ask("close UIPCMAIN")
         simulator.wait(20)
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)

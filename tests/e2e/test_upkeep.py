@@ -1,13 +1,9 @@
 """Adding, backing up, restoring and editing feeds with the real Quillon.exe, and its small dialogs."""
-import sys
 import time
-import unittest
-from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+from session import Session
 from world.feeds import FEEDS
 from world.processes import wait_until
-from world.world import World
 
 TORONTO, LONDON, NEW_YORK = FEEDS
 LIVE, RADIO, PLAYLIST, WAVES = "IDC_KIND1", "IDC_KIND1+1", "IDC_KIND1+2", "IDC_KIND4"
@@ -15,24 +11,16 @@ CITIES = {LIVE: "", RADIO: "Radio - ", PLAYLIST: "Playlist ", WAVES: "Wav - "}  
 ENTER, ESCAPE, CONTROL, HOME, SHIFT, DOWN, DELETE, KEY_S = 0x0D, 0x1B, 0x11, 0x24, 0x10, 0x28, 0x2E, 0x53
 
 
-class Upkeep(unittest.TestCase):
-    """One session; the tests are its steps, in order."""
-
+class Upkeep(Session):
     @classmethod
     def setUpClass(cls):
-        cls.world = World()
-        cls.addClassCleanup(cls.world.close)
-        cls.world.start_simulator("--lat", "51.477", "--lon", "-0.461")
-        cls.world.start_quillon()
-        cls.copilot, cls.ear = cls.world.copilot, cls.world.ear
-        cls.catalogue = cls.world.data / "live_atc_feeds.txt"
+        super().setUpClass()
+        cls.start("--lat", "51.477", "--lon", "-0.461")
+        cls.catalogue = cls.data / "live_atc_feeds.txt"
         cls.opened = cls.world.prefix.use_browser()
 
-    def box(self, expected):
-        return self.copilot.await_text("boxes", lambda boxes: expected in boxes)
-
     def close_by_keyboard(self, title, key=ESCAPE):
-        self.box(title)
+        self.copilot.box(title)
         self.copilot.ask(f"key {key}")
         self.copilot.await_text("boxes", lambda boxes: title not in boxes)
 
@@ -45,7 +33,7 @@ class Upkeep(unittest.TestCase):
 
     def test_1_a_refusal_is_told(self):
         self.copilot.ask("command mnuAddATC")
-        self.box("Add Feed|")
+        self.copilot.box("Add Feed|")
         self.assertEqual(self.copilot.ask("field IDC_TXT_URL"), "http://feeds.example/")
         self.copilot.ask("field IDC_TXT_URL =http://127.0.0.1:1/?a=b")
         self.copilot.ask("press IDC_TEST")
@@ -55,10 +43,10 @@ class Upkeep(unittest.TestCase):
 
     def test_2_a_feed_of_each_kind_is_added(self):
         address = self.world.feeds.address
-        waves = "C:\\users\\" + self.world.data.parts[-4] + "\\AppData\\Roaming\\Quillon\\ATC\\"
-        (self.world.data / "list.wpl").write_text(
+        waves = "C:\\users\\" + self.data.parts[-4] + "\\AppData\\Roaming\\Quillon\\ATC\\"
+        (self.data / "list.wpl").write_text(
             f'<smil><body><seq><media src="{address(NEW_YORK)}"/></seq></body></smil>')
-        chatter = next(path for path in (self.world.data / "ATC").iterdir() if path.is_dir()).name
+        chatter = next(path for path in (self.data / "ATC").iterdir() if path.is_dir()).name
         for kind, city, url, frequency in ((LIVE, "Added Tower", address(TORONTO), "120.00"),
                                            (RADIO, "Radio - Added", address(LONDON), "120.05"),
                                            (PLAYLIST, "Playlist Added", waves[:-4] + "list.wpl", "120.10"),
@@ -73,22 +61,19 @@ class Upkeep(unittest.TestCase):
         self.copilot.await_text("panel 3", "EGLL - Wav - Added")
 
     def test_3_backup_and_restore_go_through_the_recycle_bin(self):
-        mine, backup = self.catalogue.read_bytes(), self.world.data / "live_atc_feeds.bak"
+        mine, backup = self.catalogue.read_bytes(), self.data / "live_atc_feeds.bak"
         self.copilot.ask("command mnuBackup")
         self.close_by_keyboard("Confirmation", ENTER)  # the default is No
         self.assertFalse(backup.exists())
         self.copilot.ask("command mnuBackup")
-        self.box("Please confirm you want to backup")
-        self.copilot.ask("press IDYES")
+        self.copilot.box("Please confirm you want to backup", press="IDYES")
         self.close_by_keyboard("Success")
         self.assertEqual(backup.read_bytes(), mine)
         self.assertLess(abs(time.time() - backup.stat().st_mtime), 10)
         self.catalogue.write_bytes(b"EGLL|Spoilt|http://x.example/|118.20\r\n")
         self.copilot.ask("command mnuRestore")
-        self.box("Restoring will move")
-        self.copilot.ask("press IDYES")
-        self.box("Confirm file deletion")
-        self.copilot.ask("press IDYES")
+        self.copilot.box("Restoring will move", press="IDYES")
+        self.copilot.box("Confirm file deletion", press="IDYES")
         wait_until("the old catalogue", lambda: self.catalogue.exists() and self.catalogue.read_bytes() == mine, 10)
         trash = self.world.folder / "home/.local/share/Trash/files"
         self.assertIn(b"Spoilt", b"".join(path.read_bytes() for path in trash.iterdir()))
@@ -128,11 +113,6 @@ class Upkeep(unittest.TestCase):
     def test_7_closing_leaves_notepad_alone(self):
         self.copilot.ask("command mnuEditData")
         self.copilot.ask("wait Notepad 20000")
-        self.copilot.ask("close QuillonMain")
-        self.assertEqual(self.world.quillon.wait(20), 0)
+        self.end_quillon()
         self.copilot.ask("title Notepad")
         self.copilot.ask("close Notepad")
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)

@@ -1,0 +1,24 @@
+"""What the end-to-end tests share: one world for each class, whose tests are steps in it, in order, if they are numbered."""
+import sys
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / "scripts"))
+from world.world import World
+
+
+class Session(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.world = World()
+        cls.addClassCleanup(cls.world.close)
+        cls.data, cls.copilot, cls.ear = cls.world.data, cls.world.copilot, cls.world.ear
+
+    @classmethod
+    def start(cls, *options):
+        cls.world.start_simulator(*options)
+        cls.world.start_quillon()
+
+    def end_quillon(self):
+        self.assertEqual(self.world.close_quillon(), 0)
