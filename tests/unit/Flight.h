@@ -97,6 +97,18 @@ class Flight : public TempFolder {
         Tick();
     }
 
+    /// Runs a command that asks for a text.
+    void RunAnswering(int command, const std::string& text) {
+        prompts.answer = text;
+        program->Run(command);
+    }
+
+    /// Clicks a row of the list.
+    void Pick(std::size_t row) {
+        program->SelectRow(row);
+        program->Run(Command::lvwDB_ItemClick);
+    }
+
     const ProgramState& state() const { return program->State(); }
     std::string panel(std::size_t number) const { return state().form.StatusBar1.at(number - 1).Text; }
     std::string distance() const { return state().form.Label2.Caption; }

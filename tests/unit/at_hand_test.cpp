@@ -81,8 +81,7 @@ TEST_F(AtHand, MinimisingHidesOnlyWhereAnIconIsLeft) {
     program->MinimiseWindow(true);
     EXPECT_TRUE(state().form.Hidden);
     prompts.meanwhile = [&] { program->Run(Command::ShowWindow); };
-    prompts.answer = "99999"; // an error, and so a box
-    program->Run(Command::mnuRange);
+    RunAnswering(Command::mnuRange, "99999"); // an error, and so a box
     EXPECT_FALSE(state().form.Hidden) << "even while a handler runs";
 }
 
@@ -96,9 +95,15 @@ TEST_F(AtHand, TheIconsMenuObeysWhatARunningHandlerAllows) {
     look();
     EXPECT_EQ(allowed, "101111101");
     prompts.meanwhile = look;
-    prompts.answer = "99999";
-    program->Run(Command::mnuRange);
+    RunAnswering(Command::mnuRange, "99999");
     EXPECT_EQ(allowed, "100000001");
+}
+
+TEST_F(AtHand, NothingIsMarkedUntilTheUserDoes) {
+    Start();
+    for (const Menu& menu : MenuBar())
+        for (const Command& entry : menu.Entries)
+            EXPECT_FALSE(entry.Checked && entry.Checked(state())) << entry.Text;
 }
 
 TEST_F(AtHand, TheMuteButtonNeedsNoSimulatorAndDoesNotWait) {

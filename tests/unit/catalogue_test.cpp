@@ -97,11 +97,10 @@ TEST_F(Catalogue, FaultyLinesAreLeftOutIfTheUserWishes) {
 }
 
 TEST_F(Catalogue, LinesBecomeRowsAndMissingFrequenciesTheLowestFreeOnes) {
-    struct Row {
+    const struct {
         const char* rule;
         std::string content, rows;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"comments and lines without a bar", "//\r\n// a|b|c|d\r\n\r\nx\r\nA|b|u|121.70\r\n", "A/b/121.70/u;"},
         {"stated before given", "A|a|u|\r\nB|b|u|\r\nC|c|u|118.00\r\n",
          "A/a/118.02/u;B/b/118.05/u;C/c/118.00/u;"},
@@ -116,7 +115,7 @@ TEST_F(Catalogue, LinesBecomeRowsAndMissingFrequenciesTheLowestFreeOnes) {
         {"byte-order mark", Mark + "A|a|u|118.00\r\n", "A/a/118.00/u;"},
         {"the code page's bytes", "A|M\xFCn \x80|u|118.00\r\n", "A/M\xC3\xBCn \xE2\x82\xAC/118.00/u;"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         EXPECT_EQ(Load(row.content), row.rows) << row.rule;
         EXPECT_EQ(prompts.messages, Messages{}) << row.rule;
         EXPECT_EQ(state.StartupStep + state.MessageText, "") << row.rule;
@@ -204,11 +203,10 @@ TEST_F(Catalogue, FirstLoadCanSortByFrequencyAndPickEdmonton) {
 TEST_F(Catalogue, AppendingKeepsTheEncodingWhileItCan) {
     const std::string u = "\xC3\xBC";        // in Windows-1252 "\xFC"
     const std::string east = "\xE6\x9D\xB1"; // not in it
-    struct Row {
+    const struct {
         const char* rule;
         std::string before, line, after;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"UTF-8 stays", u + "\r\n", east, u + "\r\n" + east + "\r\n"},
         {"the code page stays", "\xFC\r\n", u, "\xFC\r\n\xFC\r\n"},
         {"the code page lacks a character", "\xFC\r\n", east, u + "\r\n" + east + "\r\n"},
@@ -217,7 +215,7 @@ TEST_F(Catalogue, AppendingKeepsTheEncodingWhileItCan) {
         {"empty", "", "c", "c\r\n"},
         {"byte-order mark", Mark, u, Mark + u + "\r\n"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         Write("f.txt", row.before);
         AppendLines(At("f.txt"), {row.line}, page);
         EXPECT_EQ(Read("f.txt"), row.after) << row.rule;

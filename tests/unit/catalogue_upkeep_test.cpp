@@ -59,6 +59,7 @@ TEST(EntryRules, TheFirstBrokenRuleIsNamedWithItsPlace) {
         {LiveATC, {"EGLL", "", "u", "118.53"}, digits, {txtFreq, 0, 0}},
         {LiveATC, {"EGLL", "", "u", "117.95"}, digits, {txtFreq, 0, 0}},
         {LiveATC, {"EGLL", "", "u", "137.00"}, digits, {txtFreq, 0, 0}},
+        {LiveATC, {"EGLL", "", "u", "118.00"}, "", {}},
         {LiveATC, {"EGLL", "", "u", "136.97"}, "", {}},
         {LiveATC, {"EGLL", "", "u", "136.990"}, "", {}},
         {LiveATC, {"EGLL", "", "u", "118.302"}, digits, {txtFreq, 0, 0}},
@@ -129,9 +130,12 @@ TEST_F(Upkeep, AnUnknownAirportIsNotedBesideItsBox) {
         Type(txtICAO, icao);
         EXPECT_EQ(form().AirportNote, note) << icao;
     }
-    Type(txtFreq, "121.50");
+    Choose(WaveFiles);
+    for (const auto& [box, text] :
+         {std::pair(txtICAO, "QQQ"), {txtCity, "Wav - x"}, {txtURL, "C:\\x"}, {txtFreq, "121.50"}})
+        Type(box, text);
     Add();
-    EXPECT_EQ(form()[txtICAO] + form().AirportNote, "") << "it was added, and the next one begins";
+    EXPECT_EQ(form()[txtICAO] + form().AirportNote + form()[txtCity], "Wav - ") << "the next one begins";
 }
 
 TEST_F(Upkeep, AnAddressIsTriedUntilItChanges) {
@@ -156,12 +160,14 @@ TEST_F(Upkeep, AnAddressIsTriedUntilItChanges) {
 
 TEST_F(Upkeep, EachKindPresetsItsBoxes) {
     program->Run(Command::mnuAddATC);
+    EXPECT_NE(form().PromptCaption, "");
     EXPECT_EQ(form()[txtURL], services::LiveAtcFeedPrefix);
     Choose(InternetRadio);
     EXPECT_EQ(form()[txtURL] + form()[txtCity], std::string(services::LiveAtcFeedPrefix) + "Radio - ");
     Choose(LiveATC);
     EXPECT_EQ(form()[txtURL] + form()[txtCity], "http://");
     Choose(WaveFiles);
+    EXPECT_EQ(form()[txtURL] + form()[txtCity], "Wav - ");
     prompts.answer = "C:\\rec\\one\\a.wav";
     Do(&AddFeed::cmdBrowse_Click);
     EXPECT_EQ(form()[txtURL] + form()[txtCity], "C:\\rec\\one\\Wav - ");
@@ -208,6 +214,7 @@ TEST_F(Upkeep, AFailedWriteLeavesTheCatalogueAndSaysSo) {
     EXPECT_NE(Read("Quillon\\Trace.log").find("Opening "), std::string::npos);
     EXPECT_EQ(form()[txtICAO] + form()[txtFreq], "EGLL121.50");
     EXPECT_NE(form().lstAdd.back().Frequency, "121.50") << "it may be tried again";
+    EXPECT_EQ(state().StartupStep, "");
 }
 
 TEST_F(Upkeep, AFolderOfRecordingsHandsBackAfterAReload) {

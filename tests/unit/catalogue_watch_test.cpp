@@ -28,19 +28,18 @@ class Watch : public Flight {
 
 TEST_F(Watch, WhatPlaysGoesOnIfItsLineIsStillThereAndItsFrequencyLeadsToIt) {
     const std::string moved = "CYYZ|Toronto Tower|http://feeds.example/a|120.00\r\n";
-    struct Row {
+    const std::string a = "http://feeds.example/a";
+    const struct {
         const char* name;
         std::string text;
         std::string automatic, manual; ///< what plays three seconds later; "" nothing
-    };
-    const std::string a = "http://feeds.example/a";
-    const Row table[] = {{"another line", more, a, a},
-                         {"its line is gone", rest, "", ""},
-                         {"its frequency is another one's now", moved + rest, "", a},
-                         {"an earlier line has its frequency",
-                          "CYYZ|Other|http://feeds.example/o|118.70\r\n" + first, "http://feeds.example/o", a}};
+    } rows[] = {{"another line", more, a, a},
+                {"its line is gone", rest, "", ""},
+                {"its frequency is another one's now", moved + rest, "", a},
+                {"an earlier line has its frequency", "CYYZ|Other|http://feeds.example/o|118.70\r\n" + first,
+                 "http://feeds.example/o", a}};
     for (const bool manual : {false, true}) {
-        for (const Row& row : table) {
+        for (const auto& row : rows) {
             SCOPED_TRACE(row.name + std::string(manual ? ", by hand" : ""));
             Change(first);
             Start();
@@ -73,8 +72,7 @@ TEST_F(Watch, WhatPlaysGoesOnIfItsLineIsStillThereAndItsFrequencyLeadsToIt) {
 TEST_F(Watch, RecordingsPickedByHandEndWithTheirLine) {
     Start();
     program->Run(Command::optManual);
-    program->SelectRow(5);
-    program->Run(Command::lvwDB_ItemClick);
+    Pick(5);
     Seconds(2);
     ASSERT_EQ(state().cycle.ActiveTimerId, 4);
     Change(first);

@@ -14,15 +14,14 @@ namespace {
 
 TEST(GapSeconds, LiesWithinItsBounds) {
     constexpr double Most = 4294967295.0 / 4294967296.0;
-    struct Row {
+    const struct {
         std::int16_t min, max;
         double r;
         int gap; ///< -1: overflow
-    };
-    const Row rows[] = {{20, 30, 0, 20},       {20, 30, Most, 30},      {5, 5, Most, 5},   {30, 20, 0, 30},
-                        {30, 20, Most, 21},    {0, 32766, Most, 32766}, {0, 32767, 0, -1}, {-1, 32767, 0, -1},
-                        {32767, -1, 0, 32767}, {32767, -2, 0, -1}};
-    for (const Row& row : rows) {
+    } rows[] = {{20, 30, 0, 20},       {20, 30, Most, 30},      {5, 5, Most, 5},   {30, 20, 0, 30},
+                {30, 20, Most, 21},    {0, 32766, Most, 32766}, {0, 32767, 0, -1}, {-1, 32767, 0, -1},
+                {32767, -1, 0, 32767}, {32767, -2, 0, -1}};
+    for (const auto& row : rows) {
         if (row.gap < 0)
             EXPECT_THROW(GapSeconds(row.min, row.max, row.r), RuntimeError) << row.min << ".." << row.max;
         else
@@ -64,8 +63,7 @@ class Chatter : public Flight {
     }
     void PickFolderByHand() {
         program->Run(Command::optManual);
-        program->SelectRow(5);
-        program->Run(Command::lvwDB_ItemClick);
+        Pick(5);
     }
     void Seconds(int count) {
         using std::chrono::seconds;
@@ -172,8 +170,10 @@ TEST_F(Chatter, DrawsWithoutPlayingOutOfRange) {
 TEST_F(Chatter, HandsBackWithinATickOfARetune) {
     for (const bool playing : {true, false}) {
         StartWithGaps(20, 30);
+        RunAnswering(Command::mnuSearch, "EGLL");
         TuneTo("118.00");
         Wait();
+        EXPECT_EQ(state().LastSearchText, "");
         if (!playing) HearRecording();
         Seconds(1);
         TuneTo("118.70");
@@ -307,17 +307,16 @@ struct Bench : TickBench {
 };
 
 TEST(ManualChatter, HandsOnlyAWebFeedBack) {
-    struct Row {
+    const struct {
         const char *marker, *frequency;
         Activity shown;
         const char* timer;
         SelectionMode mode;
-    };
-    const Row rows[] = {{"1", "118.70", Activity::None, "25", SelectionMode::Manual},
-                        {"1", "118.00", Activity::NoConnection, "15", SelectionMode::Automatic},
-                        {"1", "118.00", Activity::None, "45", SelectionMode::Manual},
-                        {"0", "118.70", Activity::NoConnection, "45", SelectionMode::Manual}};
-    for (const Row& row : rows) {
+    } rows[] = {{"1", "118.70", Activity::None, "25", SelectionMode::Manual},
+                {"1", "118.00", Activity::NoConnection, "15", SelectionMode::Automatic},
+                {"1", "118.00", Activity::None, "45", SelectionMode::Manual},
+                {"0", "118.70", Activity::NoConnection, "45", SelectionMode::Manual}};
+    for (const auto& row : rows) {
         Bench bench;
         bench.state.cycle.Mode = row.mode;
         bench.state.feed.FeedUrlMarker = row.marker;
@@ -356,19 +355,18 @@ TEST(MuteKey, ShowsAtOnceWhatItMutedWhateverIsInCharge) {
 }
 
 TEST(MuteKey, HeldDownTogglesOnceASecondUnlessItHasNoEffect) {
-    struct Row {
+    const struct {
         std::int32_t key;
         int down;
         bool frame_open, no_connection, works;
         int held_too = 0; // while the key goes down
         bool in_box = false;
-    };
-    const Row rows[] = {{9, 9, false, false, true},      {77, 77, false, false, true},
-                        {36, 9, false, false, false},    {0, 0, false, false, false},
-                        {9, 9, true, false, false},      {9, 9, false, true, false},
-                        {9, 9, false, false, true, 16},  {9, 9, false, false, false, 18},
-                        {9, 9, false, false, false, 92}, {9, 9, false, false, false, 0, true}};
-    for (const Row& row : rows) {
+    } rows[] = {{9, 9, false, false, true},      {77, 77, false, false, true},
+                {36, 9, false, false, false},    {0, 0, false, false, false},
+                {9, 9, true, false, false},      {9, 9, false, true, false},
+                {9, 9, false, false, true, 16},  {9, 9, false, false, false, 18},
+                {9, 9, false, false, false, 92}, {9, 9, false, false, false, 0, true}};
+    for (const auto& row : rows) {
         Bench bench;
         bench.state.mute = {row.key, false, row.frame_open, {}};
         bench.state.radio.NoConnection = row.no_connection;

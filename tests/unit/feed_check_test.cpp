@@ -92,6 +92,7 @@ TEST_F(Probe, SaysWhatBecomesOfAnAddress) {
         {"http://h/quiet", Finding::Fails, "The server answers, but"},
         {"http://nobody/", Finding::Fails, "Server not found"},
         {"http://h:x/", Finding::Fails, "This is no address"},
+        {"", Finding::Fails, "The line has no address"},
         {"mms://h/", Finding::Fails, "Must begin"},
         {"http://h/list.m3u", Finding::Answers, "Playlist of http://h/moved: Plays"},
         {"http://h/self.m3u", Finding::Fails, "Playlist of http://h/self.m3u: Playlist of"},

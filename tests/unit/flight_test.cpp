@@ -114,6 +114,9 @@ TEST_F(Flight, SaysWhyAFeedIsSilentAndWhenItIsTriedAgain) {
     player.state = Playing;
     Tick();
     EXPECT_EQ(feed.Text + status.ToolTipText, "CYYZ - Toronto Tower");
+    player.condition = {{}, {}, true};
+    Tick();
+    EXPECT_EQ(feed.ToolTipText, feed.Text + "\r\nnot encrypted");
     player.state = Transitioning;
     Tick();
     simulator.running = false;
@@ -134,12 +137,11 @@ TEST_F(Flight, SaysWhyAFeedIsSilentAndWhenItIsTriedAgain) {
 
 TEST_F(Flight, HighlightsWhatPlaysUntilTheUserSelectsAnother) {
     Start();
-    struct Row {
+    const struct {
         const char* frequency;
         std::optional<std::size_t> row;
-    };
-    const Row rows[] = {{"118.70", 0}, {"118.00", 5} /* recordings */, {"121.50", std::nullopt}, {"119.72", 1}};
-    for (const Row& row : rows) {
+    } rows[] = {{"118.70", 0}, {"118.00", 5} /* recordings */, {"121.50", std::nullopt}, {"119.72", 1}};
+    for (const auto& row : rows) {
         TuneTo(row.frequency);
         Tick();
         EXPECT_EQ(state().form.lvwDB.Selected(), row.row) << row.frequency;
@@ -156,11 +158,10 @@ TEST_F(Flight, TunesTheFeedOfEachFrequency) {
                "EGLL|wider|http://h/78901234567890123456|121.60\r\n");
     Start();
     simulator.FlyTo(51.01, -1.01);
-    struct Row {
+    const struct {
         const char *frequency, *url, *feed, *address, *label;
         PlayState state;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"119.72", "https://feeds.example/london/heathrow/director", "EGLL - London Director",
          "...ple/london/heathrow/director", "0 NM", Playing},
         {"118.70", "http://feeds.example/a", "CYYZ - Toronto Tower", "http://feeds.example/a",
@@ -178,7 +179,7 @@ TEST_F(Flight, TunesTheFeedOfEachFrequency) {
         {"119.72", "https://feeds.example/london/heathrow/director", "EGLL - London Director",
          "...ple/london/heathrow/director", "0 NM", Playing},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         const std::size_t before = player.urls.size();
         TuneTo(row.frequency);
         EXPECT_EQ(panel(2), row.frequency);
@@ -202,23 +203,22 @@ TEST_F(Flight, TellsChannelsOf8Point33Apart) {
                                          "CYYZ|c|http://c|125.31\r\nCYYZ|d|http://d|125.315\r\n"
                                          "CYYZ|e|http://e|125.030\r\nCYYZ|f|http://f|126.005\r\n"
                                          "CYYZ|g|http://g|126.025\r\nCYYZ|h|http://h|126.03\r\n");
-    struct Row {
+    const struct {
         const char *tuned, *shown, *feed, *old_shown, *old_feed;
-    };
-    const Row rows[] = {{"125.300", "125.30", "CYYZ - a", "125.30", "CYYZ - a"},
-                        {"125.305", "125.305", "CYYZ - b", "125.30", "CYYZ - a"},
-                        {"125.310", "125.310", "CYYZ - c", "125.31", "CYYZ - c"},
-                        {"125.315", "125.315", "CYYZ - d", "125.31", "CYYZ - c"},
-                        {"125.030", "125.030", "CYYZ - e", "125.30", "CYYZ - a"},
-                        {"125.025", "125.02", "CYYZ - e", "125.02", "*"}, // on the same carrier
-                        {"126.000", "126.00", "CYYZ - f", "126.00", "*"},
-                        {"126.010", "126.010", "*", "126.10", "*"},
-                        {"126.025", "126.02", "CYYZ - g", "126.02", "CYYZ - g"},
-                        {"126.030", "126.030", "CYYZ - h", "126.30", "*"}};
+    } rows[] = {{"125.300", "125.30", "CYYZ - a", "125.30", "CYYZ - a"},
+                {"125.305", "125.305", "CYYZ - b", "125.30", "CYYZ - a"},
+                {"125.310", "125.310", "CYYZ - c", "125.31", "CYYZ - c"},
+                {"125.315", "125.315", "CYYZ - d", "125.31", "CYYZ - c"},
+                {"125.030", "125.030", "CYYZ - e", "125.30", "CYYZ - a"},
+                {"125.025", "125.02", "CYYZ - e", "125.02", "*"}, // on the same carrier
+                {"126.000", "126.00", "CYYZ - f", "126.00", "*"},
+                {"126.010", "126.010", "*", "126.10", "*"},
+                {"126.025", "126.02", "CYYZ - g", "126.02", "CYYZ - g"},
+                {"126.030", "126.030", "CYYZ - h", "126.30", "*"}};
     for (const bool old : {false, true}) {
         if (old) simulator.BecomeFs9();
         Start();
-        for (const Row& row : rows) {
+        for (const auto& row : rows) {
             TuneTo(row.tuned);
             EXPECT_EQ(panel(2), old ? row.old_shown : row.shown);
             EXPECT_EQ(panel(3), old ? row.old_feed : row.feed) << row.tuned;
@@ -289,20 +289,19 @@ TEST_F(Flight, AFeedThatIsNoLongerTunedNeverComesBack) {
 TEST_F(Flight, PlayerStatesHaveTheirTexts) {
     Start();
     TuneTo("118.70");
-    struct Row {
+    const struct {
         PlayState state;
         const char *panel, *caption;
-    };
-    const Row rows[] = {{Undefined, "Stopped", "Quillon -S"},
-                        {Stopped, "Stopped", "Quillon -S"},
-                        {Paused, "Paused", "Quillon -P"},
-                        {Playing, "Playing", "Quillon -OK"},
-                        {Buffering, "Buffering", "Quillon -B"},
-                        {MediaEnded, "Buffering", "Quillon -B"},
-                        {Transitioning, "Connecting", "Quillon -C"},
-                        {Waiting, "No Connection", "Quillon -NC"},
-                        {Ready, "No Connection", "Quillon -NC"}};
-    for (const Row& row : rows) {
+    } rows[] = {{Undefined, "Stopped", "Quillon -S"},
+                {Stopped, "Stopped", "Quillon -S"},
+                {Paused, "Paused", "Quillon -P"},
+                {Playing, "Playing", "Quillon -OK"},
+                {Buffering, "Buffering", "Quillon -B"},
+                {MediaEnded, "Buffering", "Quillon -B"},
+                {Transitioning, "Connecting", "Quillon -C"},
+                {Waiting, "No Connection", "Quillon -NC"},
+                {Ready, "No Connection", "Quillon -NC"}};
+    for (const auto& row : rows) {
         player.state = row.state;
         player.urls.clear();
         Tick();
@@ -397,8 +396,7 @@ TEST_F(Flight, WithoutASimulatorTheMarkedProgramPlaysByHandAndUnmutes) {
     program->Run(Command::optManual);
     EXPECT_FALSE(state().radio.NoConnection);
     EXPECT_EQ(panel(3), "*");
-    program->SelectRow(0);
-    program->Run(Command::lvwDB_ItemClick);
+    Pick(0);
     Tick();
     EXPECT_EQ(player.state, Playing);
     program->TimerTick(5);
@@ -489,9 +487,13 @@ TEST_F(Flight, QuittingEndsTheWaiting) {
     clock.events = [&] {
         if (!state().form.Visible) return true;
         program->Run(Command::mnuEditData); // the list is loaded anew, and the next tick searches it
-        program->TimerTick(1);
-        EXPECT_EQ(panel(3), "Looking for the simulator ...");
         EXPECT_TRUE(state().radio.NoConnection);
+        program->TimerTick(1);
+        EXPECT_EQ(panel(1) + panel(3) + state().form.Caption, "StoppedLooking for the simulator ...Quillon -S");
+        background.held = true;
+        program->Run(Command::mnuFSUPIC);
+        EXPECT_TRUE(state().fsuipc_status.Visible && !background.Busy()) << "the start asks already";
+        background.held = false;
         program->Run(Command::mnuQuit);
         return false;
     };

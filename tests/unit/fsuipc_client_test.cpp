@@ -84,12 +84,11 @@ struct Link : testing::Test {
 };
 
 TEST_F(Link, EveryFailureToOpenHasItsCodeAndKeepsOnlyAWholeArea) {
-    struct Row {
+    const struct {
         std::uint32_t code;
         std::function<void(FakeMachine&)> fault;
         std::uint32_t requested = 0;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {0, [](FakeMachine&) {}},
         {0, [](FakeMachine&) {}, 8},
         {0, [](FakeMachine& m) { m.window_class = "FS98MAIN"; }},
@@ -111,7 +110,7 @@ TEST_F(Link, EveryFailureToOpenHasItsCodeAndKeepsOnlyAWholeArea) {
         {13, [](FakeMachine& m) { m.reply = 0; }},
         {14, [](FakeMachine& m) { m.window_class = "FS98MAIN", m.Put(0x3308, 8); }},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         FakeMachine faulty;
         FsuipcClient other(faulty, faulty, clock);
         row.fault(faulty);
@@ -203,16 +202,14 @@ TEST_F(Link, ARoundReadsAndWritesInOrder) {
 }
 
 TEST_F(Link, SendsAreRetriedTenTimesAndTheLastOneCountsAsFailed) {
-    struct Row {
+    const struct {
         int failing;
-        std::uint32_t last_error;
-        std::uint32_t code;
+        std::uint32_t last_error, code;
         int sends;
-    };
-    const Row rows[] = {{0, 0, 0, 1},       {1, 1400, 0, 2},    {9, 5, 0, 10},  {10, 0, 11, 11},
-                        {10, 1400, 12, 11}, {11, 1400, 12, 11}, {11, 0, 11, 11}};
+    } rows[] = {{0, 0, 0, 1},       {1, 1400, 0, 2},    {9, 5, 0, 10},  {10, 0, 11, 11},
+                {10, 1400, 12, 11}, {11, 1400, 12, 11}, {11, 0, 11, 11}};
     ASSERT_TRUE(Open());
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         machine.sends = 0;
         clock.passed = 0ms;
         machine.failing_sends = row.failing;
@@ -242,14 +239,13 @@ TEST_F(Link, AsksNothingMoreOnceCancelled) {
 
 /// Three records: a read of 8 bytes at 0, a write of 4 at 24, a read of 4 at 40, the terminator at 60.
 TEST_F(Link, ADamagedReplyEndsTheWalkAtTheDamage) {
-    struct Row {
+    const struct {
         const char* damage;
         std::size_t at;
         std::uint32_t word;
         bool ok;
         std::uint32_t first, second; ///< what the two reads brought, 5 if nothing
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"none", 60, 0, true, 1, 2},
         {"the identifier's high half does not count", 0, 0x10001, true, 1, 2},
         {"a zero ends the walk", 0, 0, true, 5, 5},
@@ -268,7 +264,7 @@ TEST_F(Link, ADamagedReplyEndsTheWalkAtTheDamage) {
     ASSERT_TRUE(Open());
     machine.Put(0x100, 1);
     machine.Put(0x200, 2);
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         machine.afterwards = [&](std::uint8_t* area) { PutWord(area + row.at, row.word); };
         std::uint32_t first[2] = {5, 5}, second = 5;
         client.FsuipcRead(0x100, 8, first, result);

@@ -1,5 +1,6 @@
-// Ellipsoids, angles and the distance between two points.
+// Ellipsoids, angles, the distance between two points, and which airport is nearest.
 #include "ErrorOf.h"
+#include "geo/AirportPositions.h"
 #include "geo/Geodesy.h"
 #include "geo/Mapstuff.h"
 #include "geo/Utilities.h"
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <map>
+#include <random>
 #include <utility>
 
 using namespace quillon;
@@ -41,15 +43,13 @@ TEST(Geodesy, IndexOutsideTheTableIsAnError) {
 }
 
 TEST(Dms, AlmostSixtyIsCarriedAndTheSignRules) {
-    struct Row {
+    const struct {
         DmsRecord angle;
         double degrees;
-    };
-    const Row rows[] = {{{10, 30, 36, 1}, 10.51},    {{10, 30, 36, -1}, -10.51},
-                        {{-10, 30, 36, -1}, -10.51}, {{10, 30, 0, 0}, 0},
-                        {{10, 59.999995, 0, 1}, 11}, {{10, 59, 59.999995, 1}, 11},
-                        {{10, 60, 0, 1}, 11},        {{10, 0, 59.9999, 1}, 10.01666664}};
-    for (const Row& row : rows) EXPECT_NEAR(DmsToDegrees(row.angle), row.degrees, 1e-8) << row.degrees;
+    } rows[] = {{{10, 30, 36, 1}, 10.51}, {{10, 30, 36, -1}, -10.51},        {{-10, 30, 36, -1}, -10.51},
+                {{10, 30, 0, 0}, 0},      {{10, 59.999995, 0, 1}, 11},       {{10, 59, 59.999995, 1}, 11},
+                {{10, 60, 0, 1}, 11},     {{10, 0, 59.9999, 1}, 10.01666664}};
+    for (const auto& row : rows) EXPECT_NEAR(DmsToDegrees(row.angle), row.degrees, 1e-8) << row.degrees;
 }
 
 TEST(Dms, SplitsDegrees) {
@@ -93,12 +93,11 @@ GeodesicProblem Between(double lat1, double lon1, double lat2, double lon2, std:
 /// Expected values: GeodSolve of GeographicLib 2.1.2 on the same axes; its azimuth at point 2 points onward, so
 /// half a turn is added.
 TEST(InverseGeodesic, AgreesWithAnIndependentSolution) {
-    struct Row {
+    const struct {
         const char* road;
         GeodesicProblem problem;
         double distance, forward, back;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"Sydney - Los Angeles", Between(-33.9461, 151.1772, 33.9425, -118.4081), 12050688.504756,
          61.16815558415, 241.16377442099},
         {"across the date line", Between(60, 179, 60, -179), 111595.753654, 89.13395257565, 270.86604742435},
@@ -108,7 +107,7 @@ TEST(InverseGeodesic, AgreesWithAnIndependentSolution) {
         {"a few steps", Between(45, 0, 45.0001, 0.0001), 13.626109, 35.35524355935, 215.35531427009},
         {"New York - London on Clarke's ellipsoid", Between(40.6398, -73.7789, 51.4706, -0.4619, 5),
          5554699.826823, 51.38195451579, 287.97704648253}};
-    for (Row row : rows) {
+    for (auto row : rows) {
         EXPECT_EQ(InverseGeodesic(row.problem), GeodesyCode::Success) << row.road;
         EXPECT_NEAR(row.problem.distance, row.distance, 1e-4) << row.road;
         EXPECT_NEAR(row.problem.forward_azimuth, row.forward, 1e-7) << row.road;
@@ -117,23 +116,22 @@ TEST(InverseGeodesic, AgreesWithAnIndependentSolution) {
 }
 
 TEST(InverseGeodesic, CodesSayWhyThereIsNoDistance) {
-    struct Row {
+    const struct {
         const char* rule;
         GeodesicProblem problem;
         int code;
         double results;
-    };
-    const Row rows[] = {{"latitude beyond the pole", Between(90.5, 0, 0, 0), 517, -1},
-                        {"longitude beyond 180", Between(0, 0, 1, -180.1), 517, -1},
-                        {"no number", Between(1, 0, 1, NaN), 517, -1},
-                        {"infinite", Between(-Infinity, 0, 1, 0), 517, -1},
-                        {"a tenth of a metre apart", Between(10, 20, 10 + 9e-7, 20 - 9e-7), 537, 0},
-                        {"coincidence is seen before the ellipsoid", Between(10, 20, 10, 20, 0), 537, 0},
-                        {"coincidence is seen on the equator", Between(0, 20, 0, 20), 537, 0},
-                        {"ellipsoid 0", Between(0, 0, 0, 1, 0), 520, -1},
-                        {"ellipsoid 23", Between(10, 0, 11, 1, 23), 520, -1},
-                        {"opposite points", Between(0.5, 0, -0.5, 179.7), 539, -1}};
-    for (Row row : rows) {
+    } rows[] = {{"latitude beyond the pole", Between(90.5, 0, 0, 0), 517, -1},
+                {"longitude beyond 180", Between(0, 0, 1, -180.1), 517, -1},
+                {"no number", Between(1, 0, 1, NaN), 517, -1},
+                {"infinite", Between(-Infinity, 0, 1, 0), 517, -1},
+                {"a tenth of a metre apart", Between(10, 20, 10 + 9e-7, 20 - 9e-7), 537, 0},
+                {"coincidence is seen before the ellipsoid", Between(10, 20, 10, 20, 0), 537, 0},
+                {"coincidence is seen on the equator", Between(0, 20, 0, 20), 537, 0},
+                {"ellipsoid 0", Between(0, 0, 0, 1, 0), 520, -1},
+                {"ellipsoid 23", Between(10, 0, 11, 1, 23), 520, -1},
+                {"opposite points", Between(0.5, 0, -0.5, 179.7), 539, -1}};
+    for (auto row : rows) {
         EXPECT_EQ(static_cast<int>(InverseGeodesic(row.problem)), row.code) << row.rule;
         EXPECT_EQ(row.problem.distance, row.results) << row.rule;
         EXPECT_EQ(row.problem.forward_azimuth, row.results) << row.rule;
@@ -149,6 +147,67 @@ TEST(InverseGeodesic, TheEquatorHasNoSolution) {
     GeodesicProblem beside = Between(1e-300, 0, 0, 5); // 5 degrees of the equator
     EXPECT_EQ(InverseGeodesic(beside), GeodesyCode::Success);
     EXPECT_NEAR(beside.distance, 556597.453966, 1e-4);
+}
+
+TEST(AirportPositions, KnowsOnlyAirportsWhoseLinesMakeSense) {
+    const AirportList list({"KJFK,N40*38.23,W073*46.72", "CYYZ,N43*40.00,W079*37.00",
+                            "EGLL,N51*28.00,W000*27.00", "FAUL,Sx*28.00,W000*27.00", "NONE",
+                            "CYYZ,N10*00.00,E010*00.00"});
+    AirportPositions positions(list);
+    ASSERT_NE(positions.Of("CYYZ"), nullptr);
+    EXPECT_NEAR(positions.Of("CYYZ")->latitude, 43.6667, 1e-4);
+    EXPECT_NEAR(positions.Of("CYYZ")->longitude, -79.6167, 1e-4);
+    for (const char* unknown : {"KJFK", "FAUL", "NONE", "cyyz", ""}) EXPECT_EQ(positions.Of(unknown), nullptr);
+}
+
+TEST(AircraftPoint, IsTheOneThatTheScreenMeasuresFrom) {
+    EXPECT_FALSE(AircraftPoint("", ""));
+    EXPECT_FALSE(AircraftPoint("0.0", "10.0"));
+    const GeoPoint point = AircraftPoint("-33.94612345", "151.1772").value();
+    EXPECT_NEAR(point.latitude, -(33 + 56 / 60.0 + 48 / 3600.0), 1e-9);
+    EXPECT_NEAR(point.longitude, 151 + 10 / 60.0 + 36 / 3600.0, 1e-9);
+}
+
+TEST(Nearest, IsTheOneWithTheShortestGeodesic) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> latitude(-90, 90), longitude(-180, 180), spread(-0.2, 0.2);
+    for (int round = 0; round < 200; ++round) {
+        const GeoPoint aircraft = GeoPoint::At(latitude(random), longitude(random));
+        std::vector<GeoPoint> points;
+        for (int i = 0; i < 50; ++i) {
+            // Half of them at nearly the same distance, in every direction.
+            const double angle = i * 0.25, reach = 5 + 0.01 * spread(random);
+            const double north = std::clamp(aircraft.latitude + reach * std::cos(angle), -90.0, 90.0);
+            const double east = aircraft.longitude +
+                                reach * std::sin(angle) / std::max(0.05, std::cos(aircraft.latitude * 0.01745));
+            points.push_back(i % 2 == 0 ? GeoPoint::At(latitude(random), longitude(random))
+                                        : GeoPoint::At(north, std::remainder(east, 360)));
+        }
+        std::vector<const GeoPoint*> candidates{nullptr};
+        std::size_t expected = 0;
+        double shortest = 1e9;
+        for (const GeoPoint& point : points) {
+            candidates.push_back(&point);
+            const auto sight = Look(aircraft, point);
+            if (!sight || sight->metres >= shortest) continue;
+            shortest = sight->metres;
+            expected = candidates.size() - 1;
+        }
+        EXPECT_EQ(NearestInRange(aircraft, candidates, 0), expected);
+        const auto range = static_cast<std::int16_t>(WholeNauticalMiles(shortest));
+        EXPECT_EQ(NearestInRange(aircraft, candidates, range), expected);
+        if (range > 1) {
+            EXPECT_EQ(NearestInRange(aircraft, candidates, range - 1), std::nullopt);
+        }
+    }
+}
+
+TEST(Look, HasNoHolesOnTheEquatorOrAtTheAirport) {
+    const GeoPoint here = GeoPoint::At(0, 10), there = GeoPoint::At(0, 11);
+    EXPECT_EQ(Look(here, here)->NauticalMiles(), 0);
+    EXPECT_EQ(Look(here, there)->NauticalMiles(), 60);
+    EXPECT_NEAR(Look(here, there)->bearing, 90, 0.01);
+    EXPECT_EQ(NearestInRange(here, {}, 50), std::nullopt);
 }
 
 } // namespace

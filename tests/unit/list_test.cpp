@@ -33,23 +33,17 @@ TEST(ListView, SortsWithoutCaseKeepsEqualsAndCarriesMarks) {
 
 class Hand : public Flight {
   protected:
-    void Pick(std::size_t row) {
-        program->SelectRow(row);
-        program->Run(Command::lvwDB_ItemClick);
-    }
     const ListView& list() const { return state().form.lvwDB; }
 };
 
 TEST_F(Hand, SearchesFindMarkAndGoOn) {
     Start();
-    struct Row {
+    const struct {
         bool by_city;
         const char *answer, *found; ///< the city found; null: not found
-    };
-    const Row rows[] = {
-        {false, "egll", "London Director"}, {false, "E", "London Director"}, {false, "LL", nullptr},
-        {true, "TORONTO", "Toronto Tower"}, {true, "list", "Playlist one"},  {true, "moon", nullptr}};
-    for (const Row& row : rows) {
+    } rows[] = {{false, "egll", "London Director"}, {false, "E", "London Director"}, {false, "LL", nullptr},
+                {true, "TORONTO", "Toronto Tower"}, {true, "list", "Playlist one"},  {true, "moon", nullptr}};
+    for (const auto& row : rows) {
         prompts.answer = row.answer;
         const std::size_t told = prompts.messages.size();
         row.by_city ? program->Run(Command::mnuCitySearch) : program->Run(Command::mnuSearch);
@@ -63,8 +57,7 @@ TEST_F(Hand, SearchesFindMarkAndGoOn) {
     EXPECT_EQ(prompts.messages.back().title, "*NOT FOUND*");
     EXPECT_TRUE(player.urls.empty()); // in Automatic mode a search starts nothing
 
-    prompts.answer = "EGLL";
-    program->Run(Command::mnuSearch);
+    RunAnswering(Command::mnuSearch, "EGLL");
     std::string cities;
     for (int again = 0; again < 3; ++again) {
         cities.append(list().Items()[*list().Selected()].City) += ";";
@@ -73,8 +66,7 @@ TEST_F(Hand, SearchesFindMarkAndGoOn) {
     EXPECT_EQ(cities, "London Director;Radio London;Playlist one;");
     EXPECT_EQ(list().Items()[*list().Selected()].City, "London Director"); // from the top again
     const int marked = list().LastSearchIndex();
-    prompts.answer = "";
-    program->Run(Command::mnuCitySearch);
+    RunAnswering(Command::mnuCitySearch, "");
     EXPECT_EQ(list().LastSearchIndex(), marked); // no answer, no search
     program->Run(Command::lvwDB_ItemClick);
     EXPECT_EQ(list().LastSearchIndex(), 0);
@@ -87,18 +79,16 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
     Tick();
     EXPECT_TRUE(player.urls.empty()); // nothing has been picked yet
     EXPECT_EQ(state().form.Caption, "Quillon - Manual Mode -S");
-    struct Row {
+    const struct {
         std::size_t row;
         const char *url, *feed, *label;
-    };
-    const Row rows[] = {
-        {0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"},
-        {0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"}, // stops, starts again
-        {2, "http://radio.example/b", "EGLL - Radio London", "Net Radio"},
-        {3, "C:\\lists\\one.WPL", "EGLL - Playlist one", "Windows PlayList"},
-        {5, "mms://feeds.example/m", "CYYZ - Media", "Manual Mode"},
-        {1, "https://feeds.example/london/heathrow/director", "EGLL - London Director", "Manual Mode"}};
-    for (const Row& row : rows) {
+    } rows[] = {{0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"},
+                {0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"}, // stops, starts again
+                {2, "http://radio.example/b", "EGLL - Radio London", "Net Radio"},
+                {3, "C:\\lists\\one.WPL", "EGLL - Playlist one", "Windows PlayList"},
+                {5, "mms://feeds.example/m", "CYYZ - Media", "Manual Mode"},
+                {1, "https://feeds.example/london/heathrow/director", "EGLL - London Director", "Manual Mode"}};
+    for (const auto& row : rows) {
         player.urls.clear();
         Pick(row.row);
         EXPECT_EQ(player.state, Stopped);
@@ -146,23 +136,23 @@ TEST_F(Hand, CtrlDoubleClickTunesTheFollowedRadio) {
 }
 
 TEST_F(Hand, TuningToAChannelOf8Point33IsCheckedAfterwards) {
-    struct Row {
+    constexpr std::uint32_t Hertz = 0x05D0, Before = 122'800'000;
+    const struct {
         bool old;
         const char* feed;
         std::uint32_t word, hertz; ///< written
         const char *takes, *told;  ///< what the radio has afterwards
         int seconds = 1;           ///< until it is read
-    };
-    constexpr std::uint32_t Hertz = 0x05D0, Before = 122'800'000;
-    const Row rows[] = {{false, "118.305", 0x1830, 118'305'000, "118.305", "CYYZ - x"},
-                        {false, "118.305", 0x1830, 118'305'000, "118.300", "The radio rejected 118.305"},
-                        {false, "118.31", 0x1831, 118'310'000, "118.310", "CYYZ - x"},
-                        {false, "118.025", 0x1802, Before, "118.02", "CYYZ - x"},
-                        {false, "118.30", 0x1830, Before, "122.80", "The radio rejected 118.30"},
-                        {true, "118.305", 0x1830, Before, "118.30", "The radio rejected 118.305"},
-                        {false, "118.30", 0x1830, Before, "122.80", "*", 11}, // someone else has retuned it
-                        {true, "118.30", 0x1830, Before, "122.80", "*"}};
-    for (const Row& row : rows) {
+    } rows[] = {{false, "118.305", 0x1830, 118'305'000, "118.305", "CYYZ - x"},
+                {false, "118.305", 0x1830, 118'305'000, "118.300", "The radio rejected 118.305"},
+                {false, "118.31", 0x1831, 118'310'000, "118.310", "CYYZ - x"},
+                {false, "118.025", 0x1802, Before, "118.02", "CYYZ - x"},
+                {false, "118.30", 0x1830, Before, "122.80", "The radio rejected 118.30"},
+                {true, "118.305", 0x1830, Before, "118.30", "The radio rejected 118.305"},
+                {true, "118.31", 0x1831, Before, "118.31", "CYYZ - x"},
+                {false, "118.30", 0x1830, Before, "122.80", "*", 11}, // someone else has retuned it
+                {true, "118.30", 0x1830, Before, "122.80", "*"}};
+    for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.feed) + " " + row.takes);
         Write("Quillon\\live_atc_feeds.txt", "CYYZ|x|http://x|" + std::string(row.feed));
         if (row.old) simulator.BecomeFs9();
@@ -173,6 +163,7 @@ TEST_F(Hand, TuningToAChannelOf8Point33IsCheckedAfterwards) {
         program->Run(Command::TuneFeed);
         EXPECT_EQ(simulator.Word(Com2Standby), row.word) << "four bytes";
         EXPECT_EQ(simulator.Word(Hertz), row.hertz);
+        EXPECT_EQ(panel(2) == "118.310", !row.old && row.word == 0x1831);
         clock.now += std::chrono::seconds(row.seconds);
         TuneTo(row.takes);
         const std::string before = panel(3);
@@ -196,14 +187,12 @@ TEST_F(Hand, TheRangePromptConvertsWhatFits) {
         const char* answer;
         int range;
         const char* caption;
-    };
-    const Row rows[] = {{"5", 5, "Set &Range (5)"},      {"", 5, "Set &Range (5)"},
-                        {"12.5", 12, "Set &Range (12)"}, {"1e3", 1000, "Set &Range (1000)"},
-                        {"-5", -5, "Set &Range (-5)"},   {"   ", 0, "Set &Range (disabled)"},
-                        {"7", 7, "Set &Range (7)"},      {"abc", 0, "Set &Range (disabled)"}};
-    for (const Row& row : rows) {
-        prompts.answer = row.answer;
-        program->Run(Command::mnuRange);
+    } rows[] = {{"5", 5, "Set &Range (5)"},      {"", 5, "Set &Range (5)"},
+                {"12.5", 12, "Set &Range (12)"}, {"1e3", 1000, "Set &Range (1000)"},
+                {"-5", -5, "Set &Range (-5)"},   {"   ", 0, "Set &Range (disabled)"},
+                {"7", 7, "Set &Range (7)"},      {"abc", 0, "Set &Range (disabled)"}};
+    for (const auto& row : rows) {
+        RunAnswering(Command::mnuRange, row.answer);
         EXPECT_EQ(state().range.ReceptionRange, row.range) << row.answer;
         EXPECT_EQ(state().form.mnuRangeCaption, row.caption);
     }
@@ -215,11 +204,9 @@ TEST_F(Hand, TheRangePromptConvertsWhatFits) {
     TuneTo("119.10"); // at an airport that is not known, only the range switched off sets the tip
     EXPECT_EQ(state().form.Label2.ToolTipText, " Range Disabled ");
     EXPECT_TRUE(state().range.InRange);
-    prompts.answer = "50";
-    program->Run(Command::mnuRange);
+    RunAnswering(Command::mnuRange, "50");
     EXPECT_EQ(state().form.Label2.ToolTipText, " Range set at 50 Nautical Miles ");
-    prompts.answer = "99999";
-    program->Run(Command::mnuRange);
+    RunAnswering(Command::mnuRange, "99999");
     ASSERT_EQ(prompts.messages.size(), 1U);
     EXPECT_EQ(prompts.messages[0],
               (FakePrompts::Shown{"Set Range Error", "Set Range\rError 6 Overflow", Icon::Exclamation}));
@@ -230,7 +217,10 @@ TEST_F(Hand, PreferencesAreSavedAndRestored) {
     Start();
     program->Run(Command::mnuSelComm);
     EXPECT_TRUE(state().form.Frame1Visible && state().mute.FrameOpen);
-    program->Run(Command::optCom1);
+    for (const int radio : {4, 3, 2, 1}) {
+        program->Run(Command::optCom1 + radio - 1);
+        EXPECT_EQ(state().radio.SelectedComm, radio);
+    }
     program->Run(Command::mnuRecordedChatter);
     program->Run(Command::cmdComClose);
     EXPECT_FALSE(state().mute.FrameOpen); // although the other frame is still shown
@@ -238,8 +228,7 @@ TEST_F(Hand, PreferencesAreSavedAndRestored) {
     program->cboMin_Click(40);
     program->cboMax_Click(50);
     program->Run(Command::cmdClose2);
-    prompts.answer = "5";
-    program->Run(Command::mnuRange);
+    RunAnswering(Command::mnuRange, "5");
     program->Run(Command::mnuQuit);
     EXPECT_EQ(Read("Quillon\\Quillon.ini"), " 5 \r\nCom1\r\n 45 \r\n 60 \r\n 9 \r\n");
     Start();

@@ -71,8 +71,7 @@ class OnAir : public Flight {
         return text + form().StateCaption;
     }
     void SetRange(const std::string& range) {
-        prompts.answer = range;
-        program->Run(Command::mnuRange);
+        RunAnswering(Command::mnuRange, range);
         Poll();
     }
     static constexpr const char* NoSimulator = "No simulator is answering.";
@@ -136,8 +135,7 @@ TEST_F(OnAir, KeepsNobodyWaitingForItsQuestion) {
     program->Run(Command::optManual);
     background.held = true;
     Open();
-    program->SelectRow(3); // what the simulator owes keeps no pick from playing
-    program->Run(Command::lvwDB_ItemClick);
+    Pick(3); // what the simulator owes keeps no pick from playing
     Tick();
     EXPECT_EQ(player.url, "http://g/");
     Poll();
@@ -150,6 +148,8 @@ TEST_F(OnAir, KeepsNobodyWaitingForItsQuestion) {
     program->CloseOnTheAir();
     background.Finish();
     EXPECT_FALSE(form().Visible);
+    Poll();
+    EXPECT_FALSE(background.Busy()) << "nothing is asked behind a closed window";
 }
 
 TEST_F(OnAir, TunesOrPlaysAPickAndKeepsItSelected) {

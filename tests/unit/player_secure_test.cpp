@@ -10,8 +10,8 @@ namespace {
 /// Sends a byte at a time: a text, then its end over and over.
 class Carrier : public Connection {
   public:
-    Carrier(std::string text, std::size_t loop, int& reads)
-        : text_(std::move(text)), loop_(loop), reads_(reads) {}
+    Carrier(std::string text, std::size_t loop, int& reads, std::string& written)
+        : text_(std::move(text)), loop_(loop), reads_(reads), written_(written) {}
 
     IoResult Read(std::span<std::uint8_t> room) override {
         ++reads_;
@@ -19,7 +19,10 @@ class Carrier : public Connection {
         if (++at_ == text_.size()) at_ -= loop_;
         return {IoStatus::Ok, 1};
     }
-    IoResult Write(std::string_view bytes) override { return {IoStatus::Ok, bytes.size()}; }
+    IoResult Write(std::string_view bytes) override {
+        written_ += bytes;
+        return {IoStatus::Ok, bytes.size()};
+    }
     bool IsPrivate() const override { return false; }
 
   private:
@@ -27,6 +30,7 @@ class Carrier : public Connection {
     std::size_t loop_;
     std::size_t at_ = 0;
     int& reads_;
+    std::string& written_;
 };
 
 /// Every byte is a record.
@@ -34,11 +38,11 @@ class Layer : public SecurityLayer {
   public:
     SilenceCause Fault() const override { return SilenceCause::CertificateExpired; }
     Progress ShakeHands(std::vector<std::uint8_t>& received, std::string& unsent) override {
-        unsent = "hello";
+        if (received.empty()) unsent = "hello";
         return received.empty() ? Progress::Step : Take(received);
     }
     Progress Decrypt(std::vector<std::uint8_t>& received, std::vector<std::uint8_t>& data) override {
-        if (received[0] == 'd') data.push_back('d');
+        if (received[0] == 'd' || received[0] == 'x') data.push_back('d');
         return Take(received);
     }
     std::size_t Encrypt(std::string_view bytes, std::string&) override { return bytes.size(); }
@@ -56,6 +60,8 @@ class Layer : public SecurityLayer {
             return Progress::Untrusted;
         case 'c':
             return Progress::Closed;
+        case 'x':
+            return Progress::Failed;
         default:
             return record == '-' ? Progress::Incomplete : Progress::Done;
         }
@@ -64,9 +70,10 @@ class Layer : public SecurityLayer {
 
 TEST(SecureConnection, EndsHoweverLongItsServerGoesOn) {
     // s: step of a handshake, E: its end or an empty record, d: data, h: asks for a handshake, c: closed,
-    // u: untrusted, -: incomplete. The last bytes are repeated.
+    // u: untrusted, x: data that turns out to be damaged, -: incomplete. The last bytes are repeated.
     const std::tuple<const char*, std::string, std::size_t, IoStatus, std::size_t> rows[] = {
         {"data, then the end", "ssEdEddhEdc", 1, IoStatus::EndOfStream, 4},
+        {"damage", "sEddx", 1, IoStatus::Failed, 2},
         {"empty records", "sEdE", 1, IoStatus::Failed, 1},
         {"as many as allowed", "sE" + std::string(29, 'E') + "d" + std::string(31, 'E') + "dc", 1,
          IoStatus::EndOfStream, 2},
@@ -77,7 +84,10 @@ TEST(SecureConnection, EndsHoweverLongItsServerGoesOn) {
     };
     for (const auto& [name, text, loop, last, length] : rows) {
         int reads = 0;
-        SecureConnection connection(std::make_unique<Carrier>(text, loop, reads), std::make_unique<Layer>());
+        std::string written;
+        SecureConnection connection(std::make_unique<Carrier>(text, loop, reads, written),
+                                    std::make_unique<Layer>());
+        EXPECT_EQ(connection.Write("x").count, 0U) << name << ": nothing goes unencrypted";
         std::array<std::uint8_t, 10> room{};
         std::string data;
         IoResult result{IoStatus::Ok};
@@ -88,6 +98,7 @@ TEST(SecureConnection, EndsHoweverLongItsServerGoesOn) {
             for (std::size_t at = 0; at < result.count; ++at) data += static_cast<char>(room[at]);
         }
         EXPECT_EQ(result.status, last) << name;
+        EXPECT_EQ(written, "hello") << name;
         EXPECT_EQ(data, std::string(length, 'd')) << name;
         EXPECT_EQ(connection.Read(room).status, last) << name << ", for good";
         EXPECT_EQ(connection.Write("x").status, last) << name << ", for good";

@@ -25,13 +25,12 @@ std::function<bool(const World&)> After(milliseconds end) {
 TEST(Session, ShowsStatesAndPlaysWhatComes) {
     const std::string ok_with_length =
         "ICY 200 OK\nContent-Length:" + std::to_string(Frames(100).size()) + "\n\n";
-    struct Row {
+    const struct {
         const char* name;
         Script script;
         const char* states;
         int heard_frames;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"plays, then stalls", {Ok + Frames(100)}, "9 3 6 9 1", 100},
         {"plays, then drops", {Ok + Frames(100), IoStatus::EndOfStream}, "9 3 9 1", 100},
         {"plays, then is reset", {Ok + Frames(100), IoStatus::Failed}, "9 3 9 1", 100},
@@ -54,7 +53,7 @@ TEST(Session, ShowsStatesAndPlaysWhatComes) {
         {"not found", {"HTTP/1.1 404 Not Found\r\n\r\n" + Frames(100)}, "9 1", 0},
         {"no reply at all", {Frames(100)}, "9 1", 0},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         World world;
         world.servers["/a"] = row.script;
         RunSession(world, "http://h/a");
@@ -169,6 +168,17 @@ TEST(Session, GivesUpOnlyWithReason) {
         EXPECT_LT(world.now, 1min) << name;
         EXPECT_GT(world.retries->NotBefore("http://h/a"), world.now) << name;
     }
+}
+
+TEST(Session, BeginsWithShortWaitsWhateverAnotherOneMet) {
+    World world;
+    world.servers["/a"] = {"HTTP/1.1 404 Not Found\r\n\r\n"};
+    world.over = After(20s);
+    RunSession(world, "http://h/a");
+    world.over = After(23s);
+    const std::size_t before = world.asked.size();
+    RunSession(world, "http://h/a");
+    EXPECT_GE(world.asked.size(), before + 2);
 }
 
 TEST(Session, CancelledInACoolDownDoesNotProlongIt) {

@@ -1,12 +1,16 @@
-// MP3 frames, WAV files, and the queue of decoded sound.
+// MP3 frames, WAV files, the queue of decoded sound, and sound without clicks.
 #include "PlayerBytes.h"
 #include "player/AudioFrames.h"
+#include "player/Headroom.h"
+#include "player/SmoothSound.h"
 #include "player/WavFile.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <numeric>
 
 using namespace quillon;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -15,11 +19,10 @@ ByteView View(std::string_view text) {
 }
 
 TEST(Mp3Header, IsParsed) {
-    struct Row {
+    const struct {
         const char* bytes;
         std::optional<FrameFormat> format;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"\xFF\xFB\x90\x40", FrameFormat{FrameCoding::Mp3, 44100, 2, 128000, 1152, 417}},
         {"\xFF\xFB\x92\x40", FrameFormat{FrameCoding::Mp3, 44100, 2, 128000, 1152, 418}}, // padded
         {"\xFF\xFA\xE4\xC0", FrameFormat{FrameCoding::Mp3, 48000, 1, 320000, 1152, 960}},
@@ -37,7 +40,7 @@ TEST(Mp3Header, IsParsed) {
         {"\xFF\x7B\x90\x40", {}},
         {"\x7F\xFB\x90\x40", {}},
     };
-    for (const Row& row : rows) EXPECT_EQ(ParseMp3Header(View({row.bytes, 4})), row.format) << row.bytes;
+    for (const auto& row : rows) EXPECT_EQ(ParseMp3Header(View({row.bytes, 4})), row.format) << row.bytes;
     EXPECT_FALSE(ParseMp3Header(View("\xFF\xFB\x90")));
 }
 
@@ -135,13 +138,12 @@ TEST(WavFile, IsReadAs16BitSamples) {
     const std::string odd_chunk = Chunk("LIST", "odd");
     const std::string mono16 = FormatChunk(1, 1, 22050, 16);
     const std::string two = LittleEndian(0x8001FFFE, 4); // -2 and -32767
-    struct Row {
+    const struct {
         const char* name;
         std::string bytes;
         PcmFormat format;
         Samples samples;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"16 bits", Riff(mono16 + Chunk("data", two)), {22050, 1}, {-2, -32767}},
         {"8 bits",
          Riff(FormatChunk(1, 1, 8000, 8) + Chunk("data", {"\x00\x80\xFF", 3})),
@@ -164,7 +166,7 @@ TEST(WavFile, IsReadAs16BitSamples) {
          {-2, -32767}},
         {"half a sample", Riff(mono16 + Chunk("data", two + "x") + odd_chunk), {22050, 1}, {-2, -32767}},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         for (const std::size_t step : {1U, 5U, 1000U}) {
             const Heard heard = ReadWav(row.bytes, step);
             EXPECT_TRUE(heard.good) << row.name;
@@ -241,7 +243,6 @@ TEST(WavFile, GivesCodecsWholeBlocksOfConsistentFormats) {
 }
 
 TEST(PcmQueue, KeepsOrderFormatAndLength) {
-    using namespace std::chrono_literals;
     PcmQueue queue;
     queue.Push({1000, 1}, {1, 2, 3});
     queue.Push({1000, 1}, {4, 5});
@@ -254,6 +255,92 @@ TEST(PcmQueue, KeepsOrderFormatAndLength) {
     EXPECT_EQ(queue.Take(4ms), (Samples{8, 9}));
     EXPECT_TRUE(queue.Empty());
     EXPECT_EQ(queue.Length(), 0ms);
+}
+
+/// Sound at 8 kHz, where a ramp is 80 samples long, and what has been taken of it.
+class Smooth : public testing::Test {
+  protected:
+    void Take(std::size_t count) {
+        Samples room(count);
+        sound.Take(room);
+        taken.insert(taken.end(), room.begin(), room.end());
+    }
+    int LargestStep() const {
+        int largest = 0;
+        for (std::size_t at = 1; at < taken.size(); ++at)
+            largest = std::max(largest, std::abs(taken[at] - taken[at - 1]));
+        return largest;
+    }
+    double Loud() const {
+        return static_cast<double>(std::count_if(taken.begin(), taken.end(), [](int s) { return s != 0; }));
+    }
+
+    SmoothSound sound{{8000, 1}};
+    Samples taken{0};
+};
+
+TEST_F(Smooth, BeginsAndRunsOutAlongRamps) {
+    sound.Push(Samples(400, 8000));
+    Take(390);
+    EXPECT_EQ(taken[200], 8000);
+    sound.Push(Samples(100, 8000)); // just in time: it had begun to end
+    Take(200);
+    EXPECT_TRUE(sound.IsSilent());
+    sound.Push(Samples(200, 8000));
+    Take(300);
+    EXPECT_LE(LargestStep(), 110);
+    EXPECT_NEAR(Loud(), 700, 5);
+}
+
+TEST_F(Smooth, PausesWithinARampAndResumesInItsPlace) {
+    sound.Push(Samples(1000, 8000));
+    Take(300);
+    sound.SetPaused(true);
+    Take(500);
+    EXPECT_TRUE(sound.IsSilent());
+    EXPECT_NEAR(static_cast<double>(sound.Length().count()), (1000 - 380) * 125, 250);
+    sound.SetPaused(false, 50ms);
+    Take(200);
+    EXPECT_LT(taken.back(), 4100);
+    Take(500);
+    EXPECT_LE(LargestStep(), 110);
+    EXPECT_NEAR(Loud(), 1000, 5);
+}
+
+TEST_F(Smooth, ChangesItsVolumeAlongARamp) {
+    sound.SetVolume(25); // before the first sound: from there
+    sound.Push(Samples(1000, 8000));
+    Take(300);
+    EXPECT_EQ(taken.back(), 2000);
+    sound.SetVolume(100);
+    Take(300);
+    EXPECT_EQ(taken.back(), 8000);
+    EXPECT_LE(LargestStep(), 110);
+}
+
+TEST_F(Smooth, BeginsPausedAtOnce) {
+    sound.SetPaused(true, 0ms);
+    sound.Push(Samples(500, 8000));
+    Take(100);
+    EXPECT_EQ(Loud(), 0);
+}
+
+TEST(Headroom, GrowsWhenADeviceRunsDryAndShrinksEverMoreSlowly) {
+    Headroom headroom;
+    const auto length = [&headroom](Headroom::Time now) {
+        headroom.PlaysOn(now);
+        return headroom.Length();
+    };
+    headroom.RanDry(100s);
+    EXPECT_EQ(length(219s), 20ms);
+    headroom.FoundLeft(5ms, 219s);
+    EXPECT_EQ(length(220s), 10ms);
+    headroom.FoundLeft(2ms, 220s);
+    EXPECT_EQ(length(339s), 20ms) << "nearly dry";
+    EXPECT_EQ(length(340s), 10ms);
+    for (int time = 0; time < 9; ++time) headroom.RanDry(400s);
+    EXPECT_EQ(length(3999s), 160ms);
+    EXPECT_EQ(length(4000s), 80ms);
 }
 
 } // namespace

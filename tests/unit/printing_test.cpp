@@ -52,8 +52,7 @@ class Printing : public Flight {
         for (int n = 201; n < 308; ++n) lines += std::to_string(n) + "|City|x|" + std::to_string(n) + ".00\r\n";
         Write("Quillon\\live_atc_feeds.txt", lines);
         Start();
-        prompts.answer = "City";
-        program->Run(Command::mnuCitySearch);
+        RunAnswering(Command::mnuCitySearch, "City");
     }
 };
 

@@ -40,13 +40,12 @@ TEST_F(AirportFile, ThatCannotBeReadIsReported) {
 }
 
 TEST(Convert2DMS, SecondsComeFromMinutesRoundedToATenth) {
-    struct Row {
+    const struct {
         std::string value, result, kept;
-    };
-    const Row rows[] = {{"-33.9461", "-33.56.48", "-33.946"},    {"45.0", "45.00.00", "45.0"},
-                        {"12.9999", "12.60.00", "12.9999"},      {"0.00002", "0.00.00", "0.00002"},
-                        {"-122.37554", "-122.22.12", "-122.37"}, {"-.5", "-.30.00", "-.5"}};
-    for (Row row : rows) {
+    } rows[] = {{"-33.9461", "-33.56.48", "-33.946"},    {"45.0", "45.00.00", "45.0"},
+                {"12.9999", "12.60.00", "12.9999"},      {"0.00002", "0.00.00", "0.00002"},
+                {"-122.37554", "-122.22.12", "-122.37"}, {"-.5", "-.30.00", "-.5"}};
+    for (auto row : rows) {
         std::string step;
         EXPECT_EQ(Convert2DMS(row.value, step), row.result);
         EXPECT_EQ(row.value, row.kept);
@@ -75,23 +74,21 @@ class CalcDistance : public testing::Test, protected TickBench {
 TEST_F(CalcDistance, ComparesTheMilesShownWithTheRange) {
     const auto automatic = SelectionMode::Automatic;
     const auto manual = SelectionMode::Manual;
-    struct Row {
-        const char* rule;
-        const char* latitude;
+    const struct {
+        const char *rule, *latitude;
         std::int16_t range;
         SelectionMode mode;
         const char* caption;
         bool in_range;
-    };
-    const Row rows[] = {{"nearer", "41.6333", 61, manual, "60 NM", true},
-                        {"equal", "41.6333", 60, automatic, "60 NM", true},
-                        {"farther", "41.6333", 59, automatic, "60 NM (Out of Range)", false},
-                        {"farther, by hand", "41.6333", 59, manual, "60 NM (Manual Mode)", false},
-                        {"switched off", "41.6333", 0, manual, "60 NM", true},
-                        {"thousands", "-10.0", 4, automatic, "3,027 NM (Out of Range)", false},
-                        {"thousands, equal", "-10.0", 3027, automatic, "3,027 NM", true},
-                        {"below a mile", "40.6433", 1, automatic, "0 NM", true}};
-    for (const Row& row : rows) {
+    } rows[] = {{"nearer", "41.6333", 61, manual, "60 NM", true},
+                {"equal", "41.6333", 60, automatic, "60 NM", true},
+                {"farther", "41.6333", 59, automatic, "60 NM (Out of Range)", false},
+                {"farther, by hand", "41.6333", 59, manual, "60 NM (Manual Mode)", false},
+                {"switched off", "41.6333", 0, manual, "60 NM", true},
+                {"thousands", "-10.0", 4, automatic, "3,027 NM (Out of Range)", false},
+                {"thousands, equal", "-10.0", 3027, automatic, "3,027 NM", true},
+                {"below a mile", "40.6433", 1, automatic, "0 NM", true}};
+    for (const auto& row : rows) {
         Fly(row.latitude, "-73.7667");
         state.range = {row.range, !row.in_range, 0};
         state.cycle.Mode = row.mode;
@@ -105,23 +102,19 @@ TEST_F(CalcDistance, ComparesTheMilesShownWithTheRange) {
 }
 
 TEST_F(CalcDistance, LabelSaysWhyThereIsNoDistance) {
-    struct Row {
-        const char* rule;
-        const char* icao;
-        const char* latitude;
-        const char* city;
+    const struct {
+        const char *rule, *icao, *latitude, *city;
         std::int16_t playlist;
         DistanceKind before;
         const char* caption;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"unknown airport", "ZZZZ", "41.6333", "Town", 0, DistanceKind::None, "ICAO not found!"},
         {"position not read yet", "KXYZ", "", "Town", 0, DistanceKind::None, "ICAO not found!"},
         {"playlist", "ZZZZ", "41.6333", "Town", 5, DistanceKind::None, "Windows PlayList"},
         {"radio before playlist", "ZZZZ", "41.6333", "Town RADIO", 5, DistanceKind::None, "Net Radio"},
         {"radio is not looked up", "KXYZ", "41.6333", "Radio", 0, DistanceKind::NetRadio, "Net Radio"},
         {"label left from a radio", "KXYZ", "41.6333", "Town", 0, DistanceKind::NetRadio, "ICAO not found!"}};
-    for (const Row& row : rows)
+    for (const auto& row : rows)
         for (const bool in_range : {false, true}) {
             state.feed.FeedIcao = row.icao;
             state.feed.FeedCity = row.city;
@@ -146,20 +139,18 @@ TEST_F(CalcDistance, WithoutAFeedNothingIsInRange) {
 }
 
 TEST_F(CalcDistance, SearchGoesOnlyForwardAndNeverToTheFirstLine) {
-    struct Row {
-        const char* rule;
-        const char* icao;
+    const struct {
+        const char *rule, *icao;
         std::int32_t start, end;
         bool found;
-    };
-    const Row rows[] = {{"the first line is a heading", "KXYZ", 0, 1, true},
-                        {"from the start on", "KABC", 1, 2, true},
-                        {"never back", "KABC", 3, 3, false},
-                        {"letter case", "egll", 0, 1, false},
-                        {"the whole code", "EGL", 1, 1, false},
-                        {"nothing but the code", "EGLL,N51*28.00", 1, 1, false},
-                        {"start behind the end", "EGLL", 99, 99, false}};
-    for (const Row& row : rows) {
+    } rows[] = {{"the first line is a heading", "KXYZ", 0, 1, true},
+                {"from the start on", "KABC", 1, 2, true},
+                {"never back", "KABC", 3, 3, false},
+                {"letter case", "egll", 0, 1, false},
+                {"the whole code", "EGL", 1, 1, false},
+                {"nothing but the code", "EGLL,N51*28.00", 1, 1, false},
+                {"start behind the end", "EGLL", 99, 99, false}};
+    for (const auto& row : rows) {
         state.feed.FeedIcao = row.icao;
         state.range.AirportSearchStart = row.start;
         sim.CalcDistance();
@@ -169,13 +160,9 @@ TEST_F(CalcDistance, SearchGoesOnlyForwardAndNeverToTheFirstLine) {
 }
 
 TEST_F(CalcDistance, ReadsTheAirportsLine) {
-    struct Row {
-        const char* rule;
-        const char* line;
-        const char *latitude, *longitude;
-        const char* caption;
-    };
-    const Row rows[] = {
+    const struct {
+        const char *rule, *line, *latitude, *longitude, *caption;
+    } rows[] = {
         {"digits behind the point are seconds", "KXYZ,N10*00.50,E010*00.00", "11.0", "10.0", "58 NM"},
         {"north east", "KXYZ,N10*00.00,E010*00.00", "10.5", "10.0", "30 NM"},
         {"south west", "KXYZ,S10*00.00,W010*00.00", "-10.5", "-10.0", "30 NM"},
@@ -185,7 +172,7 @@ TEST_F(CalcDistance, ReadsTheAirportsLine) {
         {"aircraft just south of 0 counts as 0", "KXYZ,N01*00.00,E010*00.00", "-0.5", "10.0", "59 NM"},
         {"airport within a degree counts as 0", "KXYZ,N00*30.00,W000*30.00", "1.0", "0.5", "59 NM"},
         {"aircraft's minutes may round up to 60", "KXYZ,N10*00.00,E010*00.00", "10.9999", "10.0", "59 NM"}};
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         state.feed.FeedIcao = std::string(row.line, 4);
         Fly(row.latitude, row.longitude);
         state.Airports = {{"", row.line}};
@@ -201,10 +188,9 @@ TEST_F(CalcDistance, BadLinesAreReportedOnceAndLeaveLabelAndRangeAlone) {
     const std::string departure = "Calculating Departure lat and lon\rError ";
     const std::string no_call = departure + "5 Invalid procedure call or argument";
     const std::string no_number = departure + "13 Type mismatch";
-    struct Row {
+    const struct {
         std::string line, latitude, report;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"KXYZ,", "41.6333", no_call},
         {"KXYZ,N4038.00,W07346.00", "41.6333", no_call},
         {"KXYZ,N40*3800,W073*4600", "41.6333", no_call},
@@ -215,7 +201,7 @@ TEST_F(CalcDistance, BadLinesAreReportedOnceAndLeaveLabelAndRangeAlone) {
         {"KXYZ,N40*38.00,W073*46.00", "40.6333", ""},
         {"KXYZ,N40*38.00,W073*46.00", "41", "Calc Degree\rError 5 Invalid procedure call or argument"},
         {"KXYZ,N00*30.00,W074*46.00", "-0.5", "Calculating flight distance\rError 11 Division by zero"}};
-    for (const Row& row : rows)
+    for (const auto& row : rows)
         for (const bool in_range : {false, true}) {
             state.Airports = {{"", row.line}};
             state.range = {50, in_range, 1};

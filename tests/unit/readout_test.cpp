@@ -55,15 +55,14 @@ TEST(RadioReadout, ReadsRadioPauseAndPosition) {
 TEST(SimConnection, KnowsWhichModulesAreTooOld) {
     EXPECT_EQ(VersionText(0x34560000), "3.456");
     EXPECT_EQ(VersionText(0x34560001), "3.456a");
-    struct Row {
+    const struct {
         const char *simulator, *version, *needs;
-    };
-    const Row rows[] = {{"FSX", "3.999", "Quillon for FSX requires Version 4.0"},
-                        {"FSX", "4.000", ""},
-                        {"FS9", "2.840", ""},
-                        {"FS9", "2.839z", "Quillon requires Version 2.8.4.2"},
-                        {"Prepar3D", "3.000", ""}};
-    for (const Row& row : rows) {
+    } rows[] = {{"FSX", "3.999", "Quillon for FSX requires Version 4.0"},
+                {"FSX", "4.000", ""},
+                {"FS9", "2.840", ""},
+                {"FS9", "2.839z", "Quillon requires Version 2.8.4.2"},
+                {"Prepar3D", "3.000", ""}};
+    for (const auto& row : rows) {
         const std::string text = TooOldText(row.simulator, row.version);
         EXPECT_EQ(text.empty(), *row.needs == '\0') << row.version;
         EXPECT_EQ(text.rfind(row.needs, 0), 0U) << text;

@@ -28,12 +28,10 @@ TEST(IsNumeric, WantsNothingButANumber) {
 }
 
 TEST(Format, FollowsThePattern) {
-    struct Row {
+    const struct {
         double number;
-        const char* pattern;
-        const char* text;
-    };
-    const Row rows[] = {
+        const char *pattern, *text;
+    } rows[] = {
         {118.02, "###.00", "118.02"},
         {136.95, "###.00", "136.95"},
         {0.5, "###.00", ".50"},
@@ -49,7 +47,7 @@ TEST(Format, FollowsThePattern) {
         {123, "#,###,###", "123"},
         {-0.2, "0", "0"},
     };
-    for (const Row& row : rows) EXPECT_EQ(Format(row.number, row.pattern), row.text) << row.number;
+    for (const auto& row : rows) EXPECT_EQ(Format(row.number, row.pattern), row.text) << row.number;
 }
 
 TEST(Rounding, HalvesGoToEvenAndOverflowIsAnError) {

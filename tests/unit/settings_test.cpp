@@ -1,20 +1,22 @@
-// The settings file: what its lines mean, what stands in for bad ones, and when it may be written.
+// The settings file, what is remembered between runs, and the event log: what stands in for bad lines, and when
+// they are written.
 #include "Fakes.h"
 #include "TempFolder.h"
 #include "settings/EventLog.h"
+#include "settings/RememberedState.h"
 #include "settings/Settings.h"
+#include "state/ProgramState.h"
 
 using namespace quillon;
 
 namespace {
 
 TEST(ParseSettings, DefaultsStandInForWhatIsMissingOrUnreadable) {
-    struct Row {
+    const struct {
         const char* rule;
         std::string text;
         SettingsValues values;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"blanks around numbers", " 60 \r\nCom1\r\n 5 \r\n-7 \r\n 36 \r\n", {60, "Com1", 5, -7, 36}},
         {"a mark, LF ends, none at the end", "\xEF\xBB\xBF\x36\nCom2\n16\n26\n16", {6, "Com2", 16, 26, 16}},
         {"empty radio", "60\r\n\r\n5\r\n7\r\n35\r\n", {60, "", 5, 7, 35}},
@@ -29,7 +31,7 @@ TEST(ParseSettings, DefaultsStandInForWhatIsMissingOrUnreadable) {
         {"just in type", "32767\r\nCom1\r\n-32768\r\n7\r\n2147483647", {32767, "Com1", -32768, 7, 2147483647}},
         {"a sixth line", "60\r\nCom1\r\n5\r\n7\r\n35\r\n99\r\n", {60, "Com1", 5, 7, 35}},
     };
-    for (const Row& row : rows) EXPECT_EQ(ParseSettings(row.text), row.values) << row.rule;
+    for (const auto& row : rows) EXPECT_EQ(ParseSettings(row.text), row.values) << row.rule;
 }
 
 class SettingsFile : public TempFolder {
@@ -126,6 +128,61 @@ TEST_F(EventLogFile, KeepsNoSecretsNoRepetitionsAndLittleOfTheDisk) {
     std::filesystem::remove(PathOf(At(EventLogName)));
     MakeFolder(EventLogName);
     log.Add("in vain");
+}
+
+TEST(RememberedState, DefaultsStandInForWhatMakesNoSense) {
+    const std::pair<std::string, RememberedValues> rows[] = {
+        {"volume=0\r\nuser-agent=me/1 (a=b)\r\n", {0, "me/1 (a=b)", {}, {}, {}}},
+        {"\xEF\xBB\xBF volume = 7 \nother=1\nnothing\n=\n", {7, "", {}, {}, {}}},
+        {"volume=5\nvolume=101\nvolume=-1\nvolume=1e1\nvolume=\nvolume=99999999999", {5, "", {}, {}, {}}},
+        {"window=800 600\ncolumns=700 3500 800 2400", {100, "", {800, 600}, {700, 3500, 800, 2400}, {}}},
+        {"window=800 -600\nwindow=9\ncolumns=700 3500 800\ncolumns=700  800 2400 99999", {100, "", {}, {}, {}}},
+        {"player=control\nplayer=other\nsound-device={2}\nsound-device-name=B = 2",
+         {100, "", {}, {}, {}, {ForcedPlayer::Control, "{2}", "B = 2"}}},
+        {"stay-open=no\nstay-open=yes", {100, "", {}, {}, {true, {}}}},
+        {"on-top=yes\nhide-when-minimised=yes\nstart-minimised=1",
+         {100, "", {}, {}, {{}, {}, true, true, false}}},
+        {"compact=yes\nplace=-1920 0\ncompact-place=7 -8\nplace=5\nplace=a 1\nplace=1 999999",
+         {100, "", {}, {}, {}, {}, true, WindowPlace{-1920, 0}, WindowPlace{7, -8}}},
+        {"skip-faulty-lines=yes", {100, "", {}, {}, {{}, {}, false, false, false, true}}},
+        {"shared-frequencies=no", {100, "", {}, {}, {{}, false}}},
+    };
+    for (const auto& [text, values] : rows) {
+        EXPECT_EQ(ParseRemembered(text), values) << text;
+        EXPECT_EQ(ParseRemembered(RememberedText(values)), values) << text;
+    }
+}
+
+class RememberedStateFile : public TempFolder {
+  protected:
+    RememberedStateFile() { state.folders.DataPath = folder + "\\"; }
+
+    ProgramState state;
+    RememberedState remembered{state.form, state.marks, state.sound, state.UserAgent, state.folders};
+};
+
+TEST_F(RememberedStateFile, KeepsAllThatItHolds) {
+    const std::string all =
+        "volume=40\r\nuser-agent=me\r\nwindow=800 600\r\ncolumns=50 60 70 80\r\nstay-open=yes\r\n"
+        "shared-frequencies=no\r\nskip-faulty-lines=yes\r\nplayer=control\r\nsound-device={2}\r\n"
+        "sound-device-name=B\r\nplace=5 6\r\ncompact-place=7 -8\r\ncompact=yes\r\non-top=yes\r\n"
+        "hide-when-minimised=yes\r\nstart-minimised=yes\r\n";
+    state.form.lvwDB.ColumnHeaders.resize(4);
+    Write("Quillon.state", all);
+    remembered.Read();
+    remembered.Write();
+    EXPECT_EQ(Read("Quillon.state"), all);
+}
+
+TEST_F(RememberedStateFile, IsNotReplacedWhenItCouldNotBeRead) {
+    MakeFolder("Quillon.state");
+    remembered.Read();
+    std::filesystem::remove(PathOf(At("Quillon.state")));
+    remembered.Write();
+    EXPECT_FALSE(FileExists(At("Quillon.state")));
+    remembered.Read(); // now it is missing, which is no failure
+    MakeFolder("Quillon.state");
+    remembered.Write();
 }
 
 } // namespace
