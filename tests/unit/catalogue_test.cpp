@@ -97,10 +97,7 @@ TEST_F(Catalogue, FaultyLinesAreLeftOutIfTheUserWishes) {
 }
 
 TEST_F(Catalogue, LinesBecomeRowsAndMissingFrequenciesTheLowestFreeOnes) {
-    const struct {
-        const char* rule;
-        std::string content, rows;
-    } rows[] = {
+    const std::tuple<const char*, std::string, std::string> rows[] = {
         {"comments and lines without a bar", "//\r\n// a|b|c|d\r\n\r\nx\r\nA|b|u|121.70\r\n", "A/b/121.70/u;"},
         {"stated before given", "A|a|u|\r\nB|b|u|\r\nC|c|u|118.00\r\n",
          "A/a/118.02/u;B/b/118.05/u;C/c/118.00/u;"},
@@ -115,10 +112,10 @@ TEST_F(Catalogue, LinesBecomeRowsAndMissingFrequenciesTheLowestFreeOnes) {
         {"byte-order mark", Mark + "A|a|u|118.00\r\n", "A/a/118.00/u;"},
         {"the code page's bytes", "A|M\xFCn \x80|u|118.00\r\n", "A/M\xC3\xBCn \xE2\x82\xAC/118.00/u;"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(Load(row.content), row.rows) << row.rule;
-        EXPECT_EQ(prompts.messages, Messages{}) << row.rule;
-        EXPECT_EQ(state.StartupStep + state.MessageText, "") << row.rule;
+    for (const auto& [rule, content, loaded] : rows) {
+        EXPECT_EQ(Load(content), loaded) << rule;
+        EXPECT_EQ(prompts.messages, Messages{}) << rule;
+        EXPECT_EQ(state.StartupStep + state.MessageText, "") << rule;
     }
 }
 
@@ -203,10 +200,7 @@ TEST_F(Catalogue, FirstLoadCanSortByFrequencyAndPickEdmonton) {
 TEST_F(Catalogue, AppendingKeepsTheEncodingWhileItCan) {
     const std::string u = "\xC3\xBC";        // in Windows-1252 "\xFC"
     const std::string east = "\xE6\x9D\xB1"; // not in it
-    const struct {
-        const char* rule;
-        std::string before, line, after;
-    } rows[] = {
+    const std::tuple<const char*, std::string, std::string, std::string> rows[] = {
         {"UTF-8 stays", u + "\r\n", east, u + "\r\n" + east + "\r\n"},
         {"the code page stays", "\xFC\r\n", u, "\xFC\r\n\xFC\r\n"},
         {"the code page lacks a character", "\xFC\r\n", east, u + "\r\n" + east + "\r\n"},
@@ -215,10 +209,10 @@ TEST_F(Catalogue, AppendingKeepsTheEncodingWhileItCan) {
         {"empty", "", "c", "c\r\n"},
         {"byte-order mark", Mark, u, Mark + u + "\r\n"},
     };
-    for (const auto& row : rows) {
-        Write("f.txt", row.before);
-        AppendLines(At("f.txt"), {row.line}, page);
-        EXPECT_EQ(Read("f.txt"), row.after) << row.rule;
+    for (const auto& [rule, before, line, after] : rows) {
+        Write("f.txt", before);
+        AppendLines(At("f.txt"), {line}, page);
+        EXPECT_EQ(Read("f.txt"), after) << rule;
     }
     AppendLines(At("new.txt"), {"a", "b"}, page);
     EXPECT_EQ(Read("new.txt"), "a\r\nb\r\n");
@@ -282,18 +276,16 @@ TEST_F(Catalogue, FoldersAreTheFirstThatExist) {
 }
 
 TEST_F(Catalogue, FoldersWithoutDriveOrServerAreInTheDataFolder) {
-    const struct {
-        const char *url, *folder;
-    } rows[] = {{"ATC\\EGLL_T\\", "D:\\Data\\ATC\\EGLL_T\\"},
-                {"..\\rec", "D:\\Data\\..\\rec"},
-                {"C:rec", "C:rec"},
-                {"\\\\nas\\rec", "\\\\nas\\rec"},
-                {"lists\\a.wpl", "lists\\a.wpl"},
-                {"http://a.example/", "http://a.example/"},
-                {"mms://a.example/", "mms://a.example/"},
-                {"", ""}};
+    const std::pair<const char*, const char*> rows[] = {{"ATC\\EGLL_T\\", "D:\\Data\\ATC\\EGLL_T\\"},
+                                                        {"..\\rec", "D:\\Data\\..\\rec"},
+                                                        {"C:rec", "C:rec"},
+                                                        {"\\\\nas\\rec", "\\\\nas\\rec"},
+                                                        {"lists\\a.wpl", "lists\\a.wpl"},
+                                                        {"http://a.example/", "http://a.example/"},
+                                                        {"mms://a.example/", "mms://a.example/"},
+                                                        {"", ""}};
     state.folders.DataPath = "D:\\Data\\";
-    for (const auto& row : rows) EXPECT_EQ(FolderOfRecordings(state.folders, row.url), row.folder);
+    for (const auto& [url, found] : rows) EXPECT_EQ(FolderOfRecordings(state.folders, url), found);
 }
 
 TEST_F(Catalogue, TraceLogGrowsByLinesAndStartsSmall) {

@@ -289,26 +289,22 @@ TEST_F(Flight, AFeedThatIsNoLongerTunedNeverComesBack) {
 TEST_F(Flight, PlayerStatesHaveTheirTexts) {
     Start();
     TuneTo("118.70");
-    const struct {
-        PlayState state;
-        const char *panel, *caption;
-    } rows[] = {{Undefined, "Stopped", "Quillon -S"},
-                {Stopped, "Stopped", "Quillon -S"},
-                {Paused, "Paused", "Quillon -P"},
-                {Playing, "Playing", "Quillon -OK"},
-                {Buffering, "Buffering", "Quillon -B"},
-                {MediaEnded, "Buffering", "Quillon -B"},
-                {Transitioning, "Connecting", "Quillon -C"},
-                {Waiting, "No Connection", "Quillon -NC"},
-                {Ready, "No Connection", "Quillon -NC"}};
-    for (const auto& row : rows) {
-        player.state = row.state;
+    const std::tuple<PlayState, const char*, const char*> rows[] = {{Undefined, "Stopped", "Quillon -S"},
+                                                                    {Stopped, "Stopped", "Quillon -S"},
+                                                                    {Paused, "Paused", "Quillon -P"},
+                                                                    {Playing, "Playing", "Quillon -OK"},
+                                                                    {Buffering, "Buffering", "Quillon -B"},
+                                                                    {MediaEnded, "Buffering", "Quillon -B"},
+                                                                    {Transitioning, "Connecting", "Quillon -C"},
+                                                                    {Waiting, "No Connection", "Quillon -NC"},
+                                                                    {Ready, "No Connection", "Quillon -NC"}};
+    for (const auto& [played, text, caption] : rows) {
+        player.state = played;
         player.urls.clear();
         Tick();
-        EXPECT_TRUE(row.state != Ready || player.urls.size() == 1)
-            << "a lost player is a reason to search again";
-        EXPECT_EQ(panel(1), row.panel);
-        EXPECT_EQ(state().form.Caption, row.caption);
+        EXPECT_TRUE(played != Ready || player.urls.size() == 1) << "a lost player is a reason to search again";
+        EXPECT_EQ(panel(1), text);
+        EXPECT_EQ(state().form.Caption, caption);
     }
     EXPECT_TRUE(state().form.picATCNetVisible);
     TuneTo("119.00");

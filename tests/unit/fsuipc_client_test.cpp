@@ -202,24 +202,21 @@ TEST_F(Link, ARoundReadsAndWritesInOrder) {
 }
 
 TEST_F(Link, SendsAreRetriedTenTimesAndTheLastOneCountsAsFailed) {
-    const struct {
-        int failing;
-        std::uint32_t last_error, code;
-        int sends;
-    } rows[] = {{0, 0, 0, 1},       {1, 1400, 0, 2},    {9, 5, 0, 10},  {10, 0, 11, 11},
-                {10, 1400, 12, 11}, {11, 1400, 12, 11}, {11, 0, 11, 11}};
+    const std::tuple<int, std::uint32_t, std::uint32_t, int> rows[] = {
+        {0, 0, 0, 1},       {1, 1400, 0, 2},    {9, 5, 0, 10},  {10, 0, 11, 11},
+        {10, 1400, 12, 11}, {11, 1400, 12, 11}, {11, 0, 11, 11}};
     ASSERT_TRUE(Open());
-    for (const auto& row : rows) {
+    for (const auto& [failing, last_error, code, sends] : rows) {
         machine.sends = 0;
         clock.passed = 0ms;
-        machine.failing_sends = row.failing;
-        machine.last_error = row.last_error;
+        machine.failing_sends = failing;
+        machine.last_error = last_error;
         std::uint32_t value = 0;
         client.FsuipcRead(0x3304, 4, &value, result);
-        EXPECT_EQ(client.FsuipcProcess(result), row.code == 0) << row.failing;
-        EXPECT_EQ(result, row.code) << row.failing;
-        EXPECT_EQ(machine.sends, row.sends);
-        EXPECT_EQ(clock.passed, 100ms * (row.sends - 1));
+        EXPECT_EQ(client.FsuipcProcess(result), code == 0) << failing;
+        EXPECT_EQ(result, code) << failing;
+        EXPECT_EQ(machine.sends, sends);
+        EXPECT_EQ(clock.passed, 100ms * (sends - 1));
         EXPECT_FALSE(client.FsuipcProcess(result));
         EXPECT_EQ(result, LinkNothingQueued) << "the queue is empty whatever happened";
     }

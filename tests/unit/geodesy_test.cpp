@@ -43,13 +43,11 @@ TEST(Geodesy, IndexOutsideTheTableIsAnError) {
 }
 
 TEST(Dms, AlmostSixtyIsCarriedAndTheSignRules) {
-    const struct {
-        DmsRecord angle;
-        double degrees;
-    } rows[] = {{{10, 30, 36, 1}, 10.51}, {{10, 30, 36, -1}, -10.51},        {{-10, 30, 36, -1}, -10.51},
-                {{10, 30, 0, 0}, 0},      {{10, 59.999995, 0, 1}, 11},       {{10, 59, 59.999995, 1}, 11},
-                {{10, 60, 0, 1}, 11},     {{10, 0, 59.9999, 1}, 10.01666664}};
-    for (const auto& row : rows) EXPECT_NEAR(DmsToDegrees(row.angle), row.degrees, 1e-8) << row.degrees;
+    const std::pair<DmsRecord, double> rows[] = {
+        {{10, 30, 36, 1}, 10.51}, {{10, 30, 36, -1}, -10.51},        {{-10, 30, 36, -1}, -10.51},
+        {{10, 30, 0, 0}, 0},      {{10, 59.999995, 0, 1}, 11},       {{10, 59, 59.999995, 1}, 11},
+        {{10, 60, 0, 1}, 11},     {{10, 0, 59.9999, 1}, 10.01666664}};
+    for (const auto& [angle, degrees] : rows) EXPECT_NEAR(DmsToDegrees(angle), degrees, 1e-8) << degrees;
 }
 
 TEST(Dms, SplitsDegrees) {

@@ -18,11 +18,7 @@ std::string Joined(const Entries& entries) {
 }
 
 TEST(Playlists, AreReadByContentOrElseByName) {
-    const struct {
-        const char* rule;
-        std::string text;
-        const char *name, *entries;
-    } rows[] = {
+    const std::tuple<const char*, std::string, const char*, const char*> rows[] = {
         {"m3u", "#EXTM3U\r\n#EXTINF:-1,Tower\r\nhttp://h/a?x=1&y=2\r\n\r\n  b.mp3 \r\n", "",
          "http://h/a?x=1&y=2 | b.mp3"},
         {"plain list with old line ends", "http://h/a\rhttp://h/b\r", "x.m3u", "http://h/a | http://h/b"},
@@ -58,13 +54,12 @@ TEST(Playlists, AreReadByContentOrElseByName) {
         {"unknown markup", "<html><a href=\"http://h/a\">x</a></html>", "x.m3u", ""},
         {"cut short", "<asx><ref href=\"http://h/a\"/><ref href=\"http://h/b", "", "http://h/a | http://h/b"},
     };
-    for (const auto& row : rows) EXPECT_EQ(Joined(ReadPlaylist(row.text, row.name)), row.entries) << row.rule;
+    for (const auto& [rule, text, name, entries] : rows)
+        EXPECT_EQ(Joined(ReadPlaylist(text, name)), entries) << rule;
 }
 
 TEST(Playlists, EntriesAreResolved) {
-    const struct {
-        const char *from, *entry, *address;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"http://h:81/radio/x.pls?y=z", "b.mp3", "http://h:81/radio/b.mp3"},
         {"http://h/radio/x.pls", "/b c", "http://h/b%20c"},
         {"https://h/x.m3u", "//i/b", "https://i/b"},
@@ -83,8 +78,8 @@ TEST(Playlists, EntriesAreResolved) {
         {"C:\\Lists\\x.m3u", "file://C:/b.mp3", "C:/b.mp3"},
         {"C:\\Lists\\x.m3u", "file:///C:/My%20Sounds/b%.mp3", "C:/My Sounds/b%.mp3"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(ResolveEntry(row.from, row.entry).value_or("none"), row.address) << row.entry;
+    for (const auto& [from, entry, address] : rows)
+        EXPECT_EQ(ResolveEntry(from, entry).value_or("none"), address) << entry;
 }
 
 TEST(LocalEntry, OpensFilesOnlyWhereTheUserHasSomethingToDoWith) {
@@ -137,10 +132,7 @@ TEST(PrivateAddress, IsOneThatTheInternetDoesNotReach) {
 
 TEST(ContentKind, IsDetectedByFirstBytesAndAnnouncement) {
     using enum ContentKind;
-    const struct {
-        std::string bytes;
-        ContentKind unannounced, announced;
-    } rows[] = {
+    const std::tuple<std::string, ContentKind, ContentKind> rows[] = {
         {"\xFF\xFB\x90\x40", Frames, Frames},
         {"ID3\x04", Frames, Frames},
         {"RIFF", Wav, Wav},
@@ -156,10 +148,10 @@ TEST(ContentKind, IsDetectedByFirstBytesAndAnnouncement) {
         {"\r\n\r\n#E", Unknown, Unknown},
         {"", Unknown, Unknown},
     };
-    for (const auto& row : rows) {
-        const ByteView bytes(reinterpret_cast<const std::uint8_t*>(row.bytes.data()), row.bytes.size());
-        EXPECT_EQ(KindOf(bytes, false), row.unannounced) << row.bytes;
-        EXPECT_EQ(KindOf(bytes, true), row.announced) << row.bytes;
+    for (const auto& [text, unannounced, announced] : rows) {
+        const ByteView bytes(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+        EXPECT_EQ(KindOf(bytes, false), unannounced) << text;
+        EXPECT_EQ(KindOf(bytes, true), announced) << text;
     }
     EXPECT_TRUE(AnnouncesPlaylist("", "C:\\Lists\\A.WPL"));
     EXPECT_TRUE(AnnouncesPlaylist("text/plain", "/listen.pls?id=1"));

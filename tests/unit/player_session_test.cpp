@@ -25,12 +25,7 @@ std::function<bool(const World&)> After(milliseconds end) {
 TEST(Session, ShowsStatesAndPlaysWhatComes) {
     const std::string ok_with_length =
         "ICY 200 OK\nContent-Length:" + std::to_string(Frames(100).size()) + "\n\n";
-    const struct {
-        const char* name;
-        Script script;
-        const char* states;
-        int heard_frames;
-    } rows[] = {
+    const std::tuple<const char*, Script, const char*, int> rows[] = {
         {"plays, then stalls", {Ok + Frames(100)}, "9 3 6 9 1", 100},
         {"plays, then drops", {Ok + Frames(100), IoStatus::EndOfStream}, "9 3 9 1", 100},
         {"plays, then is reset", {Ok + Frames(100), IoStatus::Failed}, "9 3 9 1", 100},
@@ -53,12 +48,12 @@ TEST(Session, ShowsStatesAndPlaysWhatComes) {
         {"not found", {"HTTP/1.1 404 Not Found\r\n\r\n" + Frames(100)}, "9 1", 0},
         {"no reply at all", {Frames(100)}, "9 1", 0},
     };
-    for (const auto& row : rows) {
+    for (const auto& [name, script, states, heard_frames] : rows) {
         World world;
-        world.servers["/a"] = row.script;
+        world.servers["/a"] = script;
         RunSession(world, "http://h/a");
-        EXPECT_EQ(world.states, row.states) << row.name;
-        EXPECT_NEAR(static_cast<double>(world.heard.count()), row.heard_frames * 26.12, 60) << row.name;
+        EXPECT_EQ(world.states, states) << name;
+        EXPECT_NEAR(static_cast<double>(world.heard.count()), heard_frames * 26.12, 60) << name;
     }
 }
 

@@ -19,10 +19,7 @@ ByteView View(std::string_view text) {
 }
 
 TEST(Mp3Header, IsParsed) {
-    const struct {
-        const char* bytes;
-        std::optional<FrameFormat> format;
-    } rows[] = {
+    const std::pair<const char*, std::optional<FrameFormat>> rows[] = {
         {"\xFF\xFB\x90\x40", FrameFormat{FrameCoding::Mp3, 44100, 2, 128000, 1152, 417}},
         {"\xFF\xFB\x92\x40", FrameFormat{FrameCoding::Mp3, 44100, 2, 128000, 1152, 418}}, // padded
         {"\xFF\xFA\xE4\xC0", FrameFormat{FrameCoding::Mp3, 48000, 1, 320000, 1152, 960}},
@@ -40,7 +37,7 @@ TEST(Mp3Header, IsParsed) {
         {"\xFF\x7B\x90\x40", {}},
         {"\x7F\xFB\x90\x40", {}},
     };
-    for (const auto& row : rows) EXPECT_EQ(ParseMp3Header(View({row.bytes, 4})), row.format) << row.bytes;
+    for (const auto& [bytes, format] : rows) EXPECT_EQ(ParseMp3Header(View({bytes, 4})), format) << bytes;
     EXPECT_FALSE(ParseMp3Header(View("\xFF\xFB\x90")));
 }
 
@@ -138,12 +135,7 @@ TEST(WavFile, IsReadAs16BitSamples) {
     const std::string odd_chunk = Chunk("LIST", "odd");
     const std::string mono16 = FormatChunk(1, 1, 22050, 16);
     const std::string two = LittleEndian(0x8001FFFE, 4); // -2 and -32767
-    const struct {
-        const char* name;
-        std::string bytes;
-        PcmFormat format;
-        Samples samples;
-    } rows[] = {
+    const std::tuple<const char*, std::string, PcmFormat, Samples> rows[] = {
         {"16 bits", Riff(mono16 + Chunk("data", two)), {22050, 1}, {-2, -32767}},
         {"8 bits",
          Riff(FormatChunk(1, 1, 8000, 8) + Chunk("data", {"\x00\x80\xFF", 3})),
@@ -166,12 +158,12 @@ TEST(WavFile, IsReadAs16BitSamples) {
          {-2, -32767}},
         {"half a sample", Riff(mono16 + Chunk("data", two + "x") + odd_chunk), {22050, 1}, {-2, -32767}},
     };
-    for (const auto& row : rows) {
+    for (const auto& [name, bytes, format, samples] : rows) {
         for (const std::size_t step : {1U, 5U, 1000U}) {
-            const Heard heard = ReadWav(row.bytes, step);
-            EXPECT_TRUE(heard.good) << row.name;
-            EXPECT_EQ(heard.format, row.format) << row.name;
-            EXPECT_EQ(heard.samples, row.samples) << row.name << ", " << step;
+            const Heard heard = ReadWav(bytes, step);
+            EXPECT_TRUE(heard.good) << name;
+            EXPECT_EQ(heard.format, format) << name;
+            EXPECT_EQ(heard.samples, samples) << name << ", " << step;
         }
     }
 }

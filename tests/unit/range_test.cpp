@@ -188,9 +188,7 @@ TEST_F(CalcDistance, BadLinesAreReportedOnceAndLeaveLabelAndRangeAlone) {
     const std::string departure = "Calculating Departure lat and lon\rError ";
     const std::string no_call = departure + "5 Invalid procedure call or argument";
     const std::string no_number = departure + "13 Type mismatch";
-    const struct {
-        std::string line, latitude, report;
-    } rows[] = {
+    const std::tuple<std::string, std::string, std::string> rows[] = {
         {"KXYZ,", "41.6333", no_call},
         {"KXYZ,N4038.00,W07346.00", "41.6333", no_call},
         {"KXYZ,N40*3800,W073*4600", "41.6333", no_call},
@@ -201,21 +199,21 @@ TEST_F(CalcDistance, BadLinesAreReportedOnceAndLeaveLabelAndRangeAlone) {
         {"KXYZ,N40*38.00,W073*46.00", "40.6333", ""},
         {"KXYZ,N40*38.00,W073*46.00", "41", "Calc Degree\rError 5 Invalid procedure call or argument"},
         {"KXYZ,N00*30.00,W074*46.00", "-0.5", "Calculating flight distance\rError 11 Division by zero"}};
-    for (const auto& row : rows)
+    for (const auto& [line, latitude, report] : rows)
         for (const bool in_range : {false, true}) {
-            state.Airports = {{"", row.line}};
+            state.Airports = {{"", line}};
             state.range = {50, in_range, 1};
             label = {"caption", "tip"};
             prompts.messages.clear();
             for (int tick = 0; tick < 2; ++tick) {
-                Fly(row.latitude, "-73.7667");
+                Fly(latitude, "-73.7667");
                 sim.CalcDistance();
             }
-            EXPECT_EQ(label, (Label{"caption", "tip"})) << row.line;
-            EXPECT_EQ(state.range.InRange, in_range) << row.line;
+            EXPECT_EQ(label, (Label{"caption", "tip"})) << line;
+            EXPECT_EQ(state.range.InRange, in_range) << line;
             std::vector<Shown> reports;
-            if (!row.report.empty()) reports = {{"CalcDistance Error", row.report, Icon::Exclamation}};
-            EXPECT_EQ(prompts.messages, reports) << row.line;
+            if (!report.empty()) reports = {{"CalcDistance Error", report, Icon::Exclamation}};
+            EXPECT_EQ(prompts.messages, reports) << line;
             trap.Run("CalcDistance Error", Icon::Exclamation, [] {});
         }
 }

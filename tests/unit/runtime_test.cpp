@@ -28,10 +28,7 @@ TEST(IsNumeric, WantsNothingButANumber) {
 }
 
 TEST(Format, FollowsThePattern) {
-    const struct {
-        double number;
-        const char *pattern, *text;
-    } rows[] = {
+    const std::tuple<double, const char*, const char*> rows[] = {
         {118.02, "###.00", "118.02"},
         {136.95, "###.00", "136.95"},
         {0.5, "###.00", ".50"},
@@ -47,7 +44,7 @@ TEST(Format, FollowsThePattern) {
         {123, "#,###,###", "123"},
         {-0.2, "0", "0"},
     };
-    for (const auto& row : rows) EXPECT_EQ(Format(row.number, row.pattern), row.text) << row.number;
+    for (const auto& [number, pattern, text] : rows) EXPECT_EQ(Format(number, pattern), text) << number;
 }
 
 TEST(Rounding, HalvesGoToEvenAndOverflowIsAnError) {

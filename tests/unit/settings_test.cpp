@@ -12,11 +12,7 @@ using namespace quillon;
 namespace {
 
 TEST(ParseSettings, DefaultsStandInForWhatIsMissingOrUnreadable) {
-    const struct {
-        const char* rule;
-        std::string text;
-        SettingsValues values;
-    } rows[] = {
+    const std::tuple<const char*, std::string, SettingsValues> rows[] = {
         {"blanks around numbers", " 60 \r\nCom1\r\n 5 \r\n-7 \r\n 36 \r\n", {60, "Com1", 5, -7, 36}},
         {"a mark, LF ends, none at the end", "\xEF\xBB\xBF\x36\nCom2\n16\n26\n16", {6, "Com2", 16, 26, 16}},
         {"empty radio", "60\r\n\r\n5\r\n7\r\n35\r\n", {60, "", 5, 7, 35}},
@@ -31,7 +27,7 @@ TEST(ParseSettings, DefaultsStandInForWhatIsMissingOrUnreadable) {
         {"just in type", "32767\r\nCom1\r\n-32768\r\n7\r\n2147483647", {32767, "Com1", -32768, 7, 2147483647}},
         {"a sixth line", "60\r\nCom1\r\n5\r\n7\r\n35\r\n99\r\n", {60, "Com1", 5, 7, 35}},
     };
-    for (const auto& row : rows) EXPECT_EQ(ParseSettings(row.text), row.values) << row.rule;
+    for (const auto& [rule, text, values] : rows) EXPECT_EQ(ParseSettings(text), values) << rule;
 }
 
 class SettingsFile : public TempFolder {
