@@ -179,7 +179,7 @@ class FakePlayer : public FeedPlayer {
     void SetUrl(const std::string& new_url) override {
         url = new_url;
         if (!url.empty()) urls.push_back(url);
-        state = url.empty() ? Stopped : Playing;
+        state = url.empty() ? Undefined : Playing;
     }
     PlayState State() override { return state; }
     void Play() override {
