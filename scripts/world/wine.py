@@ -96,13 +96,12 @@ class Copilot:
         self.ask("fly %s %s" % feed.position)
         self.ask(f"tune com2stby {feed.frequency}")
 
-    def box(self, *texts, press=None, seconds=15):
+    def box(self, *texts, press=None):
         """Waits until the boxes show all these texts; `press` is the button that then closes the topmost."""
-        boxes = self.await_text("boxes", lambda now: all(text in now for text in texts), seconds)
+        boxes = self.await_text("boxes", lambda now: all(text in now for text in texts), 15)
         if press:
             self.ask(f"press {press}")
             self.await_text("boxes", lambda now: now != boxes)
-        return boxes
 
     def await_text(self, command, expected, seconds=10):
         """Asks until the answer is as expected (a text, or a predicate), and returns it."""

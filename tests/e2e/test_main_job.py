@@ -1,5 +1,4 @@
 """The real Quillon.exe, a simulator, a stream server and a sound server, as processes of their own."""
-
 from hostile_server import HostileServer, make_tone
 from session import Session
 from world.feeds import FEEDS
