@@ -498,6 +498,20 @@ TEST_F(Flight, QuittingEndsTheWaiting) {
     EXPECT_TRUE(state().Ended);
 }
 
+TEST_F(Flight, TheStartTriesAgainAfterTwoSeconds) {
+    simulator.refuses = true;
+    std::set<std::chrono::milliseconds> pauses;
+    std::chrono::milliseconds last{0};
+    simulator.asked = [&] { pauses.insert(clock.passed - std::exchange(last, clock.passed)); };
+    clock.events = [&] {
+        simulator.refuses = clock.passed < std::chrono::seconds(20);
+        return true;
+    };
+    Start();
+    using std::chrono::milliseconds; // within a try, between two, and of the splash
+    EXPECT_EQ(pauses, (std::set{milliseconds(100), milliseconds(2000), milliseconds(4000)}));
+}
+
 TEST_F(Flight, ModesSwitchTheTimersAndForceANewSearch) {
     Start();
     TuneTo("118.70");
