@@ -258,6 +258,7 @@ TEST(Player, KeepsVolumeAndNameFromFeedToFeed) {
     in.player.SetUrl(Url);
     in.At(1s, [&in] {
         in.player.SetUserAgent("me (at home)");
+        in.player.SetUserAgent(std::string(201, 'a'));
         for (const char* bad : {"", "a\rX: y", "a\nX: y", "\x7F", "\xC3\xBC"}) in.player.SetUserAgent(bad);
         in.player.SetUrl("http://h/b");
     });

@@ -220,14 +220,17 @@ TEST(WavFile, GivesCodecsWholeBlocksOfConsistentFormats) {
         {"IMA, small block", Coded(0x11, 2, 8, 4, extra(1)), 0},
         {"GSM", Coded(0x31, 1, 65, 0, extra(320)), 195},
         {"MP3", Coded(0x55, 1, 1152, 0, extra(1, 10)), 200},
+        {"MP3 and more", Coded(0x55, 1, 1152, 0, extra(1, 10) + "more"), 200},
         {"MP3, cut short", Coded(0x55, 1, 1152, 0, extra(1, 9)), 0},
         {"other", Coded(0x22, 1, 32, 1, ""), 192},
         {"other, no block", Coded(0x22, 1, 0, 1, ""), 0},
     };
     for (const auto& [name, bytes, taken] : rows) {
         for (const std::size_t step : {7U, 1000U}) {
-            const Heard heard =
-                ReadWav(bytes, step, [](const WaveFormat&) { return std::make_unique<AnyCodec>(); });
+            const Heard heard = ReadWav(bytes, step, [](const WaveFormat& format) {
+                EXPECT_EQ(format.header.size(), 18U + format.header[16]) << "extra bytes";
+                return std::make_unique<AnyCodec>();
+            });
             EXPECT_EQ(heard.good, taken > 0) << name;
             EXPECT_EQ(std::accumulate(heard.samples.begin(), heard.samples.end(), 0), taken) << name << step;
         }
