@@ -155,7 +155,7 @@ TEST_F(Flight, HighlightsWhatPlaysUntilTheUserSelectsAnother) {
 TEST_F(Flight, TunesTheFeedOfEachFrequency) {
     AppendFile(At("Quillon\\live_atc_feeds.txt"),
                "EGLL|as wide as the panel|http://h/7890123456789012345|121.50\r\n"
-               "EGLL|wider|http://h/78901234567890123456|121.60\r\n");
+               "EGLL|wider|http://h/78901234567890123456|121.60\r\n|nowhere|http://n/|121.70\r\n");
     Start();
     simulator.FlyTo(51.01, -1.01);
     const struct {
@@ -175,6 +175,7 @@ TEST_F(Flight, TunesTheFeedOfEachFrequency) {
          "http://h/7890123456789012345", "0 NM", Playing},
         {"121.60", "http://h/78901234567890123456", "EGLL - wider", "...ttp://h/78901234567890123456", "0 NM",
          Playing},
+        {"121.70", "http://n/", " - nowhere", "http://n/", "", Paused},
         {"122.80", nullptr, "*", "*", "", Stopped},
         {"119.72", "https://feeds.example/london/heathrow/director", "EGLL - London Director",
          "...ple/london/heathrow/director", "0 NM", Playing},
