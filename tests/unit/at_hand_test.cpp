@@ -3,8 +3,6 @@
 #include "app/Announcer.h"
 #include "app/WindowView.h"
 
-#include <gtest/gtest.h>
-
 namespace quillon {
 namespace {
 

@@ -2,8 +2,6 @@
 #include "app/AddFeedKeys.h"
 #include "state/Services.h"
 
-#include <gtest/gtest.h>
-
 namespace quillon {
 namespace {
 

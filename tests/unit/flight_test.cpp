@@ -204,25 +204,24 @@ TEST_F(Flight, TellsChannelsOf8Point33Apart) {
                                          "CYYZ|c|http://c|125.31\r\nCYYZ|d|http://d|125.315\r\n"
                                          "CYYZ|e|http://e|125.030\r\nCYYZ|f|http://f|126.005\r\n"
                                          "CYYZ|g|http://g|126.025\r\nCYYZ|h|http://h|126.03\r\n");
-    const struct {
-        const char *tuned, *shown, *feed, *old_shown, *old_feed;
-    } rows[] = {{"125.300", "125.30", "CYYZ - a", "125.30", "CYYZ - a"},
-                {"125.305", "125.305", "CYYZ - b", "125.30", "CYYZ - a"},
-                {"125.310", "125.310", "CYYZ - c", "125.31", "CYYZ - c"},
-                {"125.315", "125.315", "CYYZ - d", "125.31", "CYYZ - c"},
-                {"125.030", "125.030", "CYYZ - e", "125.30", "CYYZ - a"},
-                {"125.025", "125.02", "CYYZ - e", "125.02", "*"}, // on the same carrier
-                {"126.000", "126.00", "CYYZ - f", "126.00", "*"},
-                {"126.010", "126.010", "*", "126.10", "*"},
-                {"126.025", "126.02", "CYYZ - g", "126.02", "CYYZ - g"},
-                {"126.030", "126.030", "CYYZ - h", "126.30", "*"}};
+    const std::array<const char*, 5> rows[] = {
+        {"125.300", "125.30", "CYYZ - a", "125.30", "CYYZ - a"},
+        {"125.305", "125.305", "CYYZ - b", "125.30", "CYYZ - a"},
+        {"125.310", "125.310", "CYYZ - c", "125.31", "CYYZ - c"},
+        {"125.315", "125.315", "CYYZ - d", "125.31", "CYYZ - c"},
+        {"125.030", "125.030", "CYYZ - e", "125.30", "CYYZ - a"},
+        {"125.025", "125.02", "CYYZ - e", "125.02", "*"}, // on the same carrier
+        {"126.000", "126.00", "CYYZ - f", "126.00", "*"},
+        {"126.010", "126.010", "*", "126.10", "*"},
+        {"126.025", "126.02", "CYYZ - g", "126.02", "CYYZ - g"},
+        {"126.030", "126.030", "CYYZ - h", "126.30", "*"}};
     for (const bool old : {false, true}) {
         if (old) simulator.BecomeFs9();
         Start();
-        for (const auto& row : rows) {
-            TuneTo(row.tuned);
-            EXPECT_EQ(panel(2), old ? row.old_shown : row.shown);
-            EXPECT_EQ(panel(3), old ? row.old_feed : row.feed) << row.tuned;
+        for (const auto& [tuned, shown, feed, old_shown, old_feed] : rows) {
+            TuneTo(tuned);
+            EXPECT_EQ(panel(2), old ? old_shown : shown);
+            EXPECT_EQ(panel(3), old ? old_feed : feed) << tuned;
         }
     }
 }

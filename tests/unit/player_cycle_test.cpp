@@ -179,7 +179,7 @@ TEST(Player, TellsWhyItIsSilentAndWhenItTriesAgain) {
 
 TEST(Player, GoesNoFurtherThanTheCataloguesOwnAddressAllows) {
     const char* const refused = "Refused: it leads into a private network";
-    const std::tuple<const char*, const char*, const char*> rows[] = {
+    const std::array<const char*, 3> rows[] = {
         // address, what is asked, what is told
         {"https://h/down", "/down ", "Refused: a redirect from https to http"},
         {"https://h/up", "/up /a ", ""},

@@ -101,11 +101,7 @@ Read ReadReply(std::string_view bytes, std::size_t step) {
 }
 
 TEST(HttpReply, IsReadInPiecesOfAnySize) {
-    const struct {
-        const char* bytes;
-        int status;
-        const char *type, *location, *body;
-    } rows[] = {
+    const std::tuple<const char*, int, const char*, const char*, const char*> rows[] = {
         {"HTTP/1.0 200 OK\r\nContent-Type: audio/mpeg\r\n\r\nBODY", 200, "audio/mpeg", "", "BODY"},
         {"HTTP/1.1 200\r\nCONTENT-TYPE:Text/HTML; charset=x\r\n\r\n\r\n\n", 200, "text/html", "", "\r\n\n"},
         {"ICY 200 OK\nicy-name:Tower\ncontent-type:audio/mpeg\n\n\xFF\xFB", 200, "audio/mpeg", "", "\xFF\xFB"},
@@ -114,14 +110,14 @@ TEST(HttpReply, IsReadInPiecesOfAnySize) {
         {"HTTP/1.0 404 Not Found\r\n\r\n", 404, "", "", ""},
         {"ICY 401\r\n\r\n", 401, "", "", ""},
     };
-    for (const auto& row : rows) {
+    for (const auto& [bytes, status, type, location, body] : rows) {
         for (const std::size_t step : {1U, 2U, 7U, 1000U}) {
-            const Read read = ReadReply(row.bytes, step);
-            EXPECT_EQ(read.progress, HttpReply::Progress::Complete) << row.bytes;
-            EXPECT_EQ(read.reply.Status(), row.status) << row.bytes;
-            EXPECT_EQ(read.reply.ContentType(), row.type) << row.bytes;
-            EXPECT_EQ(read.reply.Header("location"), row.location) << row.bytes;
-            EXPECT_EQ(read.body, row.body) << step;
+            const Read read = ReadReply(bytes, step);
+            EXPECT_EQ(read.progress, HttpReply::Progress::Complete) << bytes;
+            EXPECT_EQ(read.reply.Status(), status) << bytes;
+            EXPECT_EQ(read.reply.ContentType(), type) << bytes;
+            EXPECT_EQ(read.reply.Header("location"), location) << bytes;
+            EXPECT_EQ(read.body, body) << step;
         }
     }
 }

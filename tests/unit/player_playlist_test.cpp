@@ -59,7 +59,7 @@ TEST(Playlists, AreReadByContentOrElseByName) {
 }
 
 TEST(Playlists, EntriesAreResolved) {
-    const std::tuple<const char*, const char*, const char*> rows[] = {
+    const std::array<const char*, 3> rows[] = {
         {"http://h:81/radio/x.pls?y=z", "b.mp3", "http://h:81/radio/b.mp3"},
         {"http://h/radio/x.pls", "/b c", "http://h/b%20c"},
         {"https://h/x.m3u", "//i/b", "https://i/b"},

@@ -139,30 +139,25 @@ TEST_F(CalcDistance, WithoutAFeedNothingIsInRange) {
 }
 
 TEST_F(CalcDistance, SearchGoesOnlyForwardAndNeverToTheFirstLine) {
-    const struct {
-        const char *rule, *icao;
-        std::int32_t start, end;
-        bool found;
-    } rows[] = {{"the first line is a heading", "KXYZ", 0, 1, true},
-                {"from the start on", "KABC", 1, 2, true},
-                {"never back", "KABC", 3, 3, false},
-                {"letter case", "egll", 0, 1, false},
-                {"the whole code", "EGL", 1, 1, false},
-                {"nothing but the code", "EGLL,N51*28.00", 1, 1, false},
-                {"start behind the end", "EGLL", 99, 99, false}};
-    for (const auto& row : rows) {
-        state.feed.FeedIcao = row.icao;
-        state.range.AirportSearchStart = row.start;
+    const std::tuple<const char*, const char*, std::int32_t, std::int32_t, bool> rows[] = {
+        {"the first line is a heading", "KXYZ", 0, 1, true},
+        {"from the start on", "KABC", 1, 2, true},
+        {"never back", "KABC", 3, 3, false},
+        {"letter case", "egll", 0, 1, false},
+        {"the whole code", "EGL", 1, 1, false},
+        {"nothing but the code", "EGLL,N51*28.00", 1, 1, false},
+        {"start behind the end", "EGLL", 99, 99, false}};
+    for (const auto& [rule, icao, start, end, found] : rows) {
+        state.feed.FeedIcao = icao;
+        state.range.AirportSearchStart = start;
         sim.CalcDistance();
-        EXPECT_EQ(state.range.AirportSearchStart, row.end) << row.rule;
-        EXPECT_EQ(label.Caption != "ICAO not found!", row.found) << row.rule;
+        EXPECT_EQ(state.range.AirportSearchStart, end) << rule;
+        EXPECT_EQ(label.Caption != "ICAO not found!", found) << rule;
     }
 }
 
 TEST_F(CalcDistance, ReadsTheAirportsLine) {
-    const struct {
-        const char *rule, *line, *latitude, *longitude, *caption;
-    } rows[] = {
+    const std::array<const char*, 5> rows[] = {
         {"digits behind the point are seconds", "KXYZ,N10*00.50,E010*00.00", "11.0", "10.0", "58 NM"},
         {"north east", "KXYZ,N10*00.00,E010*00.00", "10.5", "10.0", "30 NM"},
         {"south west", "KXYZ,S10*00.00,W010*00.00", "-10.5", "-10.0", "30 NM"},
@@ -172,13 +167,13 @@ TEST_F(CalcDistance, ReadsTheAirportsLine) {
         {"aircraft just south of 0 counts as 0", "KXYZ,N01*00.00,E010*00.00", "-0.5", "10.0", "59 NM"},
         {"airport within a degree counts as 0", "KXYZ,N00*30.00,W000*30.00", "1.0", "0.5", "59 NM"},
         {"aircraft's minutes may round up to 60", "KXYZ,N10*00.00,E010*00.00", "10.9999", "10.0", "59 NM"}};
-    for (const auto& row : rows) {
-        state.feed.FeedIcao = std::string(row.line, 4);
-        Fly(row.latitude, row.longitude);
-        state.Airports = {{"", row.line}};
+    for (const auto& [rule, line, latitude, longitude, caption] : rows) {
+        state.feed.FeedIcao = std::string(line, 4);
+        Fly(latitude, longitude);
+        state.Airports = {{"", line}};
         state.range = {100, false, 1};
         sim.CalcDistance();
-        EXPECT_EQ(label.Caption, row.caption) << row.rule;
+        EXPECT_EQ(label.Caption, caption) << rule;
     }
     EXPECT_TRUE(prompts.messages.empty());
 }
@@ -188,7 +183,7 @@ TEST_F(CalcDistance, BadLinesAreReportedOnceAndLeaveLabelAndRangeAlone) {
     const std::string departure = "Calculating Departure lat and lon\rError ";
     const std::string no_call = departure + "5 Invalid procedure call or argument";
     const std::string no_number = departure + "13 Type mismatch";
-    const std::tuple<std::string, std::string, std::string> rows[] = {
+    const std::array<std::string, 3> rows[] = {
         {"KXYZ,", "41.6333", no_call},
         {"KXYZ,N4038.00,W07346.00", "41.6333", no_call},
         {"KXYZ,N40*3800,W073*4600", "41.6333", no_call},

@@ -55,12 +55,11 @@ TEST(RadioReadout, ReadsRadioPauseAndPosition) {
 TEST(SimConnection, KnowsWhichModulesAreTooOld) {
     EXPECT_EQ(VersionText(0x34560000), "3.456");
     EXPECT_EQ(VersionText(0x34560001), "3.456a");
-    const std::tuple<const char*, const char*, const char*> rows[] = {
-        {"FSX", "3.999", "Quillon for FSX requires Version 4.0"},
-        {"FSX", "4.000", ""},
-        {"FS9", "2.840", ""},
-        {"FS9", "2.839z", "Quillon requires Version 2.8.4.2"},
-        {"Prepar3D", "3.000", ""}};
+    const std::array<const char*, 3> rows[] = {{"FSX", "3.999", "Quillon for FSX requires Version 4.0"},
+                                               {"FSX", "4.000", ""},
+                                               {"FS9", "2.840", ""},
+                                               {"FS9", "2.839z", "Quillon requires Version 2.8.4.2"},
+                                               {"Prepar3D", "3.000", ""}};
     for (const auto& [simulator, version, needs] : rows) {
         const std::string text = TooOldText(simulator, version);
         EXPECT_EQ(text.empty(), *needs == '\0') << version;
