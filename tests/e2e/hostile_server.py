@@ -193,9 +193,9 @@ def make_certificate(path, name):
 
 
 def make_expired_certificate(path, name):
-    """It ends a day before it begins."""
+    """It ends in the second in which it begins."""
     valid = make_certificate(path.with_suffix(".valid"), name)
-    subprocess.run(["openssl", "x509", "-in", valid, "-signkey", valid, "-days", "-1", "-out", path], check=True)
+    subprocess.run(["openssl", "x509", "-in", valid, "-signkey", valid, "-days", "0", "-out", path], check=True)
     path.write_text(valid.read_text().partition("-----BEGIN CERT")[0] + path.read_text())
     return path
 
