@@ -78,9 +78,11 @@ TEST_F(AtHand, MinimisingHidesOnlyWhereAnIconIsLeft) {
     EXPECT_FALSE(state().form.Hidden) << "without a notification area";
     program->MinimiseWindow(true);
     EXPECT_TRUE(state().form.Hidden);
+    const ViewRequest before = state().form.ShowRequest;
     prompts.meanwhile = [&] { program->Run(Command::ShowWindow); };
     RunAnswering(Command::mnuRange, "99999"); // an error, and so a box
     EXPECT_FALSE(state().form.Hidden) << "even while a handler runs";
+    EXPECT_NE(state().form.ShowRequest, before);
 }
 
 TEST_F(AtHand, TheIconsMenuObeysWhatARunningHandlerAllows) {

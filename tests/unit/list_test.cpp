@@ -73,7 +73,8 @@ TEST_F(Hand, SearchesFindMarkAndGoOn) {
 }
 
 TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
-    AppendFile(At("Quillon\\live_atc_feeds.txt"), "CYYZ|Media|mms://feeds.example/m|118.60\r\n");
+    AppendFile(At("Quillon\\live_atc_feeds.txt"), "CYYZ|Media|mms://feeds.example/m|118.60\r\n"
+                                                  "CYYZ|Toronto Tower|http://feeds.example/a|118.70\r\n");
     simulator.running = false;
     StartByHand();
     Tick();
@@ -87,6 +88,7 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
                 {2, "http://radio.example/b", "EGLL - Radio London", "Net Radio"},
                 {3, "C:\\lists\\one.WPL", "EGLL - Playlist one", "Windows PlayList"},
                 {5, "mms://feeds.example/m", "CYYZ - Media", "Manual Mode"},
+                {6, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"}, // the twin stays selected
                 {1, "https://feeds.example/london/heathrow/director", "EGLL - London Director", "Manual Mode"}};
     for (const auto& row : rows) {
         player.urls.clear();
@@ -98,11 +100,12 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
         EXPECT_EQ(panel(4).substr(panel(4).size() - 5), std::string(row.url).substr(std::strlen(row.url) - 5));
         EXPECT_EQ(panel(2), "Manual");
         EXPECT_EQ(panel(3), row.feed);
+        EXPECT_EQ(list().Selected(), row.row);
         EXPECT_EQ(distance(), row.label);
         EXPECT_EQ(player.state, Playing) << "whatever the range";
         EXPECT_EQ(state().cycle.ActiveTimerId, 2);
     }
-    Pick(6);
+    Pick(7);
     EXPECT_EQ(state().cycle.ActiveTimerId, 4);
     EXPECT_TRUE(state().chatter.FirstPick);
     EXPECT_EQ(player.state, Stopped);

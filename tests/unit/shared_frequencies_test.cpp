@@ -97,8 +97,9 @@ TEST_F(Shared, WhatPlaysGoesOnWhileInRangeAndAPickIsPreferred) {
 }
 
 TEST_F(Shared, RecordingsTakePartLikeFeeds) {
-    Write("Quillon\\live_atc_feeds.txt",
-          "KJFK|a|http://h/KJFK|118.10\r\nKSEA|Wav - b|" + folder + "\\Quillon\\ATC\\CYYZ_T\\|118.10\r\n");
+    Write("Quillon\\live_atc_feeds.txt", "KJFK|a|http://h/KJFK|118.10\r\nKSEA|Wav - b|" + folder +
+                                             "\\Quillon\\ATC\\CYYZ_T\\|118.10\r\n" +
+                                             "KSEA|c|http://h/KSEA|118.10\r\n");
     Start();
     FlyTo(Seattle);
     TuneTo("118.10");
@@ -112,6 +113,10 @@ TEST_F(Shared, RecordingsTakePartLikeFeeds) {
     Tick();
     Tick();
     EXPECT_EQ(panel(3), "KSEA - Wav - b");
+    keyboard.down = 17;
+    program->lvwDB_DblClick(2);
+    Tick();
+    EXPECT_EQ(Heard(), "http://h/KSEA") << "picked while recordings play on its channel";
 }
 
 TEST_F(Shared, ADayAmong2000FeedsIsHeardWhereverOneIsInRange) {
