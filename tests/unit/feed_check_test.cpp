@@ -163,6 +163,9 @@ TEST_F(Check, AsksEachHostForOneFeedAtATimeWhileTheCycleGoesOn) {
         EXPECT_EQ(Shown().substr(0, 32), "3 4 Cancelled after 0 of 4. Good");
         EXPECT_TRUE(probe.trying.empty());
     }
+    program->Run(Command::CheckFeeds);
+    Do(&FeedCheck::Close);
+    EXPECT_TRUE(probe.trying.empty());
     DeleteFileAt(At("Quillon\\live_atc_feeds.txt"));
     program->Run(Command::CheckFeeds);
     EXPECT_FALSE(state().check_feeds.Visible);
