@@ -58,8 +58,6 @@ ROWS = {
 IN_EVERY_TEST = ("aac", "tls-cut", "garbage", "titles", "nested", "404-then-fine", "untrusted", "reset")
 AAC_DECODER = r"HKCR\CLSID\{32d186a7-218f-4c75-8876-dd77273a8999}"
 TONES = {name: 440 + 50 * number for number, name in enumerate([*sorted(ROWS, reverse=True), "other"])}
-
-
 ENCODINGS = {f"mp3-{number}": encoding for number, encoding in enumerate(FORMATS)}
 ENCODINGS["other"] = (44100, 2, "-b:a 64k")
 AAC = (44100, 2, "-b:a 64k -f adts")

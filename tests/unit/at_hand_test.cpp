@@ -8,11 +8,7 @@ namespace {
 
 TEST(WindowPlace, IsOnAScreenThatExists) {
     const ScreenArea screens[] = {{0, 0, 1000, 800}, {-1200, 100, 1200, 900}};
-    const struct {
-        const char* what;
-        ScreenArea window;
-        WindowPlace seen;
-    } rows[] = {
+    const std::tuple<const char*, ScreenArea, WindowPlace> rows[] = {
         {"inside the first", {10, 20, 400, 100}, {10, 20}},
         {"inside the second", {-700, 200, 400, 100}, {-700, 200}},
         {"over an edge", {900, 750, 400, 100}, {600, 700}},

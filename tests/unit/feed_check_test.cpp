@@ -1,5 +1,4 @@
-// The check of the catalogue: what is wrong with its lines, what becomes of an address, and the dialog's
-// course.
+// The check of the catalogue: what is wrong with its lines, what becomes of an address, the dialog's course.
 #include "FakePlayerSystem.h"
 #include "Flight.h"
 #include "player/AddressProbe.h"

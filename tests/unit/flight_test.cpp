@@ -137,18 +137,16 @@ TEST_F(Flight, SaysWhyAFeedIsSilentAndWhenItIsTriedAgain) {
 
 TEST_F(Flight, HighlightsWhatPlaysUntilTheUserSelectsAnother) {
     Start();
-    const struct {
-        const char* frequency;
-        std::optional<std::size_t> row;
-    } rows[] = {{"118.70", 0}, {"118.00", 5} /* recordings */, {"121.50", std::nullopt}, {"119.72", 1}};
-    for (const auto& row : rows) {
-        TuneTo(row.frequency);
+    const std::pair<const char*, std::optional<std::size_t>> rows[] = {
+        {"118.70", 0}, {"118.00", 5} /* recordings */, {"121.50", std::nullopt}, {"119.72", 1}};
+    for (const auto& [frequency, row] : rows) {
+        TuneTo(frequency);
         Tick();
-        EXPECT_EQ(state().form.lvwDB.Selected(), row.row) << row.frequency;
+        EXPECT_EQ(state().form.lvwDB.Selected(), row) << frequency;
         program->SelectRow(3);
-        player.state = row.row ? Ready : Stopped; // a dead feed is tried every second
+        player.state = row ? Ready : Stopped; // a dead feed is tried every second
         for (int tick = 0; tick < 3; ++tick) Tick();
-        EXPECT_EQ(state().form.lvwDB.Selected(), 3U) << row.frequency;
+        EXPECT_EQ(state().form.lvwDB.Selected(), 3U) << frequency;
     }
 }
 

@@ -91,11 +91,7 @@ GeodesicProblem Between(double lat1, double lon1, double lat2, double lon2, std:
 /// Expected values: GeodSolve of GeographicLib 2.1.2 on the same axes; its azimuth at point 2 points onward, so
 /// half a turn is added.
 TEST(InverseGeodesic, AgreesWithAnIndependentSolution) {
-    const struct {
-        const char* road;
-        GeodesicProblem problem;
-        double distance, forward, back;
-    } rows[] = {
+    const std::tuple<const char*, GeodesicProblem, double, double, double> rows[] = {
         {"Sydney - Los Angeles", Between(-33.9461, 151.1772, 33.9425, -118.4081), 12050688.504756,
          61.16815558415, 241.16377442099},
         {"across the date line", Between(60, 179, 60, -179), 111595.753654, 89.13395257565, 270.86604742435},
@@ -105,35 +101,31 @@ TEST(InverseGeodesic, AgreesWithAnIndependentSolution) {
         {"a few steps", Between(45, 0, 45.0001, 0.0001), 13.626109, 35.35524355935, 215.35531427009},
         {"New York - London on Clarke's ellipsoid", Between(40.6398, -73.7789, 51.4706, -0.4619, 5),
          5554699.826823, 51.38195451579, 287.97704648253}};
-    for (auto row : rows) {
-        EXPECT_EQ(InverseGeodesic(row.problem), GeodesyCode::Success) << row.road;
-        EXPECT_NEAR(row.problem.distance, row.distance, 1e-4) << row.road;
-        EXPECT_NEAR(row.problem.forward_azimuth, row.forward, 1e-7) << row.road;
-        EXPECT_NEAR(row.problem.back_azimuth, row.back, 1e-7) << row.road;
+    for (auto [road, problem, distance, forward, back] : rows) {
+        EXPECT_EQ(InverseGeodesic(problem), GeodesyCode::Success) << road;
+        EXPECT_NEAR(problem.distance, distance, 1e-4) << road;
+        EXPECT_NEAR(problem.forward_azimuth, forward, 1e-7) << road;
+        EXPECT_NEAR(problem.back_azimuth, back, 1e-7) << road;
     }
 }
 
 TEST(InverseGeodesic, CodesSayWhyThereIsNoDistance) {
-    const struct {
-        const char* rule;
-        GeodesicProblem problem;
-        int code;
-        double results;
-    } rows[] = {{"latitude beyond the pole", Between(90.5, 0, 0, 0), 517, -1},
-                {"longitude beyond 180", Between(0, 0, 1, -180.1), 517, -1},
-                {"no number", Between(1, 0, 1, NaN), 517, -1},
-                {"infinite", Between(-Infinity, 0, 1, 0), 517, -1},
-                {"a tenth of a metre apart", Between(10, 20, 10 + 9e-7, 20 - 9e-7), 537, 0},
-                {"coincidence is seen before the ellipsoid", Between(10, 20, 10, 20, 0), 537, 0},
-                {"coincidence is seen on the equator", Between(0, 20, 0, 20), 537, 0},
-                {"ellipsoid 0", Between(0, 0, 0, 1, 0), 520, -1},
-                {"ellipsoid 23", Between(10, 0, 11, 1, 23), 520, -1},
-                {"opposite points", Between(0.5, 0, -0.5, 179.7), 539, -1}};
-    for (auto row : rows) {
-        EXPECT_EQ(static_cast<int>(InverseGeodesic(row.problem)), row.code) << row.rule;
-        EXPECT_EQ(row.problem.distance, row.results) << row.rule;
-        EXPECT_EQ(row.problem.forward_azimuth, row.results) << row.rule;
-        EXPECT_EQ(row.problem.back_azimuth, row.results) << row.rule;
+    const std::tuple<const char*, GeodesicProblem, int, double> rows[] = {
+        {"latitude beyond the pole", Between(90.5, 0, 0, 0), 517, -1},
+        {"longitude beyond 180", Between(0, 0, 1, -180.1), 517, -1},
+        {"no number", Between(1, 0, 1, NaN), 517, -1},
+        {"infinite", Between(-Infinity, 0, 1, 0), 517, -1},
+        {"a tenth of a metre apart", Between(10, 20, 10 + 9e-7, 20 - 9e-7), 537, 0},
+        {"coincidence is seen before the ellipsoid", Between(10, 20, 10, 20, 0), 537, 0},
+        {"coincidence is seen on the equator", Between(0, 20, 0, 20), 537, 0},
+        {"ellipsoid 0", Between(0, 0, 0, 1, 0), 520, -1},
+        {"ellipsoid 23", Between(10, 0, 11, 1, 23), 520, -1},
+        {"opposite points", Between(0.5, 0, -0.5, 179.7), 539, -1}};
+    for (auto [rule, problem, code, results] : rows) {
+        EXPECT_EQ(static_cast<int>(InverseGeodesic(problem)), code) << rule;
+        EXPECT_EQ(problem.distance, results) << rule;
+        EXPECT_EQ(problem.forward_azimuth, results) << rule;
+        EXPECT_EQ(problem.back_azimuth, results) << rule;
     }
 }
 

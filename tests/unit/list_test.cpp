@@ -80,28 +80,26 @@ TEST_F(Hand, PicksStartTheirSourceOnceInManualMode) {
     Tick();
     EXPECT_TRUE(player.urls.empty()); // nothing has been picked yet
     EXPECT_EQ(state().form.Caption, "Quillon - Manual Mode -S");
-    const struct {
-        std::size_t row;
-        const char *url, *feed, *label;
-    } rows[] = {{0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"},
-                {0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"}, // stops, starts again
-                {2, "http://radio.example/b", "EGLL - Radio London", "Net Radio"},
-                {3, "C:\\lists\\one.WPL", "EGLL - Playlist one", "Windows PlayList"},
-                {5, "mms://feeds.example/m", "CYYZ - Media", "Manual Mode"},
-                {6, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"}, // the twin stays selected
-                {1, "https://feeds.example/london/heathrow/director", "EGLL - London Director", "Manual Mode"}};
-    for (const auto& row : rows) {
+    const std::tuple<std::size_t, const char*, const char*, const char*> rows[] = {
+        {0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"},
+        {0, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"}, // stops, starts again
+        {2, "http://radio.example/b", "EGLL - Radio London", "Net Radio"},
+        {3, "C:\\lists\\one.WPL", "EGLL - Playlist one", "Windows PlayList"},
+        {5, "mms://feeds.example/m", "CYYZ - Media", "Manual Mode"},
+        {6, "http://feeds.example/a", "CYYZ - Toronto Tower", "Manual Mode"}, // the twin stays selected
+        {1, "https://feeds.example/london/heathrow/director", "EGLL - London Director", "Manual Mode"}};
+    for (const auto& [row, url, feed, label] : rows) {
         player.urls.clear();
-        Pick(row.row);
+        Pick(row);
         EXPECT_EQ(player.state, Stopped);
         Tick();
         Tick();
-        EXPECT_EQ(player.urls, std::vector<std::string>{row.url});
-        EXPECT_EQ(panel(4).substr(panel(4).size() - 5), std::string(row.url).substr(std::strlen(row.url) - 5));
+        EXPECT_EQ(player.urls, std::vector<std::string>{url});
+        EXPECT_EQ(panel(4).substr(panel(4).size() - 5), std::string(url).substr(std::strlen(url) - 5));
         EXPECT_EQ(panel(2), "Manual");
-        EXPECT_EQ(panel(3), row.feed);
-        EXPECT_EQ(list().Selected(), row.row);
-        EXPECT_EQ(distance(), row.label);
+        EXPECT_EQ(panel(3), feed);
+        EXPECT_EQ(list().Selected(), row);
+        EXPECT_EQ(distance(), label);
         EXPECT_EQ(player.state, Playing) << "whatever the range";
         EXPECT_EQ(state().cycle.ActiveTimerId, 2);
     }

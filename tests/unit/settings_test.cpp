@@ -1,5 +1,5 @@
-// The settings file, what is remembered between runs, and the event log: what stands in for bad lines, and when
-// they are written.
+// The settings file, what is remembered between runs, and the event log: what they hold and when they are
+// written.
 #include "Fakes.h"
 #include "TempFolder.h"
 #include "settings/EventLog.h"
