@@ -14,11 +14,8 @@ class Starts(Session):
         self.world.fill_data_folder()
 
     def separators(self):
-        values = []
-        for name in ("sDecimal", "sThousand"):
-            answer = self.world.prefix.run("reg", "query", INTERNATIONAL, "/v", name).stdout
-            values.append(answer.split("REG_SZ")[1].strip())
-        return values
+        return [self.world.prefix.run("reg", "query", INTERNATIONAL, "/v", name).stdout.split("REG_SZ")[1].strip()
+                for name in ("sDecimal", "sThousand")]
 
     def test_separators_are_changed_for_the_run_only(self):
         for name, text in (("sDecimal", ","), ("sThousand", ".")):

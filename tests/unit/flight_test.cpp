@@ -501,10 +501,7 @@ TEST_F(Flight, TheStartTriesAgainAfterTwoSeconds) {
     std::set<std::chrono::milliseconds> pauses;
     std::chrono::milliseconds last{0};
     simulator.asked = [&] { pauses.insert(clock.passed - std::exchange(last, clock.passed)); };
-    clock.events = [&] {
-        simulator.refuses = clock.passed < std::chrono::seconds(20);
-        return true;
-    };
+    clock.events = [&] { return simulator.refuses = clock.passed < std::chrono::seconds(20), true; };
     Start();
     using std::chrono::milliseconds; // within a try, between two, and of the splash
     EXPECT_EQ(pauses, (std::set{milliseconds(100), milliseconds(2000), milliseconds(4000)}));
@@ -513,7 +510,9 @@ TEST_F(Flight, TheStartTriesAgainAfterTwoSeconds) {
 TEST_F(Flight, ModesSwitchTheTimersAndForceANewSearch) {
     Start();
     TuneTo("118.70");
+    EXPECT_TRUE(program->CanRun(Command::optManual) && !program->CanRun(Command::optAuto));
     program->Run(Command::optManual);
+    EXPECT_TRUE(program->CanRun(Command::optAuto) && !program->CanRun(Command::optManual));
     EXPECT_EQ(state().cycle.ActiveTimerId, 2);
     EXPECT_EQ(panel(4), "Selection Mode: Manual");
     player.urls.clear();

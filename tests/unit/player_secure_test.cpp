@@ -2,6 +2,7 @@
 #include "player/SecureConnection.h"
 
 #include <gtest/gtest.h>
+#include <map>
 
 using namespace quillon;
 
@@ -49,22 +50,12 @@ class Layer : public SecurityLayer {
 
   private:
     static Progress Take(std::vector<std::uint8_t>& received) {
-        const std::uint8_t record = received[0];
-        if (record != '-') received.clear();
-        switch (record) {
-        case 's':
-            return Progress::Step;
-        case 'h':
-            return Progress::Handshake;
-        case 'u':
-            return Progress::Untrusted;
-        case 'c':
-            return Progress::Closed;
-        case 'x':
-            return Progress::Failed;
-        default:
-            return record == '-' ? Progress::Incomplete : Progress::Done;
-        }
+        static const std::map<std::uint8_t, Progress> other{
+            {'s', Progress::Step},   {'h', Progress::Handshake}, {'u', Progress::Untrusted},
+            {'c', Progress::Closed}, {'x', Progress::Failed},    {'-', Progress::Incomplete}};
+        const auto found = other.find(received[0]);
+        if (received[0] != '-') received.clear();
+        return found == other.end() ? Progress::Done : found->second;
     }
 };
 
@@ -87,6 +78,7 @@ TEST(SecureConnection, EndsHoweverLongItsServerGoesOn) {
         std::string written;
         SecureConnection connection(std::make_unique<Carrier>(text, loop, reads, written),
                                     std::make_unique<Layer>());
+        EXPECT_EQ(connection.Problem().Cause, SilenceCause::CertificateExpired);
         EXPECT_EQ(connection.Write("x").count, 0U) << name << ": nothing goes unencrypted";
         std::array<std::uint8_t, 10> room{};
         std::string data;

@@ -65,6 +65,14 @@ TEST(Session, FollowsEightRedirectsInCirclesAndNoMore) {
     EXPECT_EQ(loop.asked.size(), 9U);
 }
 
+TEST(Session, TellsTheTitleOfAStream) {
+    World world;
+    world.servers["/a"] = {"HTTP/1.0 200 OK\r\nicy-metaint: 16680\r\n\r\n" + Frames(40) +
+                           "\2StreamTitle='KJFK Tower';" + std::string(8, '\0') + Frames(40)};
+    world.events.emplace(1s, [](Session& session) { EXPECT_EQ(session.Title(), "KJFK Tower"); });
+    RunSession(world, "http://h/a");
+}
+
 TEST(Session, OpensTheDeviceAnewForAnotherFormat) {
     World world;
     world.servers["/a"] = {Ok + Frames(20) + SlowFrames(20) + Frames(20), IoStatus::EndOfStream};
