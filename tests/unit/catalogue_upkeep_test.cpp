@@ -94,18 +94,15 @@ TEST(EntryKeys, EachBoxLetsItsOwnKeysThrough) {
         std::string text = "x";
         int previous = 'x';
     } rows[] = {
-        {txtICAO, 'k', 'K'},        {txtICAO, '-', RefusedKey},
-        {txtICAO, '0', '0'},        {txtICAO, 8, 8},
-        {txtICAO, 22, 22},          {txtFreq, '1', '1'},
-        {txtFreq, '.', '.'},        {txtFreq, ' ', ' '},
-        {txtFreq, 'a', RefusedKey}, {txtFreq, 8, 8},
-        {txtFreq, 15, RefusedKey},  {txtCity, 'a', 'a'},
-        {txtCity, 'a', 'A', ""},    {txtCity, 'a', 'A', "New ", ' '},
-        {txtCity, 0xE9, 0xC9, ""},  {txtCity, 12, RefusedKey},
-        {txtCity, 13, 13},          {txtCity, 22, 22},
-        {txtURL, '?', '?'},         {txtURL, '<', RefusedKey},
-        {txtURL, '=', '='},         {txtURL, '>', RefusedKey},
-        {txtURL, '@', '@'},         {txtURL, 'a', 'a', ""},
+        {txtICAO, 'k', 'K'},       {txtICAO, '-', RefusedKey}, {txtICAO, '0', '0'},
+        {txtICAO, 8, 8},           {txtICAO, 22, 22},          {txtFreq, '1', '1'},
+        {txtFreq, '.', '.'},       {txtFreq, ' ', ' '},        {txtFreq, 'a', RefusedKey},
+        {txtFreq, 8, 8},           {txtFreq, 15, RefusedKey},  {txtFreq, 16, 16},
+        {txtCity, 'a', 'a'},       {txtCity, 'a', 'A', ""},    {txtCity, 'a', 'A', "New ", ' '},
+        {txtCity, 0xE9, 0xC9, ""}, {txtCity, 12, RefusedKey},  {txtCity, 13, 13},
+        {txtCity, 22, 22},         {txtURL, '?', '?'},         {txtURL, '<', RefusedKey},
+        {txtURL, '=', '='},        {txtURL, '>', RefusedKey},  {txtURL, '@', '@'},
+        {txtURL, 'a', 'a', ""},
     };
     for (const auto& row : rows)
         EXPECT_EQ(KeyPress(row.box, row.key, row.text, row.previous), row.gives)
@@ -187,6 +184,7 @@ TEST_F(Upkeep, AnAddedFeedIsALineAndIsTunedTo) {
     Type(txtFreq, "121.5");
     Add();
     EXPECT_EQ(form().AddedCaption, "Added: EGLL on 121.50. The catalogue now has 2 feeds.");
+    EXPECT_EQ(form()[txtURL], services::LiveAtcFeedPrefix);
     Type(txtICAO, "EGLL");
     Type(txtFreq, "121.5");
     Add();

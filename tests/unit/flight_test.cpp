@@ -514,7 +514,7 @@ TEST_F(Flight, ModesSwitchTheTimersAndForceANewSearch) {
     program->Run(Command::optManual);
     EXPECT_TRUE(program->CanRun(Command::optAuto) && !program->CanRun(Command::optManual));
     EXPECT_EQ(state().cycle.ActiveTimerId, 2);
-    EXPECT_EQ(panel(4), "Selection Mode: Manual");
+    EXPECT_EQ(state().form.Caption + panel(4), "Quillon - ManualSelection Mode: Manual");
     player.urls.clear();
     program->TimerTick(2);
     EXPECT_EQ(player.state, Playing); // what plays goes on

@@ -240,14 +240,15 @@ TEST(Player, StaysSilentWhenReloadedWhilePausedOrStopped) {
             EXPECT_FALSE(in.world.audible());
             in.player.Play();
         });
-        in.At(5s, [&in] {
-            EXPECT_TRUE(in.world.audible());
+        in.At(5s, [&in] { in.player.Reload(); });
+        in.At(6s, [&in] {
+            EXPECT_TRUE(in.world.audible()) << "connected anew";
             in.player.Stop();
             in.player.Reload();
         });
-        in.RunTo(6s);
+        in.RunTo(7s);
         EXPECT_EQ(in.player.State(), Stopped);
-        EXPECT_EQ(in.Asked(), 2U) << script.bytes;
+        EXPECT_EQ(in.Asked(), 3U) << script.bytes;
     }
 }
 
