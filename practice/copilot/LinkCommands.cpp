@@ -173,24 +173,26 @@ LRESULT CALLBACK CallBack(HWND window, UINT message, WPARAM asker, LPARAM lparam
                : 2;
 }
 
+/// Returns null on failure.
 HWND MessageWindow(WNDPROC procedure) {
     const HWND window =
         CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    if (!window) throw Failure("no window");
-    if (procedure) SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+    if (window && procedure) SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
     return window;
 }
 
 /// What becomes of a call to a window whose thread waits for the link's answer: "served" or "blocked".
 std::string CallWhileWaiting(const Words&) {
+    const HWND asker = MessageWindow(nullptr);
+    if (!asker) throw Failure("no window");
     std::promise<HWND> made;
     std::thread peer([&made] {
         const HWND window = MessageWindow(CallBack);
         made.set_value(window);
-        for (MSG message; GetMessageW(&message, nullptr, 0, 0) > 0;) DispatchMessageW(&message);
+        for (MSG message; window && GetMessageW(&message, nullptr, 0, 0) > 0;) DispatchMessageW(&message);
         DestroyWindow(window);
     });
-    const HWND asked = made.get_future().get(), asker = MessageWindow(nullptr);
+    const HWND asked = made.get_future().get();
     const auto sent =
         quillon::WinMessageLink().Send(reinterpret_cast<quillon::NativeHandle>(asked), WM_APP,
                                        static_cast<std::uint32_t>(reinterpret_cast<ULONG_PTR>(asker)), 2000);

@@ -193,7 +193,7 @@ def make_certificate(path, name):
 
 
 def make_expired_certificate(path, name):
-    """It ends in the second in which it begins."""
+    """Valid for its first second only."""
     valid = make_certificate(path.with_suffix(".valid"), name)
     subprocess.run(["openssl", "x509", "-in", valid, "-signkey", valid, "-days", "0", "-out", path], check=True)
     path.write_text(valid.read_text().partition("-----BEGIN CERT")[0] + path.read_text())

@@ -1,4 +1,4 @@
-"""What the end-to-end tests share: one world for each class, whose tests are steps in it, in order, if they are numbered."""
+"""What the end-to-end tests share. Each class has a world of its own; numbered tests are steps that build on each other."""
 import sys
 import unittest
 from pathlib import Path

@@ -35,16 +35,16 @@ class AtHand(Session):
         self.world.start_quillon()
         self.copilot.await_text("title", lambda title: title.endswith("-OK"), 15)
 
-    def point_in(self, window, left, top):
-        """A point in a window of that name and size, right of and below these; nothing if there is none."""
+    def place_of(self, window, min_x, min_y):
+        """Where to click in the window that matches, beyond these coordinates; None if it is not there."""
         for line in self.screen("xwininfo", "-root", "-tree").splitlines():
             found = re.search(window + r"\+-?\d+\+-?\d+  \+(\d+)\+(\d+)", line)
-            if found and int(found[1]) > left and int(found[2]) > top:
+            if found and int(found[1]) > min_x and int(found[2]) > min_y:
                 return int(found[1]) + 10, int(found[2]) + 12
         return None
 
     def icon(self):
-        return self.point_in(r'"explorer.exe".* \d\dx\d\d', 800, 0)
+        return self.place_of(r'"explorer.exe".* \d\dx\d\d', 800, 0)
 
     def click(self, window, button):
         place = wait_until("a place to click", window, 15)
@@ -130,7 +130,7 @@ class AtHand(Session):
 
         def choose_first():
             self.click(self.icon, 3)
-            self.click(lambda: self.point_in(r'"quillon.exe".* \d+x\d+', 1000, 600), 1)
+            self.click(lambda: self.place_of(r'"quillon.exe".* \d+x\d+', 1000, 600), 1)
 
         for find in (lambda: self.click(self.icon, 1), choose_first,
                      lambda: self.world.start("Quillon.exe").wait(20)):

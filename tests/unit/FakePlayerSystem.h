@@ -199,7 +199,7 @@ class FakeSystem : public PlayerSystem {
     void Wait(milliseconds at_most) override {
         if (!world_.session) world_.now += at_most;
         if (!world_.session) return;
-        EXPECT_TRUE(at_most > 0ms || world_.sent_in_step > 0) << "turns idly";
+        EXPECT_TRUE(at_most > 0ms || world_.sent_in_step > 0) << "it spins";
         EXPECT_LE(std::exchange(world_.sent_in_step, 0), 65536U) << "bytes in one step";
         EXPECT_TRUE(!world_.session->IsWaiting() || world_.online.use_count() == 1) << "keeps a connection";
         const std::string state = std::to_string(world_.session->State()) + " ";

@@ -486,7 +486,8 @@ TEST_F(Flight, QuittingEndsTheWaiting) {
         EXPECT_EQ(panel(1) + panel(3) + state().form.Caption, "StoppedLooking for the simulator ...Quillon -S");
         background.held = true;
         program->Run(Command::mnuFSUPIC);
-        EXPECT_TRUE(state().fsuipc_status.Visible && !background.Busy()) << "the start asks already";
+        EXPECT_TRUE(state().fsuipc_status.Visible && !background.Busy())
+            << "only the search for a simulator asks";
         background.held = false;
         program->Run(Command::mnuQuit);
         return false;

@@ -51,7 +51,7 @@ enum class Glyph { Play, Pause, Stop, Mute, Headset, NoHeadset };
 /// Draws a button's picture. Returns an empty handle if Windows refuses.
 IconHandle DrawGlyph(Glyph glyph, int size_px, COLORREF ink);
 
-/// The same in white on a tile, for where pixels without colour let clicks fall through.
+/// The same in white on a tile, for places where transparent pixels let clicks through.
 IconHandle DrawTile(Glyph glyph, int size_px, COLORREF tile);
 
 } // namespace quillon

@@ -14,7 +14,7 @@ constexpr UINT IconId = 1;
 
 struct PictureKind {
     Glyph Shape;
-    COLORREF Tile; ///< stands out on a light and on a dark task bar, and white on it
+    COLORREF Tile; ///< stands out on light and dark task bars, behind white
 };
 constexpr PictureKind Pictures[] = {
     {Glyph::Headset, RGB(104, 120, 148)}, // silent
